@@ -1,0 +1,62 @@
+#include "platform/analysis.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace platform {
+
+namespace {
+
+/// Sums f(x) in eight lanes: independent sums keep the adders busy and round less than one long
+/// one.
+template <typename Function>
+double Sum(std::span<const double> x, Function f) {
+  constexpr std::size_t Lanes = 8;
+  std::array<double, Lanes> sums{};
+  std::size_t i = 0;
+  for (; i + Lanes <= x.size(); i += Lanes) {
+    for (std::size_t lane = 0; lane < Lanes; ++lane) sums[lane] += f(x[i + lane]);
+  }
+  for (; i < x.size(); ++i) sums[0] += f(x[i]);
+  return ((sums[0] + sums[1]) + (sums[2] + sums[3])) + ((sums[4] + sums[5]) + (sums[6] + sums[7]));
+}
+
+}  // namespace
+
+std::span<const double> CWArray::Column(const BlockMatrix& block, std::size_t channel) {
+  const std::span<const double> cells = block.Cells();
+  const auto rows = static_cast<std::size_t>(block.Rows());
+  column_.resize(rows);
+  for (std::size_t row = 0; row < rows; ++row) {
+    column_[row] = cells[row * BlockMatrix::Channels + channel];
+  }
+  return column_;
+}
+
+double CWArray::Reduce(const BlockMatrix& block) {
+  // One running maximum a channel, so that the rows need not wait for each other.
+  std::array<double, BlockMatrix::Channels> largest{};
+  const std::span<const double> cells = block.Cells();
+  for (std::size_t i = 0; i < cells.size(); i += largest.size()) {
+    for (std::size_t k = 0; k < largest.size(); ++k) {
+      const double level = std::abs(cells[i + k]);
+      largest[k] = largest[k] < level ? level : largest[k];
+    }
+  }
+  return *std::max_element(largest.begin(), largest.end());
+}
+
+void CWArray::Clear(std::span<double> values) {
+  std::fill(values.begin(), values.end(), 0.0);
+}
+
+AcDc CWDSP::AcDcEstimate(std::span<const double> x) {
+  if (x.empty()) return {};
+  const auto n = static_cast<double>(x.size());
+  const double mean = Sum(x, [](double value) { return value; }) / n;
+  const double squares = Sum(x, [mean](double value) { return (value - mean) * (value - mean); });
+  return {std::sqrt(squares / n), mean};
+}
+
+}  // namespace platform

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "platform/block_matrix.h"
+
+namespace platform {
+
+/// The array control: operations on a whole block or on one channel of it.
+class CWArray {
+ public:
+  /// The values of one channel in frame order. The result is valid until the next call.
+  std::span<const double> Column(const BlockMatrix& block, std::size_t channel);
+  /// The largest absolute value of the block. A balanced sine keeps its level under it, where a sum
+  /// of all cells would cancel.
+  static double Reduce(const BlockMatrix& block);
+  /// Sets all values to 0.
+  static void Clear(std::span<double> values);
+
+ private:
+  std::vector<double> column_;
+};
+
+/// AC and DC of one sequence, in the units of the sequence.
+struct AcDc {
+  /// Root mean square about the mean, so that an offset does not enter.
+  double Ac = 0;
+  /// Mean.
+  double Dc = 0;
+};
+
+/// The signal control: the AC and DC estimator, without a window.
+class CWDSP {
+ public:
+  static AcDc AcDcEstimate(std::span<const double> x);
+};
+
+}  // namespace platform

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "platform/failure.h"
+
+namespace platform {
+
+/// The two-dimensional block of values that the analysis controls take: rows of eight channels. A
+/// cell that was never written is empty and counts as 0.
+class BlockMatrix {
+ public:
+  static constexpr std::size_t Channels = 8;
+
+  void Rebuild(std::int32_t rows) {
+    cells_.assign(static_cast<std::size_t>(rows) * Channels, 0.0);
+    rows_ = rows;
+  }
+  std::int32_t Rows() const { return rows_; }
+  /// The eight cells of a row; failure 9 outside the block.
+  std::span<double, Channels> Row(std::int32_t row) {
+    return std::span<double, Channels>(&cells_[At(row)], Channels);
+  }
+  std::span<const double, Channels> Row(std::int32_t row) const {
+    return std::span<const double, Channels>(&cells_[At(row)], Channels);
+  }
+  std::span<const double> Cells() const { return cells_; }
+
+ private:
+  std::size_t At(std::int32_t row) const {
+    if (row < 0 || row >= rows_) throw Failure(failure::SubscriptOutOfRange);
+    return static_cast<std::size_t>(row) * Channels;
+  }
+
+  std::int32_t rows_ = 0;
+  std::vector<double> cells_;
+};
+
+}  // namespace platform

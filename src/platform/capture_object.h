@@ -1,0 +1,82 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace platform {
+
+/// One received frame, from the first byte of the destination address. `Length` is the true length
+/// on the wire in bytes; a source may hold fewer bytes of a very long frame.
+struct CapturedFrame {
+  std::span<const std::uint8_t> Bytes;
+  std::size_t Length = 0;
+};
+
+/// One place where frames come from.
+class CaptureAdapter {
+ public:
+  /// A whole number or a text, whichever the property takes.
+  using Value = std::variant<std::int32_t, std::string>;
+
+  virtual ~CaptureAdapter() = default;
+  /// The adapter can capture.
+  virtual bool IsGood() const = 0;
+  virtual std::string Description() const = 0;
+  /// Sets "BuffSize" (bytes of frames the driver buffers), "BuffMinToCopy" (0: deliver at once),
+  /// "HWFilter" (32: promiscuous), "mode" (1: capture) or "BPFilter" (filter expression). The
+  /// filter is the last one set and readies the adapter; an adapter that cannot be opened fails
+  /// there, a filter that is refused fails at the start.
+  virtual void Set(std::string_view property, const Value& value) = 0;
+};
+
+/// The capture control: at most one adapter in use, one frame an event, on the program's thread.
+class CaptureObject {
+ public:
+  virtual ~CaptureObject() = default;
+  virtual std::int32_t AdapterCount() const = 0;
+  /// The adapter at a 1-based index; failure 9 outside the list.
+  virtual CaptureAdapter& Adapters(std::int32_t index) = 0;
+  virtual void SetAdapter(CaptureAdapter& adapter) = 0;
+  virtual CaptureAdapter& Adapter() = 0;
+  /// Begins delivery. `failure::FilterRefused` where the filter expression is refused.
+  virtual void Start() = 0;
+  /// Ends delivery; frames that arrive until the next start are lost. Legal when idle.
+  virtual void Stop() = 0;
+  /// One received frame; valid until the handler returns, also where it stops, starts or pumps.
+  std::function<void(const CapturedFrame&)> OnPacket;
+};
+
+/// The capture library's collection of packets, only ever emptied.
+class PacketCollection {
+ public:
+  virtual ~PacketCollection() = default;
+  virtual void Clear() = 0;
+};
+
+/// The capture library as a whole.
+class CaptureLayer {
+ public:
+  virtual ~CaptureLayer() = default;
+  virtual std::unique_ptr<CaptureObject> NewCaptureObject() = 0;
+  virtual std::unique_ptr<PacketCollection> NewPacketCollection() = 0;
+  /// What a user can do about interfaces that cannot capture; empty when there is nothing to tell.
+  virtual std::string Advice() const = 0;
+};
+
+/// What the platform's event loop needs of a capture layer to bring its frames to the program.
+class FrameDelivery {
+ public:
+  virtual ~FrameDelivery() = default;
+  /// Raises `OnPacket` for one frame that is due; False when none is due.
+  virtual bool DeliverOne() = 0;
+  /// Called when delivery begins (True) and ends (False).
+  std::function<void(bool)> Running;
+};
+
+}  // namespace platform

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <chrono>
+
+namespace platform {
+
+/// Monotonic time, for timers and for the pace of frames.
+class Clock {
+ public:
+  virtual ~Clock() = default;
+  virtual std::chrono::nanoseconds Now() const = 0;
+};
+
+}  // namespace platform

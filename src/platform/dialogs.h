@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <ostream>
+#include <string>
+
+namespace platform {
+
+enum class Icon { None, Critical, Exclamation, Information };
+enum class Buttons { Ok, YesNo };
+enum class Answer { Ok, Yes, No };
+
+/// A modal message box. An empty title stands for the platform's default title.
+struct Message {
+  std::string Title;
+  std::string Text;
+  Icon BoxIcon = Icon::None;
+  Buttons BoxButtons = Buttons::Ok;
+  friend bool operator==(const Message&, const Message&) = default;
+};
+
+/// A modal dialog that closes by itself.
+struct TimedMessage {
+  std::string Title;
+  std::string Text;
+  std::string ButtonCaption;
+  std::string FontName;
+  bool Bold = false;
+  std::int32_t Seconds = 0;
+  /// The line below the text; `#sec#` in it is replaced by the seconds that remain.
+  std::string CountdownLine;
+};
+
+/// The boxes that the program shows; each call returns when its box is closed.
+class Dialogs {
+ public:
+  virtual ~Dialogs() = default;
+  virtual Answer Show(const Message& message) = 0;
+  virtual void ShowTimed(const TimedMessage& message) = 0;
+};
+
+/// The line break of the message texts.
+inline constexpr const char* Crlf = "\r\n";
+
+}  // namespace platform

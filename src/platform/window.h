@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/failure.h"
+#include "platform/property.h"
+
+namespace platform {
+
+enum class WindowState { Normal, Minimized, Maximized };
+
+/// A top-level window; its size is in twips. Sizing a minimised or maximised window raises failure
+/// 384.
+class Window {
+ public:
+  Property<std::string> Caption;
+  Property<WindowState> State{WindowState::Normal};
+  Property<std::int32_t> Width;
+  Property<std::int32_t> Height;
+  Property<bool> Visible;
+  /// False once the window was unloaded.
+  Property<bool> Loaded{true};
+  /// The window has a new size.
+  Event<> Resize;
+  /// The window is asked to close, by the user, by the session or by `Unload`.
+  Event<> QueryUnload;
+  /// Shows the window as a modal one; the event returns when the window was unloaded.
+  Event<> ShowModal;
+
+  Window() {
+    const auto size = [this](Property<std::int32_t>& side) {
+      side.OnAssign([this, &side](std::int32_t twips) {
+        if (State.Get() != WindowState::Normal) throw Failure(failure::WindowSizing);
+        side.Store(twips);
+      });
+    };
+    size(Width);
+    size(Height);
+  }
+
+  /// The platform gave the window this size.
+  void TakeSize(std::int32_t width, std::int32_t height) {
+    Width.Store(width);
+    Height.Store(height);
+    Resize();
+  }
+  /// Closes the window.
+  void Unload() {
+    if (!Loaded) return;
+    QueryUnload();
+    Visible = false;
+    Loaded = false;
+  }
+};
+
+/// The screen that the window stands on, in twips.
+struct Screen {
+  std::int32_t Width = 0;
+  std::int32_t Height = 0;
+};
+
+}  // namespace platform

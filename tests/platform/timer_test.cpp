@@ -1,0 +1,250 @@
+#include "platform/timer.h"
+
+#include <gmock/gmock.h>
+
+#include <memory>
+#include <stdexcept>
+
+#include "support/fake_platform.h"
+
+namespace {
+
+using std::chrono::milliseconds;
+using testing::ElementsAre;
+
+/// Two timers on a played platform; their events go into the journal.
+class TimerTest : public testing::Test {
+ protected:
+  TimerTest() {
+    timer.Elapsed = [this] { platform.Journal.emplace_back("timer"); };
+    other.Elapsed = [this] { platform.Journal.emplace_back("other"); };
+  }
+
+  void Elapse(int ms) { platform.Elapse(milliseconds(ms)); }
+  /// The thread is busy: time passes, and no timer can fire.
+  void Busy(int ms) { platform.Clock.Advance(milliseconds(ms)); }
+  std::size_t Fired() const { return platform.Journal.size(); }
+  static void Run(platform::Timer& which, int interval) {
+    which.Interval = interval;
+    which.Enabled = true;
+  }
+
+  support::FakePlatform platform;
+  platform::Timer timer{platform.Timers};
+  platform::Timer other{platform.Timers};
+};
+
+TEST_F(TimerTest, ElapsesWhenItsIntervalIsOverAndNotBefore) {
+  Run(timer, 100);
+
+  Elapse(99);
+  EXPECT_EQ(Fired(), 0U);
+  Elapse(1);
+  EXPECT_EQ(Fired(), 1U);
+}
+
+TEST_F(TimerTest, ElapsesEachIntervalWhileEnabled) {
+  Run(timer, 100);
+
+  Elapse(350);
+  EXPECT_EQ(Fired(), 3U);
+  timer.Enabled = false;
+  Elapse(1000);
+  EXPECT_EQ(Fired(), 3U);
+}
+
+TEST_F(TimerTest, StartsDisabled) {
+  timer.Interval = 100;
+
+  Elapse(1000);
+
+  EXPECT_EQ(Fired(), 0U);
+}
+
+TEST_F(TimerTest, NeverElapsesWithAnIntervalOfZero) {
+  Run(timer, 0);
+
+  Elapse(1000);
+
+  EXPECT_EQ(Fired(), 0U);
+  EXPECT_FALSE(platform.Timers.NextDue());
+}
+
+TEST_F(TimerTest, WritingTheIntervalStartsTheCountAnewAlsoWithTheSameValue) {
+  Run(timer, 100);
+
+  Elapse(60);
+  timer.Interval = 100;
+  Elapse(99);
+  EXPECT_EQ(Fired(), 0U);
+  Elapse(1);
+  EXPECT_EQ(Fired(), 1U);
+}
+
+TEST_F(TimerTest, EnablingARunningTimerDoesNotStartTheCountAnew) {
+  Run(timer, 100);
+
+  Elapse(60);
+  timer.Enabled = true;
+  Elapse(40);
+
+  EXPECT_EQ(Fired(), 1U);
+}
+
+TEST_F(TimerTest, EnablingAStoppedTimerStartsTheCountAnew) {
+  Run(timer, 100);
+
+  Elapse(60);
+  timer.Enabled = false;
+  timer.Enabled = true;
+  Elapse(99);
+  EXPECT_EQ(Fired(), 0U);
+  Elapse(1);
+  EXPECT_EQ(Fired(), 1U);
+}
+
+TEST_F(TimerTest, StaysSilentAfterItDisabledItselfInItsOwnEvent) {
+  timer.Elapsed = [this] {
+    platform.Journal.emplace_back("timer");
+    timer.Enabled = false;
+  };
+  Run(timer, 100);
+
+  Elapse(1000);
+
+  EXPECT_EQ(Fired(), 1U);
+}
+
+TEST_F(TimerTest, CountsFromItsOwnEventWhereTheIntervalIsWrittenThere) {
+  timer.Elapsed = [this] {
+    platform.Journal.emplace_back("timer");
+    timer.Interval = 500;
+  };
+  Run(timer, 100);
+
+  Elapse(100);
+  Elapse(499);
+  EXPECT_EQ(Fired(), 1U);
+  Elapse(1);
+  EXPECT_EQ(Fired(), 2U);
+}
+
+TEST_F(TimerTest, MissedPeriodsAreNotMadeUp) {
+  Run(timer, 100);
+
+  Busy(1050);
+  platform.Timers.FireDue();
+  EXPECT_EQ(Fired(), 1U);
+  platform.Timers.FireDue();
+  EXPECT_EQ(Fired(), 1U);
+  EXPECT_EQ(platform.Timers.NextDue(), platform.Clock.Now() + milliseconds(100));
+}
+
+TEST_F(TimerTest, KeepsItsBeatWhereItIsServedALittleLate) {
+  Run(timer, 100);
+
+  Busy(130);
+  platform.Timers.FireDue();
+
+  EXPECT_EQ(platform.Timers.NextDue(), platform.Clock.Now() + milliseconds(70));
+}
+
+TEST_F(TimerTest, DoesNotFireAgainInsideItsOwnEvent) {
+  timer.Elapsed = [this] {
+    platform.Journal.emplace_back("in");
+    Busy(500);
+    if (platform.Journal.size() == 1) platform.Events.Pump();
+    platform.Journal.emplace_back("out");
+  };
+  Run(timer, 100);
+
+  Elapse(100);
+
+  EXPECT_THAT(platform.Journal, ElementsAre("in", "pump", "out"));
+}
+
+TEST_F(TimerTest, AnotherTimerFiresInsideTheEvent) {
+  timer.Elapsed = [this] {
+    platform.Journal.emplace_back("in");
+    Busy(500);
+    platform.Events.Pump();
+    platform.Journal.emplace_back("out");
+  };
+  Run(timer, 100);
+  Run(other, 300);
+
+  Elapse(100);
+
+  EXPECT_THAT(platform.Journal, ElementsAre("in", "pump", "other", "out"));
+}
+
+TEST_F(TimerTest, FiresAgainAfterAnEventThatFailed) {
+  timer.Elapsed = [this] {
+    platform.Journal.emplace_back("timer");
+    throw std::runtime_error("failed");
+  };
+  Run(timer, 100);
+
+  EXPECT_THROW(Elapse(100), std::runtime_error);
+  EXPECT_THROW(Elapse(100), std::runtime_error);
+
+  EXPECT_EQ(Fired(), 2U);
+}
+
+TEST_F(TimerTest, TwoTimersFireInTheOrderInWhichTheyAreDue) {
+  Run(timer, 200);
+  Run(other, 150);
+
+  Busy(1000);
+  platform.Timers.FireDue();
+
+  EXPECT_THAT(platform.Journal, ElementsAre("other", "timer"));
+}
+
+TEST_F(TimerTest, ATimerDisabledByAnEarlierOneDoesNotFire) {
+  timer.Elapsed = [this] { other.Enabled = false; };
+  Run(timer, 100);
+  Run(other, 150);
+
+  Busy(1000);
+  platform.Timers.FireDue();
+
+  EXPECT_EQ(Fired(), 0U);
+}
+
+TEST_F(TimerTest, TheQueueKnowsTheEarliestTime) {
+  EXPECT_FALSE(platform.Timers.NextDue());
+
+  Run(timer, 200);
+  Run(other, 150);
+  EXPECT_EQ(platform.Timers.NextDue(), platform.Clock.Now() + milliseconds(150));
+  other.Enabled = false;
+  EXPECT_EQ(platform.Timers.NextDue(), platform.Clock.Now() + milliseconds(200));
+}
+
+TEST_F(TimerTest, TheQueueForgetsATimerThatIsGone) {
+  auto gone = std::make_unique<platform::Timer>(platform.Timers);
+  Run(*gone, 100);
+
+  gone.reset();
+
+  EXPECT_FALSE(platform.Timers.NextDue());
+}
+
+TEST_F(TimerTest, TheQueueTellsWheneverItsNextTimeMayHaveChanged) {
+  int told = 0;
+  platform.Timers.Rescheduled = [&] { ++told; };
+
+  timer.Interval = 100;
+  EXPECT_EQ(told, 1);
+  timer.Enabled = true;
+  EXPECT_EQ(told, 2);
+  timer.Enabled = true;
+  EXPECT_EQ(told, 2);
+  Elapse(100);
+  EXPECT_EQ(told, 3);
+  timer.Enabled = false;
+  EXPECT_EQ(told, 4);
+}
+
+}  // namespace

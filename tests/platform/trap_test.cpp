@@ -1,0 +1,127 @@
+#include "platform/trap.h"
+
+#include <gmock/gmock.h>
+
+#include <stdexcept>
+
+#include "support/fake_platform.h"
+
+namespace {
+
+using platform::Failure;
+using platform::Flow;
+using platform::RunSteps;
+using platform::Verdict;
+using testing::ElementsAre;
+
+/// A routine of three steps under a trap with one verdict; the second step fails some times.
+class TrapTest : public testing::Test {
+ protected:
+  Flow Routine(Verdict verdict, int failures) {
+    return RunSteps(
+        program,
+        [&, verdict](const Failure& failure) {
+          journal.push_back("trap " + std::to_string(failure.Number()));
+          return verdict;
+        },
+        [&] { journal.emplace_back("first"); },
+        [&, failures]() mutable {
+          if (failures-- > 0) throw Failure(platform::failure::DiskFull);
+          journal.emplace_back("second");
+        },
+        [&] { journal.emplace_back("third"); });
+  }
+
+  support::Journal journal;
+  support::FakeProgram program{journal};
+};
+
+TEST_F(TrapTest, RunsTheStepsInOrder) {
+  EXPECT_EQ(Routine(Verdict::EndProgram, 0), Flow::Next);
+
+  EXPECT_THAT(journal, ElementsAre("first", "second", "third"));
+}
+
+TEST_F(TrapTest, RetryTriesTheFailingStepAloneAgain) {
+  EXPECT_EQ(Routine(Verdict::RetryStep, 2), Flow::Next);
+
+  EXPECT_THAT(journal, ElementsAre("first", "trap 61", "trap 61", "second", "third"));
+}
+
+TEST_F(TrapTest, SkipGoesOnWithTheNextStep) {
+  EXPECT_EQ(Routine(Verdict::SkipStep, 1), Flow::Next);
+
+  EXPECT_THAT(journal, ElementsAre("first", "trap 61", "third"));
+}
+
+TEST_F(TrapTest, LeaveRunsNoFurtherStep) {
+  EXPECT_EQ(Routine(Verdict::LeaveRoutine, 1), Flow::Leave);
+
+  EXPECT_THAT(journal, ElementsAre("first", "trap 61"));
+}
+
+TEST_F(TrapTest, EndEndsTheProgramAtOnce) {
+  EXPECT_THROW(Routine(Verdict::EndProgram, 1), support::SceneEnded);
+
+  EXPECT_THAT(journal, ElementsAre("first", "trap 61", "end"));
+}
+
+TEST_F(TrapTest, AStepCanLeaveTheRoutine) {
+  const Flow flow = RunSteps(
+      program, [](const Failure&) { return Verdict::RetryStep; },
+      [&] {
+        journal.emplace_back("first");
+        return Flow::Next;
+      },
+      [&] {
+        journal.emplace_back("second");
+        return Flow::Leave;
+      },
+      [&] { journal.emplace_back("third"); });
+
+  EXPECT_EQ(flow, Flow::Leave);
+  EXPECT_THAT(journal, ElementsAre("first", "second"));
+}
+
+TEST_F(TrapTest, TakesTheVerdictFromTheNumberOfEachFailure) {
+  const Flow flow = RunSteps(
+      program,
+      [](const Failure& failure) {
+        return failure.Number() == platform::failure::HarmlessStop ? Verdict::SkipStep
+                                                                   : Verdict::LeaveRoutine;
+      },
+      [] { throw Failure(platform::failure::HarmlessStop); },
+      [&] { journal.emplace_back("second"); }, [] { throw Failure(platform::failure::Overflow); },
+      [&] { journal.emplace_back("fourth"); });
+
+  EXPECT_EQ(flow, Flow::Leave);
+  EXPECT_THAT(journal, ElementsAre("second"));
+}
+
+TEST_F(TrapTest, WhatIsNoFailurePassesTheTrap) {
+  const auto routine = [&] {
+    RunSteps(
+        program, [](const Failure&) { return Verdict::SkipStep; },
+        [] { throw std::runtime_error("no failure"); });
+  };
+
+  EXPECT_THROW(routine(), std::runtime_error);
+}
+
+TEST_F(TrapTest, AnInnerTrapKeepsItsFailuresFromTheOuterOne) {
+  RunSteps(
+      program, [](const Failure&) { return Verdict::EndProgram; },
+      [&] { Routine(Verdict::LeaveRoutine, 1); }, [&] { journal.emplace_back("outer"); });
+
+  EXPECT_THAT(journal, ElementsAre("first", "trap 61", "outer"));
+}
+
+TEST(FailureTest, CarriesTheStandardTextOfItsNumber) {
+  EXPECT_EQ(Failure(13).Text(), "Type mismatch");
+  EXPECT_EQ(Failure(6).Text(), "Overflow");
+  EXPECT_EQ(Failure(9).Text(), "Subscript out of range");
+  EXPECT_EQ(Failure(61).Text(), "Disk full");
+  EXPECT_EQ(Failure(9, "row 400").Text(), "row 400");
+}
+
+}  // namespace

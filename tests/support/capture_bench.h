@@ -1,0 +1,93 @@
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "capture/capture_session.h"
+#include "capture/packet_dispatcher.h"
+#include "support/fake_platform.h"
+#include "support/sv_frame.h"
+#include "support/watch.h"
+
+namespace support {
+
+class MockViews : public packetroutines::BlockConsumers {
+ public:
+  MOCK_METHOD(void, PlotBlock, (const char* mode), (override));
+  MOCK_METHOD(void, CalculateValues, (), (override));
+  MOCK_METHOD(void, ClearValues, (), (override));
+  MOCK_METHOD(void, UpdatePhases, (), (override));
+};
+
+class MockRecorder : public packetroutines::RecordConsumer {
+ public:
+  MOCK_METHOD(void, WriteRecordBlock, (std::int16_t stream), (override));
+};
+
+class MockReport : public packetroutines::ReportConsumer {
+ public:
+  MOCK_METHOD(std::string, ReportAnalyse, (const packetroutines::PacketBytes& bytes), (override));
+  MOCK_METHOD(void, AddStreamToList, (const std::string& id), (override));
+  MOCK_METHOD(void, UnloadIDlook, (), (override));
+};
+
+/// The acquisition core alone on a bench: a bus on one side, and in the place of the views, the
+/// recorder and the report mocks that write their calls into the journal. The timers run and do
+/// nothing. The contents "MU01" and "MU02" mark the two streams, and a block has 400 rows.
+class CaptureBench : public FakePlatform {
+ public:
+  CaptureBench();
+
+  forms::Main Main{Timers};
+  config::Settings Settings;
+  config::Session Session;
+  packetroutines::AcquisitionState State;
+  packetroutines::BlockArrays Block;
+  packetroutines::RecordRings Rings;
+  testing::NiceMock<MockViews> Views;
+  testing::NiceMock<MockRecorder> Recorder;
+  testing::NiceMock<MockReport> Report;
+  packetroutines::CaptureSession Acquisition{Capture, Main,    Settings, State,
+                                             Events,  Dialogs, Runtime};
+  packetroutines::FrameLayout Layout{State, Dialogs, Runtime};
+  packetroutines::SignalBuilder Builder{State, Block,   Rings,   Session,
+                                        Main,  Numbers, Dialogs, Runtime};
+  packetroutines::PacketDispatcher Dispatcher{State,
+                                              Settings,
+                                              Session,
+                                              Main,
+                                              Acquisition,
+                                              Layout,
+                                              Builder,
+                                              {Views, Recorder, Report},
+                                              {Numbers, Code, Events, Dialogs, Runtime}};
+
+  /// The start path of a view: the next frame sets the frame length, the adapter is set up and
+  /// capture starts in `mode`.
+  void Run(const std::string& mode);
+  /// The same, the first frame received, and the journal begun anew.
+  void RunWithLength(const std::string& mode, const FrameBytes& first = SvFrame().Bytes());
+
+  void Receive(const FrameBytes& frame) { Capture.Receive(frame); }
+  /// `count` frames from `make(i)`, i from 0.
+  void Receive(int count, const std::function<FrameBytes(int)>& make);
+
+  template <typename T>
+  void Watch(platform::Property<T>& property, const std::string& name) {
+    support::Watch(Journal, property, name);
+  }
+};
+
+/// The frame `count` of a stream with one raw value in all channels, by default 1 A and 10 V.
+FrameBytes PlainFrame(int count, const std::string& id = "MU01", std::int32_t raw = 1000);
+
+/// The bytes as `FrameLayout` and `SignalBuilder` get them: the cells 0 to `upper`, the frame from
+/// cell 1 on.
+packetroutines::PacketBytes CellsOf(const FrameBytes& frame, std::int16_t upper);
+packetroutines::PacketBytes CellsOf(const FrameBytes& frame);
+
+}  // namespace support

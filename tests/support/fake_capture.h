@@ -1,0 +1,73 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/capture_object.h"
+#include "platform/failure.h"
+#include "support/journal.h"
+
+namespace support {
+
+/// An adapter that writes down its settings.
+class FakeAdapter : public platform::CaptureAdapter {
+ public:
+  FakeAdapter(Journal& journal, std::string description, bool good)
+      : journal_(journal), description_(std::move(description)), good_(good) {}
+
+  bool IsGood() const override { return good_; }
+  std::string Description() const override { return description_; }
+  void Set(std::string_view property, const Value& value) override;
+
+  std::map<std::string, Value, std::less<>> Settings;
+  /// Raised when the property of this name is set.
+  std::map<std::string, platform::Failure, std::less<>> FailureAt;
+
+ private:
+  Journal& journal_;
+  std::string description_;
+  bool good_;
+};
+
+/// A capture library whose frames come from the test.
+class FakeCapture : public platform::CaptureLayer {
+ public:
+  explicit FakeCapture(Journal& journal) : journal_(journal) {}
+
+  std::unique_ptr<platform::CaptureObject> NewCaptureObject() override;
+  std::unique_ptr<platform::PacketCollection> NewPacketCollection() override;
+  std::string Advice() const override { return AdviceText; }
+
+  FakeAdapter& AddAdapter(const std::string& description, bool good = true);
+  /// A frame comes in; it reaches the program only while capture runs.
+  void Receive(std::span<const std::uint8_t> bytes);
+  /// A frame that was in flight when capture stopped.
+  void ReceiveInFlight(std::span<const std::uint8_t> bytes);
+  /// A frame whose true length is more than what was captured of it.
+  void ReceiveCut(std::span<const std::uint8_t> bytes, std::size_t trueLength);
+
+  std::string AdviceText;
+  bool Running = false;
+  FakeAdapter* Chosen = nullptr;
+  /// Runs when the program asks for frames, before the start succeeds or fails.
+  std::function<void()> AtStart;
+  std::optional<platform::Failure> CreateFailure;
+  std::optional<platform::Failure> StartFailure;
+  std::optional<platform::Failure> StopFailure;
+  std::optional<platform::Failure> ClearFailure;
+
+ private:
+  class Object;
+  class Collection;
+
+  Journal& journal_;
+  std::vector<std::unique_ptr<FakeAdapter>> adapters_;
+  Object* object_ = nullptr;
+};
+
+}  // namespace support

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <chrono>
+
+#include "platform/clock.h"
+
+namespace support {
+
+/// Time that stands still until a test moves it.
+class ManualClock : public platform::Clock {
+ public:
+  std::chrono::nanoseconds Now() const override { return now_; }
+  void Advance(std::chrono::nanoseconds time) { now_ += time; }
+  void Set(std::chrono::nanoseconds time) { now_ = time; }
+
+ private:
+  std::chrono::nanoseconds now_{1'000'000'000};
+};
+
+}  // namespace support
