@@ -1,0 +1,65 @@
+#include "config/printer_list.h"
+
+#include <string>
+#include <vector>
+
+#include "platform/failure.h"
+#include "platform/number_text.h"
+#include "platform/trap.h"
+
+namespace subroutines {
+
+using platform::Failure;
+using platform::Verdict;
+
+PrinterChoices::PrinterChoices(forms::Main& main, config::Settings& settings, SettingsFile& file,
+                               platform::Printers& printers, platform::Dialogs& dialogs,
+                               platform::Program& program)
+    : main_(main),
+      settings_(settings),
+      file_(file),
+      printers_(printers),
+      dialogs_(dialogs),
+      program_(program) {
+  main_.Combo2.Click = [this] { Combo2_Click(); };
+}
+
+void PrinterChoices::PrinterList(bool markDefault, bool selectDefault) {
+  std::string current;
+  platform::RunSteps(
+      program_,
+      [this](const Failure& failure) {
+        if (failure.Number() != platform::failure::NoPrinter) return Verdict::EndProgram;
+        dialogs_.Show({"Attention",
+                       std::string("There is no printer available") + platform::Crlf +
+                           "Therefore printing is disabled.",
+                       platform::Icon::None});
+        main_.Command1.Enabled = false;
+        return Verdict::LeaveRoutine;
+      },
+      [&] { current = printers_.Current(); }, [&] { Fill(current, markDefault, selectDefault); });
+}
+
+void PrinterChoices::Fill(const std::string& current, bool markDefault, bool selectDefault) {
+  const std::vector<std::string> names = printers_.Names();
+  std::vector<std::string> entries;
+  std::int32_t noted = -1;
+  for (const std::string& name : names) {
+    const bool isCurrent = (markDefault || selectDefault) && name == current && noted < 0;
+    if (isCurrent) noted = static_cast<std::int32_t>(entries.size());
+    entries.push_back(isCurrent && markDefault ? name + "*" : name);
+  }
+  main_.Combo2.Clear();
+  main_.Combo2.List = entries;
+  // Showing the current printer is no choice of the user: the click that a selection raises would
+  // store its place, and 0 in the store is what leaves the choice to the system.
+  if (selectDefault && noted >= 0) main_.Combo2.ListIndex.Store(noted);
+}
+
+void PrinterChoices::Combo2_Click() {
+  settings_.PrinterChoice = platform::Narrow<std::int16_t>(main_.Combo2.ListIndex.Get());
+  printers_.MakeCurrent(main_.Combo2.ListIndex);
+  file_.SaveSettings();
+}
+
+}  // namespace subroutines

@@ -1,0 +1,105 @@
+#include "config/settings_file.h"
+
+#include <string>
+
+namespace subroutines {
+
+namespace {
+
+constexpr const char* ChannelLetters = "ABCDEFGH";
+
+/// Every stored setting with its default, in the order of the store. The last key is written as a
+/// constant and never read: an old value must not resize the block arrays.
+template <typename Visitor>
+void VisitSettings(config::Settings& s, Visitor&& visit) {
+  visit("Path of stored data", s.StoragePath, "c:\\StoredData");
+  visit("Used Networkadapter", s.AdapterIndex, "1");
+  visit("Unit Resolution", s.UnitResolution, "0");
+  visit("UnitCurrent", s.UnitCurrent, "0");
+  visit("UnitVoltage", s.UnitVoltage, "0");
+  visit("Internal Delay", s.InternalDelay, "500");
+  constexpr const char* Names[] = {"Current Sensor A", "Current Sensor B", "Current Sensor C",
+                                   "Current Sensor N", "Voltage Sensor A", "Voltage Sensor B",
+                                   "Voltage Sensor C", "Voltage Sensor N"};
+  for (std::size_t i = 0; i < s.ChannelName.size(); ++i) {
+    visit(std::string("DataName ") + ChannelLetters[i], s.ChannelName[i], Names[i]);
+  }
+  visit("Printerchoice", s.PrinterChoice, "0");
+  visit("Filterstring", s.FilterString, "");
+  visit("FilterContentString", s.FilterContent[0], "");
+  visit("FilterContentString2", s.FilterContent[1], "");
+  for (std::size_t i = 0; i < s.SensorEnabled.size(); ++i) {
+    visit(std::string("Sensor ") + ChannelLetters[i] + " enabled", s.SensorEnabled[i], "1");
+  }
+  visit("Frequency", s.BaseFrequency, "50");
+  visit("ACDC", s.ACDC, "False");
+  visit("SetupDone", s.SetupDone, "False");
+  visit("CurrentTriggerWave", s.CurrentTriggerWave, "20");
+  visit("VoltageTriggerWave", s.VoltageTriggerWave, "15");
+  visit("BeforeTriggerWaveTime", s.BeforeTriggerWaveTime, "2");
+  visit("AfterTriggerWaveTime", s.AfterTriggerWaveTime, "5");
+  visit("SingleTrigger", s.SingleTrigger, "1");
+  visit("TriggerPause", s.TriggerPause, "10");
+  visit(config::ActiveTabKey, s.MainActiveTab, "1");
+  visit("FileFormat", s.FileFormat, "TXT");
+}
+
+/// Converts a stored text to the type of its variable.
+class Reader {
+ public:
+  Reader(const platform::SettingsStore& store, const platform::NumberText& numbers)
+      : store_(store), numbers_(numbers) {}
+
+  template <typename T>
+  void operator()(const std::string& key, T& variable, const char* fallback) const {
+    Convert(store_.Get(config::Application, config::Section, key, fallback), variable);
+  }
+
+ private:
+  void Convert(const std::string& text, std::string& variable) const { variable = text; }
+  void Convert(const std::string& text, std::int16_t& variable) const {
+    variable = numbers_.ToInt16(text);
+  }
+  void Convert(const std::string& text, float& variable) const {
+    variable = numbers_.ToSingle(text);
+  }
+  void Convert(const std::string& text, bool& variable) const {
+    variable = numbers_.ToBoolean(text);
+  }
+
+  const platform::SettingsStore& store_;
+  const platform::NumberText& numbers_;
+};
+
+std::string ToText(const platform::NumberText&, const std::string& value) {
+  return value;
+}
+template <typename T>
+std::string ToText(const platform::NumberText& numbers, const T& value) {
+  return numbers.General(value);
+}
+
+}  // namespace
+
+SettingsFile::SettingsFile(platform::SettingsStore& store, const platform::NumberText& numbers,
+                           config::Settings& settings)
+    : store_(store), numbers_(numbers), settings_(settings) {}
+
+void SettingsFile::LoadSettings() {
+  VisitSettings(settings_, Reader(store_, numbers_));
+}
+
+void SettingsFile::SaveSettings() {
+  VisitSettings(settings_, [this](const std::string& key, const auto& value, const char*) {
+    store_.Set(config::Application, config::Section, key, ToText(numbers_, value));
+  });
+  store_.Set(config::Application, config::Section, "Number of samples", "3");
+  if (StatusUpdate) StatusUpdate();
+}
+
+void SettingsFile::SaveActiveTab() {
+  store_.Set(config::Application, config::Section, config::ActiveTabKey,
+             numbers_.General(settings_.MainActiveTab));
+}
+
+}  // namespace subroutines

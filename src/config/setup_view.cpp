@@ -1,0 +1,150 @@
+#include "config/setup_view.h"
+
+#include <array>
+
+namespace subroutines {
+
+namespace {
+
+constexpr std::array<float, 2> CurrentFactors = {1, 1000};
+constexpr std::array<float, 3> VoltageFactors = {1, 1000, 1000000};
+constexpr std::size_t FirstContentField = 12;
+constexpr std::size_t SecondContentField = 14;
+
+template <std::size_t N>
+float FactorOf(const std::array<float, N>& factors, const platform::ComboBox& list) {
+  return list.ListIndex < 0 ? 1.0F : factors[static_cast<std::size_t>(list.ListIndex.Get())];
+}
+
+}  // namespace
+
+bool PathExists(const platform::FileSystem& files, const std::string& path) {
+  std::string folder = path;
+  const std::string separator = files.Separator();
+  while (folder.size() > 1 && (folder.back() == '\\' || folder.ends_with(separator))) {
+    folder.pop_back();
+  }
+  return !folder.empty() && files.DirectoryExists(folder);
+}
+
+SetupView::SetupView(forms::Main& main, config::Settings& settings, config::Session& session,
+                     SettingsFile& file, const platform::NumberText& numbers,
+                     config::SetupConsumers& consumers, platform::FolderDialog& folders)
+    : main_(main),
+      settings_(settings),
+      session_(session),
+      file_(file),
+      numbers_(numbers),
+      consumers_(consumers),
+      folders_(folders) {
+  for (std::size_t field = 0; field < main_.Text1.size(); ++field) {
+    main_.Text1[field].Change = [this, field] { Text1_Change(field); };
+  }
+  for (const std::size_t field : {FirstContentField, SecondContentField}) {
+    main_.Text1[field].DblClick = [this, field] { main_.Text1[field].Text = std::string(); };
+  }
+  main_.Combo1.Click = [this] { Combo1_Click(); };
+  main_.Command3.Click = [this] { Command3_Click(); };
+  for (std::size_t i = 0; i < main_.Combo4.size(); ++i) {
+    main_.Combo4[i].Click = [this, i] { Combo4_Click(i); };
+  }
+  for (std::size_t i = 0; i < main_.Option3.size(); ++i) {
+    main_.Option3[i].Click = [this, i] { Option3_Click(i); };
+  }
+}
+
+void SetupView::FillUnitLists() {
+  for (const char* unit : {"A", "mA"}) main_.Combo4[0].AddItem(unit);
+  main_.Combo4[0].ListIndex = settings_.UnitCurrent;
+  for (const char* unit : {"kV", "V", "mV"}) main_.Combo4[1].AddItem(unit);
+  main_.Combo4[1].ListIndex = settings_.UnitVoltage;
+}
+
+void SetupView::Text1_Change(std::size_t field) {
+  if (!TakeField(field, main_.Text1[field].Text)) return;
+  file_.SaveSettings();
+  consumers_.RebuildBlockArrays(session_.BaseSamples);
+}
+
+/// False where the change ends early: nothing is saved and no array is rebuilt.
+bool SetupView::TakeField(std::size_t field, const std::string& text) {
+  switch (field) {
+    case 0:
+      settings_.FilterString = text;
+      break;
+    case 1:
+      settings_.BaseFrequency = numbers_.ToSingle(text);
+      break;
+    case 2:
+      session_.BaseSamples = numbers_.ToInt32("0" + text);
+      return session_.BaseSamples != 0;
+    case 3:
+      settings_.StoragePath = text;
+      break;
+    case FirstContentField:
+      FilterRule(0, field);
+      break;
+    case 13:
+      settings_.InternalDelay = platform::Round<std::int16_t>(platform::NumberText::Leading(text));
+      break;
+    case SecondContentField:
+      FilterRule(1, field);
+      break;
+    default:
+      settings_.ChannelName[field - 4] = text;
+      main_.Check2[field - 4].Caption = text;
+      consumers_.ShowChannelNames();
+      break;
+  }
+  return true;
+}
+
+void SetupView::FilterRule(std::size_t index, std::size_t field) {
+  platform::TextBox& box = main_.Text1[field];
+  std::string value = box.Text;
+  if (value.empty()) {
+    value = config::NoContent;
+  } else {
+    session_.StreamCount = static_cast<std::int16_t>(index + 1);
+  }
+  settings_.FilterContent[index] = value;
+  for (std::size_t station = index; station < main_.Option3.size(); station += 2) {
+    main_.Option3[station].Caption = value;
+  }
+  // Emptying the field raises its change event once more, which runs this rule with the empty text.
+  if (box.Text == config::NoContent) box.Text = std::string();
+}
+
+void SetupView::Combo1_Click() {
+  settings_.AdapterIndex = platform::Narrow<std::int16_t>(main_.Combo1.ListIndex + 1);
+  file_.SaveSettings();
+}
+
+void SetupView::Command3_Click() {
+  const auto folder = folders_.Browse("Bitte einen Ordner auswählen");
+  if (!folder) return;
+  settings_.StoragePath = *folder;
+  main_.Text1[3].Text = settings_.StoragePath;
+  file_.SaveSettings();
+}
+
+void SetupView::Combo4_Click(std::size_t index) {
+  // The names come first: their captions read the unit from the lists, which hold it already.
+  consumers_.ShowChannelNames();
+  const auto chosen = platform::Narrow<std::int16_t>(main_.Combo4[index].ListIndex.Get());
+  (index == 0 ? settings_.UnitCurrent : settings_.UnitVoltage) = chosen;
+  session_.CurrentUnitFactor = FactorOf(CurrentFactors, main_.Combo4[0]);
+  session_.VoltageUnitFactor = FactorOf(VoltageFactors, main_.Combo4[1]);
+  file_.SaveSettings();
+}
+
+void SetupView::Option3_Click(std::size_t index) {
+  if (index > 5) return;
+  // The first filter slot holds the chosen stream, the second the other one.
+  const bool second = index % 2 == 1;
+  settings_.FilterContent[second ? 1 : 0] = main_.Text1[FirstContentField].Text;
+  settings_.FilterContent[second ? 0 : 1] = main_.Text1[SecondContentField].Text;
+  session_.ActiveStream = second ? 2 : 1;
+}
+
+}  // namespace subroutines

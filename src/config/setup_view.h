@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include "config/settings.h"
+#include "config/settings_file.h"
+#include "forms/main_form.h"
+#include "platform/number_text.h"
+#include "platform/system_services.h"
+
+namespace config {
+
+/// What a change on the Setup view asks of the folders above it.
+class SetupConsumers {
+ public:
+  virtual ~SetupConsumers() = default;
+  /// Makes the block arrays anew, empty, with `baseSamples` rows.
+  virtual void RebuildBlockArrays(std::int32_t baseSamples) = 0;
+  /// Writes the channel names to the captions.
+  virtual void ShowChannelNames() = 0;
+};
+
+/// The filter that an empty content field stands for: a text that is in no frame.
+inline constexpr const char* NoContent = "not yet determinated";
+
+}  // namespace config
+
+namespace subroutines {
+
+/// True for an existing directory, with or without a separator at its end.
+bool PathExists(const platform::FileSystem& files, const std::string& path);
+
+/// The Setup view: each change goes at once to its variable, to the store and to what is derived
+/// from it. There is no apply button and no validation; a text that does not convert is a failure.
+class SetupView {
+ public:
+  SetupView(forms::Main& main, config::Settings& settings, config::Session& session,
+            SettingsFile& file, const platform::NumberText& numbers,
+            config::SetupConsumers& consumers, platform::FolderDialog& folders);
+
+  /// Fills the unit lists and selects the stored units.
+  void FillUnitLists();
+
+ private:
+  void Text1_Change(std::size_t field);
+  bool TakeField(std::size_t field, const std::string& text);
+  void FilterRule(std::size_t index, std::size_t field);
+  void Combo1_Click();
+  void Command3_Click();
+  void Combo4_Click(std::size_t index);
+  void Option3_Click(std::size_t index);
+
+  forms::Main& main_;
+  config::Settings& settings_;
+  config::Session& session_;
+  SettingsFile& file_;
+  const platform::NumberText& numbers_;
+  config::SetupConsumers& consumers_;
+  platform::FolderDialog& folders_;
+};
+
+}  // namespace subroutines

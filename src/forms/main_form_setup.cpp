@@ -1,0 +1,60 @@
+// The captions, tips and limits of the Setup view.
+
+#include "forms/main_form.h"
+
+namespace forms {
+
+void Main::DescribeSetup() {
+  using namespace setup_caption;
+  Label2[Adapter].Caption = "&Network adapter:";
+  Label2[FilterCondition].Caption = "P&acket filter condition:";
+  Label2[FilterCondition].ToolTipText =
+      "filter condition for all packets, receiving network adapter";
+  Label2[StoragePath].Caption = "Data path for storin&g data:";
+  Label2[Printer].Caption = "Stan&dard printer:";
+  Label2[Content1].Caption = "Packet content filter #&1:";
+  Label2[Content1].ToolTipText = "additional filter";
+  Label2[Content2].Caption = "Packet content filter #&2:";
+  Label2[Content2].ToolTipText = "additional filter";
+  Label2[Decimals].Caption = "Decimal p&oint for values:";
+  Label2[Interval].Caption = "&Interval for refreshing data:";
+  Label2[IntervalUnit].Caption = "in ms";
+  Label2[Frequency].Caption = "Base fre&quency:";
+  Label2[FrequencyUnit].Caption = "in Hz";
+  Label2[CurrentUnit].Caption = "&Unit for current:";
+  Label2[VoltageUnit].Caption = "Unit for voltage:";
+  Label2[FirstNames].Caption = "Names of first group of 4 data sources:";
+  Label2[SecondNames].Caption = "Names of second group of 4 data sources:";
+  Label2[Samplings].Caption = "&Samplings:";
+  Label2[SamplingsNote].Caption = "After changing please adjust the interval for refreshing data!";
+  Frame5.Caption = "Special functions:";
+  Command3.Caption = "&Browse";
+  Command7.Caption = "&Find streams";
+  Check4.Caption = "estimate DC &offset";
+}
+
+void Main::DescribeSetupTips() {
+  Combo1.ToolTipText = "choose the adapter which is connected to the IEC61850.9.2LE bus";
+  Combo2.ToolTipText = "the choosen printer is standard printer while program is running";
+  Text1[0].ToolTipText =
+      "please check help of WinPcap or wireshark to get filter conditions ('ether proto 0x88ba' is "
+      "fixed integrated)";
+  Text1[1].ToolTipText = "base frequency of phase shift calculation";
+  Text1[3].ToolTipText = "hint: use content of clipboard to get exact path";
+  Text1[12].ToolTipText = "i.e. Station ID, can be set to blank by double click";
+  Text1[13].ToolTipText =
+      "delay between RMS calculation of one sample set (i.e. 500ms is a good choice)";
+  for (const std::size_t field : {14U, 2U}) {
+    Text1[field].ToolTipText =
+        "please, leave it empty, when there is no content to filter (i.e. Station ID)  - also done "
+        "by doubleclicking into this area";
+  }
+  for (std::size_t name = 4; name <= 11; ++name) Text1[name].MaxLength = 21;
+  for (platform::ComboBox* list : {&Combo3, &Combo4[0], &Combo4[1]}) {
+    list->ToolTipText =
+        "change number of decimals (i.e. slow computers have problems with a lot of them)";
+  }
+  Check4.ToolTipText = "after checked, you will find under 'Values' the DC values mentioned";
+}
+
+}  // namespace forms

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/buttons.h"
+#include "platform/text_box.h"
+#include "platform/window.h"
+
+namespace forms {
+
+/// The window that shows the revision history, scrollable and read-only.
+class Revisionhistory {
+ public:
+  Revisionhistory() {
+    Window.Caption = "Revisionhistory";
+    cmdOK.Caption = "&OK";
+  }
+
+  platform::Window Window;
+  platform::TextBox Text1;
+  platform::CommandButton cmdOK;
+};
+
+}  // namespace forms

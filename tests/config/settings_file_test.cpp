@@ -1,0 +1,290 @@
+#include "config/settings_file.h"
+
+#include <gmock/gmock.h>
+
+#include "support/failures.h"
+#include "support/fake_platform.h"
+
+namespace {
+
+using platform::failure::Overflow;
+using platform::failure::TypeMismatch;
+using support::FailureOf;
+using testing::ElementsAre;
+using testing::ElementsAreArray;
+using testing::IsEmpty;
+
+enum class Type { Text, Integer, Float, Boolean };
+
+/// One stored setting: its key, its type, and the text that stands for an absent key.
+struct Row {
+  std::string Key;
+  Type Kind;
+  std::string Default;
+};
+
+const std::vector<Row> Table = {
+    {"Path of stored data", Type::Text, "c:\\StoredData"},
+    {"Used Networkadapter", Type::Integer, "1"},
+    {"Unit Resolution", Type::Integer, "0"},
+    {"UnitCurrent", Type::Integer, "0"},
+    {"UnitVoltage", Type::Integer, "0"},
+    {"Internal Delay", Type::Integer, "500"},
+    {"DataName A", Type::Text, "Current Sensor A"},
+    {"DataName B", Type::Text, "Current Sensor B"},
+    {"DataName C", Type::Text, "Current Sensor C"},
+    {"DataName D", Type::Text, "Current Sensor N"},
+    {"DataName E", Type::Text, "Voltage Sensor A"},
+    {"DataName F", Type::Text, "Voltage Sensor B"},
+    {"DataName G", Type::Text, "Voltage Sensor C"},
+    {"DataName H", Type::Text, "Voltage Sensor N"},
+    {"Printerchoice", Type::Integer, "0"},
+    {"Filterstring", Type::Text, ""},
+    {"FilterContentString", Type::Text, ""},
+    {"FilterContentString2", Type::Text, ""},
+    {"Sensor A enabled", Type::Integer, "1"},
+    {"Sensor B enabled", Type::Integer, "1"},
+    {"Sensor C enabled", Type::Integer, "1"},
+    {"Sensor D enabled", Type::Integer, "1"},
+    {"Sensor E enabled", Type::Integer, "1"},
+    {"Sensor F enabled", Type::Integer, "1"},
+    {"Sensor G enabled", Type::Integer, "1"},
+    {"Sensor H enabled", Type::Integer, "1"},
+    {"Frequency", Type::Float, "50"},
+    {"ACDC", Type::Boolean, "False"},
+    {"SetupDone", Type::Boolean, "False"},
+    {"CurrentTriggerWave", Type::Float, "20"},
+    {"VoltageTriggerWave", Type::Float, "15"},
+    {"BeforeTriggerWaveTime", Type::Float, "2"},
+    {"AfterTriggerWaveTime", Type::Float, "5"},
+    {"SingleTrigger", Type::Integer, "1"},
+    {"TriggerPause", Type::Integer, "10"},
+    {"MainActiveTab", Type::Integer, "1"},
+    {"FileFormat", Type::Text, "TXT"},
+};
+
+std::vector<std::string> Keys() {
+  std::vector<std::string> keys;
+  for (const Row& row : Table) keys.push_back(row.Key);
+  return keys;
+}
+
+/// A store that also writes down which keys are read.
+class WatchedStore : public support::FakeStore {
+ public:
+  std::string Get(const std::string& application, const std::string& section,
+                  const std::string& key, const std::string& fallback) const override {
+    Read.push_back(key);
+    return FakeStore::Get(application, section, key, fallback);
+  }
+  mutable std::vector<std::string> Read;
+};
+
+class SettingsFileTest : public testing::Test {
+ protected:
+  /// What loading does where a key holds this text.
+  std::int32_t FailureOfLoading(const std::string& key, const std::string& text) {
+    store.Texts = {{key, text}};
+    return FailureOf([&] { file.LoadSettings(); });
+  }
+
+  WatchedStore store;
+  platform::NumberText numbers;
+  config::Settings settings;
+  subroutines::SettingsFile file{store, numbers, settings};
+};
+
+TEST_F(SettingsFileTest, ReadsEveryKeyInItsOrder) {
+  file.LoadSettings();
+
+  EXPECT_THAT(store.Read, ElementsAreArray(Keys()));
+}
+
+TEST_F(SettingsFileTest, WritesEveryKeyInItsOrderAndTheNumberOfSamplesLast) {
+  file.LoadSettings();
+
+  file.SaveSettings();
+
+  std::vector<std::string> keys = Keys();
+  keys.emplace_back("Number of samples");
+  EXPECT_THAT(store.Written, ElementsAreArray(keys));
+}
+
+TEST_F(SettingsFileTest, AnAbsentStoreGivesEveryDefault) {
+  file.LoadSettings();
+  EXPECT_THAT(store.Texts, IsEmpty());
+
+  file.SaveSettings();
+
+  for (const Row& row : Table) EXPECT_EQ(store.Texts[row.Key], row.Default) << row.Key;
+}
+
+TEST_F(SettingsFileTest, EachKeyGoesToItsVariable) {
+  store.Texts = {{"Path of stored data", "d:\\data"},
+                 {"Used Networkadapter", "3"},
+                 {"Unit Resolution", "7"},
+                 {"UnitCurrent", "1"},
+                 {"UnitVoltage", "2"},
+                 {"Internal Delay", "250"},
+                 {"Printerchoice", "4"},
+                 {"Filterstring", "and vlan 5"},
+                 {"FilterContentString", "MU01"},
+                 {"FilterContentString2", "MU02"},
+                 {"Frequency", "60"},
+                 {"ACDC", "True"},
+                 {"CurrentTriggerWave", "21.5"},
+                 {"VoltageTriggerWave", "16.5"},
+                 {"BeforeTriggerWaveTime", "2.5"},
+                 {"AfterTriggerWaveTime", "5.5"},
+                 {"SingleTrigger", "-1"},
+                 {"TriggerPause", "11"},
+                 {"MainActiveTab", "6"},
+                 {"FileFormat", "COMTRADE"}};
+
+  file.LoadSettings();
+
+  EXPECT_EQ(settings.StoragePath, "d:\\data");
+  EXPECT_EQ(settings.AdapterIndex, 3);
+  EXPECT_EQ(settings.UnitResolution, 7);
+  EXPECT_EQ(settings.UnitCurrent, 1);
+  EXPECT_EQ(settings.UnitVoltage, 2);
+  EXPECT_EQ(settings.InternalDelay, 250);
+  EXPECT_EQ(settings.PrinterChoice, 4);
+  EXPECT_EQ(settings.FilterString, "and vlan 5");
+  EXPECT_THAT(settings.FilterContent, ElementsAre("MU01", "MU02"));
+  EXPECT_EQ(settings.BaseFrequency, 60.0F);
+  EXPECT_TRUE(settings.ACDC);
+  EXPECT_FALSE(settings.SetupDone);
+  EXPECT_EQ(settings.CurrentTriggerWave, 21.5F);
+  EXPECT_EQ(settings.VoltageTriggerWave, 16.5F);
+  EXPECT_EQ(settings.BeforeTriggerWaveTime, 2.5F);
+  EXPECT_EQ(settings.AfterTriggerWaveTime, 5.5F);
+  EXPECT_EQ(settings.SingleTrigger, -1);
+  EXPECT_EQ(settings.TriggerPause, 11);
+  EXPECT_EQ(settings.MainActiveTab, 6);
+  EXPECT_EQ(settings.FileFormat, "COMTRADE");
+}
+
+TEST_F(SettingsFileTest, EachChannelHasItsNameAndItsSensor) {
+  const std::string letters = "ABCDEFGH";
+  for (std::size_t i = 0; i < letters.size(); ++i) {
+    store.Texts[std::string("DataName ") + letters[i]] = "name " + std::to_string(i);
+    store.Texts[std::string("Sensor ") + letters[i] + " enabled"] = std::to_string(10 + i);
+  }
+
+  file.LoadSettings();
+
+  EXPECT_THAT(settings.ChannelName, ElementsAre("name 0", "name 1", "name 2", "name 3", "name 4",
+                                                "name 5", "name 6", "name 7"));
+  EXPECT_THAT(settings.SensorEnabled, ElementsAre(10, 11, 12, 13, 14, 15, 16, 17));
+}
+
+TEST_F(SettingsFileTest, TheDoneMarkHasItsOwnKey) {
+  store.Texts["SetupDone"] = "True";
+
+  file.LoadSettings();
+
+  EXPECT_TRUE(settings.SetupDone);
+  EXPECT_FALSE(settings.ACDC);
+}
+
+TEST_F(SettingsFileTest, TheNumberOfSamplesIsWrittenAsThree) {
+  store.Texts["Number of samples"] = "800";
+
+  file.LoadSettings();
+  file.SaveSettings();
+
+  EXPECT_EQ(store.Texts["Number of samples"], "3");
+}
+
+TEST_F(SettingsFileTest, TheNumberOfSamplesHasNoEffectWhateverItHolds) {
+  EXPECT_EQ(FailureOfLoading("Number of samples", "no number"), 0);
+}
+
+TEST_F(SettingsFileTest, ATextThatDoesNotConvertFailsAsATypeMismatch) {
+  for (const Row& row : Table) {
+    EXPECT_EQ(FailureOfLoading(row.Key, "5O0"), row.Kind == Type::Text ? 0 : TypeMismatch)
+        << row.Key;
+  }
+}
+
+TEST_F(SettingsFileTest, AnEmptyTextIsNoNumber) {
+  for (const Row& row : Table) {
+    EXPECT_EQ(FailureOfLoading(row.Key, ""), row.Kind == Type::Text ? 0 : TypeMismatch) << row.Key;
+  }
+}
+
+TEST_F(SettingsFileTest, AnIntegerBeyondSixteenBitsOverflows) {
+  for (const Row& row : Table) {
+    const std::int32_t expected = row.Kind == Type::Integer ? Overflow : 0;
+    EXPECT_EQ(FailureOfLoading(row.Key, "40000"), expected) << row.Key;
+    EXPECT_EQ(FailureOfLoading(row.Key, "-32769"), expected) << row.Key;
+  }
+}
+
+TEST_F(SettingsFileTest, AFloatBeyondItsRangeOverflows) {
+  EXPECT_EQ(FailureOfLoading("Frequency", "1E+39"), Overflow);
+}
+
+TEST_F(SettingsFileTest, BooleansAreStoredAsWords) {
+  settings.ACDC = true;
+
+  file.SaveSettings();
+
+  EXPECT_EQ(store.Texts["ACDC"], "True");
+  EXPECT_EQ(store.Texts["SetupDone"], "False");
+}
+
+TEST_F(SettingsFileTest, FloatsAreStoredAsTheirShortestText) {
+  settings.BaseFrequency = 0.1F;
+  settings.CurrentTriggerWave = 18.75F;
+  settings.VoltageTriggerWave = 16.666666F;
+
+  file.SaveSettings();
+
+  EXPECT_EQ(store.Texts["Frequency"], "0.1");
+  EXPECT_EQ(store.Texts["CurrentTriggerWave"], "18.75");
+  EXPECT_EQ(store.Texts["VoltageTriggerWave"], "16.666666");
+}
+
+TEST_F(SettingsFileTest, FloatsAreStoredWithTheSeparatorOfTheLocale) {
+  numbers = platform::NumberText({',', '.'});
+  settings.BaseFrequency = 49.95F;
+  file.SaveSettings();
+  EXPECT_EQ(store.Texts["Frequency"], "49,95");
+
+  settings.BaseFrequency = 0;
+  file.LoadSettings();
+  EXPECT_EQ(settings.BaseFrequency, 49.95F);
+}
+
+TEST_F(SettingsFileTest, AFloatOfAnotherLocaleChangesItsValue) {
+  store.Texts["Frequency"] = "49,95";
+
+  file.LoadSettings();
+
+  EXPECT_EQ(settings.BaseFrequency, 4995.0F);
+}
+
+TEST_F(SettingsFileTest, ASaveRefreshesTheStatusBarAfterItsLastKey) {
+  std::string lastKey;
+  file.StatusUpdate = [&] { lastKey = store.Written.back(); };
+
+  file.SaveSettings();
+
+  EXPECT_EQ(lastKey, "Number of samples");
+}
+
+TEST_F(SettingsFileTest, TheActiveTabCanBeStoredAlone) {
+  settings.MainActiveTab = 7;
+  bool refreshed = false;
+  file.StatusUpdate = [&] { refreshed = true; };
+
+  file.SaveActiveTab();
+
+  EXPECT_THAT(store.Written, ElementsAre("MainActiveTab"));
+  EXPECT_EQ(store.Texts["MainActiveTab"], "7");
+  EXPECT_FALSE(refreshed);
+}
+
+}  // namespace
