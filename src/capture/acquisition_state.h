@@ -1,0 +1,50 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+namespace packetroutines {
+
+/// The flags and counters that steer the acquisition. Everything runs on one thread; the order in
+/// which the flags are written is what keeps the handlers apart.
+struct AcquisitionState {
+  /// Capture was started and not yet stopped.
+  bool CaptureRunning = false;
+  /// The next frame only sets `PacketLength`.
+  bool PacketLengthPending = true;
+
+  /// The mode flags; several can be set at once.
+  bool ReportRequested = false;
+  bool LookingForScope = false;
+  bool LookingForValues = false;
+  bool LookingForPhases = false;
+  bool LookingForRecording = false;
+  bool LookingForID = false;
+
+  /// Per stream: the offsets were located in this burst.
+  std::array<bool, 2> OffsetsKnown{};
+  /// Complete blocks of each stream since the run began.
+  std::int32_t BlockCount = 0;
+  std::int32_t BlockCount2 = 0;
+
+  /// Per stream: 1-based position of the high byte of smpCnt.
+  std::array<std::int16_t, 2> SampleCountOffset{};
+  /// Per stream: 1-based position of the first byte of seqData.
+  std::array<std::int16_t, 2> ValueOffset{};
+  /// Transmitted channels, the length of seqData over 8; shared by both streams.
+  std::int16_t ChannelCount = 0;
+
+  /// While True the handlers of the recorder's buttons do nothing.
+  bool RecorderBusy = false;
+  /// Bare name of the recording in work, or a placeholder before the first one.
+  std::string RecordFileName;
+
+  /// The real-time value: one channel, 1 to 8, recomputed at every frame.
+  bool RealTimeMode = false;
+  std::int16_t RealTimeChannel = 1;
+  /// Latest AC estimate of each channel, in the chosen units.
+  std::array<double, 8> RmsValues{};
+};
+
+}  // namespace packetroutines

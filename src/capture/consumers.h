@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "capture/packet_bytes.h"
+
+namespace packetroutines {
+
+/// What the packet event asks of the live views when a block is complete.
+class BlockConsumers {
+ public:
+  virtual ~BlockConsumers() = default;
+  /// `mode` is "Auto" for the first block of a run and "Manuell" for those behind it.
+  virtual void PlotBlock(const char* mode) = 0;
+  virtual void CalculateValues() = 0;
+  virtual void ClearValues() = 0;
+  virtual void UpdatePhases() = 0;
+};
+
+/// What the packet event asks of the recorder.
+class RecordConsumer {
+ public:
+  virtual ~RecordConsumer() = default;
+  /// The ring of a stream, 0 or 1, is full.
+  virtual void WriteRecordBlock(std::int16_t stream) = 0;
+};
+
+/// What the packet event asks of the report and of the stream finder.
+class ReportConsumer {
+ public:
+  virtual ~ReportConsumer() = default;
+  /// Reads the frame into the report; the result is the frame's stream ID.
+  virtual std::string ReportAnalyse(const PacketBytes& bytes) = 0;
+  virtual void AddStreamToList(const std::string& id) = 0;
+  /// Closes the stream finder.
+  virtual void UnloadIDlook() = 0;
+};
+
+/// What the watchdog asks of the shell.
+class TabConsumer {
+ public:
+  virtual ~TabConsumer() = default;
+  virtual void TabChange() = 0;
+};
+
+}  // namespace packetroutines

@@ -1,0 +1,52 @@
+#include "capture/frame_layout.h"
+
+#include <string>
+
+#include "platform/number_text.h"
+#include "platform/trap.h"
+
+namespace packetroutines {
+
+namespace {
+
+// BER tags of the fields of an ASDU, IEC 61850-9-2.
+constexpr std::uint8_t SmpCntTag = 0x82;
+constexpr std::uint8_t SeqDataTag = 0x87;
+/// Bytes of one channel in seqData: a value and a quality word of four bytes each.
+constexpr std::int16_t BytesPerChannel = 8;
+/// The scan stops this many bytes before the end of the frame, so that the samples of an 8-channel
+/// frame are not taken for tags.
+constexpr std::int16_t ScanMargin = 64;
+
+}  // namespace
+
+void FrameLayout::FindDataOffsets(const PacketBytes& bytes, std::int16_t packetLength,
+                                  std::size_t stream) {
+  platform::RunSteps(
+      program_,
+      [this](const platform::Failure& failure) {
+        dialogs_.Show({"unknown exception",
+                       std::string("unknown error") + platform::Crlf + failure.Text() +
+                           platform::Crlf + "This happens while looking for data offsets",
+                       platform::Icon::Critical});
+        return platform::Verdict::RetryStep;
+      },
+      [&] { Scan(bytes, packetLength, stream); });
+}
+
+void FrameLayout::Scan(const PacketBytes& bytes, std::int16_t packetLength, std::size_t stream) {
+  for (std::int32_t i = 1; i <= packetLength - ScanMargin; ++i) {
+    const std::uint8_t tag = bytes(i);
+    const std::uint8_t length = bytes(i + 1);
+    const auto content = static_cast<std::int16_t>(i + 2);
+    if (tag == SmpCntTag && length == 2) state_.SampleCountOffset[stream] = content;
+    if (tag == SeqDataTag && (length == 32 || length == 64 || length == 96)) {
+      state_.ValueOffset[stream] = content;
+      state_.ChannelCount = length / BytesPerChannel;
+    }
+  }
+}
+
+void FrameLayout::FindQualitySettings(const PacketBytes&, std::size_t) {}
+
+}  // namespace packetroutines

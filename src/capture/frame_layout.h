@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+
+#include "capture/acquisition_state.h"
+#include "capture/packet_bytes.h"
+#include "platform/dialogs.h"
+#include "platform/program.h"
+
+namespace packetroutines {
+
+/// Finds where a stream's frames hold smpCnt and seqData by a scan for their tag and length bytes,
+/// once a burst. The offsets are then applied to every frame of the stream without a look at it.
+class FrameLayout {
+ public:
+  FrameLayout(AcquisitionState& state, platform::Dialogs& dialogs, platform::Program& program)
+      : state_(state), dialogs_(dialogs), program_(program) {}
+
+  /// `packetLength` is the expected length of a frame in bytes, `stream` 0 or 1.
+  void FindDataOffsets(const PacketBytes& bytes, std::int16_t packetLength, std::size_t stream);
+  /// The quality words are read nowhere.
+  void FindQualitySettings(const PacketBytes& bytes, std::size_t stream);
+
+ private:
+  void Scan(const PacketBytes& bytes, std::int16_t packetLength, std::size_t stream);
+
+  AcquisitionState& state_;
+  platform::Dialogs& dialogs_;
+  platform::Program& program_;
+};
+
+}  // namespace packetroutines

@@ -1,0 +1,193 @@
+#include "capture/packet_dispatcher.h"
+
+#include "config/program_facts.h"
+#include "platform/failure.h"
+
+namespace packetroutines {
+
+using platform::CapturedFrame;
+using platform::Crlf;
+using platform::Failure;
+using platform::Flow;
+using platform::Icon;
+using platform::Verdict;
+
+namespace {
+
+/// Upper index of `PacketBytes` while the frame length is taken.
+constexpr std::int16_t LengthFrameUpper = 500;
+/// Pause between two frames of the stream finder, in ms.
+constexpr std::int32_t FinderPause = 500;
+
+}  // namespace
+
+PacketDispatcher::PacketDispatcher(AcquisitionState& state, const config::Settings& settings,
+                                   const config::Session& session, forms::Main& main,
+                                   CaptureSession& capture, FrameLayout& layout,
+                                   SignalBuilder& builder, PacketConsumers consumers,
+                                   PacketServices services)
+    : state_(state),
+      settings_(settings),
+      session_(session),
+      main_(main),
+      capture_(capture),
+      layout_(layout),
+      builder_(builder),
+      consumers_(consumers),
+      services_(services),
+      filters_{ContentFilter(services.Code), ContentFilter(services.Code)} {}
+
+void PacketDispatcher::aPacketX_OnPacket(const CapturedFrame& pPacket) {
+  bool first = false;
+  bool second = false;
+  Run([&] { bytes_.ClearText(); }, [&] { return state_.CaptureRunning ? Flow::Next : Flow::Leave; },
+      [&] { return state_.PacketLengthPending ? MeasureLength(pPacket) : Flow::Next; },
+      [&] { bytes_.Redim(packetLength_); },
+      [&] { return state_.ReportRequested ? ServeReport(pPacket) : Flow::Next; },
+      [&] { return CopyFrame(pPacket); },
+      [&] {
+        // A text at the very first byte, which is where an empty one is found, does not count.
+        first = filters_[0].Position(bytes_.Text(), settings_.FilterContent[0]) > 1;
+        second = filters_[1].Position(bytes_.Text(), settings_.FilterContent[1]) > 1;
+      },
+      [&] { return state_.LookingForID ? ServeFinder() : Flow::Next; },
+      [&] { return first ? FirstStream() : Flow::Next; },
+      [&] {
+        if (second) SecondStream();
+      });
+}
+
+Flow PacketDispatcher::MeasureLength(const CapturedFrame& pPacket) {
+  Run([&] { bytes_.Redim(LengthFrameUpper); }, [&] { state_.PacketLengthPending = false; },
+      [&] { TakePacketLength(pPacket); });
+  return Flow::Leave;
+}
+
+void PacketDispatcher::TakePacketLength(const CapturedFrame& pPacket) {
+  packetLength_ = platform::Narrow<std::int16_t>(pPacket.Length);
+  state_.PacketLengthPending = false;
+}
+
+Flow PacketDispatcher::ServeReport(const CapturedFrame& pPacket) {
+  Run([&] { state_.ReportRequested = false; }, [&] { capture_.StopCapture(); },
+      [&] { ReportFrame(pPacket); });
+  return Flow::Leave;
+}
+
+void PacketDispatcher::ReportFrame(const CapturedFrame& pPacket) {
+  Run([&] { main_.Command2.Value = false; }, [&] { services_.Events.Pump(); },
+      [&] {
+        if (pPacket.Length > static_cast<std::size_t>(bytes_.Upper())) {
+          throw Failure(platform::failure::SubscriptOutOfRange);
+        }
+        bytes_.Copy(pPacket.Bytes);
+      },
+      [&] { consumers_.Report.ReportAnalyse(bytes_); }, [&] { main_.Command2.Visible = true; },
+      [&] { main_.Command4.Enabled = true; });
+}
+
+Flow PacketDispatcher::CopyFrame(const CapturedFrame& pPacket) {
+  bytes_.Copy(pPacket.Bytes);
+  // A frame longer than expected is dropped as a whole.
+  return pPacket.Length > static_cast<std::size_t>(bytes_.Upper()) ? Flow::Leave : Flow::Next;
+}
+
+Flow PacketDispatcher::ServeFinder() {
+  std::string id;
+  Run([&] { capture_.StopCapture(); }, [&] { main_.Timer1.Enabled = false; },
+      [&] { main_.Timer2.Interval = FinderPause; },
+      [&] { id = consumers_.Report.ReportAnalyse(bytes_); }, [&] { main_.Timer2.Enabled = true; },
+      [&] { consumers_.Report.AddStreamToList(id); });
+  return Flow::Leave;
+}
+
+Flow PacketDispatcher::FirstStream() {
+  bool signalOk = false;
+  return Run(
+      [&] {
+        if (!state_.OffsetsKnown[0]) LocateFirst();
+      },
+      [&] { return ExtractFirst(signalOk); },
+      [&] {
+        return frameIndex_[0] == session_.BaseSamples ? CompleteBlock(signalOk) : Flow::Next;
+      });
+}
+
+void PacketDispatcher::LocateFirst() {
+  Run([&] { layout_.FindDataOffsets(bytes_, packetLength_, 0); },
+      [&] { layout_.FindQualitySettings(bytes_, 0); }, [&] { frameIndex_[0] = 0; },
+      [&] { ringIndex_[0] = 0; }, [&] { state_.OffsetsKnown[0] = true; },
+      [&] { main_.Timer1.Enabled = false; }, [&] { main_.Timer3.Enabled = true; });
+}
+
+Flow PacketDispatcher::ExtractFirst(bool& signalOk) {
+  if (state_.LookingForValues || state_.LookingForScope || state_.LookingForRecording ||
+      state_.LookingForPhases) {
+    builder_.BuildingSignals(frameIndex_[0], bytes_, signalOk);
+    ++frameIndex_[0];
+    if (state_.LookingForRecording) {
+      builder_.StoreRecordSample(ringIndex_[0], frameIndex_[0] - 1);
+      ++ringIndex_[0];
+    }
+  }
+  if (!state_.LookingForRecording || ringIndex_[0] != RecordRings::Cells) return Flow::Next;
+  // The block that fills the ring is not counted, and the frame is not looked at for the second
+  // stream; the recorder allows for both.
+  Run([&] { ringIndex_[0] = 0; }, [&] { frameIndex_[0] = 0; },
+      [&] { consumers_.Recorder.WriteRecordBlock(0); });
+  return Flow::Leave;
+}
+
+void PacketDispatcher::SecondStream() {
+  Run(
+      [&] {
+        if (!state_.OffsetsKnown[1]) LocateSecond();
+      },
+      [&] { return state_.LookingForRecording ? ExtractSecond() : Flow::Next; },
+      [&] {
+        if (frameIndex_[1] != session_.BaseSamples) return;
+        Run([&] { frameIndex_[1] = 0; }, [&] { ++state_.BlockCount2; },
+            [&] { services_.Events.Pump(); });
+      });
+}
+
+void PacketDispatcher::LocateSecond() {
+  // It is the first stream's row that starts again, so that the first stream's running block
+  // restarts.
+  Run([&] { layout_.FindDataOffsets(bytes_, packetLength_, 1); },
+      [&] { layout_.FindQualitySettings(bytes_, 0); }, [&] { frameIndex_[0] = 0; },
+      [&] { ringIndex_[1] = 0; }, [&] { state_.OffsetsKnown[1] = true; },
+      [&] { main_.Timer1.Enabled = false; });
+}
+
+Flow PacketDispatcher::ExtractSecond() {
+  bool signalOk = false;
+  builder_.BuildingSignals2(frameIndex_[1], bytes_, signalOk);
+  ++frameIndex_[1];
+  builder_.StoreRecordSample2(ringIndex_[1], frameIndex_[1] - 1);
+  ++ringIndex_[1];
+  if (ringIndex_[1] != RecordRings::Cells) return Flow::Next;
+  Run([&] { ringIndex_[1] = 0; }, [&] { frameIndex_[1] = 0; },
+      [&] { consumers_.Recorder.WriteRecordBlock(1); });
+  return Flow::Leave;
+}
+
+Verdict PacketDispatcher::OnFailure(const Failure& failure) {
+  if (failure.Number() == platform::failure::HarmlessStop) return Verdict::SkipStep;
+  if (failure.Number() == platform::failure::TypeMismatch ||
+      failure.Number() == platform::failure::SubscriptOutOfRange) {
+    services_.Dialogs.Show(
+        {"", "Debug error: " + failure.Text() + Crlf + Crlf + "Please inform us under " +
+                 config::SupportAddress + " about this error." + Crlf +
+                 "It would be useful to get a screenshot together wit a small description" + Crlf +
+                 "how the error occured." + Crlf + Crlf + "We apologise about this trouble!"});
+    return Verdict::EndProgram;
+  }
+  services_.Dialogs.Show(
+      {"unknown exception",
+       std::string("unknown error") + Crlf + failure.Text() + "while 'onPacket' event",
+       Icon::Critical});
+  return Verdict::RetryStep;
+}
+
+}  // namespace packetroutines

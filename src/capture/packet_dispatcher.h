@@ -1,0 +1,104 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <utility>
+
+#include "capture/acquisition_state.h"
+#include "capture/capture_session.h"
+#include "capture/consumers.h"
+#include "capture/content_filter.h"
+#include "capture/frame_layout.h"
+#include "capture/packet_bytes.h"
+#include "capture/signal_builder.h"
+#include "config/settings.h"
+#include "forms/main_form.h"
+#include "platform/capture_object.h"
+#include "platform/code_page.h"
+#include "platform/dialogs.h"
+#include "platform/event_queue.h"
+#include "platform/number_text.h"
+#include "platform/program.h"
+#include "platform/trap.h"
+
+namespace packetroutines {
+
+/// The routines that the packet event calls.
+struct PacketConsumers {
+  BlockConsumers& Views;
+  RecordConsumer& Recorder;
+  ReportConsumer& Report;
+};
+
+/// What the platform lends to the packet event.
+struct PacketServices {
+  const platform::NumberText& Numbers;
+  const platform::CodePage& Code;
+  platform::EventQueue& Events;
+  platform::Dialogs& Dialogs;
+  platform::Program& Program;
+};
+
+/// The packet event: decides for each received frame what it is for, extracts its values, counts
+/// blocks and hands them to the live view. Everything happens inside the event, frame by frame.
+class PacketDispatcher {
+ public:
+  PacketDispatcher(AcquisitionState& state, const config::Settings& settings,
+                   const config::Session& session, forms::Main& main, CaptureSession& capture,
+                   FrameLayout& layout, SignalBuilder& builder, PacketConsumers consumers,
+                   PacketServices services);
+
+  void aPacketX_OnPacket(const platform::CapturedFrame& pPacket);
+
+ private:
+  platform::Flow MeasureLength(const platform::CapturedFrame& pPacket);
+  platform::Flow ServeReport(const platform::CapturedFrame& pPacket);
+  platform::Flow CopyFrame(const platform::CapturedFrame& pPacket);
+  platform::Flow ServeFinder();
+  void TakePacketLength(const platform::CapturedFrame& pPacket);
+  void ReportFrame(const platform::CapturedFrame& pPacket);
+
+  platform::Flow FirstStream();
+  void LocateFirst();
+  platform::Flow ExtractFirst(bool& signalOk);
+  platform::Flow CompleteBlock(bool signalOk);
+  platform::Flow BlockForScope(bool signalOk);
+  platform::Flow BlockForValues(bool signalOk);
+  platform::Flow BlockForRecording();
+  platform::Flow BlockForPhases(bool signalOk);
+  void RestartSoon();
+
+  void SecondStream();
+  void LocateSecond();
+  platform::Flow ExtractSecond();
+
+  platform::Verdict OnFailure(const platform::Failure& failure);
+  /// Runs steps under the event's one trap.
+  template <typename... Steps>
+  platform::Flow Run(Steps... steps) {
+    return platform::RunSteps(
+        services_.Program, [this](const platform::Failure& failure) { return OnFailure(failure); },
+        std::move(steps)...);
+  }
+
+  AcquisitionState& state_;
+  const config::Settings& settings_;
+  const config::Session& session_;
+  forms::Main& main_;
+  CaptureSession& capture_;
+  FrameLayout& layout_;
+  SignalBuilder& builder_;
+  PacketConsumers consumers_;
+  PacketServices services_;
+
+  PacketBytes bytes_;
+  std::int16_t packetLength_ = 0;
+  std::array<ContentFilter, 2> filters_;
+  /// Next row of the block arrays of each stream.
+  std::array<std::int32_t, 2> frameIndex_{};
+  /// Next cell of the record rings of each stream.
+  std::array<std::int16_t, 2> ringIndex_{};
+};
+
+}  // namespace packetroutines

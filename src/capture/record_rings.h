@@ -1,0 +1,35 @@
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+#include "capture/block_arrays.h"
+
+namespace packetroutines {
+
+/// One second of each stream for the writer, one cell a frame. They are written in order and handed
+/// over whole, so they work as flat buffers rather than as true rings.
+struct RecordRings {
+  /// Frames between two hand-overs.
+  static constexpr std::int16_t Cells = 4000;
+
+  CheckedArray<std::int32_t> RecordCount;
+  std::array<CheckedArray<double>, 8> RecordChannel;
+  CheckedArray<std::int16_t> RecordCount2;
+  std::array<CheckedArray<double>, 8> RecordChannel2;
+
+  /// `triggerCells` is the size that the trigger times ask for; only six rings follow it, and none
+  /// gets smaller than a second.
+  void Reserve(std::int32_t triggerCells) {
+    RecordCount.Redim(Cells);
+    RecordCount2.Redim(Cells);
+    for (auto& channel : RecordChannel) channel.Redim(Cells);
+    for (auto& channel : RecordChannel2) channel.Redim(Cells);
+    for (const std::size_t k : {0U, 1U, 2U, 4U, 5U, 6U}) {
+      RecordChannel[k].Redim(std::max<std::int32_t>(triggerCells, Cells));
+    }
+  }
+};
+
+}  // namespace packetroutines

@@ -1,0 +1,149 @@
+#include "capture/signal_builder.h"
+
+#include <cmath>
+#include <string>
+
+#include "platform/trap.h"
+
+namespace packetroutines {
+
+using platform::Failure;
+using platform::Verdict;
+
+namespace {
+
+/// Currents come in milliamperes, voltages in tens of millivolts.
+constexpr double CurrentScale = 1000;
+constexpr double VoltageScale = 100000;
+constexpr std::int32_t BytesPerChannel = 8;
+/// Bytes of the four channels of one kind.
+constexpr std::int32_t GroupBytes = 32;
+constexpr std::size_t GroupChannels = 4;
+/// A block that stays below this in the chosen units is silent.
+constexpr double SilenceLevel = 0.1;
+
+double SampleOf(std::uint32_t raw) {
+  // The pattern 0x80000000 stays positive: only what is greater wraps.
+  constexpr std::uint32_t Half = 0x80000000U;
+  constexpr std::int64_t Range = std::int64_t{1} << 32;
+  return static_cast<double>(std::int64_t{raw} - (raw > Half ? Range : 0));
+}
+
+std::uint32_t BigEndian(const std::uint8_t* b) {
+  return std::uint32_t{b[0]} << 24 | std::uint32_t{b[1]} << 16 | std::uint32_t{b[2]} << 8 | b[3];
+}
+
+double SampleAt(const PacketBytes& bytes, std::int32_t position) {
+  const std::uint8_t four[] = {bytes(position), bytes(position + 1), bytes(position + 2),
+                               bytes(position + 3)};
+  return SampleOf(BigEndian(four));
+}
+
+std::int32_t CountAt(const PacketBytes& bytes, std::int32_t position) {
+  return 256 * bytes(position) + bytes(position + 1);
+}
+
+}  // namespace
+
+SignalBuilder::SignalBuilder(AcquisitionState& state, BlockArrays& block, RecordRings& rings,
+                             const config::Session& session, forms::Main& main,
+                             const platform::NumberText& numbers, platform::Dialogs& dialogs,
+                             platform::Program& program)
+    : state_(state),
+      block_(block),
+      rings_(rings),
+      session_(session),
+      main_(main),
+      numbers_(numbers),
+      dialogs_(dialogs),
+      program_(program) {}
+
+void SignalBuilder::BuildingSignals(std::int32_t row, const PacketBytes& bytes, bool& signalOk) {
+  const auto trap = [&](const Failure& failure) {
+    if (failure.Number() == platform::failure::SubscriptOutOfRange) {
+      signalOk = false;
+      return Verdict::LeaveRoutine;
+    }
+    dialogs_.Show({"unknown...",
+                   std::string("unknown error in 'BuildingSignals'") + platform::Crlf +
+                       failure.Text() + platform::Crlf + "this happens while building signals",
+                   platform::Icon::Critical});
+    return Verdict::RetryStep;
+  };
+  signalOk = true;
+  platform::RunSteps(
+      program_, trap, [&] { TakeRow(row, bytes); }, [&] { TestSilence(row, signalOk); },
+      [&] {
+        if (state_.LookingForValues && state_.RealTimeMode) RealTimeValue();
+      });
+}
+
+void SignalBuilder::TakeRow(std::int32_t row, const PacketBytes& bytes) {
+  block_.SampleCount(row) = CountAt(bytes, state_.SampleCountOffset[0]);
+  const auto values = block_.SignalValues.Row(row);
+  const double currentFactor = session_.CurrentUnitFactor;
+  const double voltageFactor = session_.VoltageUnitFactor;
+  const std::int32_t offset = state_.ValueOffset[0];
+  const bool voltages = state_.ChannelCount > 5;
+  if (const std::uint8_t* data = bytes.Run(offset, 2 * GroupBytes); data != nullptr && voltages) {
+    for (std::size_t i = 0; i < GroupChannels; ++i) {
+      values[i] = SampleOf(BigEndian(data + BytesPerChannel * i)) / CurrentScale * currentFactor;
+      values[i + GroupChannels] = SampleOf(BigEndian(data + GroupBytes + BytesPerChannel * i)) /
+                                  VoltageScale * voltageFactor;
+    }
+    return;
+  }
+  // A frame that may end within its samples: each value that is still there is taken.
+  for (std::int32_t i = 0; i < 4; ++i) {
+    const std::int32_t at = offset + BytesPerChannel * i;
+    values[i] = SampleAt(bytes, at) / CurrentScale * currentFactor;
+    if (voltages) {
+      values[i + 4] = SampleAt(bytes, at + GroupBytes) / VoltageScale * voltageFactor;
+    }
+  }
+}
+
+void SignalBuilder::TestSilence(std::int32_t row, bool& signalOk) const {
+  if (row != session_.BaseSamples - 1) return;
+  if (std::abs(platform::CWArray::Reduce(block_.SignalValues)) < SilenceLevel) signalOk = false;
+}
+
+void SignalBuilder::RealTimeValue() {
+  const auto channel = static_cast<std::size_t>(state_.RealTimeChannel - 1);
+  const auto column = array_.Column(block_.SignalValues, channel);
+  state_.RmsValues[channel] = platform::CWDSP::AcDcEstimate(column).Ac;
+  main_.Label5[channel].Caption = numbers_.Format(state_.RmsValues[channel], session_.UnitFormat);
+}
+
+void SignalBuilder::BuildingSignals2(std::int32_t row, const PacketBytes& bytes, bool&) {
+  const auto skip = [](const Failure&) { return Verdict::SkipStep; };
+  platform::RunSteps(program_, skip, [&] {
+    block_.SampleCount2(row) =
+        platform::Narrow<std::int16_t>(CountAt(bytes, state_.SampleCountOffset[1]));
+  });
+  const bool voltages = state_.ChannelCount > 4;
+  for (std::int32_t i = 0; i < 4; ++i) {
+    const std::int32_t at = state_.ValueOffset[1] + BytesPerChannel * i;
+    platform::RunSteps(
+        program_, skip,
+        [&] { block_.SignalValues2.Row(row)[i] = SampleAt(bytes, at) / CurrentScale; },
+        [&] {
+          if (!voltages) return;
+          block_.SignalValues2.Row(row)[i + 4] = SampleAt(bytes, at + GroupBytes) / VoltageScale;
+        });
+  }
+}
+
+void SignalBuilder::StoreRecordSample(std::int16_t ringIndex, std::int32_t row) {
+  rings_.RecordCount(ringIndex) = block_.SampleCount(row);
+  const auto values = block_.SignalValues.Row(row);
+  for (std::size_t k = 0; k < values.size(); ++k) rings_.RecordChannel[k](ringIndex) = values[k];
+}
+
+void SignalBuilder::StoreRecordSample2(std::int16_t ringIndex, std::int32_t row) {
+  rings_.RecordCount2(ringIndex) = block_.SampleCount2(row);
+  const auto values = block_.SignalValues2.Row(row);
+  for (std::size_t k = 0; k < values.size(); ++k) rings_.RecordChannel2[k](ringIndex) = values[k];
+}
+
+}  // namespace packetroutines

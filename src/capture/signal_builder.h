@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+
+#include "capture/acquisition_state.h"
+#include "capture/block_arrays.h"
+#include "capture/packet_bytes.h"
+#include "capture/record_rings.h"
+#include "config/settings.h"
+#include "forms/main_form.h"
+#include "platform/analysis.h"
+#include "platform/dialogs.h"
+#include "platform/number_text.h"
+#include "platform/program.h"
+
+namespace packetroutines {
+
+/// Turns the bytes of a frame into one row of engineering values, and copies finished rows into the
+/// record rings. It runs once per frame and is the hottest path of the program.
+class SignalBuilder {
+ public:
+  SignalBuilder(AcquisitionState& state, BlockArrays& block, RecordRings& rings,
+                const config::Session& session, forms::Main& main,
+                const platform::NumberText& numbers, platform::Dialogs& dialogs,
+                platform::Program& program);
+
+  /// Writes row `row` of the first stream. `signalOk` becomes False where the block is silent, that
+  /// is where no cell of it reaches 0.1 in the chosen units; the level is looked at only in the row
+  /// that completes a block, since nobody reads the verdict of another row.
+  void BuildingSignals(std::int32_t row, const PacketBytes& bytes, bool& signalOk);
+  /// Writes row `row` of the second stream, always in amperes and kilovolts.
+  void BuildingSignals2(std::int32_t row, const PacketBytes& bytes, bool& signalOk);
+  /// Copies a row of the block into cell `ringIndex` of the rings.
+  void StoreRecordSample(std::int16_t ringIndex, std::int32_t row);
+  void StoreRecordSample2(std::int16_t ringIndex, std::int32_t row);
+
+ private:
+  void TakeRow(std::int32_t row, const PacketBytes& bytes);
+  void TestSilence(std::int32_t row, bool& signalOk) const;
+  void RealTimeValue();
+
+  AcquisitionState& state_;
+  BlockArrays& block_;
+  RecordRings& rings_;
+  const config::Session& session_;
+  forms::Main& main_;
+  const platform::NumberText& numbers_;
+  platform::Dialogs& dialogs_;
+  platform::Program& program_;
+  platform::CWArray array_;
+};
+
+}  // namespace packetroutines
