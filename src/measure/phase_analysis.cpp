@@ -1,0 +1,159 @@
+#include "measure/phase_analysis.h"
+
+#include <cmath>
+
+#include "platform/failure.h"
+
+namespace subroutines {
+
+namespace {
+
+constexpr double TwoPi = 6.28318530717958;
+constexpr double Pi = 3.14159265358979;
+/// Frames a period of the reference, at any base frequency.
+constexpr double FramesAPeriod = 80;
+constexpr std::size_t Currents = 4;
+/// What stands for a cosine sum that is exactly 0.
+constexpr double ReferenceSubstitute = 0.0000001;
+constexpr double OtherSubstitute = 0.00000001;
+
+/// Angle of a correlation in radians. An exact zero of the cosine sum counts as the angle 0 rather
+/// than as a quarter turn, so that a silent channel has a defined angle.
+double PhiOf(double sine, double cosine, double substitute) {
+  double phi = 0;
+  if (cosine == 0) {
+    cosine = substitute;
+  } else {
+    phi = std::atan(sine / cosine);
+  }
+  return cosine < 0 ? phi + Pi : phi;
+}
+
+}  // namespace
+
+PhaseAnalysis::PhaseAnalysis(forms::Main& main, const config::Settings& settings,
+                             const config::Session& session,
+                             packetroutines::AcquisitionState& state,
+                             const packetroutines::BlockArrays& block,
+                             packetroutines::CaptureSession& capture, PhasorDiagram& diagram,
+                             platform::EventQueue& events, const platform::NumberText& numbers)
+    : main_(main),
+      settings_(settings),
+      session_(session),
+      state_(state),
+      block_(block),
+      capture_(capture),
+      diagram_(diagram),
+      events_(events),
+      numbers_(numbers) {
+  main_.CWButton2.ValueChanged = [this] { CWButton2_ValueChanged(); };
+  main_.Check6.Click = [this] { Check6_Click(); };
+}
+
+void PhaseAnalysis::UpdatePhases() {
+  diagram_.DrawPhasorGrid();
+  float peakCurrent = 0;
+  float peakVoltage = 0;
+  for (std::size_t i = 0; i < state_.RmsValues.size(); ++i) {
+    const auto column = array_.Column(block_.SignalValues, i);
+    state_.RmsValues[i] = platform::CWDSP::AcDcEstimate(column).Ac;
+    float& peak = i < Currents ? peakCurrent : peakVoltage;
+    if (static_cast<double>(peak) < state_.RmsValues[i]) {
+      peak = static_cast<float>(state_.RmsValues[i]);
+    }
+  }
+  PhaseShifts shifts;
+  shifts.ShiftIA = PhaseShift(4, 0);
+  shifts.ShiftIB = PhaseShift(5, 1);
+  shifts.ShiftIC = PhaseShift(6, 2);
+  shifts.ShiftIN = PhaseShift(7, 3);
+  shifts.ShiftUB = PhaseShift(4, 5);
+  shifts.ShiftUC = PhaseShift(4, 6);
+  shifts.ShiftUN = PhaseShift(4, 7);
+  if (!autoRange_) {
+    peakCurrent = numbers_.ToSingle(main_.Combo5[0].Text());
+    peakVoltage = numbers_.ToSingle(main_.Combo5[1].Text());
+  }
+  diagram_.DrawPhasors(peakCurrent, peakVoltage, shifts);
+}
+
+double PhaseAnalysis::PhaseShift(std::size_t reference, std::size_t other) const {
+  std::vector<double> sines;
+  std::vector<double> cosines;
+  BuildReference(sines, cosines);
+  const double n = session_.BaseSamples;
+  double sinA = 0;
+  double cosA = 0;
+  double sinB = 0;
+  double cosB = 0;
+  for (std::int32_t i = 0; i < session_.BaseSamples; ++i) {
+    const auto row = block_.SignalValues.Row(i);
+    const auto k = static_cast<std::size_t>(i);
+    sinA += sines[k] * row[reference] / n;
+    cosA += cosines[k] * row[reference] / n;
+    sinB += sines[k] * row[other] / n;
+    cosB += cosines[k] * row[other] / n;
+  }
+  const double phiA = PhiOf(sinA, cosA, ReferenceSubstitute);
+  const double phiB = PhiOf(sinB, cosB, OtherSubstitute);
+  double degrees = (phiA - phiB) * -360 / TwoPi;
+  if (degrees < -180) degrees += 360;
+  if (degrees > 180) degrees -= 360;
+  return degrees;
+}
+
+void PhaseAnalysis::BuildReference(std::vector<double>& sines, std::vector<double>& cosines) const {
+  const double frequency = settings_.BaseFrequency;
+  if (frequency == 0) throw platform::Failure(platform::failure::DivisionByZero);
+  const auto n = static_cast<std::size_t>(session_.BaseSamples);
+  sines.resize(n);
+  cosines.resize(n);
+  double t = 0;
+  for (std::size_t i = 0; i < n; ++i) {
+    // The first sample stands one step into the period.
+    t += 1 / (frequency * FramesAPeriod);
+    sines[i] = std::sin(frequency * TwoPi * t);
+    cosines[i] = std::cos(frequency * TwoPi * t);
+  }
+}
+
+void PhaseAnalysis::CWButton2_ValueChanged() {
+  events_.Pump();
+  if (!main_.CWButton2.Enabled) return;
+  if (main_.CWButton2.Value) {
+    BeginRun();
+  } else {
+    EndRun();
+  }
+}
+
+void PhaseAnalysis::BeginRun() {
+  diagram_.DrawPhasorGrid();
+  main_.CWButton2.Enabled = false;
+  main_.Check6.Enabled = true;
+  main_.CWButton2.ToolTipText = "'Stop' quit actual measurements";
+  state_.PacketLengthPending = true;
+  capture_.SetupAdapter(packetroutines::LiveBuffer);
+  capture_.StartCapture("LookingForPhases");
+}
+
+void PhaseAnalysis::EndRun() {
+  main_.CWButton2.ToolTipText = "'Run' starts aquiring samples estimate phase values";
+  main_.CWButton2.Enabled = false;
+  EnableScales();
+  main_.Timer3.Enabled = true;
+  state_.LookingForPhases = false;
+  capture_.StopCapture();
+}
+
+void PhaseAnalysis::Check6_Click() {
+  autoRange_ = main_.Check6.Value != 0;
+  events_.Pump();
+  EnableScales();
+}
+
+void PhaseAnalysis::EnableScales() {
+  for (platform::ComboBox& scale : main_.Combo5) scale.Enabled = !autoRange_;
+}
+
+}  // namespace subroutines

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "capture/acquisition_state.h"
+#include "config/settings.h"
+#include "forms/main_form.h"
+#include "platform/canvas.h"
+#include "platform/number_text.h"
+
+namespace subroutines {
+
+/// The angles of one block in degrees, positive where the channel lags: currents A, B, C, N behind
+/// the voltage of their letter, then voltages A, B, C, N behind voltage A.
+struct PhaseShifts {
+  double ShiftIA = 0;
+  double ShiftIB = 0;
+  double ShiftIC = 0;
+  double ShiftIN = 0;
+  /// Voltage A behind itself.
+  double ShiftUA = 0;
+  double ShiftUB = 0;
+  double ShiftUC = 0;
+  double ShiftUN = 0;
+};
+
+/// The circle diagram with eight vectors, and the table of magnitudes and angles beside it.
+class PhasorDiagram {
+ public:
+  PhasorDiagram(forms::Main& main, platform::Canvas& canvas,
+                const packetroutines::AcquisitionState& state, const config::Session& session,
+                const platform::NumberText& numbers);
+
+  /// Clears the picture and draws its background.
+  void DrawPhasorGrid();
+  /// Chooses the full scales, draws the vectors and fills the table. Failure 11 where a full scale
+  /// is 0, that is for a current above the ladder.
+  void DrawPhasors(float peakCurrent, float peakVoltage, const PhaseShifts& shifts);
+
+ private:
+  void DrawSpokes();
+  void DrawCircles();
+  void DrawAngleLabels();
+  void ChooseFullScales(float peakCurrent, float peakVoltage);
+  void PrintFullScales();
+  void DrawPhasor(std::int16_t fullScale, double angle1, std::size_t channel, double angle2);
+  void DrawHead(double angle, platform::Rgb colour);
+
+  forms::Main& main_;
+  platform::Canvas& canvas_;
+  const packetroutines::AcquisitionState& state_;
+  const config::Session& session_;
+  const platform::NumberText& numbers_;
+  /// Value of the outermost circle, in the chosen units.
+  std::int16_t fullScaleCurrent_ = 0;
+  std::int16_t fullScaleVoltage_ = 0;
+};
+
+}  // namespace subroutines

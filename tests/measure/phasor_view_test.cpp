@@ -1,0 +1,201 @@
+#include <gmock/gmock.h>
+
+#include "support/phasor_bus.h"
+#include "support/scene.h"
+
+namespace {
+
+using std::chrono::milliseconds;
+using support::PhasorFrame;
+using support::Scene;
+using support::SvFrame;
+
+/// The Phasor view on a bus with three-phase sets.
+class PhasorView : public ::testing::Test {
+ protected:
+  PhasorView() {
+    scene.Start();
+    scene.Main.Combo3.ListIndex = 2;
+    scene.Select(3);
+    scene.Journal.clear();
+    scene.PhasorPicture.Calls.clear();
+  }
+
+  void Run() {
+    main.CWButton2.Value = true;
+    scene.Receive(SvFrame().Bytes());
+  }
+  void Block(double amps, double kilovolts) {
+    scene.Receive(400, [&](int i) { return PhasorFrame(i, amps, kilovolts, 30); });
+  }
+  bool Printed(const std::string& text) const {
+    const auto& calls = scene.PhasorPicture.Calls;
+    return std::find(calls.begin(), calls.end(), "print " + text) != calls.end();
+  }
+
+  Scene scene;
+  forms::Main& main = scene.Main;
+};
+
+TEST_F(PhasorView, ShowsABlockInPictureAndTable) {
+  Run();
+  Block(400, 63.5);
+
+  EXPECT_EQ(main.Grid1.Cell[1][1], "400.00");
+  EXPECT_EQ(main.Grid1.Cell[1][2], "-30.000");
+  EXPECT_EQ(main.Grid1.Cell[6][2], "-120.000");
+  EXPECT_EQ(main.Grid1.Cell[7][2], "120.000");
+  EXPECT_TRUE(Printed("FS current=500 (62.5)A"));
+  EXPECT_TRUE(Printed("FS voltage=150 (18.75)kV"));
+}
+
+TEST_F(PhasorView, ClearsTheOldPictureWhenARunBegins) {
+  main.CWButton2.Value = true;
+
+  ASSERT_FALSE(scene.PhasorPicture.Calls.empty());
+  EXPECT_EQ(scene.PhasorPicture.Calls.front(), "clear");
+  EXPECT_FALSE(Printed("I1"));
+}
+
+TEST_F(PhasorView, LocksItsButtonAtTheStart) {
+  main.Check6.Enabled = false;
+
+  main.CWButton2.Value = true;
+
+  EXPECT_FALSE(main.CWButton2.Enabled);
+  EXPECT_TRUE(main.Check6.Enabled);
+  EXPECT_EQ(main.CWButton2.ToolTipText, "'Stop' quit actual measurements");
+  EXPECT_TRUE(scene.State.LookingForPhases);
+  EXPECT_TRUE(scene.State.PacketLengthPending);
+  EXPECT_EQ(std::get<std::int32_t>(scene.Capture.Chosen->Settings["BuffSize"]), 262144);
+}
+
+TEST_F(PhasorView, StopsAtItsButton) {
+  Run();
+  scene.Receive(SvFrame().Bytes());
+  scene.Elapse(milliseconds(1000));
+
+  main.CWButton2.Value = false;
+
+  EXPECT_FALSE(main.CWButton2.Enabled);
+  EXPECT_EQ(main.CWButton2.ToolTipText, "'Run' starts aquiring samples estimate phase values");
+  EXPECT_FALSE(scene.State.LookingForPhases);
+  EXPECT_FALSE(scene.Capture.Running);
+  scene.Elapse(milliseconds(1000));
+  EXPECT_TRUE(main.CWButton2.Enabled);
+}
+
+TEST_F(PhasorView, DoesNothingWhileItsButtonIsDisabled) {
+  main.CWButton2.Enabled = false;
+
+  main.CWButton2.Value = true;
+
+  EXPECT_FALSE(scene.State.LookingForPhases);
+  EXPECT_FALSE(scene.Capture.Running);
+}
+
+TEST_F(PhasorView, GoesOnBlockAfterBlock) {
+  Run();
+  Block(100, 10);
+  EXPECT_FALSE(scene.Capture.Running);
+  scene.Elapse(milliseconds(100));
+  ASSERT_TRUE(scene.Capture.Running);
+
+  Block(200, 10);
+
+  EXPECT_EQ(main.Grid1.Cell[1][1], "200.00");
+}
+
+TEST_F(PhasorView, KeepsItsPictureForASilentBlock) {
+  Run();
+  Block(100, 10);
+  scene.Elapse(milliseconds(100));
+  scene.PhasorPicture.Calls.clear();
+
+  Block(0, 0);
+
+  EXPECT_TRUE(scene.PhasorPicture.Calls.empty());
+  EXPECT_EQ(main.Grid1.Cell[1][1], "100.00");
+}
+
+TEST_F(PhasorView, FreesItsScalesWhereTheyAreNotAutomatic) {
+  main.Check6.Value = 0;
+  EXPECT_TRUE(main.Combo5[0].Enabled);
+  EXPECT_TRUE(main.Combo5[1].Enabled);
+
+  main.Check6.Value = 1;
+  EXPECT_FALSE(main.Combo5[0].Enabled);
+  EXPECT_FALSE(main.Combo5[1].Enabled);
+}
+
+TEST_F(PhasorView, TakesFixedScalesWithTheNextBlock) {
+  Run();
+  main.Check6.Value = 0;
+  main.Combo5[0].ListIndex = 4;
+  main.Combo5[1].ListIndex = 0;
+
+  Block(100, 10);
+
+  EXPECT_TRUE(Printed("FS current=2000 (250)A"));
+  EXPECT_TRUE(Printed("FS voltage=150 (18.75)kV"));
+}
+
+TEST_F(PhasorView, DrawsTwiceTheRadiusForTwiceTheFixedScale) {
+  Run();
+  main.Check6.Value = 0;
+  scene.PhasorPicture.Lines.clear();
+
+  Block(2000, 100);
+
+  double longest = 0;
+  for (const auto& line : scene.PhasorPicture.Lines) {
+    longest = std::max(longest, static_cast<double>(std::hypot(line.To.X, line.To.Y)));
+  }
+  EXPECT_NEAR(longest, 2000, 0.1);
+}
+
+TEST_F(PhasorView, ReportsACurrentAboveTheLadderAgainAndAgain) {
+  Run();
+  int boxes = 0;
+  scene.Dialogs.WhileOpen = [&] {
+    if (++boxes == 3) throw support::SceneEnded();
+  };
+
+  EXPECT_THROW(Block(10001, 10), support::SceneEnded);
+
+  EXPECT_EQ(scene.LastBox(),
+            (platform::Message{"unknown exception",
+                               "unknown error\r\nDivision by zerowhile 'onPacket' event",
+                               platform::Icon::Critical}));
+  EXPECT_TRUE(Printed("FS current=0 (0)A"));
+}
+
+TEST_F(PhasorView, ReportsABaseFrequencyOfZero) {
+  main.Text1[1].Text = "0";
+  Run();
+  scene.Dialogs.WhileOpen = [] { throw support::SceneEnded(); };
+
+  EXPECT_THROW(Block(100, 10), support::SceneEnded);
+
+  EXPECT_EQ(scene.LastBox().Title, "unknown exception");
+}
+
+TEST_F(PhasorView, DrawsItsBackgroundAloneAfterAResize) {
+  Run();
+  Block(100, 10);
+  main.Window.State = platform::WindowState::Normal;
+  scene.PhasorPicture.Calls.clear();
+
+  main.Window.TakeSize(20000, 15000);
+
+  ASSERT_FALSE(scene.PhasorPicture.Calls.empty());
+  EXPECT_EQ(scene.PhasorPicture.Calls.front(), "clear");
+  EXPECT_FALSE(Printed("I1"));
+  EXPECT_TRUE(Printed("90°"));
+
+  scene.Elapse(milliseconds(100));
+  Block(100, 10);
+  EXPECT_TRUE(Printed("I1"));
+}
+
+}  // namespace
