@@ -1,0 +1,133 @@
+#pragma once
+
+#include <string>
+
+#include "capture/acquisition_state.h"
+#include "capture/block_arrays.h"
+#include "capture/capture_session.h"
+#include "capture/consumers.h"
+#include "capture/frame_layout.h"
+#include "capture/packet_dispatcher.h"
+#include "capture/record_rings.h"
+#include "capture/signal_builder.h"
+#include "capture/watchdog.h"
+#include "config/printer_list.h"
+#include "config/settings.h"
+#include "config/settings_file.h"
+#include "config/setup_view.h"
+#include "forms/debug_window.h"
+#include "forms/main_form.h"
+#include "forms/revision_history.h"
+#include "measure/phase_analysis.h"
+#include "measure/phasor_diagram.h"
+#include "measure/scope_view.h"
+#include "measure/values_view.h"
+#include "platform/canvas.h"
+#include "platform/capture_object.h"
+#include "platform/code_page.h"
+#include "platform/dialogs.h"
+#include "platform/event_queue.h"
+#include "platform/number_text.h"
+#include "platform/program.h"
+#include "platform/settings_store.h"
+#include "platform/system_services.h"
+#include "platform/timer.h"
+#include "shell/form_layout.h"
+#include "shell/info_pages.h"
+#include "shell/tab_controller.h"
+
+namespace formroutines {
+
+/// What the program needs of the platform that it runs on.
+struct Platform {
+  platform::TimerQueue& Timers;
+  platform::EventQueue& Events;
+  platform::Dialogs& Dialogs;
+  platform::Program& Program;
+  platform::SettingsStore& Store;
+  platform::CaptureLayer& Capture;
+  const platform::CodePage& Code;
+  const platform::NumberText& Numbers;
+  const platform::FileSystem& Files;
+  platform::FolderDialog& Folders;
+  platform::Printers& Printers;
+  platform::ShellLinks& Links;
+  const platform::Screen& Screen;
+  /// The picture of the phasor diagram.
+  platform::Canvas& PhasorPicture;
+};
+
+/// The whole program below the window: it owns the shared state, builds the parts from the bottom
+/// up and plugs the upper ones into the lower ones.
+class Application : private config::SetupConsumers,
+                    private packetroutines::BlockConsumers,
+                    private packetroutines::RecordConsumer,
+                    private packetroutines::ReportConsumer,
+                    private TabViews {
+ public:
+  explicit Application(const Platform& platform);
+
+  /// The load of the main window: from the settings to the first view. A failure that no trap took
+  /// leaves through here.
+  void Load();
+  /// The end that cannot wait for a run button, such as the end of the user's session: capture is
+  /// stopped, and the program ends.
+  void EndSession();
+
+  forms::Main Main;
+  forms::Revisionhistory Revisionhistory;
+  forms::DebugWindow DebugWindow;
+  config::Settings Settings;
+  config::Session Session;
+  packetroutines::AcquisitionState State;
+  packetroutines::BlockArrays Block;
+  packetroutines::RecordRings Rings;
+
+ private:
+  void CheckScreen();
+  void SelectPrinter();
+  void FormSetup();
+  void ReserveMemory();
+  void HideControls();
+  void SetColours();
+  void SetPlots();
+  void HideGraphs();
+  void SetFields();
+  void FillLists();
+  void SetDerived();
+  void SetFlags();
+  void SetTriggerFields();
+  void SelectStations();
+
+  void RebuildBlockArrays(std::int32_t baseSamples) override;
+  void ShowChannelNames() override;
+  void PlotBlock(const char* mode) override;
+  void CalculateValues() override;
+  void ClearValues() override;
+  void UpdatePhases() override;
+  void WriteRecordBlock(std::int16_t stream) override;
+  std::string ReportAnalyse(const packetroutines::PacketBytes& bytes) override;
+  void AddStreamToList(const std::string& id) override;
+  void UnloadIDlook() override;
+  void ShowFileFormat() override;
+  void ReportLayout() override;
+
+  Platform platform_;
+  subroutines::SettingsFile file_;
+  packetroutines::CaptureSession capture_;
+  packetroutines::FrameLayout layout_;
+  packetroutines::SignalBuilder builder_;
+  packetroutines::PacketDispatcher dispatcher_;
+  subroutines::ValuesView values_;
+  subroutines::ScopeView scope_;
+  subroutines::PhasorDiagram phasors_;
+  subroutines::PhaseAnalysis phases_;
+  subroutines::SetupView setup_;
+  subroutines::PrinterChoices printers_;
+  TabController tabs_;
+  packetroutines::Watchdog watchdog_;
+  InfoPages pages_;
+  FormLayout resize_;
+};
+
+}  // namespace formroutines

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <functional>
+
+#include "capture/acquisition_state.h"
+#include "forms/main_form.h"
+#include "platform/program.h"
+
+namespace formroutines {
+
+/// The smallest size of the window, in twips: 1024 by 768 pixels.
+inline constexpr std::int32_t MinimumWidth = 15360;
+inline constexpr std::int32_t MinimumHeight = 11520;
+
+/// The layout rules: the views follow the size of the window by its ratios to the smallest size.
+/// Places are in twips from the upper left corner of the tab strip.
+class FormLayout {
+ public:
+  FormLayout(forms::Main& main, const packetroutines::AcquisitionState& state,
+             platform::Program& program);
+
+  void FormResize();
+
+  /// Draws the background of the phasor diagram anew.
+  std::function<void()> DrawPhasorGrid;
+
+ private:
+  void KeepMinimumWidth();
+  void KeepMinimumHeight();
+  void PlaceValues();
+  void PlaceScope();
+  void PlaceLogos();
+  void PlacePhasor();
+  void PlaceInfo();
+  void PlaceIndicators();
+  bool RunActive() const;
+
+  forms::Main& main_;
+  const packetroutines::AcquisitionState& state_;
+  platform::Program& program_;
+  double ratioX_ = 1;
+  double ratioY_ = 1;
+};
+
+}  // namespace formroutines

@@ -1,0 +1,143 @@
+#include "shell/info_pages.h"
+
+#include <array>
+#include <string_view>
+
+#include "config/program_facts.h"
+#include "platform/failure.h"
+#include "platform/trap.h"
+#include "shell/rich_line.h"
+
+namespace formroutines {
+
+using platform::Failure;
+using platform::Verdict;
+
+namespace {
+
+constexpr const char* EmptyRow = "Verdana|10|normal| ";
+constexpr std::size_t RowOfFirstStep = 6;
+constexpr std::int32_t PageLeft = 600;
+constexpr std::int32_t PageTop = 1300;
+constexpr std::int32_t PageWidth = 14000;
+constexpr std::size_t PanelCharacters = 60;
+
+constexpr std::array<const char*, 20> PageRows = {
+    "Verdana|18|fett|Vornik",
+    EmptyRow,
+    "Verdana|10|fettunderline|This program provides a simple interface to monitor the IEC 61850 SV",
+    EmptyRow,
+    EmptyRow,
+    "Verdana|10|normalunderline|Short description:",
+    "Verdana|10|normal|- select 'Setup' for configuration",
+    "Verdana|10|normal|- select 'Values' for direct view on the values",
+    "Verdana|10|normal|- select 'Phases' for observing phase angles",
+    "Verdana|10|normal|- select 'Waveforms' for looking on the waveforms of the signals",
+    "Verdana|10|normal|- select 'Recorder' for long time running value recording on hard disk up "
+    "to "
+    "two sources",
+    "Verdana|10|normal|- select 'Report' for a brief report of the filtered UDP packet acc. IEC "
+    "61850.9.2LE (SV)",
+    EmptyRow,
+    "Verdana|10|normal|- select 'Exit' to exit this program",
+    EmptyRow,
+    EmptyRow,
+    EmptyRow,
+    EmptyRow,
+    "Verdana|10|fett|Harlengard GmbH && Co. KG",
+    "Verdana|10|normal|See every sample. Trust every number.",
+};
+
+constexpr const char* FirstSetupRow =
+    "Verdana|10|fett|- select first 'Setup' for configuration of network adapters and look for SV "
+    "ethernet streams";
+
+/// The first `count` characters of a UTF-8 text.
+std::string FirstCharacters(const std::string& text, std::size_t count) {
+  std::size_t bytes = 0;
+  for (; bytes < text.size(); ++bytes) {
+    const bool begins = (static_cast<unsigned char>(text[bytes]) & 0xC0U) != 0x80U;
+    if (begins && count-- == 0) break;
+  }
+  return text.substr(0, bytes);
+}
+
+}  // namespace
+
+InfoPages::InfoPages(forms::Main& main, forms::Revisionhistory& history,
+                     const config::Settings& settings, const config::Session& session,
+                     const platform::NumberText& numbers, const platform::Printers& printers,
+                     platform::ShellLinks& links, platform::Program& program)
+    : main_(main),
+      history_(history),
+      settings_(settings),
+      session_(session),
+      numbers_(numbers),
+      printers_(printers),
+      links_(links),
+      program_(program) {
+  main_.Label3[0].Caption = config::SupportAddress;
+  main_.Label4.Click = [this] { OpenHistory(); };
+  for (platform::Label& caption : main_.Label3) {
+    // The handler belongs to the whole array, whichever of its captions is clicked.
+    caption.Click = [this] {
+      links_.Open(
+          std::string("mailto:") + config::SupportAddress +
+          "?subject=Support question for Vornik IEC61850.9.2LE version: " + config::ProgramVersion);
+    };
+  }
+  main_.Picture2.Click = [this] { links_.Open(config::WebSite); };
+  history_.cmdOK.Click = [this] { history_.Window.Unload(); };
+}
+
+void InfoPages::InfoPage() {
+  main_.Label1[0].Left = PageLeft;
+  main_.Label1[0].Top = PageTop;
+  main_.Label1[0].Width = PageWidth;
+  main_.TabStrip1.SelectedTab = 1;
+  std::int32_t counter = 0;
+  for (std::size_t i = 0; i < PageRows.size(); ++i) {
+    const bool firstSetup = i == RowOfFirstStep && !settings_.SetupDone;
+    const std::string line = firstSetup ? FirstSetupRow : PageRows[i];
+    if (line.empty() || line.ends_with('|')) continue;
+    ShowRow(i, line, counter);
+    ++counter;
+  }
+}
+
+void InfoPages::ShowRow(std::size_t row, const std::string& line, std::int32_t place) {
+  platform::Label& label = main_.Label1[row];
+  label.Left = main_.Label1[0].Left.Get();
+  label.Width = main_.Label1[0].Width.Get();
+  label.Top = main_.Label1[0].Top + place * RowPitch;
+  label.FontName = RichFont(line);
+  label.FontSize = RichSize(line);
+  label.FontBold = RichBold(line);
+  label.FontUnderline = RichUnderline(line);
+  label.Caption = RichText(line);
+  // A blank takes its place but shows nothing.
+  label.Visible = label.Caption.Get() != " ";
+}
+
+void InfoPages::OpenHistory() {
+  history_.Window.Loaded = true;
+  history_.Text1.Text = HistoryText();
+  history_.Window.ShowModal();
+}
+
+void InfoPages::StatusUpdate() {
+  auto& panels = main_.StatusBar1.Panels;
+  platform::RunSteps(
+      program_,
+      [&](const Failure& failure) {
+        if (failure.Number() == platform::failure::NoPrinter) {
+          panels[1].Text = std::string("Standard printer: ") + " ";
+        }
+        return Verdict::SkipStep;
+      },
+      [&] { panels[0].Text = FirstCharacters(main_.Combo1.Text(), PanelCharacters); },
+      [&] { panels[1].Text = "Standard printer: " + printers_.Current() + " "; },
+      [&] { panels[2].Text = "RMS base: " + numbers_.General(session_.BaseSamples) + " samples"; });
+}
+
+}  // namespace formroutines

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <string>
+
+#include "config/settings.h"
+#include "forms/main_form.h"
+#include "forms/revision_history.h"
+#include "platform/number_text.h"
+#include "platform/program.h"
+#include "platform/system_services.h"
+
+namespace formroutines {
+
+/// Pitch of the text rows of the information page and of the report, in twips.
+inline constexpr std::int32_t RowPitch = 300;
+
+/// The whole text of the revision history.
+std::string HistoryText();
+
+/// The static face of the program: the information page, the status bar, the revision history
+/// window and the links.
+class InfoPages {
+ public:
+  InfoPages(forms::Main& main, forms::Revisionhistory& history, const config::Settings& settings,
+            const config::Session& session, const platform::NumberText& numbers,
+            const platform::Printers& printers, platform::ShellLinks& links,
+            platform::Program& program);
+
+  /// Fills the information page, once at start.
+  void InfoPage();
+  /// Writes the first three panels of the status bar.
+  void StatusUpdate();
+
+ private:
+  void ShowRow(std::size_t row, const std::string& line, std::int32_t place);
+  void OpenHistory();
+
+  forms::Main& main_;
+  forms::Revisionhistory& history_;
+  const config::Settings& settings_;
+  const config::Session& session_;
+  const platform::NumberText& numbers_;
+  const platform::Printers& printers_;
+  platform::ShellLinks& links_;
+  platform::Program& program_;
+};
+
+}  // namespace formroutines

@@ -1,0 +1,94 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+#include "capture/acquisition_state.h"
+#include "capture/capture_session.h"
+#include "capture/consumers.h"
+#include "config/settings.h"
+#include "config/settings_file.h"
+#include "forms/main_form.h"
+#include "platform/dialogs.h"
+#include "platform/event_queue.h"
+#include "platform/program.h"
+#include "platform/system_services.h"
+#include "platform/timer.h"
+
+namespace formroutines {
+
+/// What a tab asks of views that other folders build.
+class TabViews {
+ public:
+  virtual ~TabViews() = default;
+  /// Selects the recorder's format that is stored.
+  virtual void ShowFileFormat() = 0;
+  /// Builds the rows of the report, once.
+  virtual void ReportLayout() = 0;
+};
+
+/// Changes the tab: every change stops the acquisition as a whole, clears the mode flags and brings
+/// up the controls of the tab. No view starts the acquisition by being entered. The last tab ends
+/// the program.
+class TabController : public packetroutines::TabConsumer {
+ public:
+  TabController(forms::Main& main, config::Settings& settings, const config::Session& session,
+                subroutines::SettingsFile& file, packetroutines::AcquisitionState& state,
+                packetroutines::CaptureSession& capture, platform::EventQueue& events,
+                platform::Dialogs& dialogs, platform::Program& program,
+                const platform::FileSystem& files, TabViews& views, platform::TimerQueue& timers);
+
+  void TabChange() override;
+  /// Stops the timers and unloads every open form.
+  void ShutdownForms();
+
+  /// Unloads the forms other than the main window.
+  std::function<void()> UnloadForms;
+
+  static constexpr std::int16_t InfoTab = 1;
+  static constexpr std::int16_t ValuesTab = 2;
+  static constexpr std::int16_t PhasorTab = 3;
+  static constexpr std::int16_t WaveformsTab = 4;
+  static constexpr std::int16_t RecorderTab = 5;
+  static constexpr std::int16_t ReportTab = 6;
+  static constexpr std::int16_t SetupTab = 7;
+  static constexpr std::int16_t ExitTab = 8;
+
+ private:
+  void Exit();
+  bool RunButtonLocked() const;
+  void AwaitEndOfCapture();
+  void CloseRequest();
+  void RetryClose();
+
+  void ClearModes();
+  void StopButtons();
+  void HideViews();
+  void ShowView();
+  void ShowValues();
+  void ShowPhasor();
+  void ShowWaveforms();
+  void ShowRecorder();
+  void ShowRecorderPaths();
+  void RefuseStoragePath();
+  void ShowReport();
+  void ChooseStation(std::size_t first);
+  bool HasSecondStream() const;
+
+  forms::Main& main_;
+  config::Settings& settings_;
+  const config::Session& session_;
+  subroutines::SettingsFile& file_;
+  packetroutines::AcquisitionState& state_;
+  packetroutines::CaptureSession& capture_;
+  platform::EventQueue& events_;
+  platform::Dialogs& dialogs_;
+  platform::Program& program_;
+  const platform::FileSystem& files_;
+  TabViews& views_;
+  platform::Timer closeTimer_;
+  bool exitInProgress_ = false;
+  bool shuttingDown_ = false;
+};
+
+}  // namespace formroutines

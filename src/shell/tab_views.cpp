@@ -1,0 +1,141 @@
+// What each tab brings to the screen.
+
+#include <string>
+
+#include "config/setup_view.h"
+#include "shell/tab_controller.h"
+
+namespace formroutines {
+
+using platform::Crlf;
+
+namespace {
+
+constexpr const char* RecordPlaceholder = "SV record dd.mm.yyyy hh-MM-ss.txt (after 'RUN')";
+
+}  // namespace
+
+void TabController::HideViews() {
+  main_.Command2.Visible = false;
+  main_.Command4.Visible = false;
+  main_.Command9.Visible = false;
+  main_.Picture4.Visible = false;
+  main_.CWGraph1.Visible = false;
+  main_.CWGraph2.Visible = false;
+  main_.Frame1.Visible = false;
+  main_.Frame2.Visible = false;
+  main_.Label16.Visible = false;
+  main_.Label17.Visible = false;
+  main_.CWGraph2.TrackMode = platform::CWGraph::PanMode;
+  for (platform::OptionButton& station : main_.Option3) station.Visible = false;
+  for (platform::Label& value : main_.Label5) value.Visible = false;
+  for (platform::PictureBox& logo : main_.Picture1) logo.Visible = false;
+}
+
+void TabController::ShowView() {
+  switch (main_.TabStrip1.SelectedTab) {
+    case InfoTab:
+      main_.Picture4.Visible = true;
+      break;
+    case ValuesTab:
+      ShowValues();
+      break;
+    case PhasorTab:
+      ShowPhasor();
+      break;
+    case WaveformsTab:
+      ShowWaveforms();
+      break;
+    case RecorderTab:
+      ShowRecorder();
+      break;
+    case ReportTab:
+      ShowReport();
+      break;
+    case SetupTab:
+      main_.Picture1[3].Visible = true;
+      break;
+    default:
+      break;
+  }
+}
+
+void TabController::ChooseStation(std::size_t first) {
+  main_.Option3[first].Visible = true;
+  main_.Option3[session_.ActiveStream == 1 ? first : first + 1].Value = true;
+  if (HasSecondStream()) main_.Option3[first + 1].Visible = true;
+}
+
+void TabController::ShowValues() {
+  for (platform::Label& value : main_.Label5) value.Visible = true;
+  main_.Picture1[4].Visible = true;
+  main_.Check5.Visible = true;
+  main_.CWButton4.Visible = true;
+  main_.Label16.Visible = true;
+  ChooseStation(0);
+}
+
+void TabController::ShowPhasor() {
+  state_.RecorderBusy = true;
+  main_.CWButton2.Value = false;
+  main_.Frame2.Visible = true;
+  main_.Picture1[5].Visible = true;
+  state_.RecorderBusy = false;
+  main_.Label17.Visible = true;
+  ChooseStation(4);
+}
+
+void TabController::ShowWaveforms() {
+  main_.CWGraph1.Visible = true;
+  main_.Frame1.Visible = true;
+  main_.Picture1[0].Visible = true;
+  ChooseStation(2);
+}
+
+void TabController::ShowRecorder() {
+  main_.Picture1[1].Visible = true;
+  main_.CWButton3.Visible = true;
+  state_.RecorderBusy = true;
+  main_.CWButton3.Value = false;
+  for (platform::OptionButton& format : main_.Option2) format.Enabled = true;
+  views_.ShowFileFormat();
+  state_.RecorderBusy = false;
+  main_.Label10[4].Visible = false;
+  main_.Label10[3].ForeColor = platform::Rgb{0, 0, 0};
+  main_.Label10[3].FontBold = false;
+  main_.Label10[3].Caption = "0s / 0 samples";
+  if (subroutines::PathExists(files_, settings_.StoragePath)) {
+    ShowRecorderPaths();
+  } else {
+    RefuseStoragePath();
+  }
+}
+
+void TabController::RefuseStoragePath() {
+  events_.Pump();
+  dialogs_.Show({"Attention",
+                 std::string("The given path under 'Setup' is not available!") + Crlf +
+                     "Please check the specified path for errors.",
+                 platform::Icon::Exclamation});
+  main_.Text1[3].SetFocus();
+  main_.TabStrip1.SelectedTab = SetupTab;
+  TabChange();
+}
+
+void TabController::ShowRecorderPaths() {
+  if (state_.RecordFileName.empty()) state_.RecordFileName = RecordPlaceholder;
+  const std::string folder = settings_.StoragePath + files_.Separator();
+  main_.Label10[1].Caption = folder + RecordPlaceholder;
+  main_.Label10[4].Caption = folder + "2_" + RecordPlaceholder;
+  if (HasSecondStream()) main_.Label10[4].Visible = true;
+}
+
+void TabController::ShowReport() {
+  main_.Command2.Visible = true;
+  main_.Command4.Visible = true;
+  ChooseStation(6);
+  views_.ReportLayout();
+  main_.Picture1[2].Visible = true;
+}
+
+}  // namespace formroutines
