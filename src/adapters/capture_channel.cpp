@@ -1,0 +1,109 @@
+#include "adapters/capture_channel.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "platform/failure.h"
+
+namespace adapters {
+
+using platform::Failure;
+
+namespace {
+
+/// The longest frame without fragments of an offload; longer ones make a buffer grow once.
+constexpr std::size_t UsualFrameBytes = 1522;
+
+/// Counts a handler that is under way, also where it leaves by an exception.
+class DepthGuard {
+ public:
+  explicit DepthGuard(std::size_t& depth) : depth_(depth) { ++depth_; }
+  DepthGuard(const DepthGuard&) = delete;
+  DepthGuard& operator=(const DepthGuard&) = delete;
+  ~DepthGuard() { --depth_; }
+
+ private:
+  std::size_t& depth_;
+};
+
+}  // namespace
+
+CaptureChannel::CaptureChannel(std::vector<std::unique_ptr<SourceAdapter>> adapters,
+                               std::shared_ptr<ChannelLink> link)
+    : adapters_(std::move(adapters)), link_(std::move(link)) {
+  link_->Channel = this;
+}
+
+CaptureChannel::~CaptureChannel() {
+  link_->Channel = nullptr;
+  if (running_ && link_->RunningChanged) link_->RunningChanged(false);
+}
+
+std::int32_t CaptureChannel::AdapterCount() const {
+  return static_cast<std::int32_t>(adapters_.size());
+}
+
+platform::CaptureAdapter& CaptureChannel::Adapters(std::int32_t index) {
+  if (index < 1 || index > AdapterCount()) throw Failure(platform::failure::SubscriptOutOfRange);
+  return *adapters_[static_cast<std::size_t>(index) - 1];
+}
+
+void CaptureChannel::SetAdapter(platform::CaptureAdapter& adapter) {
+  const auto found = std::find_if(adapters_.begin(), adapters_.end(),
+                                  [&](const auto& own) { return own.get() == &adapter; });
+  if (found == adapters_.end()) throw Failure(platform::failure::InvalidPropertyValue);
+  if (selected_ == found->get()) return;
+  if (selected_ != nullptr) {
+    Stop();
+    selected_->Source().Release();
+  }
+  selected_ = found->get();
+}
+
+SourceAdapter& CaptureChannel::Selected() {
+  if (selected_ == nullptr) {
+    throw Failure(platform::failure::ObjectNotSet, "No network adapter has been chosen.");
+  }
+  return *selected_;
+}
+
+void CaptureChannel::Start() {
+  try {
+    Selected().Source().Start();
+  } catch (...) {
+    // A start that fails leaves nothing running, also where a delivery ran before.
+    Stop();
+    throw;
+  }
+  SetRunning(true);
+}
+
+void CaptureChannel::Stop() {
+  if (selected_ != nullptr) selected_->Source().Stop();
+  SetRunning(false);
+}
+
+void CaptureChannel::SetRunning(bool running) {
+  if (running == running_) return;
+  running_ = running;
+  if (link_->RunningChanged) link_->RunningChanged(running);
+}
+
+std::vector<std::uint8_t>& CaptureChannel::BufferAt(std::size_t depth) {
+  while (buffers_.size() <= depth) buffers_.emplace_back().reserve(UsualFrameBytes);
+  return buffers_[depth];
+}
+
+bool CaptureChannel::DeliverOne() {
+  if (!running_) return false;
+  const std::optional<platform::CapturedFrame> frame = Selected().Source().Next();
+  if (!frame) return false;
+  std::vector<std::uint8_t>& buffer = BufferAt(depth_);
+  buffer.assign(frame->Bytes.begin(), frame->Bytes.end());
+  const DepthGuard guard(depth_);
+  if (OnPacket) OnPacket(platform::CapturedFrame{buffer, frame->Length});
+  return true;
+}
+
+}  // namespace adapters

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "adapters/capture_file_reader.h"
+#include "adapters/frame_source.h"
+#include "adapters/wire_filter.h"
+#include "platform/clock.h"
+#include "platform/failure.h"
+
+namespace adapters {
+
+/// Plays a capture file at the pace of its time stamps, over and over.
+/// A start goes on where the last stop left off; a damaged file plays as far as it can be read.
+class FileSource : public FrameSource {
+ public:
+  FileSource(std::filesystem::path file, const platform::Clock& clock);
+
+  void Prepare(const SourceSettings& settings) override;
+  void Start() override;
+  void Stop() override { running_ = false; }
+  /// The file stays open, for its place to go on from.
+  void Release() override { running_ = false; }
+  std::optional<platform::CapturedFrame> Next() override;
+
+ private:
+  void Open();
+  /// Puts the next frame of the file into `waiting_` with the time when it is due.
+  void Fetch();
+  /// Begins the file anew; there is no more to play where this does not give a frame.
+  std::optional<RecordedFrame> FetchFromBeginning();
+  std::chrono::nanoseconds GapBefore(const RecordedFrame& frame);
+  std::chrono::nanoseconds MeanGap() const;
+  void NoteDamage();
+  /// Tells about a damage once, because the user cannot do more about it than know of it.
+  void ReportDamage();
+  platform::Failure Unplayable() const;
+
+  std::filesystem::path file_;
+  const platform::Clock& clock_;
+  SourceSettings settings_;
+  std::optional<CaptureFileReader> reader_;
+  std::optional<WireFilter> filter_;
+  std::string filterText_;
+  bool running_ = false;
+
+  std::optional<RecordedFrame> waiting_;
+  /// When the waiting frame is due; before it is fetched, when the frame before it was due.
+  std::chrono::nanoseconds due_{};
+  /// The next frame is the first after a start and thus due at once.
+  bool first_ = true;
+
+  /// The frame before, and what is known of the file's pace from its first pass.
+  std::optional<std::chrono::nanoseconds> lastTime_;
+  std::chrono::nanoseconds gaps_{};
+  std::int64_t gapCount_ = 0;
+  bool firstPass_ = true;
+
+  std::string damage_;
+  bool damageReported_ = false;
+};
+
+}  // namespace adapters

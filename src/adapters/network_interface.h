@@ -1,0 +1,51 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "adapters/pcap_handle.h"
+#include "platform/failure.h"
+
+namespace adapters {
+
+/// Whether frames can be had from an interface, and if not, why.
+enum class Reach { Ready, NoRight, Down, Missing, NotEthernet, Broken };
+
+/// A network interface of this computer.
+struct NetworkInterface {
+  /// The name under which it is opened.
+  std::string Name;
+  /// What to call it before the user.
+  std::string Title;
+  Reach State = Reach::Broken;
+};
+
+/// How an interface is to be opened.
+struct OpenRequest {
+  int SnapshotBytes = 0;
+  int BufferBytes = 0;
+  bool Promiscuous = false;
+};
+
+/// What came of opening: the handle where `State` is `Ready`, the library's words otherwise.
+struct OpenResult {
+  PcapHandle Handle;
+  Reach State = Reach::Broken;
+  std::string Words;
+};
+
+/// Opens an interface so that each frame is there at once and reading never waits.
+OpenResult OpenInterface(const std::string& name, const OpenRequest& request);
+
+/// The Ethernet interfaces of this computer, each tried whether it can capture. Devices that carry
+/// something else than Ethernet are left out.
+std::vector<NetworkInterface> ListNetworkInterfaces();
+
+/// Tells how to get the right to capture with the program at this path.
+std::string RightsAdvice(const std::string& programPath);
+
+/// The failure that tells the user what became of an interface and what to do.
+platform::Failure InterfaceFailure(const std::string& name, Reach state, const std::string& words,
+                                   const std::string& programPath);
+
+}  // namespace adapters

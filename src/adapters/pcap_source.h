@@ -1,0 +1,61 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "adapters/frame_source.h"
+#include "adapters/network_interface.h"
+#include "adapters/pcap_handle.h"
+
+namespace adapters {
+
+/// Frames of a network interface. The interface stays open between a stop and the next start, with
+/// a filter that lets nothing pass, because opening and closing a large ring would cost the time of
+/// several hundred frames.
+class PcapSource : public FrameSource {
+ public:
+  /// Frames since the interface was opened: those that passed the filter, and those of them lost.
+  struct Statistics {
+    std::uint32_t Received = 0;
+    std::uint32_t Dropped = 0;
+  };
+
+  /// `programPath` is named in the advice on missing rights.
+  PcapSource(std::string interfaceName, std::string programPath);
+
+  void Prepare(const SourceSettings& settings) override;
+  void Start() override;
+  void Stop() override;
+  void Release() override;
+  std::optional<platform::CapturedFrame> Next() override;
+
+  Statistics Counters() const;
+
+ private:
+  bool FitsOpenHandle(const SourceSettings& settings) const;
+  void Open(const SourceSettings& settings);
+  /// Throws away what waits; finds out whether the interface is still there.
+  void Drain();
+  /// Fails where the interface is down or gone.
+  void DemandUp();
+  void RejectAll();
+  void CompileFilter();
+  [[noreturn]] void FailUnopened() const;
+
+  std::string name_;
+  std::string programPath_;
+  SourceSettings settings_;
+  PcapHandle handle_;
+  /// The filter of the handle that is open; it is compiled at the first start.
+  std::optional<FilterProgram> program_;
+  std::string programText_;
+  /// Why there is no handle.
+  Reach state_ = Reach::Broken;
+  std::string words_ = "it is not open";
+  bool running_ = false;
+  /// Reading failed: the handle is of no more use.
+  bool lost_ = false;
+};
+
+}  // namespace adapters

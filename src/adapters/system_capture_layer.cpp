@@ -1,0 +1,127 @@
+#include "adapters/system_capture_layer.h"
+
+#include <algorithm>
+#include <cctype>
+#include <system_error>
+#include <utility>
+
+#include "adapters/file_source.h"
+#include "adapters/pcap_source.h"
+#include "adapters/simulated_bus.h"
+
+namespace adapters {
+
+namespace {
+
+/// A channel holds no frame between two deliveries and a stop throws away what the driver holds, so
+/// there is nothing left to discard; and where a handler has started anew in the meantime, the
+/// frames that wait belong to that start.
+class EmptyCollection : public platform::PacketCollection {
+ public:
+  void Clear() override {}
+};
+
+bool IsCaptureFile(const std::filesystem::directory_entry& entry) {
+  std::error_code error;
+  if (!entry.is_regular_file(error)) return false;
+  std::string extension = entry.path().extension().string();
+  std::transform(extension.begin(), extension.end(), extension.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  return extension == ".pcap" || extension == ".pcapng";
+}
+
+/// The capture files of the folder by name; none where there is no folder.
+std::vector<std::filesystem::path> CaptureFiles(const std::filesystem::path& folder) {
+  std::vector<std::filesystem::path> files;
+  std::error_code error;
+  std::filesystem::directory_iterator entry(folder, error);
+  while (!error && entry != std::filesystem::directory_iterator()) {
+    if (IsCaptureFile(*entry)) files.push_back(entry->path());
+    entry.increment(error);
+  }
+  std::sort(files.begin(), files.end());
+  return files;
+}
+
+std::string WhyNot(Reach state) {
+  switch (state) {
+    case Reach::Ready:
+      return {};
+    case Reach::NoRight:
+      return ", no right to capture";
+    case Reach::Down:
+      return ", switched off";
+    default:
+      return ", cannot capture";
+  }
+}
+
+std::string Listed(const std::vector<std::string>& names) {
+  std::string list;
+  for (const std::string& name : names) list += (list.empty() ? "" : ", ") + name;
+  return list;
+}
+
+}  // namespace
+
+SystemCaptureLayer::SystemCaptureLayer(const platform::Clock& clock, CapturePaths paths,
+                                       InterfaceLister listInterfaces)
+    : clock_(clock), paths_(std::move(paths)), listInterfaces_(std::move(listInterfaces)) {}
+
+SystemCaptureLayer::~SystemCaptureLayer() {
+  if (link_) link_->RunningChanged = nullptr;
+}
+
+std::unique_ptr<platform::CaptureObject> SystemCaptureLayer::NewCaptureObject() {
+  Entries entries;
+  entries.push_back(std::make_unique<SourceAdapter>("Simulated process bus (built in)", true,
+                                                    std::make_unique<SimulatedBus>(clock_)));
+  AddInterfaces(entries);
+  AddFiles(entries);
+  // What cannot capture comes last, so that the places of the others are the same with and without
+  // it.
+  std::stable_partition(entries.begin(), entries.end(),
+                        [](const auto& entry) { return entry->IsGood(); });
+  if (link_) link_->RunningChanged = nullptr;
+  link_ = std::make_shared<ChannelLink>();
+  link_->RunningChanged = [this](bool running) {
+    if (Running) Running(running);
+  };
+  return std::make_unique<CaptureChannel>(std::move(entries), link_);
+}
+
+void SystemCaptureLayer::AddInterfaces(Entries& entries) {
+  withoutRight_.clear();
+  for (const NetworkInterface& found : listInterfaces_()) {
+    if (found.State == Reach::NoRight) withoutRight_.push_back(found.Name);
+    entries.push_back(std::make_unique<SourceAdapter>(
+        found.Title + WhyNot(found.State), found.State == Reach::Ready,
+        std::make_unique<PcapSource>(found.Name, paths_.Program.string())));
+  }
+}
+
+void SystemCaptureLayer::AddFiles(Entries& entries) const {
+  for (const std::filesystem::path& file : CaptureFiles(paths_.Captures)) {
+    const bool playable = IsPlayable(file);
+    const std::string title = file.filename().string() + " (capture file)";
+    entries.push_back(
+        std::make_unique<SourceAdapter>(playable ? title : title + ", cannot be played", playable,
+                                        std::make_unique<FileSource>(file, clock_)));
+  }
+}
+
+std::unique_ptr<platform::PacketCollection> SystemCaptureLayer::NewPacketCollection() {
+  return std::make_unique<EmptyCollection>();
+}
+
+std::string SystemCaptureLayer::Advice() const {
+  if (withoutRight_.empty()) return {};
+  return "There is no right to capture from the network interfaces: " + Listed(withoutRight_) +
+         ".\n" + RightsAdvice(paths_.Program.string());
+}
+
+bool SystemCaptureLayer::DeliverOne() {
+  return link_ && link_->Channel != nullptr && link_->Channel->DeliverOne();
+}
+
+}  // namespace adapters

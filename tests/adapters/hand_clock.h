@@ -1,0 +1,16 @@
+#pragma once
+
+#include <chrono>
+
+#include "platform/clock.h"
+
+namespace adapter_tests {
+
+/// A clock that stands until the scene moves it.
+class HandClock : public platform::Clock {
+ public:
+  std::chrono::nanoseconds Now() const override { return Time; }
+  std::chrono::nanoseconds Time{};
+};
+
+}  // namespace adapter_tests

@@ -1,0 +1,52 @@
+#include "adapters/windows1252.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+class Windows1252 : public ::testing::Test {
+ protected:
+  adapters::Windows1252 page_;
+};
+
+TEST_F(Windows1252, ConvertsTheCharactersOfThePage) {
+  EXPECT_EQ(page_.FromUtf8("A°µ€Ÿ"), "A\xB0\xB5\x80\x9F");
+  EXPECT_EQ(page_.ToUtf8("A\xB0\xB5\x80\x9F"), "A°µ€Ÿ");
+}
+
+TEST_F(Windows1252, BringsEveryByteToTextAndBack) {
+  std::string bytes;
+  for (int byte = 0; byte < 256; ++byte) bytes += static_cast<char>(byte);
+  EXPECT_EQ(page_.FromUtf8(page_.ToUtf8(bytes)), bytes);
+}
+
+TEST_F(Windows1252, GivesTheFiveFreeBytesTheControlCharactersOfTheirNumber) {
+  EXPECT_EQ(page_.ToUtf8("\x81\x8D\x8F\x90\x9D"), "\xC2\x81\xC2\x8D\xC2\x8F\xC2\x90\xC2\x9D");
+}
+
+TEST_F(Windows1252, PutsAQuestionMarkForACharacterOutsideThePage) {
+  EXPECT_EQ(page_.FromUtf8("\xCE\xA9=\xE4\xB8\xAD \xF0\x9F\x98\x80!"), "?=? ?!");
+  EXPECT_EQ(page_.FromUtf8("\xC2\x80"), "?") << "a control character that the euro sign displaced";
+}
+
+TEST_F(Windows1252, PutsAQuestionMarkForBytesThatAreNoText) {
+  EXPECT_EQ(page_.FromUtf8("a\xFF"
+                           "b"),
+            "a?b");
+  EXPECT_EQ(page_.FromUtf8("a\x80"
+                           "b"),
+            "a?b");
+  EXPECT_EQ(page_.FromUtf8("a\xC3"), "a?");
+  EXPECT_EQ(page_.FromUtf8("a\xE2\x82"), "a?");
+  EXPECT_EQ(page_.FromUtf8("\xE2\x82z"), "?z");
+  EXPECT_EQ(page_.FromUtf8("\xC3\xC3\xA9"), "?\xE9");
+}
+
+TEST_F(Windows1252, KeepsZeroBytes) {
+  EXPECT_EQ(page_.FromUtf8(std::string("a\0b", 3)), std::string("a\0b", 3));
+  EXPECT_EQ(page_.ToUtf8(std::string("a\0b", 3)), std::string("a\0b", 3));
+}
+
+}  // namespace

@@ -1,0 +1,194 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "adapters/steady_clock.h"
+#include "adapters/system_capture_layer.h"
+#include "adapters/wire_filter.h"
+#include "live/network_interface_scene.h"
+#include "live/wire.h"
+#include "platform/failure.h"
+
+namespace {
+
+using live::NetworkInterfaceScene;
+using live::Numbered;
+using live::RecordingBuffer;
+namespace failure = platform::failure;
+
+TEST_F(NetworkInterfaceScene, ListsTheWireAsAnAdapterThatCanCaptureAndNoPseudoDevice) {
+  bool found = false;
+  for (const adapters::NetworkInterface& entry : adapters::ListNetworkInterfaces()) {
+    EXPECT_NE(entry.Name, "any");
+    EXPECT_NE(entry.Name, "nflog");
+    EXPECT_NE(entry.Name, "dbus-system");
+    if (entry.Name == live::NearEnd) found = entry.State == adapters::Reach::Ready;
+  }
+  EXPECT_TRUE(found);
+}
+
+TEST_F(NetworkInterfaceScene, ListsAnInterfaceThatIsSwitchedOffAsOneThatCannotCapture) {
+  live::Run("ip link set " + live::NearEnd + " down");
+  bool found = false;
+  for (const adapters::NetworkInterface& entry : adapters::ListNetworkInterfaces()) {
+    if (entry.Name == live::NearEnd) found = entry.State == adapters::Reach::Down;
+  }
+  EXPECT_TRUE(found);
+}
+
+TEST_F(NetworkInterfaceScene, HandsOverTaggedAndUntaggedFramesAsTheyWereSent) {
+  source_.Prepare(Settings());
+  source_.Start();
+  live::Sender sender;
+  sender.Send(Numbered(1));
+  sender.Send(Numbered(2, 132, 5));
+  sender.Send(std::vector<std::uint8_t>(60, 0x11));
+  const auto frames = ReadAll();
+  ASSERT_EQ(frames.size(), 2U);
+  EXPECT_EQ(frames[0], Numbered(1));
+  EXPECT_EQ(frames[1], Numbered(2, 132, 5));
+}
+
+TEST_F(NetworkInterfaceScene, SelectsByTheVlanOfTheUsersFilter) {
+  live::Sender sender;
+  const std::map<std::string, std::size_t> selected{{" and vlan", 2},
+                                                    {" and vlan 5", 1},
+                                                    {" and not vlan", 1},
+                                                    {" and less 128", 2},
+                                                    {" and ether src 02:00:00:00:00:08", 0}};
+  for (const auto& [text, count] : selected) {
+    source_.Prepare(Settings(text));
+    source_.Start();
+    sender.Send(Numbered(1));
+    sender.Send(Numbered(2, 132, 5));
+    sender.Send(Numbered(3, 140, 6));
+    EXPECT_EQ(ReadAll().size(), count) << text;
+    source_.Stop();
+  }
+}
+
+TEST_F(NetworkInterfaceScene, SelectsWhatTheFilterOfFilesSelects) {
+  live::Sender sender;
+  std::vector<std::vector<std::uint8_t>> sent{Numbered(1), Numbered(2, 132, 5), Numbered(3, 300, 6),
+                                              Numbered(4, 132, 0)};
+  sent.push_back(Numbered(5, 136, 5));
+  const std::vector<std::uint8_t> innerTag{0x81, 0x00, 0x00, 0x06};
+  sent.back().insert(sent.back().begin() + 16, innerTag.begin(), innerTag.end());
+  for (const std::string text :
+       {"", " and vlan", " and vlan 5", " and not vlan 5", " and (vlan 5 or vlan 6)",
+        " and not vlan", " and vlan 0", " and ether[14:2]=0x4000", " and less 200", " and less 128",
+        " and greater 129", " and vlan and ether[18]=2", " or (vlan 5 and ether[12:2]=0x8100)",
+        " or (vlan and vlan 6)"}) {
+    adapters::WireFilter filter(Settings(text).Filter);
+    std::vector<std::vector<std::uint8_t>> selected;
+    for (const auto& frame : sent) {
+      if (filter.Selects(frame, frame.size())) selected.push_back(frame);
+    }
+    source_.Prepare(Settings(text));
+    source_.Start();
+    for (const auto& frame : sent) sender.Send(frame);
+    EXPECT_EQ(ReadAll(), selected) << text;
+  }
+}
+
+TEST_F(NetworkInterfaceScene, RefusesAFilterAtTheStartOnly) {
+  source_.Prepare(Settings(" nonsense"));
+  EXPECT_EQ(FailureOf([&] { source_.Start(); }), failure::FilterRefused);
+  source_.Prepare(Settings());
+  EXPECT_EQ(FailureOf([&] { source_.Start(); }), 0);
+}
+
+TEST_F(NetworkInterfaceScene, DeliversOnlyWhatCameAfterARestart) {
+  live::Sender sender;
+  source_.Prepare(Settings());
+  source_.Start();
+  for (std::uint32_t i = 0; i < 100; ++i) sender.Send(Numbered(i));
+  source_.Stop();
+  for (std::uint32_t i = 100; i < 5000; ++i) sender.Send(Numbered(i));
+  EXPECT_FALSE(source_.Next());
+  source_.Start();
+  sender.Send(Numbered(7777));
+  const auto frames = ReadAll();
+  ASSERT_EQ(frames.size(), 1U);
+  EXPECT_EQ(frames[0], Numbered(7777));
+  EXPECT_EQ(source_.Counters().Dropped, 0U);
+}
+
+TEST_F(NetworkInterfaceScene, TakesAnotherFilterAndBufferOnTheNextPreparation) {
+  live::Sender sender;
+  source_.Prepare(Settings(" and vlan 5"));
+  source_.Start();
+  sender.Send(Numbered(1));
+  EXPECT_EQ(ReadAll().size(), 0U);
+  source_.Prepare(Settings("", RecordingBuffer));
+  source_.Start();
+  sender.Send(Numbered(2));
+  EXPECT_EQ(ReadAll().size(), 1U);
+}
+
+TEST_F(NetworkInterfaceScene, GoesQuietWhenItsInterfaceIsTakenAwayAndWorksAgainWhenItIsBack) {
+  source_.Prepare(Settings());
+  source_.Start();
+  live::CutWire();
+  EXPECT_EQ(ReadAll().size(), 0U);
+  source_.Stop();
+  EXPECT_EQ(FailureOf([&] { source_.Start(); }), 0);
+  EXPECT_EQ(ReadAll().size(), 0U);
+
+  EXPECT_EQ(FailureOf([&] { source_.Prepare(Settings()); }), failure::DeviceIo);
+  EXPECT_NE(text_.find(live::NearEnd), std::string::npos) << text_;
+  EXPECT_EQ(FailureOf([&] { source_.Start(); }), failure::DeviceIo);
+  EXPECT_EQ(ReadAll().size(), 0U);
+
+  live::LayWire();
+  source_.Prepare(Settings());
+  source_.Start();
+  live::Sender().Send(Numbered(1));
+  EXPECT_EQ(ReadAll().size(), 1U);
+}
+
+TEST_F(NetworkInterfaceScene, ReopensAnInterfaceThatWasReplacedWhileStopped) {
+  source_.Prepare(Settings());
+  live::CutWire();
+  live::LayWire();
+  source_.Prepare(Settings());
+  source_.Start();
+  live::Sender().Send(Numbered(1));
+  EXPECT_EQ(ReadAll().size(), 1U);
+}
+
+TEST_F(NetworkInterfaceScene, TellsThatItsInterfaceIsDownAndGoesOnWhenItIsUp) {
+  source_.Prepare(Settings());
+  source_.Start();
+  live::Run("ip link set " + live::NearEnd + " down");
+  EXPECT_EQ(ReadAll().size(), 0U);
+  EXPECT_EQ(FailureOf([&] { source_.Prepare(Settings()); }), failure::DeviceIo);
+  EXPECT_NE(text_.find("is down"), std::string::npos) << text_;
+  live::Run("ip link set " + live::NearEnd + " up");
+  source_.Prepare(Settings());
+  source_.Start();
+  live::Sender().Send(Numbered(1));
+  EXPECT_EQ(ReadAll().size(), 1U);
+}
+
+TEST_F(NetworkInterfaceScene, TellsHowToGetTheRightToCapture) {
+  if (seteuid(65534) != 0) GTEST_SKIP() << "no other user to be";
+  const adapters::SteadyClock clock;
+  adapters::SystemCaptureLayer layer(clock, {"", "/opt/vornik"});
+  const auto object = layer.NewCaptureObject();
+  const std::int32_t number = FailureOf([&] { source_.Prepare(Settings()); });
+  ASSERT_EQ(seteuid(0), 0);
+  EXPECT_EQ(number, failure::PermissionDenied);
+  for (const std::string& text : {text_, layer.Advice()}) {
+    EXPECT_NE(text.find("setcap cap_net_raw,cap_net_admin+eip /opt/vornik"), std::string::npos);
+  }
+  EXPECT_NE(layer.Advice().find(live::NearEnd), std::string::npos);
+  EXPECT_TRUE(object->Adapters(1).IsGood());
+  EXPECT_FALSE(object->Adapters(object->AdapterCount()).IsGood());
+}
+
+}  // namespace

@@ -1,0 +1,183 @@
+// The whole program in its window, listening to a publisher on a virtual wire.
+
+#include <QComboBox>
+#include <QDialog>
+#include <QLabel>
+#include <QTableWidget>
+#include <cmath>
+#include <cstdio>
+#include <memory>
+#include <string>
+
+#include "desktop/reading_field.h"
+#include "desktop/run_button.h"
+#include "live/wire.h"
+#include "window_scene.h"
+
+namespace desktop {
+namespace {
+
+/// A publisher at the far end of the wire. Its end waits for the process.
+class Publisher {
+ public:
+  explicit Publisher(const std::string& arguments)
+      : pipe_(popen((std::string(VORNIK_PYTHON) + " " + VORNIK_PUBLISHER + " --interface " +
+                     live::FarEnd + " " + arguments)
+                        .c_str(),
+                    "r"),
+              pclose) {}
+
+ private:
+  std::unique_ptr<FILE, int (*)(FILE*)> pipe_;
+};
+
+class ProgramOnTheWire : public WindowScene {
+ protected:
+  static constexpr int PhasorTab = 3;
+
+  ProgramOnTheWire() : WindowScene(adapters::ListNetworkInterfaces) {}
+
+  void SetUp() override {
+    const std::string reason = live::WhyNoWire();
+    if (!reason.empty()) GTEST_SKIP() << reason;
+    live::LayWire();
+    Start();
+    ClickTab(SetupTab);
+    ChooseAdapter(live::NearEnd);
+    Type(Member("Text1", 12), "MU-A");
+    Type(Member("Text1", 14), "MU-B");
+    Click("Check4");
+    ClickTab(ValuesTab);
+  }
+  void TearDown() override {
+    if (live::WhyNoWire().empty()) live::CutWire();
+  }
+
+  void ChooseAdapter(const std::string& name) {
+    auto& list = Find<QComboBox>("Combo1");
+    const int entry = list.findText(QString::fromStdString(name), Qt::MatchContains);
+    ASSERT_GE(entry, 0) << "the interface is not in the list";
+    QTest::keyClick(&list, Qt::Key_Home);
+    for (int i = 0; i < entry; ++i) QTest::keyClick(&list, Qt::Key_Down);
+    ASSERT_EQ(list.currentIndex(), entry);
+  }
+
+  void Run() {
+    ASSERT_TRUE(WaitFor([this] { return Find<RunButton>("CWButton4").isEnabled(); }));
+    Click("CWButton4");
+  }
+  double Number(int channel) { return Reading(channel).remove(QLatin1Char(',')).toDouble(); }
+  double Dc(int channel) {
+    const QString text = Find<QLabel>(Member("Label12", channel + 8)).text();
+    return text.mid(3).remove(QLatin1Char(',')).toDouble();
+  }
+  bool WaitForNumber(int channel, double expected) {
+    return WaitFor([&] { return std::abs(Number(channel) - expected) < 0.0001 * expected; });
+  }
+  /// Whether the frames of the block on display came one after another.
+  bool BlockIsWhole() {
+    const auto& counts = Program().Block.SampleCount;
+    for (std::int32_t row = 1; row < counts.Count(); ++row) {
+      if (counts(row) != (counts(row - 1) + 1) % 4000) return false;
+    }
+    return true;
+  }
+};
+
+/// Within a hundredth of a percent.
+void ExpectClose(double value, double expected, const std::string& what) {
+  EXPECT_NEAR(value, expected, std::abs(expected) * 0.0001) << what;
+}
+
+constexpr const char* TwoStreams =
+    "--stream id=MU-A,tag=4:0,currents=400:410:420:2,voltages=63509:63600:63700:80,"
+    "dc=5:-6:7:0.5:100:-200:300:40 "
+    "--stream id=MU-B,currents=150:151:152:1,voltages=11547:11600:11700:20,"
+    "dc=1:2:3:0.25:10:20:30:5";
+
+TEST_F(ProgramOnTheWire, ShowsTheKnownRmsAndDcOfBothStreams) {
+  const Publisher publisher(std::string("--duration 9 ") + TwoStreams);
+  Run();
+  ASSERT_TRUE(WaitForNumber(0, 400));
+
+  const double first[] = {400, 410, 420, 2, 63.509, 63.6, 63.7, 0.08};
+  const double firstDc[] = {5, -6, 7, 0.5, 0.1, -0.2, 0.3, 0.04};
+  for (int channel = 0; channel < 8; ++channel) {
+    ExpectClose(Number(channel), first[channel], "RMS " + std::to_string(channel));
+    ExpectClose(Dc(channel), firstDc[channel], "DC " + std::to_string(channel));
+  }
+
+  Click(Member("Option3", 1));
+  ASSERT_TRUE(WaitForNumber(0, 150));
+
+  const double second[] = {150, 151, 152, 1, 11.547, 11.6, 11.7, 0.02};
+  const double secondDc[] = {1, 2, 3, 0.25, 0.01, 0.02, 0.03, 0.005};
+  for (int channel = 0; channel < 8; ++channel) {
+    ExpectClose(Number(channel), second[channel], "RMS " + std::to_string(channel));
+    ExpectClose(Dc(channel), secondDc[channel], "DC " + std::to_string(channel));
+  }
+}
+
+TEST_F(ProgramOnTheWire, LosesNoFrameOfItsBlocks) {
+  const Publisher publisher(std::string("--duration 8 ") + TwoStreams);
+  Run();
+  ASSERT_TRUE(WaitForNumber(0, 400));
+
+  for (int block = 0; block < 5; ++block) {
+    const std::int32_t before = Program().State.BlockCount;
+    ASSERT_TRUE(WaitFor([&] { return Program().State.BlockCount > before; }));
+    EXPECT_TRUE(BlockIsWhole()) << "block " << block;
+  }
+}
+
+TEST_F(ProgramOnTheWire, NoticesAStreamThatDied) {
+  const Publisher publisher("--duration 8 --stream id=MU-A,currents=400:410:420:2,stop=3");
+  Run();
+  ASSERT_TRUE(WaitForNumber(0, 400));
+  QString words;
+  OnDialog([&](QDialog& dialog) {
+    for (const QLabel* label : dialog.findChildren<QLabel*>()) words += label->text();
+    dialog.reject();
+  });
+
+  ASSERT_TRUE(WaitFor([&] { return !words.isEmpty(); }));
+
+  EXPECT_TRUE(words.contains("No data received!")) << words.toStdString();
+  EXPECT_TRUE(WaitFor([this] { return Find<RunButton>("CWButton4").isEnabled(); }));
+  EXPECT_FALSE(Find<RunButton>("CWButton4").Position());
+  EXPECT_FALSE(Program().State.CaptureRunning);
+}
+
+TEST_F(ProgramOnTheWire, ReadsTheKnownAngles) {
+  const Publisher publisher(
+      "--duration 7 --stream id=MU-A,tag=4:0,currents=400:410:420:2,"
+      "voltages=63509:63600:63700:80,angles=-23.4:-150:97.25:12:10:-110:130.5:-45");
+  ClickTab(PhasorTab);
+  Click("CWButton2");
+  auto& table = Find<QTableWidget>("Grid1");
+  ASSERT_TRUE(WaitFor([&] { return !table.item(1, 1)->text().isEmpty(); }));
+
+  const double magnitudes[] = {400, 410, 420, 2, 63.509, 63.6, 63.7, 0.08};
+  // Against voltage A, which stands at 10 degrees.
+  const double angles[] = {-33.4, -160, 87.25, 2, 0, -120, 120.5, -55};
+  for (int channel = 0; channel < 8; ++channel) {
+    ExpectClose(table.item(channel + 1, 1)->text().toDouble(), magnitudes[channel],
+                "magnitude " + std::to_string(channel));
+    EXPECT_NEAR(table.item(channel + 1, 2)->text().toDouble(), angles[channel], 0.01) << channel;
+  }
+}
+
+TEST_F(ProgramOnTheWire, FollowsOneChannelFrameByFrame) {
+  const Publisher publisher(std::string("--duration 6 ") + TwoStreams);
+  Click("Check5");
+  Run();
+
+  ASSERT_TRUE(WaitForNumber(0, 400));
+  QTest::qWait(300);
+
+  EXPECT_TRUE(Program().State.CaptureRunning);
+  EXPECT_EQ(Reading(1), "0.0000");
+}
+
+}  // namespace
+}  // namespace desktop
