@@ -1,0 +1,65 @@
+#include "desktop/desktop_program.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <utility>
+
+#include "desktop/system_locale.h"
+#include "desktop/twips.h"
+
+namespace desktop {
+
+namespace {
+
+platform::Screen PrimaryScreen() {
+  const QSize size = QGuiApplication::primaryScreen()->size();
+  return {twips::Of(size.width()), twips::Of(size.height())};
+}
+
+}  // namespace
+
+DesktopProgram::DesktopProgram(const Sources& sources, QtProgram::Leave leave)
+    : store_(dialogs_),
+      program_([this] { store_.Sync(); }, std::move(leave)),
+      guard_(dialogs_, program_),
+      events_(repaints_, guard_),
+      timers_(sources.Clock),
+      numbers_(SeparatorsOf(QLocale::system())),
+      frames_(sources.Frames, guard_),
+      screen_(PrimaryScreen()),
+      picture_(nullptr),
+      application_({timers_, events_, dialogs_, program_, store_, sources.Capture, sources.Code,
+                    numbers_, files_, folders_, printers_, links_, screen_, picture_}),
+      alarms_(timers_, sources.Clock, guard_),
+      window_({application_.Main, application_.Revisionhistory, application_.DebugWindow}, guard_,
+              repaints_, picture_) {
+  dialogs_.SetOwner(&window_);
+  folders_.SetOwner(&window_);
+  window_.Unloaded = [this] { guard_.End(0); };
+  QObject::connect(qGuiApp, &QGuiApplication::commitDataRequest, &window_,
+                   [this] { EndSession(); });
+}
+
+DesktopProgram::~DesktopProgram() {
+  // From here on nothing may reach a program that is taken down part by part.
+  dialogs_.SetOwner(nullptr);
+  window_.hide();
+  // The picture outlives the view that shows it.
+  picture_.setParent(nullptr);
+}
+
+void DesktopProgram::Load() {
+  guard_([this] { application_.Load(); });
+  repaints_.Flush();
+}
+
+void DesktopProgram::EndSession() {
+  if (guard_.Closed()) {
+    // A failure's box stands and nobody is there to close it.
+    guard_.End(Guard::FailureExitCode);
+    return;
+  }
+  guard_([this] { application_.EndSession(); });
+}
+
+}  // namespace desktop

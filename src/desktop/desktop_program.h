@@ -1,0 +1,73 @@
+#pragma once
+
+#include "desktop/frame_driver.h"
+#include "desktop/guard.h"
+#include "desktop/main_window.h"
+#include "desktop/picture_pad.h"
+#include "desktop/qt_dialogs.h"
+#include "desktop/qt_event_queue.h"
+#include "desktop/qt_file_system.h"
+#include "desktop/qt_folder_dialog.h"
+#include "desktop/qt_printers.h"
+#include "desktop/qt_program.h"
+#include "desktop/qt_settings_store.h"
+#include "desktop/qt_shell_links.h"
+#include "desktop/repaint_queue.h"
+#include "desktop/timer_driver.h"
+#include "platform/capture_object.h"
+#include "platform/clock.h"
+#include "platform/code_page.h"
+#include "platform/number_text.h"
+#include "platform/timer.h"
+#include "shell/application.h"
+
+namespace desktop {
+
+/// What the program takes from below the window: where frames come from, and the time.
+struct Sources {
+  platform::CaptureLayer& Capture;
+  platform::FrameDelivery& Frames;
+  const platform::CodePage& Code;
+  const platform::Clock& Clock;
+};
+
+/// The whole program with its window, put together. The program itself, the tour and the window's
+/// tests all start from here, so that they run the same thing.
+class DesktopProgram {
+ public:
+  /// `leave` takes the place of leaving the process, for those who want to see the end.
+  explicit DesktopProgram(const Sources& sources, QtProgram::Leave leave = nullptr);
+  DesktopProgram(const DesktopProgram&) = delete;
+  DesktopProgram& operator=(const DesktopProgram&) = delete;
+  ~DesktopProgram();
+
+  /// Loads the settings and shows the window with the last view.
+  void Load();
+  /// Ends the program at once, with capture stopped: for requests from outside, which cannot wait.
+  void EndSession();
+
+  MainWindow& Window() { return window_; }
+  formroutines::Application& Application() { return application_; }
+
+ private:
+  QtDialogs dialogs_;
+  QtSettingsStore store_;
+  QtProgram program_;
+  Guard guard_;
+  RepaintQueue repaints_;
+  QtEventQueue events_;
+  platform::TimerQueue timers_;
+  platform::NumberText numbers_;
+  FrameDriver frames_;
+  QtFileSystem files_;
+  QtFolderDialog folders_;
+  QtPrinters printers_;
+  QtShellLinks links_;
+  platform::Screen screen_;
+  PicturePad picture_;
+  formroutines::Application application_;
+  TimerDriver alarms_;
+  MainWindow window_;
+};
+
+}  // namespace desktop

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QTimer>
+
+#include "desktop/guard.h"
+#include "platform/capture_object.h"
+
+namespace desktop {
+
+/// Brings the frames that are due to the program while capture runs, in short turns between the
+/// window's events. A handler that pumps gets further frames inside of it.
+class FrameDriver {
+ public:
+  FrameDriver(platform::FrameDelivery& frames, Guard& guard);
+  FrameDriver(const FrameDriver&) = delete;
+  FrameDriver& operator=(const FrameDriver&) = delete;
+  ~FrameDriver();
+
+ private:
+  void SetRunning(bool running);
+  void Turn();
+  void Deliver();
+
+  platform::FrameDelivery& frames_;
+  Guard& guard_;
+  QTimer poll_;
+  bool running_ = false;
+  /// Turns that are under way, one inside the other.
+  int depth_ = 0;
+};
+
+}  // namespace desktop

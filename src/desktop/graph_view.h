@@ -1,0 +1,39 @@
+#pragma once
+
+#include <qcustomplot.h>
+
+#include <array>
+
+#include "desktop/guard.h"
+#include "platform/cw_graph.h"
+
+namespace desktop {
+
+/// A graph control on the screen: eight curves over the index of their samples. It draws what the
+/// control holds and passes the mouse on; which mode a drag works in is the control's to say.
+class GraphView : public QCustomPlot {
+  Q_OBJECT
+
+ public:
+  GraphView(platform::CWGraph& graph, Guard& guard, QWidget* parent);
+
+ private:
+  void FollowPlots();
+  void FollowGraph();
+  void TakeMouse();
+  void ShowCurve(std::size_t plot);
+  void ShowStyle(std::size_t plot);
+  void ShowTrackMode();
+  void ShowBackground();
+  void ScaleX();
+  void ScaleY();
+  void ZoomInto(const QRect& rect, Qt::MouseButton button);
+  void ShowAll();
+  bool AnyVisible() const;
+
+  platform::CWGraph& graph_;
+  Guard& guard_;
+  std::array<QCPGraph*, 8> curves_{};
+};
+
+}  // namespace desktop

@@ -1,0 +1,90 @@
+#include "desktop/info_page.h"
+
+#include <QPainter>
+#include <algorithm>
+
+#include "desktop/look.h"
+#include "desktop/tab_bar.h"
+#include "desktop/text.h"
+#include "desktop/twips.h"
+
+namespace desktop {
+
+namespace {
+
+constexpr int LogoWidth = 400;
+constexpr int LinkPadding = 4;
+// The card behind the rows, in pixels of the smallest window.
+constexpr QRectF CardPlace(20, 22, 984, 470);
+constexpr double BarWidth = 5;
+const QPoint Origin(0, TabBar::Height);
+
+}  // namespace
+
+InfoPage::InfoPage(forms::Main& main, Binder& binder, QWidget* parent)
+    : QWidget(parent),
+      main_(main),
+      rows_(binder, *this, Origin),
+      logo_(new LogoView(main.Picture4, LogoWidth, Origin, this)),
+      support_(new LinkLabel(this)),
+      history_(new LinkLabel(this)) {
+  for (std::size_t i = 0; i < main.Label1.size(); ++i) {
+    rows_.Add(main.Label1[i], ArrayName("Label1", i), Ampersand::Mnemonic);
+  }
+  binder.Bind(main.Picture4, *logo_, QStringLiteral("Picture4"));
+  binder.Bind(main.Label3[0], *support_, ArrayName("Label3", 0));
+  binder.Bind(main.Label4, *history_, QStringLiteral("Label4"));
+  AddLink(main.Label3[0], *support_);
+  AddLink(main.Label4, *history_);
+}
+
+void InfoPage::AddLink(platform::Label& control, LinkLabel& link) {
+  link.setAlignment(Qt::AlignCenter);
+  const QSize words = link.fontMetrics().size(0, PlainCaption(control.Caption));
+  link.resize(words + QSize(2 * LinkPadding, LinkPadding));
+  control.Width = twips::Of(link.width());
+  control.Height = twips::Of(link.height());
+  control.Left.Observe([this] { PlaceLinks(); });
+  control.Top.Observe([this] { PlaceLinks(); });
+}
+
+double InfoPage::TextRatio() const {
+  constexpr double Largest = 1.5;
+  constexpr double DesignWidth = 1024;
+  constexpr double DesignHeight = 768;
+  return std::clamp(std::min(window()->width() / DesignWidth, window()->height() / DesignHeight),
+                    1.0, Largest);
+}
+
+void InfoPage::PlaceLinks() {
+  const auto place = [this](const platform::Label& control, QWidget& link) {
+    link.move(twips::Pixels(control.Left),
+              twips::Pixels(control.Top) - Origin.y() - logo_->Raised());
+  };
+  place(main_.Label3[0], *support_);
+  place(main_.Label4, *history_);
+}
+
+void InfoPage::resizeEvent(QResizeEvent*) {
+  rows_.Lay(TextRatio());
+  PlaceLinks();
+  update();
+}
+
+void InfoPage::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const double ratio = TextRatio();
+  const QPointF corner = CardPlace.topLeft() * ratio;
+  const QRectF card(corner, QSizeF(width() - 2 * corner.x(), CardPlace.height() * ratio));
+  painter.setPen(QPen(look::Edge, 1));
+  painter.setBrush(look::Card);
+  painter.drawRoundedRect(card, look::Corner + 2, look::Corner + 2);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(look::StripBlue);
+  painter.drawRoundedRect(QRectF(card.left(), card.top() + 2 * look::Corner, BarWidth,
+                                 card.height() - 4 * look::Corner),
+                          BarWidth / 2, BarWidth / 2);
+}
+
+}  // namespace desktop

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QWidget>
+
+#include "desktop/binder.h"
+#include "desktop/link_label.h"
+#include "desktop/logo_view.h"
+#include "desktop/rich_rows.h"
+#include "forms/main_form.h"
+
+namespace desktop {
+
+/// The information page, the first that a new user sees: what the program is for, and at the foot
+/// its logo with the ways to its support and its history.
+class InfoPage : public QWidget {
+  Q_OBJECT
+
+ public:
+  InfoPage(forms::Main& main, Binder& binder, QWidget* parent);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void AddLink(platform::Label& control, LinkLabel& link);
+  void PlaceLinks();
+  double TextRatio() const;
+
+  forms::Main& main_;
+  RichRows rows_;
+  LogoView* logo_;
+  LinkLabel* support_;
+  LinkLabel* history_;
+};
+
+}  // namespace desktop

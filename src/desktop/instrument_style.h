@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace desktop {
+
+/// The drawing of the standard controls: flat fields and boxes with one kind of edge and one kind
+/// of focus ring. Everything else is left to the style below, which looks the same on every
+/// desktop.
+class InstrumentStyle : public QProxyStyle {
+  Q_OBJECT
+
+ public:
+  InstrumentStyle();
+
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+  void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                          QPainter* painter, const QWidget* widget) const override;
+  QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                       const QWidget* widget) const override;
+  QIcon standardIcon(StandardPixmap sign, const QStyleOption* option,
+                     const QWidget* widget) const override;
+  QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                         const QWidget* widget) const override;
+  int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                  const QWidget* widget) const override;
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* returned) const override;
+};
+
+}  // namespace desktop

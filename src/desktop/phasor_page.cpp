@@ -1,0 +1,158 @@
+#include "desktop/phasor_page.h"
+
+#include <QFrame>
+#include <algorithm>
+
+#include "desktop/look.h"
+#include "desktop/text.h"
+#include "desktop/twips.h"
+
+namespace desktop {
+
+namespace {
+
+constexpr double DesignWidth = 1024;
+constexpr double DesignHeight = 768;
+constexpr double LargestTextRatio = 1.5;
+constexpr int Gap = 20;
+constexpr int TableRow = 30;
+constexpr int Line = 32;
+constexpr int ButtonWidth = 168;
+constexpr int ButtonHeight = 64;
+constexpr int LargestTable = 1000;
+
+using twips::Pixels;
+
+}  // namespace
+
+PhasorPage::PhasorPage(forms::Main& main, Binder& binder, Guard&, PicturePad& picture,
+                       QWidget* parent)
+    : QWidget(parent),
+      main_(main),
+      frame_(new QFrame(this)),
+      heading_(new QLabel(frame_)),
+      picture_(picture),
+      table_(new ValueTable(main.Grid1, frame_)),
+      indicator_(new RunIndicator(frame_)),
+      run_(new RunButton(look::Panel, frame_)),
+      stationHeading_(new QLabel(frame_)),
+      scalesHeading_(new QLabel(frame_)),
+      automatic_(new QCheckBox(frame_)) {
+  frame_->setObjectName(QStringLiteral("Frame2"));
+  frame_->setStyleSheet(QStringLiteral("#Frame2 { background: %1; border: 1px solid %2; "
+                                       "border-radius: 7px; }")
+                            .arg(look::Panel.name(), look::Edge.name()));
+  picture_.setParent(frame_);
+  picture_.lower();
+  picture_.setObjectName(QStringLiteral("phasordiagram"));
+  picture_.setAccessibleName(QStringLiteral("Phasor diagram"));
+  BindControls(binder);
+  Follow();
+}
+
+void PhasorPage::BindControls(Binder& binder) {
+  heading_->setText(ToQt(main_.Frame2.Caption));
+  binder.Bind(main_.Shape12[1], *indicator_, ArrayName("Shape12", 1));
+  binder.Bind(main_.CWButton2, *run_, QStringLiteral("CWButton2"));
+  binder.Bind(main_.Label17, *stationHeading_, QStringLiteral("Label17"));
+  for (std::size_t i = 0; i < stations_.size(); ++i) {
+    stations_[i] = new StationChoice(frame_);
+    binder.Bind(main_.Option3[i + 4], *stations_[i], ArrayName("Option3", i + 4),
+                Ampersand::Letter);
+  }
+  scalesHeading_->setText(QStringLiteral("scale factors:"));
+  binder.Bind(main_.Check6, *automatic_, QStringLiteral("Check6"));
+  const char* captions[] = {"FS current:", "FS voltage"};
+  for (std::size_t i = 0; i < scales_.size(); ++i) {
+    scaleCaptions_[i] = new QLabel(QLatin1String(captions[i]), frame_);
+    scales_[i] = new ChoiceBox(frame_);
+    scaleCaptions_[i]->setBuddy(scales_[i]);
+    // The lists stand in the colour of their frame.
+    QPalette colours = scales_[i]->palette();
+    colours.setColor(QPalette::Base, look::Panel);
+    scales_[i]->setPalette(colours);
+    binder.Bind(main_.Combo5[i], *scales_[i], ArrayName("Combo5", i));
+  }
+  setTabOrder(run_, stations_[0]);
+  setTabOrder(stations_[0], stations_[1]);
+  setTabOrder(stations_[1], automatic_);
+  setTabOrder(automatic_, scales_[0]);
+  setTabOrder(scales_[0], scales_[1]);
+}
+
+void PhasorPage::Follow() {
+  main_.Frame2.Visible.Observe([this] { frame_->setVisible(main_.Frame2.Visible); });
+  frame_->setVisible(main_.Frame2.Visible);
+  const auto lay = [this] { Lay(); };
+  main_.Frame2.Height.Observe(lay);
+  main_.phasordiagram.Top.Observe(lay);
+}
+
+void PhasorPage::resizeEvent(QResizeEvent*) {
+  Lay();
+}
+
+void PhasorPage::Lay() {
+  const double textRatio =
+      std::clamp(std::min(window()->width() / DesignWidth, window()->height() / DesignHeight), 1.0,
+                 LargestTextRatio);
+  const auto scaled = [textRatio](int pixels) { return static_cast<int>(pixels * textRatio); };
+  const int frameWidth = Pixels(main_.Frame2.Width);
+  const int frameHeight = Pixels(main_.Frame2.Height);
+  frame_->setGeometry((width() - frameWidth) / 2, std::max(Gap, (height() - frameHeight) / 3),
+                      frameWidth, frameHeight);
+  const int side = Pixels(main_.phasordiagram.Width);
+  const int left = Pixels(main_.phasordiagram.Left);
+  const int top = Pixels(main_.phasordiagram.Top);
+  QFont bold = look::TextFont(scaled(look::HeadingSize));
+  bold.setBold(true);
+  heading_->setFont(bold);
+  heading_->adjustSize();
+  const int headingRoom = heading_->height() + Gap / 2;
+  heading_->move(left, Gap / 2 + 2);
+  picture_.setGeometry(left, top + headingRoom, side + PicturePad::RightMargin,
+                       side + PicturePad::LowerMargin);
+
+  const int tableLeft = left + side + Gap;
+  const int tableWidth = std::min(frameWidth - tableLeft - Gap,
+                                  std::max(scaled(table_->NaturalWidth()), LargestTable));
+  const QRect table(tableLeft, top, tableWidth, scaled(TableRow) * ValueTable::Rows);
+  table_->Lay(table, textRatio);
+
+  // Below the table, clear of the scale line that may reach under it.
+  const int controlsLeft = tableLeft + scaled(PicturePad::RightMargin);
+  int y = table.bottom() + scaled(Gap) + RunIndicator::Reach;
+  const int half = (table.right() - controlsLeft) / 2;
+  run_->setGeometry(controlsLeft, y, std::min(scaled(ButtonWidth), half - Gap / 2),
+                    scaled(ButtonHeight));
+  indicator_->CentreOn(*run_);
+  LayScales(QRect(controlsLeft + half + Gap / 2, y - RunIndicator::Reach, half - Gap / 2,
+                  frameHeight - y),
+            textRatio);
+  y += scaled(ButtonHeight) + scaled(Gap);
+  bold.setPixelSize(scaled(look::TextSize));
+  stationHeading_->setFont(bold);
+  stationHeading_->setGeometry(controlsLeft, y, half, scaled(Line));
+  for (StationChoice* station : stations_) {
+    y += scaled(Line);
+    station->setFont(look::TextFont(scaled(look::TextSize)));
+    station->setGeometry(controlsLeft, y, half - Gap / 2, scaled(Line));
+  }
+}
+
+void PhasorPage::LayScales(const QRect& room, double textRatio) {
+  const int line = static_cast<int>(Line * textRatio);
+  QFont font = look::TextFont(static_cast<int>(look::TextSize * textRatio));
+  int y = room.top();
+  for (QWidget* widget :
+       {static_cast<QWidget*>(scalesHeading_), static_cast<QWidget*>(automatic_),
+        static_cast<QWidget*>(scaleCaptions_[0]), static_cast<QWidget*>(scales_[0]),
+        static_cast<QWidget*>(scaleCaptions_[1]), static_cast<QWidget*>(scales_[1])}) {
+    font.setBold(widget == scalesHeading_);
+    widget->setFont(font);
+    widget->setGeometry(room.left(), y, std::min(room.width(), line * 5), line - 2);
+    y += line;
+  }
+}
+
+}  // namespace desktop

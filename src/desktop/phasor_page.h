@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QWidget>
+#include <array>
+
+#include "desktop/binder.h"
+#include "desktop/choice_box.h"
+#include "desktop/guard.h"
+#include "desktop/picture_pad.h"
+#include "desktop/run_button.h"
+#include "desktop/run_indicator.h"
+#include "desktop/station_choice.h"
+#include "desktop/value_table.h"
+#include "forms/main_form.h"
+
+namespace desktop {
+
+/// The Phasor view: the circle diagram, the table beside it, and below the table what controls
+/// them. The frame and the diagram stand where the layout rules put them.
+class PhasorPage : public QWidget {
+  Q_OBJECT
+
+ public:
+  PhasorPage(forms::Main& main, Binder& binder, Guard& guard, PicturePad& picture, QWidget* parent);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void BindControls(Binder& binder);
+  void Follow();
+  void Lay();
+  void LayScales(const QRect& room, double textRatio);
+
+  forms::Main& main_;
+  QFrame* frame_;
+  QLabel* heading_;
+  PicturePad& picture_;
+  ValueTable* table_;
+  RunIndicator* indicator_;
+  RunButton* run_;
+  QLabel* stationHeading_;
+  std::array<StationChoice*, 2> stations_{};
+  QLabel* scalesHeading_;
+  QCheckBox* automatic_;
+  std::array<QLabel*, 2> scaleCaptions_{};
+  std::array<ChoiceBox*, 2> scales_{};
+};
+
+}  // namespace desktop

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+#include "platform/dialogs.h"
+
+namespace desktop {
+
+/// Shows the program's boxes, modal to the main window where there is one.
+class QtDialogs : public platform::Dialogs {
+ public:
+  void SetOwner(QWidget* owner) { owner_ = owner; }
+
+  platform::Answer Show(const platform::Message& message) override;
+  void ShowTimed(const platform::TimedMessage& message) override;
+
+ private:
+  /// A box belongs to the window only once that can be seen.
+  QWidget* Parent() const;
+
+  QPointer<QWidget> owner_;
+};
+
+}  // namespace desktop

@@ -1,0 +1,67 @@
+#include "desktop/qt_settings_store.h"
+
+#include <QDir>
+
+#include "desktop/text.h"
+
+namespace desktop {
+
+namespace {
+
+QString PathOf(const std::string& section, const std::string& key) {
+  return ToQt(section) + QLatin1Char('/') + ToQt(key);
+}
+
+}  // namespace
+
+QtSettingsStore::QtSettingsStore(platform::Dialogs& dialogs) : dialogs_(dialogs) {
+  writing_.setSingleShot(true);
+  QObject::connect(&writing_, &QTimer::timeout, &writing_, [this] { Sync(); });
+}
+
+QSettings& QtSettingsStore::FileOf(const std::string& application) const {
+  std::unique_ptr<QSettings>& file = files_[application];
+  if (!file) {
+    const QString name = ToQt(application);
+    file = std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope, name, name);
+    file->setFallbacksEnabled(false);
+  }
+  return *file;
+}
+
+std::string QtSettingsStore::Get(const std::string& application, const std::string& section,
+                                 const std::string& key, const std::string& fallback) const {
+  const QVariant value = FileOf(application).value(PathOf(section, key));
+  if (!value.isValid()) return fallback;
+  // A text with a comma that somebody wrote into the file without quotes comes back as a list.
+  if (value.typeId() == QMetaType::QStringList) return FromQt(value.toStringList().join(u','));
+  return FromQt(value.toString());
+}
+
+void QtSettingsStore::Set(const std::string& application, const std::string& section,
+                          const std::string& key, const std::string& text) {
+  FileOf(application).setValue(PathOf(section, key), ToQt(text));
+  // Not at once: one change writes all keys, and a box in the midst of them would let events in.
+  writing_.start(0);
+}
+
+void QtSettingsStore::Sync() {
+  writing_.stop();
+  for (const auto& [application, file] : files_) {
+    file->sync();
+    if (file->status() != QSettings::NoError) Report(file->fileName());
+  }
+}
+
+void QtSettingsStore::Report(const QString& fileName) {
+  if (reported_) return;
+  reported_ = true;
+  dialogs_.Show({"Attention",
+                 "The settings can't be saved!" + std::string(platform::Crlf) + platform::Crlf +
+                     FromQt(QDir::toNativeSeparators(fileName)) + platform::Crlf + platform::Crlf +
+                     "They hold until the program ends. Please check the rights and the free space "
+                     "of this file's folder.",
+                 platform::Icon::Exclamation});
+}
+
+}  // namespace desktop

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QSettings>
+#include <QTimer>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "platform/dialogs.h"
+#include "platform/settings_store.h"
+
+namespace desktop {
+
+/// The settings in the user's own settings file of the platform. Changes are written as soon as the
+/// window is idle; a file that cannot be written is reported once, and the values stay in memory.
+class QtSettingsStore : public platform::SettingsStore {
+ public:
+  explicit QtSettingsStore(platform::Dialogs& dialogs);
+
+  std::string Get(const std::string& application, const std::string& section,
+                  const std::string& key, const std::string& fallback) const override;
+  void Set(const std::string& application, const std::string& section, const std::string& key,
+           const std::string& text) override;
+  /// Writes what is not written yet.
+  void Sync();
+
+ private:
+  QSettings& FileOf(const std::string& application) const;
+  void Report(const QString& fileName);
+
+  platform::Dialogs& dialogs_;
+  mutable std::map<std::string, std::unique_ptr<QSettings>> files_;
+  QTimer writing_;
+  bool reported_ = false;
+};
+
+}  // namespace desktop

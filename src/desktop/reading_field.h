@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QColor>
+#include <QWidget>
+#include <functional>
+
+namespace desktop {
+
+/// One big reading, drawn like the display of a meter: digits at the right, a small line for the DC
+/// value above them, and a coloured bar for its kind. A reading too long for the field gets a
+/// smaller font; digits are never cut off.
+class ReadingField : public QWidget {
+  Q_OBJECT
+
+ public:
+  ReadingField(const QColor& mark, QWidget* parent);
+
+  /// Called on a click, or on Space or Return while the field has the focus.
+  std::function<void()> Clicked;
+
+  const QString& Text() const { return text_; }
+  void SetText(const QString& text);
+  /// The height of the digits' font before it is made to fit, in pixels.
+  void SetDigitSize(double pixels);
+  /// The font that the present reading is drawn in.
+  QFont FittingFont() const;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  double TextWidth() const;
+
+  QColor mark_;
+  QString text_;
+  double digitSize_ = 48;
+};
+
+}  // namespace desktop

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QGridLayout>
+#include <QWidget>
+
+#include "desktop/binder.h"
+#include "desktop/card.h"
+#include "desktop/graph_view.h"
+#include "desktop/guard.h"
+#include "forms/main_form.h"
+
+namespace desktop {
+
+/// The Recorder view: what is recorded and where to, the trigger settings, and the quick view of
+/// the finished recording. What comes and goes keeps its room, so that nothing jumps.
+class RecorderPage : public QWidget {
+  Q_OBJECT
+
+ public:
+  RecorderPage(forms::Main& main, Binder& binder, Guard& guard, QWidget* parent);
+
+ private:
+  Card* RecordingCard();
+  Card* TriggerCard();
+  Card* PauseCard();
+  QWidget* RunPanel();
+  QWidget* Progress(QWidget* parent);
+  QWidget* Foot();
+  ClickLabel* Caption(std::size_t row, QWidget* parent, QWidget* field = nullptr);
+  TextField* Field(std::size_t index, QWidget* parent, const QString& accessibleName);
+
+  forms::Main& main_;
+  Binder& binder_;
+};
+
+}  // namespace desktop

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QLabel>
+#include <QPushButton>
+#include <QWidget>
+#include <array>
+
+#include "desktop/binder.h"
+#include "desktop/rich_rows.h"
+#include "desktop/run_button.h"
+#include "desktop/run_indicator.h"
+#include "desktop/station_choice.h"
+#include "forms/main_form.h"
+
+namespace desktop {
+
+/// The Report view: titles and values of one frame in rows, and at their right what controls them.
+class ReportPage : public QWidget {
+  Q_OBJECT
+
+ public:
+  ReportPage(forms::Main& main, Binder& binder, QWidget* parent);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void AddRows(forms::Main& main);
+  void BindControls(forms::Main& main, Binder& binder);
+  void LayControls(double ratio);
+
+  RichRows rows_;
+  RunIndicator* indicator_;
+  RunButton* run_;
+  QLabel* stationHeading_;
+  std::array<StationChoice*, 2> stations_{};
+  QPushButton* print_;
+  QRectF sheet_;
+  QRectF panel_;
+};
+
+}  // namespace desktop

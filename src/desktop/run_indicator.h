@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QWidget>
+
+namespace desktop {
+
+/// The ring of light round a run button that tells that capture is running. It stands behind the
+/// button, centred on it, and is hidden while nothing is captured.
+class RunIndicator : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// How far the ring reaches out beyond its button.
+  static constexpr int Reach = 9;
+
+  explicit RunIndicator(QWidget* parent);
+  void CentreOn(const QWidget& button);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace desktop

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QLocale>
+
+#include "platform/number_text.h"
+
+namespace desktop {
+
+/// The separators of a locale as single bytes. Typographic ones give their plain counterpart, and a
+/// group separator without one gives the blank.
+platform::NumberLocale SeparatorsOf(const QLocale& locale);
+
+}  // namespace desktop

@@ -1,0 +1,124 @@
+#include "desktop/waveforms_page.h"
+
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "desktop/look.h"
+#include "desktop/text.h"
+#include "desktop/twips.h"
+
+namespace desktop {
+
+namespace {
+
+constexpr int FrameWidth = 3300;
+constexpr int ButtonHeight = 60;
+/// Room at the foot of the frame for the logo.
+constexpr int LogoRoom = 60;
+constexpr int Gap = 12;
+
+using twips::Pixels;
+
+QLabel* Heading(const QString& words, QWidget* parent) {
+  auto* heading = new QLabel(words, parent);
+  QFont bold = look::TextFont(look::TextSize);
+  bold.setBold(true);
+  heading->setFont(bold);
+  return heading;
+}
+
+}  // namespace
+
+WaveformsPage::WaveformsPage(forms::Main& main, Binder& binder, Guard& guard, QWidget* parent)
+    : QWidget(parent),
+      main_(main),
+      graph_(new GraphView(main.CWGraph1, guard, this)),
+      frame_(new QFrame(this)),
+      indicator_(new RunIndicator(frame_)),
+      run_(new RunButton(look::Card, frame_)),
+      print_(new QPushButton(frame_)),
+      modesHeading_(Heading(QStringLiteral("Graph Modes:"), frame_)),
+      stationHeading_(Heading(QStringLiteral("Shown Station ID:"), frame_)) {
+  main_.Frame1.Width = FrameWidth;
+  frame_->setObjectName(QStringLiteral("Frame1"));
+  frame_->setStyleSheet(QStringLiteral("#Frame1 { background: %1; border: 1px solid %2; "
+                                       "border-radius: 7px; }")
+                            .arg(look::Card.name(), look::Edge.name()));
+  graph_->setObjectName(QStringLiteral("CWGraph1"));
+  graph_->setAccessibleName(QStringLiteral("Waveforms"));
+  graph_->setToolTip(ToQt(main_.CWGraph1.ToolTipText));
+  BindControls(binder);
+  FillFrame();
+  Follow();
+}
+
+void WaveformsPage::BindControls(Binder& binder) {
+  binder.Bind(main_.Shape12[2], *indicator_, ArrayName("Shape12", 2));
+  binder.Bind(main_.CWButton1, *run_, QStringLiteral("CWButton1"));
+  binder.Bind(main_.Command1, *print_, QStringLiteral("Command1"));
+  for (std::size_t i = 0; i < legend_.size(); ++i) {
+    legend_[i] = new LegendBox(frame_);
+    QFont bold = look::TextFont(look::TextSize);
+    bold.setBold(true);
+    legend_[i]->setFont(bold);
+    binder.Bind(main_.Check2[i], *legend_[i], ArrayName("Check2", i));
+  }
+  for (std::size_t i = 0; i < modes_.size(); ++i) {
+    modes_[i] = new StationChoice(frame_);
+    binder.Bind(main_.sevOption1[i], *modes_[i], ArrayName("sevOption1", i));
+  }
+  for (std::size_t i = 0; i < stations_.size(); ++i) {
+    stations_[i] = new StationChoice(frame_);
+    binder.Bind(main_.Option3[i + 2], *stations_[i], ArrayName("Option3", i + 2),
+                Ampersand::Letter);
+  }
+}
+
+void WaveformsPage::FillFrame() {
+  auto* column = new QVBoxLayout(frame_);
+  column->setContentsMargins(Gap + RunIndicator::Reach, Gap + RunIndicator::Reach,
+                             Gap + RunIndicator::Reach, LogoRoom);
+  column->setSpacing(6);
+  run_->setFixedHeight(ButtonHeight);
+  column->addWidget(run_);
+  column->addSpacing(Gap);
+  for (LegendBox* box : legend_) column->addWidget(box);
+  column->addSpacing(Gap);
+  column->addWidget(modesHeading_);
+  for (StationChoice* mode : modes_) column->addWidget(mode);
+  column->addSpacing(Gap);
+  column->addWidget(stationHeading_);
+  for (StationChoice* station : stations_) column->addWidget(station);
+  column->addSpacing(Gap);
+  column->addWidget(print_);
+  column->addStretch(1);
+}
+
+void WaveformsPage::Follow() {
+  main_.Frame1.Visible.Observe([this] { frame_->setVisible(main_.Frame1.Visible); });
+  main_.CWGraph1.Visible.Observe([this] { graph_->setVisible(main_.CWGraph1.Visible); });
+  frame_->setVisible(main_.Frame1.Visible);
+  graph_->setVisible(main_.CWGraph1.Visible);
+  main_.CWGraph1.Height.Observe([this] { Lay(); });
+}
+
+void WaveformsPage::resizeEvent(QResizeEvent*) {
+  Lay();
+}
+
+void WaveformsPage::Lay() {
+  // Before the first layout the graph has no size to draw in.
+  if (main_.CWGraph1.Width <= 0 || main_.CWGraph1.Height <= 0) return;
+  // Places count from the window's top, above the row of tabs.
+  const int above = mapTo(window(), QPoint(0, 0)).y();
+  const auto place = [above](QWidget& widget, const platform::Control& control) {
+    widget.setGeometry(Pixels(control.Left), Pixels(control.Top) - above, Pixels(control.Width),
+                       Pixels(control.Height));
+  };
+  place(*graph_, main_.CWGraph1);
+  place(*frame_, main_.Frame1);
+  frame_->layout()->activate();
+  indicator_->CentreOn(*run_);
+}
+
+}  // namespace desktop

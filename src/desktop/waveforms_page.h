@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QFrame>
+#include <QLabel>
+#include <QPushButton>
+#include <QWidget>
+#include <array>
+
+#include "desktop/binder.h"
+#include "desktop/graph_view.h"
+#include "desktop/guard.h"
+#include "desktop/legend_box.h"
+#include "desktop/run_button.h"
+#include "desktop/run_indicator.h"
+#include "desktop/station_choice.h"
+#include "forms/main_form.h"
+
+namespace desktop {
+
+/// The Waveforms view: the graph over the whole width, and at its right the frame with the run
+/// button, the legend, the graph modes and the station choice.
+class WaveformsPage : public QWidget {
+  Q_OBJECT
+
+ public:
+  WaveformsPage(forms::Main& main, Binder& binder, Guard& guard, QWidget* parent);
+
+  /// The frame; the view's logo stands at its foot.
+  QWidget& Frame() { return *frame_; }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void BindControls(Binder& binder);
+  void FillFrame();
+  void Follow();
+  void Lay();
+
+  forms::Main& main_;
+  GraphView* graph_;
+  QFrame* frame_;
+  RunIndicator* indicator_;
+  RunButton* run_;
+  QPushButton* print_;
+  std::array<LegendBox*, 8> legend_{};
+  QLabel* modesHeading_;
+  std::array<StationChoice*, 3> modes_{};
+  QLabel* stationHeading_;
+  std::array<StationChoice*, 2> stations_{};
+};
+
+}  // namespace desktop

@@ -1,0 +1,252 @@
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include "adapters/steady_clock.h"
+#include "desktop/frame_driver.h"
+#include "desktop/qt_dialogs.h"
+#include "desktop/qt_event_queue.h"
+#include "desktop/repaint_queue.h"
+#include "desktop/system_locale.h"
+#include "desktop/text.h"
+#include "desktop/timed_dialog.h"
+#include "desktop/timer_driver.h"
+
+namespace desktop {
+namespace {
+
+platform::TimedMessage Message(std::int32_t seconds) {
+  return {"Attention", "prefix\r\nline", "Close", "Verdana", true, seconds, "closes in #sec# s"};
+}
+
+TEST(TimedDialogScene, ClosesItselfAndCountsTheSeconds) {
+  TimedDialog dialog(Message(2), nullptr);
+  auto& line = *dialog.findChild<QLabel*>("Countdown");
+  EXPECT_EQ(line.text(), "closes in 2 s");
+  QString afterOne;
+  QTimer::singleShot(1500, &dialog, [&] { afterOne = line.text(); });
+  QElapsedTimer time;
+  time.start();
+  dialog.exec();
+  EXPECT_EQ(afterOne, "closes in 1 s");
+  EXPECT_GE(time.elapsed(), 1900);
+  EXPECT_LT(time.elapsed(), 3500);
+}
+
+TEST(TimedDialogScene, ClosesByItsButton) {
+  TimedDialog dialog(Message(30), nullptr);
+  EXPECT_EQ(dialog.windowTitle(), "Attention");
+  EXPECT_EQ(dialog.findChild<QLabel*>("Text")->text(), "prefix\nline");
+  EXPECT_TRUE(dialog.findChild<QLabel*>("Text")->font().bold());
+  auto* close = dialog.findChild<QPushButton*>("Close");
+  EXPECT_EQ(close->text(), "Close");
+  QTimer::singleShot(50, &dialog, [&] { QTest::mouseClick(close, Qt::LeftButton); });
+  QElapsedTimer time;
+  time.start();
+  dialog.exec();
+  EXPECT_LT(time.elapsed(), 2000);
+}
+
+TEST(MessageBoxes, GiveTheAnswerOfTheUser) {
+  QtDialogs dialogs;
+  for (const auto& [button, answer] : {std::pair(QMessageBox::Yes, platform::Answer::Yes),
+                                       std::pair(QMessageBox::No, platform::Answer::No)}) {
+    QTimer::singleShot(50, qApp, [pressed = button] {
+      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      ASSERT_NE(box, nullptr);
+      EXPECT_EQ(box->icon(), QMessageBox::Critical);
+      EXPECT_EQ(box->windowTitle(), "Vornik");
+      box->button(pressed)->click();
+    });
+    EXPECT_EQ(dialogs.Show({"", "text", platform::Icon::Critical, platform::Buttons::YesNo}),
+              answer);
+  }
+}
+
+TEST(RepaintQueueScene, ManyChangesCostOneUpdateAFrame) {
+  RepaintQueue queue;
+  int updates = 0;
+  const std::size_t entry = queue.Add([&] { ++updates; });
+  for (int i = 0; i < 4000; ++i) queue.Mark(entry);
+  EXPECT_EQ(updates, 0);
+  QTest::qWait(60);
+  EXPECT_EQ(updates, 1);
+  queue.Mark(entry);
+  queue.Flush();
+  EXPECT_EQ(updates, 2);
+  QTest::qWait(60);
+  EXPECT_EQ(updates, 2);
+}
+
+/// A program whose end is only noted.
+struct Stage {
+  QtDialogs Dialogs;
+  int Ends = 0;
+  QtProgram Program{[] {},
+                    [this](int) {
+                      ++Ends;
+                      throw ProgramEnded();
+                    }};
+  Guard Entry{Dialogs, Program};
+  RepaintQueue Repaints;
+  QtEventQueue Events{Repaints, Entry};
+  adapters::SteadyClock Clock;
+};
+
+TEST(EventQueueScene, APumpBringsTheTextsToTheirWidgets) {
+  Stage stage;
+  int updates = 0;
+  const std::size_t entry = stage.Repaints.Add([&] { ++updates; });
+  stage.Repaints.Mark(entry);
+  stage.Events.Pump();
+  EXPECT_EQ(updates, 1);
+}
+
+TEST(EventQueueScene, AnEndInsideAPumpLeavesTheHandlerThatPumped) {
+  Stage stage;
+  QTimer::singleShot(0, qApp, [&] { stage.Entry([&] { stage.Program.End(); }); });
+  bool wentOn = false;
+  stage.Entry([&] {
+    QTest::qWait(20);
+    stage.Events.Pump();
+    wentOn = true;
+  });
+  EXPECT_EQ(stage.Ends, 1);
+  EXPECT_FALSE(wentOn);
+}
+
+TEST(TimerDriverScene, FiresAtItsTimeAndLetsOthersFireInsideOfAnEvent) {
+  Stage stage;
+  platform::TimerQueue timers(stage.Clock);
+  platform::Timer outer(timers);
+  platform::Timer inner(timers);
+  const TimerDriver driver(timers, stage.Clock, stage.Entry);
+  bool innerInside = false;
+  bool inside = false;
+  outer.Elapsed = [&] {
+    outer.Enabled = false;
+    inside = true;
+    QTest::qWait(150);
+    inside = false;
+  };
+  inner.Elapsed = [&] {
+    inner.Enabled = false;
+    innerInside = inside;
+  };
+  // Due at the same moment: the event of the first must not hold the second back.
+  for (platform::Timer* timer : {&outer, &inner}) {
+    timer->Interval = 60;
+    timer->Enabled = true;
+  }
+  QElapsedTimer time;
+  time.start();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !outer.Enabled && !inside; }, 2000));
+  EXPECT_GE(time.elapsed(), 60);
+  EXPECT_TRUE(innerInside);
+}
+
+/// A source that has a given number of frames at hand.
+class FrameStock : public platform::FrameDelivery {
+ public:
+  bool DeliverOne() override {
+    if (Left == 0) return false;
+    --Left;
+    ++Delivered;
+    if (OnFrame) OnFrame();
+    return true;
+  }
+  int Left = 0;
+  int Delivered = 0;
+  std::function<void()> OnFrame;
+};
+
+TEST(FrameDriverScene, DeliversWhileRunningAndNotAfterwards) {
+  Stage stage;
+  FrameStock stock;
+  const FrameDriver driver(stock, stage.Entry);
+  stock.Left = 100;
+  QTest::qWait(30);
+  EXPECT_EQ(stock.Delivered, 0);
+  stock.Running(true);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return stock.Delivered == 100; }, 2000));
+  stock.Left = 100;
+  stock.OnFrame = [&] {
+    if (stock.Delivered == 150) stock.Running(false);
+  };
+  QTest::qWait(50);
+  EXPECT_EQ(stock.Delivered, 150);
+}
+
+TEST(FrameDriverScene, APumpInsideAFrameDeliversFurtherFrames) {
+  Stage stage;
+  FrameStock stock;
+  const FrameDriver driver(stock, stage.Entry);
+  int duringPump = 0;
+  stock.OnFrame = [&] {
+    if (stock.Delivered != 1) return;
+    QTest::qWait(50);
+    duringPump = stock.Delivered - 1;
+  };
+  stock.Left = 10;
+  stock.Running(true);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return stock.Delivered == 10 && duringPump > 0; }, 2000));
+  EXPECT_EQ(duringPump, 9);
+}
+
+TEST(FrameDriverScene, AnEndlessStreamLeavesTurnsToTheWindow) {
+  Stage stage;
+  FrameStock stock;
+  const FrameDriver driver(stock, stage.Entry);
+  stock.Left = 1'000'000'000;
+  stock.Running(true);
+  int ticks = 0;
+  QTimer window;
+  QObject::connect(&window, &QTimer::timeout, [&] { ++ticks; });
+  window.start(10);
+  QTest::qWait(500);
+  stock.Running(false);
+  EXPECT_GT(stock.Delivered, 0);
+  EXPECT_GE(ticks, 15);
+}
+
+TEST(GuardScene, AnUnexpectedExceptionEndsTheProgramWithABox) {
+  Stage stage;
+  QString text;
+  QTimer::singleShot(50, qApp, [&] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    ASSERT_NE(box, nullptr);
+    text = box->text();
+    box->accept();
+  });
+  stage.Entry([] { throw std::runtime_error("broken"); });
+  EXPECT_EQ(text, "Run-time error '51':\n\nbroken");
+  EXPECT_EQ(stage.Ends, 1);
+  bool entered = false;
+  stage.Entry([&] { entered = true; });
+  EXPECT_FALSE(entered);
+}
+
+TEST(SystemLocale, GivesSingleByteSeparators) {
+  const auto separators = [](const char* name) {
+    const platform::NumberLocale locale = SeparatorsOf(QLocale(QString::fromLatin1(name)));
+    return std::string{locale.Decimal, locale.Group};
+  };
+  EXPECT_EQ(separators("C"), ".,");
+  EXPECT_EQ(separators("de_DE"), ",.");
+  EXPECT_EQ(separators("fr_FR"), ", ");
+  EXPECT_EQ(separators("de_CH"), ".'");
+}
+
+TEST(Captions, LoseTheirMnemonics) {
+  EXPECT_EQ(PlainCaption("re&al"), "real");
+  EXPECT_EQ(PlainCaption("GmbH && Co."), "GmbH & Co.");
+  EXPECT_EQ(PlainCaption("end&"), "end");
+}
+
+}  // namespace
+}  // namespace desktop

@@ -1,0 +1,209 @@
+#include <QAccessible>
+#include <QLabel>
+
+#include "desktop/reading_field.h"
+#include "desktop/run_button.h"
+#include "window_scene.h"
+
+namespace desktop {
+namespace {
+
+class Values : public WindowScene {
+ protected:
+  RunButton& Run() { return Find<RunButton>("CWButton4"); }
+  bool CaptureShows() { return Find<QWidget>(Member("Shape12", 0)).isVisible(); }
+  /// Waits until the first current reads this text.
+  bool WaitForCurrent(const char* text) {
+    return WaitFor([&] { return Reading(0) == text; });
+  }
+};
+
+TEST_F(Values, APressOnRunBringsTheNumbersAndStopEndsThem) {
+  Start();
+  GoMeasure();
+  EXPECT_EQ(Reading(0), "0.0000");
+  Click("CWButton4");
+  EXPECT_TRUE(Run().Position());
+  EXPECT_EQ(Run().text(), "STOP");
+  EXPECT_TRUE(WaitForCurrent("400.0000"));
+  EXPECT_EQ(Reading(4), "63.5090");
+  EXPECT_TRUE(WaitFor([&] { return CaptureShows(); }));
+
+  ASSERT_TRUE(WaitFor([&] { return Run().isEnabled(); }));
+  Click("CWButton4");
+  EXPECT_FALSE(Run().Position());
+  EXPECT_EQ(Run().text(), "RUN");
+  EXPECT_FALSE(CaptureShows());
+  EXPECT_FALSE(Program().State.CaptureRunning);
+}
+
+TEST_F(Values, TheRunButtonIsLockedForASecondAroundEachChange) {
+  Start();
+  GoMeasure();
+  Click("CWButton4");
+  EXPECT_FALSE(Run().isEnabled());
+  const auto pressed = clock_.Now();
+  ASSERT_TRUE(WaitFor([&] { return Run().isEnabled(); }));
+  EXPECT_GE(clock_.Now() - pressed, std::chrono::milliseconds(950));
+
+  Click("CWButton4");
+  EXPECT_FALSE(Run().isEnabled());
+  const auto released = clock_.Now();
+  ASSERT_TRUE(WaitFor([&] { return Run().isEnabled(); }));
+  EXPECT_GE(clock_.Now() - released, std::chrono::milliseconds(950));
+  EXPECT_LT(clock_.Now() - released, std::chrono::milliseconds(2500));
+}
+
+TEST_F(Values, APressOnTheLockedButtonDoesNothing) {
+  Start();
+  GoMeasure();
+  Form().CWButton4.Enabled = false;
+  Click("CWButton4");
+  EXPECT_FALSE(Form().CWButton4.Value);
+}
+
+TEST_F(Values, TheLockedButtonKeepsTheFocus) {
+  Start();
+  GoMeasure();
+  Run().setFocus();
+  Form().CWButton4.Enabled = false;
+  EXPECT_EQ(program_->Window().focusWidget(), nullptr);
+  Form().CWButton4.Enabled = true;
+  EXPECT_EQ(program_->Window().focusWidget(), &Run());
+}
+
+TEST_F(Values, TheSecondStationShowsItsOwnNumbers) {
+  Start();
+  GoMeasure();
+  Click("CWButton4");
+  ASSERT_TRUE(WaitForCurrent("400.0000"));
+  Click(Member("Option3", 1));
+  EXPECT_TRUE(Find<QAbstractButton>(Member("Option3", 1)).isChecked());
+  EXPECT_FALSE(Find<QAbstractButton>(Member("Option3", 0)).isChecked());
+  EXPECT_TRUE(WaitForCurrent("150.0000"));
+}
+
+TEST_F(Values, AClickOnTheChosenStationLeavesItChosen) {
+  Start();
+  GoMeasure();
+  Click(Member("Option3", 0));
+  EXPECT_TRUE(Find<QAbstractButton>(Member("Option3", 0)).isChecked());
+}
+
+TEST_F(Values, TheDcValuesStandInTheirFieldsWithoutTouchingTheDigits) {
+  Start();
+  Form().Check4.Value = 1;
+  GoMeasure();
+  Click("CWButton4");
+  auto& dc = Find<QLabel>(Member("Label12", 8));
+  ASSERT_TRUE(WaitFor([&] { return dc.text().startsWith("DC:"); }));
+  auto& field = Find<ReadingField>(Member("Label5", 0));
+  EXPECT_EQ(dc.parentWidget(), &field);
+  EXPECT_EQ(dc.pos(), QPoint(3, 3));
+  const double digitTop =
+      field.height() * 0.85 - QFontMetricsF(field.FittingFont()).tightBoundingRect("0").height();
+  EXPECT_LE(dc.geometry().bottom(), digitTop);
+}
+
+TEST_F(Values, AClickOnAReadingChoosesTheRealTimeChannel) {
+  Start();
+  GoMeasure();
+  Click(Member("Label5", 5));
+  EXPECT_EQ(Program().State.RealTimeChannel, 6);
+  QTest::keyClick(&Find<QWidget>(Member("Label5", 2)), Qt::Key_Space);
+  EXPECT_EQ(Program().State.RealTimeChannel, 3);
+}
+
+TEST_F(Values, InRealTimeModeTheChosenReadingFollowsTheStream) {
+  Start();
+  GoMeasure();
+  Click("Check5");
+  Click(Member("Label5", 4));
+  Click("CWButton4");
+  EXPECT_TRUE(WaitFor([&] { return Reading(4) == "63.5090"; }));
+  EXPECT_EQ(Reading(0), "0.0000");
+  EXPECT_EQ(Reading(5), "0.0000");
+}
+
+TEST_F(Values, AReadingTooLongForItsFieldGetsASmallerFont) {
+  Start();
+  GoMeasure();
+  auto& field = Find<ReadingField>(Member("Label5", 0));
+  const int usual = field.FittingFont().pixelSize();
+  for (const char* text : {"63,509.0000", "999,999,999.0000", "999,999,999,999,999.0000"}) {
+    field.SetText(text);
+    const QFontMetricsF metrics(field.FittingFont());
+    EXPECT_LT(field.FittingFont().pixelSize(), usual) << text;
+    EXPECT_LE(metrics.horizontalAdvance(text), field.width()) << text;
+  }
+}
+
+TEST_F(Values, TheFieldsStandWhereTheSizeOfTheWindowPutsThem) {
+  Start();
+  GoMeasure();
+  const auto& first = Find<QWidget>(Member("Label5", 0));
+  const auto& second = Find<QWidget>(Member("Label5", 4));
+  EXPECT_EQ(first.geometry().left(), 80);
+  EXPECT_EQ(second.geometry().left(), 432);
+  EXPECT_EQ(first.size(), QSize(273, 65));
+  ResizeFrame({2048, 1536});
+  QTest::qWait(50);
+  EXPECT_EQ(first.geometry().left(), 160);
+  EXPECT_EQ(second.geometry().left(), 864);
+  EXPECT_EQ(first.size(), QSize(546, 130));
+}
+
+TEST_F(Values, AReadingThatChangesOftenIsShownOnceAFrame) {
+  Start();
+  GoMeasure();
+  for (int i = 1; i <= 4000; ++i) Form().Label5[0].Caption = std::to_string(i);
+  EXPECT_EQ(Reading(0), "0.0000");
+  EXPECT_TRUE(WaitFor([&] { return Reading(0) == "4000"; }));
+}
+
+TEST_F(Values, AnAmpersandInAUsersTextIsALetter) {
+  Start();
+  GoMeasure("A&B");
+  Form().Text1[4].Text = "Bay 1 & 2";
+  EXPECT_EQ(Find<QAbstractButton>(Member("Option3", 0)).text(), "A&&B");
+  auto& caption = Find<QLabel>(Member("Label6", 0));
+  EXPECT_TRUE(WaitFor([&] { return caption.text() == "Bay 1 && 2 / [A]"; }));
+  EXPECT_EQ(caption.buddy(), &Find<QWidget>(Member("Label5", 0)));
+}
+
+TEST_F(Values, AReadingTellsItsCaptionAndItsNumberToAScreenReader) {
+  Start();
+  GoMeasure();
+  QAccessibleInterface* reading =
+      QAccessible::queryAccessibleInterface(&Find<QWidget>(Member("Label5", 1)));
+  ASSERT_NE(reading, nullptr);
+  EXPECT_EQ(reading->role(), QAccessible::StaticText);
+  EXPECT_EQ(reading->text(QAccessible::Name), "Current Sensor B / [A]");
+  EXPECT_EQ(reading->text(QAccessible::Value), "0.0000");
+}
+
+TEST_F(Values, TheIndicatorIsCentredOnTheRunButton) {
+  Start();
+  GoMeasure();
+  EXPECT_EQ(Find<QWidget>(Member("Shape12", 0)).geometry().center(), Run().geometry().center());
+}
+
+TEST_F(Values, WithoutDataTheDialogComesAndTheButtonFallsBack) {
+  Start();
+  GoMeasure("NOBODY");
+  Type(Member("Text1", 14), "");
+  ClickTab(ValuesTab);
+  QString text;
+  OnDialog([&](QDialog& dialog) {
+    text = dialog.findChild<QLabel*>("Text")->text();
+    QTest::mouseClick(dialog.findChild<QAbstractButton*>("Close"), Qt::LeftButton);
+  });
+  Click("CWButton4");
+  ASSERT_TRUE(WaitFor([&] { return !text.isEmpty(); }));
+  EXPECT_TRUE(text.startsWith(" No data received!\n\nReasons:")) << text.toStdString();
+  EXPECT_TRUE(WaitFor([&] { return Run().isEnabled(); }));
+  EXPECT_FALSE(Run().Position());
+}
+
+}  // namespace
+}  // namespace desktop

@@ -1,0 +1,286 @@
+#include <QApplication>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QSettings>
+#include <QStackedWidget>
+#include <QTabBar>
+#include <csignal>
+
+#include "desktop/termination_signals.h"
+#include "window_scene.h"
+
+namespace desktop {
+namespace {
+
+class Window : public WindowScene {
+ protected:
+  QTabBar& Tabs() { return Find<QTabBar>("TabStrip1"); }
+  int Page() { return program_->Window().findChild<QStackedWidget*>()->currentIndex() + 1; }
+};
+
+TEST_F(Window, HasEightTabsWithTheirTips) {
+  Start();
+  ASSERT_EQ(Tabs().count(), 8);
+  EXPECT_EQ(Tabs().tabText(0), "&Info");
+  EXPECT_EQ(Tabs().tabText(7), "E&xit");
+  EXPECT_EQ(Tabs().tabToolTip(3), "Scope\nYou get the waveform like a scope");
+}
+
+TEST_F(Window, AClickOnATabSelectsItAndBringsItsPageUp) {
+  MakeStorage();
+  Start();
+  for (int tab = 2; tab <= 7; ++tab) {
+    ClickTab(tab);
+    EXPECT_EQ(Form().TabStrip1.SelectedTab, tab);
+    EXPECT_EQ(Page(), tab);
+  }
+}
+
+TEST_F(Window, AClickOnTheSelectedTabSelectsItAgain) {
+  Start();
+  ClickTab(ValuesTab);
+  int changes = 0;
+  Form().TabStrip1.Changed = [&] { ++changes; };
+  ClickTab(ValuesTab);
+  EXPECT_EQ(changes, 1);
+  ClickTab(SetupTab);
+  EXPECT_EQ(changes, 2);
+}
+
+TEST_F(Window, ATabsKeySelectsItAlsoWhenItIsSelectedAlready) {
+  Start();
+  int changes = 0;
+  Form().TabStrip1.Changed = [&] { ++changes; };
+  QTest::keyClick(&program_->Window(), Qt::Key_V, Qt::AltModifier);
+  EXPECT_EQ(Form().TabStrip1.SelectedTab, ValuesTab);
+  EXPECT_EQ(changes, 1);
+  QTest::keyClick(&program_->Window(), Qt::Key_V, Qt::AltModifier);
+  EXPECT_EQ(changes, 2);
+}
+
+TEST_F(Window, TheArrowKeysStopBeforeTheTabThatEndsTheProgram) {
+  MakeStorage();
+  Start();
+  Tabs().setFocus();
+  for (int i = 0; i < 10; ++i) QTest::keyClick(&Tabs(), Qt::Key_Right);
+  EXPECT_EQ(Form().TabStrip1.SelectedTab, SetupTab);
+  QTest::keyClick(&Tabs(), Qt::Key_End);
+  EXPECT_EQ(Form().TabStrip1.SelectedTab, SetupTab);
+  EXPECT_FALSE(exitCode_);
+}
+
+TEST_F(Window, ATabSelectedByTheProgramShowsInTheStrip) {
+  Start();
+  Form().TabStrip1.SelectedTab = 4;
+  EXPECT_EQ(Tabs().currentIndex(), 3);
+  EXPECT_EQ(Page(), 4);
+}
+
+TEST_F(Window, TheExitTabEndsTheProgram) {
+  Start();
+  ClickTab(ExitTab);
+  EXPECT_TRUE(WaitFor([&] { return exitCode_ == 0; }));
+  EXPECT_FALSE(program_->Window().isVisible());
+}
+
+TEST_F(Window, TheCloseBoxEndsTheProgram) {
+  Start();
+  // The wish to close is passed on; the window goes when the program unloads it.
+  program_->Window().close();
+  EXPECT_TRUE(WaitFor([&] { return exitCode_ == 0; }));
+}
+
+TEST_F(Window, ClosingDuringARunningViewWaitsForItsButton) {
+  Start();
+  GoMeasure();
+  Click("CWButton4");
+  ASSERT_TRUE(Program().State.CaptureRunning);
+  ASSERT_FALSE(Form().CWButton4.Enabled);
+  const auto pressed = clock_.Now();
+  program_->Window().close();
+  EXPECT_TRUE(program_->Window().isVisible());
+  EXPECT_FALSE(exitCode_);
+  EXPECT_EQ(Form().TabStrip1.SelectedTab, ValuesTab);
+  EXPECT_TRUE(WaitFor([&] { return exitCode_.has_value(); }));
+  EXPECT_EQ(exitCode_, 0);
+  EXPECT_GE(clock_.Now() - pressed, std::chrono::milliseconds(950));
+  EXPECT_FALSE(Program().State.CaptureRunning);
+}
+
+TEST_F(Window, ARequestToTerminateStopsCaptureAndEndsTheProgram) {
+  Start();
+  GoMeasure();
+  const TerminationSignals termination([this] { program_->EndSession(); });
+  Click("CWButton4");
+  ASSERT_TRUE(Program().State.CaptureRunning);
+  std::raise(SIGTERM);
+  EXPECT_TRUE(WaitFor([&] { return exitCode_.has_value(); }));
+  EXPECT_EQ(exitCode_, 0);
+  EXPECT_FALSE(Program().State.CaptureRunning);
+}
+
+TEST_F(Window, EveryTabHasItsKey) {
+  Start();
+  const std::pair<int, Qt::Key> keys[] = {
+      {2, Qt::Key_V}, {3, Qt::Key_P}, {4, Qt::Key_W}, {6, Qt::Key_E}, {7, Qt::Key_S}};
+  for (const auto& [tab, key] : keys) {
+    ClickTab(InfoTab);
+    QTest::keyClick(&program_->Window(), key, Qt::AltModifier);
+    EXPECT_EQ(Form().TabStrip1.SelectedTab, tab);
+    EXPECT_EQ(Page(), tab);
+  }
+  ClickTab(ValuesTab);
+  QTest::keyClick(&program_->Window(), Qt::Key_I, Qt::AltModifier);
+  EXPECT_EQ(Form().TabStrip1.SelectedTab, InfoTab);
+  MakeStorage();
+  QTest::keyClick(&program_->Window(), Qt::Key_R, Qt::AltModifier);
+  EXPECT_EQ(Form().TabStrip1.SelectedTab, RecorderTab);
+  ClickTab(InfoTab);
+  QTest::keyClick(&program_->Window(), Qt::Key_X, Qt::AltModifier);
+  EXPECT_TRUE(WaitFor([&] { return exitCode_ == 0; }));
+}
+
+TEST_F(Window, ShowsTheTitleAndStartsMaximised) {
+  Build();
+  program_->Load();
+  EXPECT_TRUE(program_->Window().isMaximized());
+  EXPECT_TRUE(program_->Window().windowTitle().startsWith("Vornik: for Real-Time Communication"));
+  EXPECT_TRUE(program_->Window().windowTitle().endsWith("Version: 2.3.5"));
+}
+
+TEST_F(Window, AResizeKeepsARunningView) {
+  Start();
+  GoMeasure();
+  Click("CWButton4");
+  ASSERT_TRUE(WaitFor([&] { return Reading(0) == "400.0000"; }));
+  ResizeFrame({1300, 900});
+  EXPECT_EQ(Form().Window.Width, 1300 * 15);
+  EXPECT_EQ(Form().Window.Height, 900 * 15);
+  EXPECT_EQ(Page(), ValuesTab);
+  EXPECT_TRUE(Program().State.LookingForValues);
+  EXPECT_TRUE(Form().CWButton4.Value);
+}
+
+TEST_F(Window, AResizeKeepsTheViewAndItsFocus) {
+  Start();
+  ClickTab(SetupTab);
+  auto& field = Find<QWidget>(Member("Text1", 12));
+  field.setFocus();
+  ResizeFrame({1300, 900});
+  EXPECT_EQ(Page(), SetupTab);
+  EXPECT_TRUE(field.hasFocus());
+}
+
+TEST_F(Window, TheRecorderWithoutItsFolderAsksAndGoesToTheField) {
+  Start();
+  QString text;
+  OnDialog([&](QDialog& dialog) {
+    text = dialog.property("text").toString();
+    dialog.accept();
+  });
+  ClickTab(RecorderTab);
+  EXPECT_EQ(text,
+            "The given path under 'Setup' is not available!\nPlease check the specified path for "
+            "errors.");
+  EXPECT_EQ(Page(), SetupTab);
+  // Nothing activates the window again after a box here, so its own record of the focus counts.
+  auto* field = &Find<QWidget>(Member("Text1", 3));
+  EXPECT_TRUE(WaitFor([&] { return program_->Window().focusWidget() == field; }));
+  Type(Member("Text1", 3), home_.path());
+  ClickTab(RecorderTab);
+  EXPECT_EQ(Page(), RecorderTab);
+  auto& path = Find<QLabel>(Member("Label10", 1));
+  EXPECT_TRUE(WaitFor([&] { return path.text().startsWith(home_.path() + "/SV record"); }));
+}
+
+TEST_F(Window, TheRevisionHistoryOpensAndCloses) {
+  Start();
+  QString text;
+  bool readOnly = false;
+  OnDialog([&](QDialog& dialog) {
+    auto* area = dialog.findChild<QPlainTextEdit*>();
+    text = area->toPlainText();
+    readOnly = area->isReadOnly();
+    QTest::mouseClick(dialog.findChild<QAbstractButton*>("cmdOK"), Qt::LeftButton);
+  });
+  Click("Label4");
+  EXPECT_TRUE(text.contains("\n- ")) << text.toStdString();
+  EXPECT_TRUE(readOnly);
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  EXPECT_FALSE(Program().Revisionhistory.Window.Loaded);
+  bool again = false;
+  OnDialog([&](QDialog& dialog) {
+    again = true;
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+  });
+  Click("Label4");
+  EXPECT_TRUE(again);
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(Window, CannotBeMadeSmallerThanTheDesignAllows) {
+  Start();
+  program_->Window().resize(200, 200);
+  EXPECT_EQ(program_->Window().frameGeometry().size(), QSize(1024, 768));
+}
+
+TEST_F(Window, EveryControlHasItsNameOnce) {
+  Start();
+  QStringList names = {"TabStrip1", "CWButton4",  "Check5",     "Check4",
+                       "Label16",   "Combo1",     "Combo3",     "Combo4(0)",
+                       "Combo4(1)", "Shape12(0)", "Option3(0)", "Option3(1)"};
+  for (int i = 0; i < 8; ++i) {
+    names << Member("Label5", i) << Member("Label6", i) << Member("Label12", i + 8);
+  }
+  for (int i = 0; i < 15; ++i) names << Member("Text1", i);
+  for (int i = 1; i <= 4; ++i) names << Member("StatusBar1.Panels", i);
+  for (const QString& name : names) {
+    EXPECT_EQ(program_->Window().findChildren<QWidget*>(name).size(), 1) << name.toStdString();
+  }
+}
+
+TEST_F(Window, SettingsThatCannotBeSavedAreReportedOnce) {
+  // A file where the folder of the settings should be.
+  const QString blocked = home_.filePath("blocked");
+  QFile file(blocked);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, blocked);
+  Build();
+  int boxes = 0;
+  QString text;
+  OnDialog([&](QDialog& dialog) {
+    ++boxes;
+    text = dialog.property("text").toString();
+    OnDialog([&](QDialog& second) {
+      ++boxes;
+      second.accept();
+    });
+    dialog.accept();
+  });
+  program_->Load();
+  ASSERT_TRUE(WaitFor([&] { return boxes > 0; }));
+  EXPECT_TRUE(text.startsWith("The settings can't be saved!")) << text.toStdString();
+  ClickTab(SetupTab);
+  Type(Member("Text1", 12), "MU-7");
+  QTest::qWait(200);
+  EXPECT_EQ(boxes, 1);
+  EXPECT_EQ(Program().Settings.FilterContent[0], "MU-7");
+}
+
+TEST_F(Window, AStoredSettingThatIsNoNumberEndsTheStartWithTheRuntimesBox) {
+  QSettings file(QSettings::NativeFormat, QSettings::UserScope, "Vornik", "Vornik");
+  file.setValue("INI/Internal Delay", "12x");
+  file.sync();
+  Build();
+  QString text;
+  OnDialog([&](QDialog& dialog) {
+    text = dialog.property("text").toString();
+    dialog.accept();
+  });
+  program_->Load();
+  EXPECT_EQ(text, "Run-time error '13':\n\nType mismatch");
+  EXPECT_EQ(exitCode_, 1);
+}
+
+}  // namespace
+}  // namespace desktop
