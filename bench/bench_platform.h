@@ -1,0 +1,171 @@
+#pragma once
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "adapters/windows1252.h"
+#include "shell/application.h"
+
+namespace bench {
+
+/// Time that moves only where a benchmark moves it.
+class BenchClock : public platform::Clock {
+ public:
+  std::chrono::nanoseconds Now() const override { return Time; }
+  std::chrono::nanoseconds Time{0};
+};
+
+class BenchEvents : public platform::EventQueue {
+ public:
+  void Pump() override {}
+  void WaitMs(std::int32_t) override {}
+};
+
+/// A benchmark that meets a box went wrong.
+class BenchDialogs : public platform::Dialogs {
+ public:
+  platform::Answer Show(const platform::Message& message) override { Abort(message.Text); }
+  void ShowTimed(const platform::TimedMessage& message) override { Abort(message.Text); }
+
+ private:
+  [[noreturn]] static void Abort(const std::string& text) {
+    std::fprintf(stderr, "unexpected box: %s\n", text.c_str());
+    std::abort();
+  }
+};
+
+class BenchProgram : public platform::Program {
+ public:
+  [[noreturn]] void End() override { std::abort(); }
+};
+
+class BenchStore : public platform::SettingsStore {
+ public:
+  std::string Get(const std::string&, const std::string&, const std::string&,
+                  const std::string& fallback) const override {
+    return fallback;
+  }
+  void Set(const std::string&, const std::string&, const std::string&,
+           const std::string&) override {}
+};
+
+/// One adapter that takes every setting; the benchmark hands the frames over itself.
+class BenchCapture : public platform::CaptureLayer {
+ public:
+  std::unique_ptr<platform::CaptureObject> NewCaptureObject() override {
+    auto object = std::make_unique<Object>(*this);
+    Channel = object.get();
+    return object;
+  }
+  std::unique_ptr<platform::PacketCollection> NewPacketCollection() override {
+    return std::make_unique<Collection>();
+  }
+  std::string Advice() const override { return {}; }
+
+  platform::CaptureObject* Channel = nullptr;
+  bool Running = false;
+
+ private:
+  class OneAdapter : public platform::CaptureAdapter {
+   public:
+    bool IsGood() const override { return true; }
+    std::string Description() const override { return "Bench"; }
+    void Set(std::string_view, const Value&) override {}
+  };
+  class Object : public platform::CaptureObject {
+   public:
+    explicit Object(BenchCapture& layer) : layer_(layer) {}
+    std::int32_t AdapterCount() const override { return 1; }
+    platform::CaptureAdapter& Adapters(std::int32_t) override { return adapter_; }
+    void SetAdapter(platform::CaptureAdapter&) override {}
+    platform::CaptureAdapter& Adapter() override { return adapter_; }
+    void Start() override { layer_.Running = true; }
+    void Stop() override { layer_.Running = false; }
+
+   private:
+    BenchCapture& layer_;
+    OneAdapter adapter_;
+  };
+  class Collection : public platform::PacketCollection {
+   public:
+    void Clear() override {}
+  };
+};
+
+class BenchServices : public platform::FileSystem,
+                      public platform::FolderDialog,
+                      public platform::Printers,
+                      public platform::ShellLinks {
+ public:
+  std::string Separator() const override { return "/"; }
+  bool DirectoryExists(const std::string&) const override { return true; }
+  std::optional<std::string> Browse(const std::string&) override { return std::nullopt; }
+  std::vector<std::string> Names() const override { return {"Bench"}; }
+  std::string Current() const override { return "Bench"; }
+  void MakeCurrent(std::int32_t) override {}
+  void Open(const std::string&) override {}
+};
+
+/// A canvas that draws nothing.
+class BenchCanvas : public platform::Canvas {
+ public:
+  void Clear() override {}
+  void Scale(platform::Point, platform::Point) override {}
+  void ForeColor(platform::Rgb) override {}
+  void DrawStyle(std::int16_t) override {}
+  void DrawWidth(std::int16_t) override {}
+  platform::Point Position() const override { return {}; }
+  void MoveTo(platform::Point) override {}
+  void Line(platform::Point, platform::Point, std::optional<platform::Rgb>) override {}
+  void LineTo(platform::Point, platform::Rgb) override {}
+  void Circle(platform::Point, float, platform::Rgb) override {}
+  void Print(const std::string&) override {}
+};
+
+/// The whole program on a platform that costs nothing.
+struct BenchScene {
+  BenchClock Clock;
+  platform::TimerQueue Timers{Clock};
+  BenchEvents Events;
+  BenchDialogs Dialogs;
+  BenchProgram Program;
+  BenchStore Store;
+  BenchCapture Capture;
+  adapters::Windows1252 Code;
+  platform::NumberText Numbers;
+  BenchServices Services;
+  platform::Screen Screen{1920 * 15, 1080 * 15};
+  BenchCanvas Nothing;
+  platform::Canvas& Picture;
+  formroutines::Application App;
+
+  /// Starts the program on the Values view with these content filters; the phasor diagram is drawn
+  /// on `picture`, or nowhere.
+  BenchScene(const std::string& first, const std::string& second,
+             platform::Canvas* picture = nullptr)
+      : Picture(picture != nullptr ? *picture : Nothing),
+        App({Timers, Events, Dialogs, Program, Store, Capture, Code, Numbers, Services, Services,
+             Services, Services, Screen, Picture}) {
+    App.Load();
+    App.Main.TabStrip1.SelectedTab = 2;
+    App.Main.Text1[14].Text = second;
+    App.Main.Text1[12].Text = first;
+    App.Main.Combo3.ListIndex = 2;
+  }
+
+  /// Hands one frame over, and lets the restart timer run where the frame completed a block.
+  void Receive(std::span<const std::uint8_t> frame) {
+    Capture.Channel->OnPacket({frame, frame.size()});
+    if (!Capture.Running) {
+      Clock.Time += std::chrono::milliseconds(100);
+      Timers.FireDue();
+    }
+  }
+};
+
+}  // namespace bench

@@ -1,0 +1,35 @@
+// Stop and start of an interface with unchanged settings, as between two blocks of a live view.
+
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+
+#include "adapters/pcap_source.h"
+#include "live/wire.h"
+#include "platform/failure.h"
+
+namespace {
+
+void CaptureRestart(benchmark::State& state) {
+  if (const std::string reason = live::WhyNoWire(); !reason.empty()) {
+    state.SkipWithError(reason.c_str());
+    return;
+  }
+  live::LayWire();
+  adapters::PcapSource source(live::NearEnd, "");
+  try {
+    source.Prepare({static_cast<std::int32_t>(state.range(0)), true, "ether proto 0x88ba"});
+    source.Start();
+    for (auto _ : state) {
+      source.Stop();
+      source.Start();
+    }
+  } catch (const platform::Failure& failure) {
+    state.SkipWithError(failure.Text().c_str());
+  }
+  source.Release();
+  live::CutWire();
+}
+BENCHMARK(CaptureRestart)->Arg(262144)->Arg(33554432)->Unit(benchmark::kMillisecond);
+
+}  // namespace

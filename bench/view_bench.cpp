@@ -1,0 +1,86 @@
+// Drawing of the picture views into their real widgets.
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <cmath>
+#include <numbers>
+
+#include "bench_platform.h"
+#include "desktop/graph_view.h"
+#include "desktop/guard.h"
+#include "desktop/picture_pad.h"
+#include "desktop/qt_program.h"
+#include "measure/phase_analysis.h"
+#include "measure/scope_view.h"
+
+namespace {
+
+/// The application that the widgets need; they draw off the screen.
+void NeedWindowSystem() {
+  static int count = 1;
+  static char name[] = "vornik_bench";
+  static char* names[] = {name, nullptr};
+  static QApplication application(count, names);
+}
+
+/// A block of three-phase sets.
+void Fill(platform::BlockMatrix& block) {
+  for (std::int32_t row = 0; row < block.Rows(); ++row) {
+    const auto cells = block.Row(row);
+    for (std::size_t k = 0; k < cells.size(); ++k) {
+      const double turn = row / 80.0 - static_cast<double>(k % 4) / 3.0;
+      cells[k] = (k < 4 ? 400 : 63) * std::sin(2 * std::numbers::pi * turn);
+    }
+  }
+}
+
+/// Everything that one of the views needs besides the program itself.
+struct ViewParts {
+  explicit ViewParts(bench::BenchScene& scene)
+      : File(scene.Store, scene.Numbers, scene.App.Settings),
+        Capture(scene.Capture, scene.App.Main, scene.App.Settings, scene.App.State, scene.Events,
+                scene.Dialogs, scene.Program) {}
+  subroutines::SettingsFile File;
+  packetroutines::CaptureSession Capture;
+};
+
+void Plot(benchmark::State& state) {
+  NeedWindowSystem();
+  bench::BenchScene scene("MU_ALPHA", "");
+  formroutines::Application& app = scene.App;
+  app.Main.Text1[2].Text = std::to_string(state.range(0));
+  desktop::QtProgram program([] {}, nullptr);
+  desktop::Guard guard(scene.Dialogs, program);
+  desktop::GraphView graph(app.Main.CWGraph1, guard, nullptr);
+  graph.resize(820, 620);
+  graph.show();
+  ViewParts parts(scene);
+  subroutines::ScopeView scope(app.Main, app.Settings, app.Session, parts.File, app.State,
+                               app.Block, parts.Capture, scene.Events);
+  Fill(app.Block.SignalValues);
+  for (auto _ : state) scope.PlotBlock("Auto");
+}
+BENCHMARK(Plot)->Name("PlotBlock")->Arg(400)->Unit(benchmark::kMillisecond);
+BENCHMARK(Plot)->Name("PlotBlock/Large")->Arg(100000)->Unit(benchmark::kMillisecond);
+
+void UpdatePhases(benchmark::State& state) {
+  NeedWindowSystem();
+  desktop::PicturePad pad(nullptr);
+  pad.resize(430 + desktop::PicturePad::RightMargin, 430 + desktop::PicturePad::LowerMargin);
+  pad.show();
+  bench::BenchScene scene("MU_ALPHA", "", &pad);
+  formroutines::Application& app = scene.App;
+  ViewParts parts(scene);
+  subroutines::PhasorDiagram diagram(app.Main, pad, app.State, app.Session, scene.Numbers);
+  subroutines::PhaseAnalysis phases(app.Main, app.Settings, app.Session, app.State, app.Block,
+                                    parts.Capture, diagram, scene.Events, scene.Numbers);
+  Fill(app.Block.SignalValues);
+  for (auto _ : state) {
+    phases.UpdatePhases();
+    pad.repaint();
+  }
+}
+BENCHMARK(UpdatePhases)->Unit(benchmark::kMillisecond);
+
+}  // namespace
