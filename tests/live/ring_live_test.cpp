@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
+#include <poll.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
@@ -112,10 +114,15 @@ class TwoStreams : public NetworkInterfaceScene {
     }
   }
 
-  void ReadWhileStalling(std::int32_t buffer, std::chrono::milliseconds stall,
+  /// Reads until the publisher has sent everything. Returns false where the machine held this
+  /// reader up for longer than it meant to stall, so that nothing can be said of the buffer.
+  bool ReadWhileStalling(std::int32_t buffer, std::chrono::milliseconds stall,
                          std::chrono::milliseconds between, int seconds) {
+    using Clock = std::chrono::steady_clock;
+    seen_.clear();
     source_.Prepare(Settings("", buffer));
     source_.Start();
+    droppedBefore_ = source_.Counters().Dropped;
     const std::unique_ptr<FILE, int (*)(FILE*)> publisher(
         popen((std::string(VORNIK_PYTHON) + " " + VORNIK_PUBLISHER + " --interface " +
                live::FarEnd + " --duration " + std::to_string(seconds) +
@@ -123,18 +130,24 @@ class TwoStreams : public NetworkInterfaceScene {
                   .c_str(),
               "r"),
         pclose);
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(seconds) + 1500ms;
-    auto nextStall = std::chrono::steady_clock::now() + between;
-    while (std::chrono::steady_clock::now() < end) {
+    pollfd finished{fileno(publisher.get()), POLLIN, 0};
+    auto nextStall = Clock::now() + between;
+    auto lastRead = Clock::now();
+    Clock::duration longest{};
+    while (poll(&finished, 1, 0) == 0) {
+      longest = std::max(longest, Clock::now() - lastRead);
       while (const auto frame = source_.Next()) Take(*frame);
+      lastRead = Clock::now();
       std::this_thread::sleep_for(1ms);
-      if (std::chrono::steady_clock::now() < nextStall) continue;
+      if (Clock::now() < nextStall) continue;
       std::this_thread::sleep_for(stall);
-      nextStall = std::chrono::steady_clock::now() + between;
+      nextStall = Clock::now() + between;
     }
+    std::this_thread::sleep_for(100ms);
+    while (const auto frame = source_.Next()) Take(*frame);
     char sent[256] = {};
-    ASSERT_NE(std::fgets(sent, sizeof sent, publisher.get()), nullptr);
-    sent_ = sent;
+    sent_ = std::fgets(sent, sizeof sent, publisher.get()) ? sent : "";
+    return longest <= stall + 100ms;
   }
 
   void ExpectNothingLost(int seconds) {
@@ -144,21 +157,26 @@ class TwoStreams : public NetworkInterfaceScene {
       EXPECT_EQ(seen_[id].Count, 4000U * static_cast<unsigned>(seconds)) << id;
       EXPECT_EQ(seen_[id].Jumps, 0U) << id;
     }
-    EXPECT_EQ(source_.Counters().Dropped, 0U);
+    EXPECT_EQ(source_.Counters().Dropped, droppedBefore_);
   }
 
   std::map<std::string, Seen> seen_;
   std::string sent_;
+  std::uint64_t droppedBefore_ = 0;
 };
 
 TEST_F(TwoStreams, LoseNothingInAViewThatStallsForATenthOfASecond) {
-  ReadWhileStalling(ViewBuffer, 100ms, 300ms, 3);
-  ExpectNothingLost(3);
+  for (int attempt = 0; attempt < 3; ++attempt) {
+    if (ReadWhileStalling(ViewBuffer, 100ms, 300ms, 3)) return ExpectNothingLost(3);
+  }
+  GTEST_SKIP() << "this machine held the reader up again and again";
 }
 
 TEST_F(TwoStreams, LoseNothingInARecordingThatStallsForTwoSeconds) {
-  ReadWhileStalling(RecordingBuffer, 2000ms, 500ms, 5);
-  ExpectNothingLost(5);
+  for (int attempt = 0; attempt < 3; ++attempt) {
+    if (ReadWhileStalling(RecordingBuffer, 2000ms, 500ms, 5)) return ExpectNothingLost(5);
+  }
+  GTEST_SKIP() << "this machine held the reader up again and again";
 }
 
 }  // namespace

