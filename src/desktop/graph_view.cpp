@@ -50,6 +50,11 @@ GraphView::GraphView(platform::CWGraph& graph, Guard& guard, QWidget* parent)
   ShowAll();
 }
 
+void GraphView::resizeEvent(QResizeEvent* event) {
+  // A page that was not laid out yet leaves no room, and nothing can be painted on nothing.
+  if (!event->size().isEmpty()) QCustomPlot::resizeEvent(event);
+}
+
 void GraphView::FollowPlots() {
   for (std::size_t i = 0; i < curves_.size(); ++i) {
     platform::Plot& plot = graph_.Plots[i];

@@ -17,6 +17,9 @@ class GraphView : public QCustomPlot {
  public:
   GraphView(platform::CWGraph& graph, Guard& guard, QWidget* parent);
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
   void FollowPlots();
   void FollowGraph();
