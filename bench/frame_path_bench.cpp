@@ -1,5 +1,5 @@
 // The way of a frame from the capture object to the block arrays; items a second are frames a
-// second. second.
+// second.
 
 #include <benchmark/benchmark.h>
 

@@ -67,7 +67,7 @@ BENCHMARK(Plot)->Name("PlotBlock/Large")->Arg(100000)->Unit(benchmark::kMillisec
 void UpdatePhases(benchmark::State& state) {
   NeedWindowSystem();
   desktop::PicturePad pad(nullptr);
-  pad.resize(430 + desktop::PicturePad::RightMargin, 430 + desktop::PicturePad::LowerMargin);
+  pad.Place({0, 0}, 430);
   pad.show();
   bench::BenchScene scene("MU_ALPHA", "", &pad);
   formroutines::Application& app = scene.App;

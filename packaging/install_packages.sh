@@ -18,7 +18,8 @@ if [ "$(id -u)" -ne 0 ]; then
   as_root=(sudo)
 fi
 echo "Installing: ${missing[*]}"
-export DEBIAN_FRONTEND=noninteractive
+# The question mode is set behind sudo, which passes no variables on.
+as_root+=(env DEBIAN_FRONTEND=noninteractive)
 # Other package managers may hold the lock for a while.
 "${as_root[@]}" apt-get -o DPkg::Lock::Timeout=300 update -qq
 "${as_root[@]}" apt-get -o DPkg::Lock::Timeout=300 install -y -qq --no-install-recommends \

@@ -1,7 +1,7 @@
 # The Debian packages of the project; sourced by the commands in the root.
-build_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev libgl-dev libqcustomplot-dev
+build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev libgl-dev libqcustomplot-dev
   libpcap-dev)
 run_packages=(libqt6gui6 libqt6svg6 qt6-qpa-plugins fontconfig fonts-dejavu-core)
 display_packages=(xvfb xauth)
-test_packages=(git libgtest-dev libgmock-dev clang-format python3 iproute2 xvfb xauth)
-bench_packages=(libbenchmark-dev)
+test_packages=(libgtest-dev libgmock-dev clang-format python3 iproute2)
+bench_packages=(libbenchmark-dev iproute2)

@@ -29,11 +29,6 @@ void Hand::Click(const QString& name) const {
   QTest::mouseClick(&widget, Qt::LeftButton, {}, QPoint(12, widget.height() / 2));
 }
 
-void Hand::DoubleClick(const QString& name) const {
-  QWidget& widget = Find(name);
-  QTest::mouseDClick(&widget, Qt::LeftButton, {}, QPoint(12, widget.height() / 2));
-}
-
 void Hand::ClickTab(int tab) const {
   auto& tabs = dynamic_cast<QTabBar&>(Find(QStringLiteral("TabStrip1")));
   QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(tab - 1).center());

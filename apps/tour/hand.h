@@ -16,7 +16,6 @@ class Hand {
   /// The control of this name; throws where the window has none.
   QWidget& Find(const QString& name) const;
   void Click(const QString& name) const;
-  void DoubleClick(const QString& name) const;
   void ClickTab(int tab) const;
   /// Replaces the text of a field by typing.
   void Type(const QString& field, const QString& text) const;

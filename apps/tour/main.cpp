@@ -113,8 +113,13 @@ int RunTour(int argc, char** argv) {
 int main(int argc, char** argv) {
   constexpr int TourArguments = 2;
   constexpr int WalkArguments = 6;
-  if (argc == TourArguments) return RunTour(argc, argv);
-  if (argc == WalkArguments) return RunWalk(argc, argv);
+  try {
+    if (argc == TourArguments) return RunTour(argc, argv);
+    if (argc == WalkArguments) return RunWalk(argc, argv);
+  } catch (const std::exception& error) {
+    std::cerr << error.what() << std::endl;
+    return 1;
+  }
   std::cerr << "usage: vornik_tour OUT_DIR" << std::endl;
   return 2;
 }

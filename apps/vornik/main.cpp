@@ -1,7 +1,9 @@
 #include <QApplication>
-#include <QDir>
+#include <QMessageBox>
 #include <QStandardPaths>
+#include <exception>
 #include <filesystem>
+#include <iostream>
 
 #include "adapters/steady_clock.h"
 #include "adapters/system_capture_layer.h"
@@ -21,15 +23,7 @@ std::filesystem::path CapturesFolder() {
   return NativePath(data) / "vornik" / "captures";
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-  QApplication application(argc, argv);
-  QApplication::setApplicationName(QStringLiteral("Vornik"));
-  // The program ends when it has unloaded its window, not when one of its boxes closes.
-  QApplication::setQuitOnLastWindowClosed(false);
-  desktop::look::Apply(application);
-
+int Run() {
   const adapters::SteadyClock clock;
   const adapters::Windows1252 code;
   adapters::SystemCaptureLayer capture(
@@ -39,4 +33,23 @@ int main(int argc, char** argv) {
 
   program.Load();
   return QApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("Vornik"));
+  // The program ends when it has unloaded its window, not when one of its boxes closes.
+  QApplication::setQuitOnLastWindowClosed(false);
+  desktop::look::Apply(application);
+  try {
+    return Run();
+  } catch (const std::exception& error) {
+    // What fails before the window is there has no other place to be told.
+    std::cerr << error.what() << std::endl;
+    QMessageBox::critical(nullptr, QApplication::applicationName(),
+                          QString::fromUtf8(error.what()));
+    return 1;
+  }
 }

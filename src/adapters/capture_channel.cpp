@@ -54,10 +54,8 @@ void CaptureChannel::SetAdapter(platform::CaptureAdapter& adapter) {
                                   [&](const auto& own) { return own.get() == &adapter; });
   if (found == adapters_.end()) throw Failure(platform::failure::InvalidPropertyValue);
   if (selected_ == found->get()) return;
-  if (selected_ != nullptr) {
-    Stop();
-    selected_->Source().Release();
-  }
+  Stop();
+  if (selected_ != nullptr) selected_->Source().Release();
   selected_ = found->get();
 }
 
@@ -70,7 +68,7 @@ SourceAdapter& CaptureChannel::Selected() {
 
 void CaptureChannel::Start() {
   try {
-    Selected().Source().Start();
+    if (selected_ != nullptr) selected_->Source().Start();
   } catch (...) {
     // A start that fails leaves nothing running, also where a delivery ran before.
     Stop();
@@ -96,8 +94,8 @@ std::vector<std::uint8_t>& CaptureChannel::BufferAt(std::size_t depth) {
 }
 
 bool CaptureChannel::DeliverOne() {
-  if (!running_) return false;
-  const std::optional<platform::CapturedFrame> frame = Selected().Source().Next();
+  if (!running_ || selected_ == nullptr) return false;
+  const std::optional<platform::CapturedFrame> frame = selected_->Source().Next();
   if (!frame) return false;
   std::vector<std::uint8_t>& buffer = BufferAt(depth_);
   buffer.assign(frame->Bytes.begin(), frame->Bytes.end());

@@ -28,24 +28,46 @@ std::chrono::nanoseconds TimeOf(const pcap_pkthdr& header) {
   return std::chrono::seconds(seconds) + std::chrono::nanoseconds(nanoseconds);
 }
 
-Failure CannotOpen(const std::filesystem::path& file, const std::string& words) {
-  const std::string name = "The capture file " + file.string();
+/// An open capture file of an Ethernet; without a handle, the words say why there is none.
+struct Opened {
+  PcapHandle Handle;
+  std::string Words;
+};
+
+Opened OpenFile(const std::filesystem::path& file) {
+  std::array<char, PCAP_ERRBUF_SIZE> words{};
+  Opened opened;
+  opened.Handle.reset(pcap_open_offline_with_tstamp_precision(
+      file.string().c_str(), PCAP_TSTAMP_PRECISION_NANO, words.data()));
+  opened.Words = words.data();
+  if (opened.Handle && pcap_datalink(opened.Handle.get()) != DLT_EN10MB) {
+    opened = {nullptr, "it does not hold Ethernet frames"};
+  }
+  return opened;
+}
+
+/// What is wrong with a file and what to do, in words that follow its name.
+struct Trouble {
+  std::int32_t Number;
+  std::string Words;
+};
+
+Trouble TroubleOf(const std::filesystem::path& file, const std::string& words) {
   std::error_code error;
   const bool exists = std::filesystem::exists(file, error);
-  if (!exists && !error) {
-    return {failure::FileNotFound, name +
-                                       " is gone. Please put it back, or choose another network "
-                                       "adapter in the Setup."};
-  }
+  if (!exists && !error) return {failure::FileNotFound, "is gone. Please put it back"};
   if (words.find(std::strerror(EACCES)) != std::string::npos) {
-    return {failure::PermissionDenied, name +
-                                           " may not be read. Please give yourself the right to "
-                                           "read it."};
+    return {failure::PermissionDenied,
+            "may not be read. Please give yourself the right to read it"};
   }
-  return {failure::DeviceIo, name + " cannot be played: " + words +
-                                 ". Please put a sound Ethernet "
-                                 "capture in its place, or choose another network adapter in "
-                                 "the Setup."};
+  return {failure::DeviceIo,
+          "cannot be played: " + words + ". Please put a sound Ethernet capture in its place"};
+}
+
+Failure FailureOf(const std::filesystem::path& file, const std::string& words) {
+  const Trouble trouble = TroubleOf(file, words);
+  return {trouble.Number, "The capture file " + file.string() + " " + trouble.Words +
+                              ", or choose another network adapter in the Setup."};
 }
 
 }  // namespace
@@ -55,14 +77,11 @@ CaptureFileReader::CaptureFileReader(std::filesystem::path file) : file_(std::mo
 }
 
 void CaptureFileReader::Open() {
-  std::array<char, PCAP_ERRBUF_SIZE> words{};
-  handle_.reset(pcap_open_offline_with_tstamp_precision(file_.string().c_str(),
-                                                        PCAP_TSTAMP_PRECISION_NANO, words.data()));
-  if (!handle_) throw CannotOpen(file_, words.data());
-  if (pcap_datalink(handle_.get()) != DLT_EN10MB) {
-    handle_.reset();
-    throw CannotOpen(file_, "it does not hold Ethernet frames");
-  }
+  std::error_code error;
+  written_ = std::filesystem::last_write_time(file_, error);
+  Opened opened = OpenFile(file_);
+  handle_ = std::move(opened.Handle);
+  if (!handle_) throw FailureOf(file_, opened.Words);
 }
 
 std::optional<RecordedFrame> CaptureFileReader::Next() {
@@ -80,18 +99,24 @@ std::optional<RecordedFrame> CaptureFileReader::Next() {
   return std::nullopt;
 }
 
-void CaptureFileReader::Rewind() {
+bool CaptureFileReader::Rewind() {
+  const std::filesystem::file_time_type before = written_;
   framesRead_ = 0;
   damage_.clear();
   Open();
+  return written_ == before;
 }
 
-bool IsPlayable(const std::filesystem::path& file) {
-  try {
-    return CaptureFileReader(file).Next().has_value();
-  } catch (const Failure&) {
-    return false;
+std::string WhyUnplayable(const std::filesystem::path& file) {
+  Opened opened = OpenFile(file);
+  if (opened.Handle) {
+    pcap_pkthdr* header = nullptr;
+    const u_char* bytes = nullptr;
+    const int read = pcap_next_ex(opened.Handle.get(), &header, &bytes);
+    if (read == 1) return {};
+    opened.Words = read == PCAP_ERROR ? pcap_geterr(opened.Handle.get()) : "it holds no frame";
   }
+  return TroubleOf(file, opened.Words).Words + ".";
 }
 
 }  // namespace adapters

@@ -26,8 +26,9 @@ class CaptureFileReader {
 
   /// The next frame, valid until the next call; absent at the end and from a damaged place on.
   std::optional<RecordedFrame> Next();
-  /// Begins anew; fails as the opening does.
-  void Rewind();
+  /// Begins anew; fails as the opening does. Returns false where the file has been written since it
+  /// was opened, and so may be another one.
+  bool Rewind();
 
   /// What is wrong at the place where reading ended; empty after a sound end.
   const std::string& Damage() const { return damage_; }
@@ -37,12 +38,14 @@ class CaptureFileReader {
   void Open();
 
   std::filesystem::path file_;
+  std::filesystem::file_time_type written_;
   PcapHandle handle_;
   std::uint64_t framesRead_ = 0;
   std::string damage_;
 };
 
-/// Whether the file can be read and holds at least one frame of an Ethernet.
-bool IsPlayable(const std::filesystem::path& file);
+/// Why the file cannot be played and what to do, in words that follow its name; empty for a file
+/// that can be read and holds at least one frame of an Ethernet.
+std::string WhyUnplayable(const std::filesystem::path& file);
 
 }  // namespace adapters

@@ -1,12 +1,12 @@
 #pragma once
 
 #include <chrono>
-#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
 
 #include "adapters/capture_file_reader.h"
+#include "adapters/file_pace.h"
 #include "adapters/frame_source.h"
 #include "adapters/wire_filter.h"
 #include "platform/clock.h"
@@ -33,10 +33,9 @@ class FileSource : public FrameSource {
   void Fetch();
   /// Begins the file anew; there is no more to play where this does not give a frame.
   std::optional<RecordedFrame> FetchFromBeginning();
-  std::chrono::nanoseconds GapBefore(const RecordedFrame& frame);
-  std::chrono::nanoseconds MeanGap() const;
   void NoteDamage();
-  /// Tells about a damage once, because the user cannot do more about it than know of it.
+  void ForgetDamage();
+  /// Tells about a damage of a file once, because the user cannot do more about it than know of it.
   void ReportDamage();
   platform::Failure Unplayable() const;
 
@@ -51,14 +50,7 @@ class FileSource : public FrameSource {
   std::optional<RecordedFrame> waiting_;
   /// When the waiting frame is due; before it is fetched, when the frame before it was due.
   std::chrono::nanoseconds due_{};
-  /// The next frame is the first after a start and thus due at once.
-  bool first_ = true;
-
-  /// The frame before, and what is known of the file's pace from its first pass.
-  std::optional<std::chrono::nanoseconds> lastTime_;
-  std::chrono::nanoseconds gaps_{};
-  std::int64_t gapCount_ = 0;
-  bool firstPass_ = true;
+  FilePace pace_;
 
   std::string damage_;
   bool damageReported_ = false;

@@ -18,8 +18,9 @@ struct SourceSettings {
 };
 
 /// The implementation behind one adapter: it knows where frames come from and when each one is due.
-/// Failures come out of `Prepare` and `Start` only; a source that breaks while it runs just has no
-/// more frames and tells why at the next `Prepare`.
+/// What cannot be opened fails in `Prepare`, a refused filter in `Start`, and nothing else fails: a
+/// source that is not open or that breaks while it runs just has no frames and tells why at the
+/// next `Prepare`.
 class FrameSource {
  public:
   FrameSource() = default;
@@ -29,14 +30,21 @@ class FrameSource {
 
   /// Takes the settings over and opens what has to be open; ends a delivery that runs.
   virtual void Prepare(const SourceSettings& settings) = 0;
-  /// Begins with the present: frames of the stopped time are not delivered.
+  /// Begins with the present: frames of the stopped time are not delivered. Fails only for a
+  /// refused filter; where nothing is open it runs and has no frames, because the user has been
+  /// told in `Prepare` and the program is to go on.
   virtual void Start() = 0;
   virtual void Stop() = 0;
   /// Gives back what `Prepare` opened; called when another adapter is chosen.
   virtual void Release() = 0;
-  /// The next selected frame that is due now. Its bytes are valid until the next call of any
-  /// operation.
+  /// The next selected frame that is due now; nothing also where many others had to be passed over.
+  /// Its bytes are valid until the next call of any operation.
   virtual std::optional<platform::CapturedFrame> Next() = 0;
+
+ protected:
+  /// Frames that one call of `Next` passes over at most, so that a backlog of frames that the
+  /// filter refuses does not hold up the program.
+  static constexpr int MostPassedOver = 4096;
 };
 
 }  // namespace adapters

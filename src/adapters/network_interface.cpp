@@ -4,8 +4,11 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <memory>
+#include <optional>
 #include <string_view>
+#include <system_error>
 
 namespace adapters {
 
@@ -17,13 +20,37 @@ namespace failure = platform::failure;
 constexpr OpenRequest Probe{128, 65536, false};
 
 /// Capture devices of the library that are no network interfaces. They are known by name, because
-/// without rights none of them can be asked what it carries.
-constexpr std::array<std::string_view, 6> PseudoDevices{"any",    "nflog",     "nfqueue",
-                                                        "usbmon", "bluetooth", "dbus-"};
+/// without rights none of them can be asked what it carries. Some exist once, under just this name,
+/// and some have a number or a word behind it.
+constexpr std::array<std::string_view, 3> PseudoDevices{"any", "nflog", "nfqueue"};
+constexpr std::array<std::string_view, 3> PseudoFamilies{"usbmon", "bluetooth", "dbus-"};
 
 bool IsPseudoDevice(std::string_view name) {
-  return std::any_of(PseudoDevices.begin(), PseudoDevices.end(),
-                     [&](std::string_view pseudo) { return name.starts_with(pseudo); });
+  return std::find(PseudoDevices.begin(), PseudoDevices.end(), name) != PseudoDevices.end() ||
+         std::any_of(PseudoFamilies.begin(), PseudoFamilies.end(),
+                     [&](std::string_view family) { return name.starts_with(family); });
+}
+
+using DeviceList = std::unique_ptr<pcap_if_t, decltype(&pcap_freealldevs)>;
+
+/// The library's list of devices; absent where the system does not tell.
+std::optional<DeviceList> FindDevices() {
+  std::array<char, PCAP_ERRBUF_SIZE> words{};
+  pcap_if_t* found = nullptr;
+  if (pcap_findalldevs(&found, words.data()) != 0) return std::nullopt;
+  return DeviceList(found, &pcap_freealldevs);
+}
+
+/// On Linux a port of the computer has its hardware among the system's files. Elsewhere this cannot
+/// be told, and what is not the loop passes for a port.
+InterfaceKind KindOf(const pcap_if_t& device) {
+  if ((device.flags & PCAP_IF_LOOPBACK) != 0) return InterfaceKind::Loopback;
+  if ((device.flags & PCAP_IF_WIRELESS) != 0) return InterfaceKind::Other;
+  const std::filesystem::path interfaces("/sys/class/net");
+  std::error_code error;
+  const bool known = std::filesystem::exists(interfaces, error);
+  const bool port = std::filesystem::exists(interfaces / device.name / "device", error);
+  return port || !known ? InterfaceKind::Port : InterfaceKind::Other;
 }
 
 Reach ReachOf(int status) {
@@ -79,20 +106,28 @@ OpenResult OpenInterface(const std::string& name, const OpenRequest& request) {
 }
 
 std::vector<NetworkInterface> ListNetworkInterfaces() {
-  std::array<char, PCAP_ERRBUF_SIZE> words{};
-  pcap_if_t* found = nullptr;
+  const std::optional<DeviceList> devices = FindDevices();
   // A computer that cannot list its interfaces still has the simulated bus and the files.
-  if (pcap_findalldevs(&found, words.data()) != 0) return {};
-  const std::unique_ptr<pcap_if_t, decltype(&pcap_freealldevs)> devices(found, &pcap_freealldevs);
+  if (!devices) return {};
   std::vector<NetworkInterface> interfaces;
-  for (const pcap_if_t* device = devices.get(); device != nullptr; device = device->next) {
+  for (const pcap_if_t* device = devices->get(); device != nullptr; device = device->next) {
     if (IsPseudoDevice(device->name)) continue;
-    const Reach state = OpenInterface(device->name, Probe).State;
-    if (state != Reach::NotEthernet) {
-      interfaces.push_back({device->name, TitleOf(*device), state});
+    const OpenResult probed = OpenInterface(device->name, Probe);
+    if (probed.State != Reach::NotEthernet) {
+      interfaces.push_back(
+          {device->name, TitleOf(*device), probed.State, KindOf(*device), probed.Words});
     }
   }
   return interfaces;
+}
+
+Reach PresentState(const std::string& name) {
+  const std::optional<DeviceList> devices = FindDevices();
+  if (!devices) return Reach::Ready;
+  for (const pcap_if_t* device = devices->get(); device != nullptr; device = device->next) {
+    if (name == device->name) return (device->flags & PCAP_IF_UP) != 0 ? Reach::Ready : Reach::Down;
+  }
+  return Reach::Missing;
 }
 
 std::string RightsAdvice(const std::string& programPath) {

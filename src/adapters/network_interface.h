@@ -11,6 +11,10 @@ namespace adapters {
 /// Whether frames can be had from an interface, and if not, why.
 enum class Reach { Ready, NoRight, Down, Missing, NotEthernet, Broken };
 
+/// A wired port of the computer, where a process bus may come in; a wireless or virtual interface;
+/// or the computer's own loop.
+enum class InterfaceKind { Port, Other, Loopback };
+
 /// A network interface of this computer.
 struct NetworkInterface {
   /// The name under which it is opened.
@@ -18,6 +22,9 @@ struct NetworkInterface {
   /// What to call it before the user.
   std::string Title;
   Reach State = Reach::Broken;
+  InterfaceKind Kind = InterfaceKind::Port;
+  /// The library's words where the state is not `Ready`.
+  std::string Words = {};
 };
 
 /// How an interface is to be opened.
@@ -40,6 +47,9 @@ OpenResult OpenInterface(const std::string& name, const OpenRequest& request);
 /// The Ethernet interfaces of this computer, each tried whether it can capture. Devices that carry
 /// something else than Ethernet are left out.
 std::vector<NetworkInterface> ListNetworkInterfaces();
+
+/// Whether the system lists an interface, and as switched on; `Ready` where it does not tell.
+Reach PresentState(const std::string& name);
 
 /// Tells how to get the right to capture with the program at this path.
 std::string RightsAdvice(const std::string& programPath);

@@ -4,9 +4,9 @@
 
 #include <algorithm>
 #include <array>
-#include <memory>
 #include <utility>
 
+#include "adapters/network_interface.h"
 #include "adapters/vlan_term.h"
 
 namespace adapters {
@@ -35,18 +35,6 @@ bpf_program RejectEverything() {
   return {static_cast<u_int>(code.size()), code.data()};
 }
 
-/// Whether the system lists the interface, and as switched on.
-Reach PresentState(const std::string& name) {
-  std::array<char, PCAP_ERRBUF_SIZE> words{};
-  pcap_if_t* found = nullptr;
-  if (pcap_findalldevs(&found, words.data()) != 0) return Reach::Ready;
-  const std::unique_ptr<pcap_if_t, decltype(&pcap_freealldevs)> devices(found, &pcap_freealldevs);
-  for (const pcap_if_t* device = devices.get(); device != nullptr; device = device->next) {
-    if (name == device->name) return (device->flags & PCAP_IF_UP) != 0 ? Reach::Ready : Reach::Down;
-  }
-  return Reach::Missing;
-}
-
 }  // namespace
 
 PcapSource::PcapSource(std::string interfaceName, std::string programPath)
@@ -69,9 +57,9 @@ void PcapSource::Open(const SourceSettings& settings) {
   Release();
   OpenResult opened = OpenInterface(
       name_, {WholeFrameBytes, RingBytes(settings.BufferBytes), settings.Promiscuous});
-  state_ = opened.State;
-  words_ = opened.Words;
-  if (state_ != Reach::Ready) FailUnopened();
+  if (opened.State != Reach::Ready) {
+    throw InterfaceFailure(name_, opened.State, opened.Words, programPath_);
+  }
   handle_ = std::move(opened.Handle);
   RejectAll();
 }
@@ -80,15 +68,8 @@ void PcapSource::DemandUp() {
   const Reach state = PresentState(name_);
   if (state == Reach::Ready) return;
   // An interface that is down keeps its handle and goes on when it is switched on again.
-  if (state == Reach::Missing) {
-    Release();
-    state_ = state;
-  }
+  if (state == Reach::Missing) Release();
   throw InterfaceFailure(name_, state, {}, programPath_);
-}
-
-void PcapSource::FailUnopened() const {
-  throw InterfaceFailure(name_, state_, words_, programPath_);
 }
 
 void PcapSource::Drain() {
@@ -108,7 +89,11 @@ void PcapSource::CompileFilter() {
 }
 
 void PcapSource::Start() {
-  if (!handle_) FailUnopened();
+  if (handle_) Listen();
+  running_ = true;
+}
+
+void PcapSource::Listen() {
   CompileFilter();
   if (running_) return;
   Drain();
@@ -117,11 +102,10 @@ void PcapSource::Start() {
   if (!lost_ && pcap_setfilter(handle_.get(), &program_->Code()) != 0) {
     throw RefusedFilter(settings_.Filter, pcap_geterr(handle_.get()));
   }
-  running_ = true;
 }
 
 void PcapSource::Stop() {
-  if (running_) RejectAll();
+  if (running_ && handle_) RejectAll();
   running_ = false;
 }
 
@@ -137,12 +121,10 @@ void PcapSource::Release() {
   lost_ = false;
   program_.reset();
   handle_.reset();
-  state_ = Reach::Broken;
-  words_ = "it is not open";
 }
 
 std::optional<platform::CapturedFrame> PcapSource::Next() {
-  if (!running_ || lost_) return std::nullopt;
+  if (!running_ || !handle_ || lost_) return std::nullopt;
   pcap_pkthdr* header = nullptr;
   const u_char* bytes = nullptr;
   const int read = pcap_next_ex(handle_.get(), &header, &bytes);

@@ -5,7 +5,6 @@
 #include <string>
 
 #include "adapters/frame_source.h"
-#include "adapters/network_interface.h"
 #include "adapters/pcap_handle.h"
 
 namespace adapters {
@@ -40,8 +39,9 @@ class PcapSource : public FrameSource {
   /// Fails where the interface is down or gone.
   void DemandUp();
   void RejectAll();
+  /// Lets the selected frames of the open interface pass from now on.
+  void Listen();
   void CompileFilter();
-  [[noreturn]] void FailUnopened() const;
 
   std::string name_;
   std::string programPath_;
@@ -50,9 +50,6 @@ class PcapSource : public FrameSource {
   /// The filter of the handle that is open; it is compiled at the first start.
   std::optional<FilterProgram> program_;
   std::string programText_;
-  /// Why there is no handle.
-  Reach state_ = Reach::Broken;
-  std::string words_ = "it is not open";
   bool running_ = false;
   /// Reading failed: the handle is of no more use.
   bool lost_ = false;

@@ -98,7 +98,8 @@ SimulatedBus::Stream& SimulatedBus::WriteNext() {
 std::optional<platform::CapturedFrame> SimulatedBus::Next() {
   if (!running_) return std::nullopt;
   const nanoseconds now = clock_.Now();
-  while (sample_ * SampleTime <= now) {
+  for (int passedOver = 0; passedOver < MostPassedOver && sample_ * SampleTime <= now;
+       ++passedOver) {
     const std::span<const std::uint8_t> frame = WriteNext().Writer.Frame();
     if (filter_->Selects(frame, frame.size())) return platform::CapturedFrame{frame, frame.size()};
   }

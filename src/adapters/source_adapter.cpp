@@ -7,13 +7,10 @@
 
 namespace adapters {
 
+namespace named = platform::adapter_property;
 using platform::Failure;
 
 namespace {
-
-/// The adapter class filter of the driver interface that stands for promiscuous reception.
-constexpr std::int32_t PromiscuousFilter = 32;
-constexpr std::int32_t CaptureMode = 1;
 
 template <typename T>
 const T& As(const platform::CaptureAdapter::Value& value) {
@@ -33,18 +30,18 @@ SourceAdapter::SourceAdapter(std::string description, bool isGood,
     : description_(std::move(description)), isGood_(isGood), source_(std::move(source)) {}
 
 void SourceAdapter::Set(std::string_view property, const Value& value) {
-  if (property == "BuffSize") {
+  if (property == named::BufferSize) {
     const auto bytes = As<std::int32_t>(value);
     Demand(bytes > 0);
     settings_.BufferBytes = bytes;
-  } else if (property == "BuffMinToCopy") {
+  } else if (property == named::BytesToGather) {
     // Every source hands over single frames at once; gathering them is not offered.
     Demand(As<std::int32_t>(value) == 0);
-  } else if (property == "HWFilter") {
-    settings_.Promiscuous = As<std::int32_t>(value) == PromiscuousFilter;
-  } else if (property == "mode") {
-    Demand(As<std::int32_t>(value) == CaptureMode);
-  } else if (property == "BPFilter") {
+  } else if (property == named::HardwareFilter) {
+    settings_.Promiscuous = As<std::int32_t>(value) == platform::PromiscuousReception;
+  } else if (property == named::Mode) {
+    Demand(As<std::int32_t>(value) == platform::CaptureMode);
+  } else if (property == named::Filter) {
     settings_.Filter = As<std::string>(value);
     source_->Prepare(settings_);
   } else {

@@ -56,12 +56,6 @@ std::string WhyNot(Reach state) {
   }
 }
 
-std::string Listed(const std::vector<std::string>& names) {
-  std::string list;
-  for (const std::string& name : names) list += (list.empty() ? "" : ", ") + name;
-  return list;
-}
-
 }  // namespace
 
 SystemCaptureLayer::SystemCaptureLayer(const platform::Clock& clock, CapturePaths paths,
@@ -74,6 +68,7 @@ SystemCaptureLayer::~SystemCaptureLayer() {
 
 std::unique_ptr<platform::CaptureObject> SystemCaptureLayer::NewCaptureObject() {
   Entries entries;
+  advice_ = {};
   entries.push_back(std::make_unique<SourceAdapter>("Simulated process bus (built in)", true,
                                                     std::make_unique<SimulatedBus>(clock_)));
   AddInterfaces(entries);
@@ -91,18 +86,19 @@ std::unique_ptr<platform::CaptureObject> SystemCaptureLayer::NewCaptureObject() 
 }
 
 void SystemCaptureLayer::AddInterfaces(Entries& entries) {
-  withoutRight_.clear();
   for (const NetworkInterface& found : listInterfaces_()) {
-    if (found.State == Reach::NoRight) withoutRight_.push_back(found.Name);
+    advice_.AddInterface(found);
     entries.push_back(std::make_unique<SourceAdapter>(
         found.Title + WhyNot(found.State), found.State == Reach::Ready,
         std::make_unique<PcapSource>(found.Name, paths_.Program.string())));
   }
 }
 
-void SystemCaptureLayer::AddFiles(Entries& entries) const {
+void SystemCaptureLayer::AddFiles(Entries& entries) {
   for (const std::filesystem::path& file : CaptureFiles(paths_.Captures)) {
-    const bool playable = IsPlayable(file);
+    const std::string trouble = WhyUnplayable(file);
+    const bool playable = trouble.empty();
+    if (!playable) advice_.AddFile(file, trouble);
     const std::string title = file.filename().string() + " (capture file)";
     entries.push_back(
         std::make_unique<SourceAdapter>(playable ? title : title + ", cannot be played", playable,
@@ -115,9 +111,7 @@ std::unique_ptr<platform::PacketCollection> SystemCaptureLayer::NewPacketCollect
 }
 
 std::string SystemCaptureLayer::Advice() const {
-  if (withoutRight_.empty()) return {};
-  return "There is no right to capture from the network interfaces: " + Listed(withoutRight_) +
-         ".\n" + RightsAdvice(paths_.Program.string());
+  return advice_.Text(paths_.Program.string());
 }
 
 bool SystemCaptureLayer::DeliverOne() {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "adapters/capture_advice.h"
 #include "adapters/capture_channel.h"
 #include "adapters/network_interface.h"
 #include "platform/capture_object.h"
@@ -35,7 +36,7 @@ class SystemCaptureLayer : public platform::CaptureLayer, public platform::Frame
 
   std::unique_ptr<platform::CaptureObject> NewCaptureObject() override;
   std::unique_ptr<platform::PacketCollection> NewPacketCollection() override;
-  /// Tells of the interfaces as they were found for the last capture object.
+  /// Tells of the interfaces and files as they were found for the last capture object.
   std::string Advice() const override;
   bool DeliverOne() override;
 
@@ -43,13 +44,12 @@ class SystemCaptureLayer : public platform::CaptureLayer, public platform::Frame
   using Entries = std::vector<std::unique_ptr<SourceAdapter>>;
 
   void AddInterfaces(Entries& entries);
-  void AddFiles(Entries& entries) const;
+  void AddFiles(Entries& entries);
 
   const platform::Clock& clock_;
   CapturePaths paths_;
   InterfaceLister listInterfaces_;
-  /// Names of the interfaces that the program has no right to capture from.
-  std::vector<std::string> withoutRight_;
+  CaptureAdvice advice_;
   std::shared_ptr<ChannelLink> link_;
 };
 

@@ -20,8 +20,7 @@ class Windows1252 : public platform::CodePage {
   std::string ToUtf8(std::string_view bytes) const override;
 
  private:
-  /// Asked of the conversion library once, because frames are converted thousands of times a
-  /// second.
+  /// Asked of the conversion library once, so that a conversion looks up and cannot fail.
   std::array<std::string, 256> characters_;
   std::unordered_map<std::string, char> bytes_;
 };

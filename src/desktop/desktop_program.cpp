@@ -12,7 +12,10 @@ namespace desktop {
 namespace {
 
 platform::Screen PrimaryScreen() {
-  const QSize size = QGuiApplication::primaryScreen()->size();
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  // Where every screen is switched off the program says that it needs a larger one.
+  if (screen == nullptr) return {};
+  const QSize size = screen->size();
   return {twips::Of(size.width()), twips::Of(size.height())};
 }
 
@@ -20,7 +23,7 @@ platform::Screen PrimaryScreen() {
 
 DesktopProgram::DesktopProgram(const Sources& sources, QtProgram::Leave leave)
     : store_(dialogs_),
-      program_([this] { store_.Sync(); }, std::move(leave)),
+      program_([this] { store_.SyncQuietly(); }, std::move(leave)),
       guard_(dialogs_, program_),
       events_(repaints_, guard_),
       timers_(sources.Clock),

@@ -13,8 +13,8 @@ class QtProgram : public platform::Program {
   /// Leaves the process with an exit code.
   using Leave = std::function<void(int)>;
 
-  /// `flush` saves what must outlive the process. A scene gives its own `leave`, which throws
-  /// `ProgramEnded`.
+  /// `flush` saves what must outlive the process; it must not let events in. A scene gives its own
+  /// `leave`, which throws `ProgramEnded`.
   QtProgram(std::function<void()> flush, Leave leave);
 
   [[noreturn]] void End() override { EndWith(0); }

@@ -1,6 +1,7 @@
 #include "desktop/qt_settings_store.h"
 
 #include <QDir>
+#include <iostream>
 
 #include "desktop/text.h"
 
@@ -45,11 +46,24 @@ void QtSettingsStore::Set(const std::string& application, const std::string& sec
   writing_.start(0);
 }
 
-void QtSettingsStore::Sync() {
+QStringList QtSettingsStore::Write() {
   writing_.stop();
+  QStringList unwritten;
   for (const auto& [application, file] : files_) {
     file->sync();
-    if (file->status() != QSettings::NoError) Report(file->fileName());
+    if (file->status() != QSettings::NoError) unwritten << file->fileName();
+  }
+  return unwritten;
+}
+
+void QtSettingsStore::Sync() {
+  for (const QString& file : Write()) Report(file);
+}
+
+void QtSettingsStore::SyncQuietly() {
+  for (const QString& file : Write()) {
+    std::cerr << "The settings can't be saved: " << FromQt(QDir::toNativeSeparators(file))
+              << std::endl;
   }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QSettings>
+#include <QStringList>
 #include <QTimer>
 #include <map>
 #include <memory>
@@ -21,11 +22,15 @@ class QtSettingsStore : public platform::SettingsStore {
                   const std::string& key, const std::string& fallback) const override;
   void Set(const std::string& application, const std::string& section, const std::string& key,
            const std::string& text) override;
-  /// Writes what is not written yet.
-  void Sync();
+  /// Writes what is not written yet. It shows no box: it is for the way out, where a box would let
+  /// events into a program that is ending, or keep one waiting that nobody sits at.
+  void SyncQuietly();
 
  private:
   QSettings& FileOf(const std::string& application) const;
+  void Sync();
+  /// Writes what is not written yet; gives the names of the files that could not be written.
+  QStringList Write();
   void Report(const QString& fileName);
 
   platform::Dialogs& dialogs_;

@@ -2,6 +2,7 @@
 
 #include <QtGlobal>
 #include <array>
+#include <cerrno>
 #include <utility>
 
 #ifdef Q_OS_UNIX
@@ -22,8 +23,11 @@ constexpr std::array<int, 3> Signals = {SIGTERM, SIGINT, SIGHUP};
 std::array<int, 2> channel = {-1, -1};
 
 void OnSignal(int) {
+  // The code that was interrupted may be about to read the number of its own error.
+  const int before = errno;
   const char mark = 1;
   [[maybe_unused]] const ssize_t written = ::write(channel[1], &mark, 1);
+  errno = before;
 }
 
 void Install(void (*handler)(int)) {

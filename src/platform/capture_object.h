@@ -18,6 +18,26 @@ struct CapturedFrame {
   std::size_t Length = 0;
 };
 
+/// The names of an adapter's properties.
+namespace adapter_property {
+
+/// Bytes of frames that the driver buffers.
+inline constexpr std::string_view BufferSize = "BuffSize";
+/// Bytes that the driver gathers before it delivers; with 0 each frame comes at once.
+inline constexpr std::string_view BytesToGather = "BuffMinToCopy";
+/// `PromiscuousReception`, or another packet type of the driver.
+inline constexpr std::string_view HardwareFilter = "HWFilter";
+/// `CaptureMode`.
+inline constexpr std::string_view Mode = "mode";
+/// Filter expression in the syntax of libpcap.
+inline constexpr std::string_view Filter = "BPFilter";
+
+}  // namespace adapter_property
+
+/// The NDIS packet type of promiscuous reception.
+inline constexpr std::int32_t PromiscuousReception = 32;
+inline constexpr std::int32_t CaptureMode = 1;
+
 /// One place where frames come from.
 class CaptureAdapter {
  public:
@@ -28,10 +48,9 @@ class CaptureAdapter {
   /// The adapter can capture.
   virtual bool IsGood() const = 0;
   virtual std::string Description() const = 0;
-  /// Sets "BuffSize" (bytes of frames the driver buffers), "BuffMinToCopy" (0: deliver at once),
-  /// "HWFilter" (32: promiscuous), "mode" (1: capture) or "BPFilter" (filter expression). The
-  /// filter is the last one set and readies the adapter; an adapter that cannot be opened fails
-  /// there, a filter that is refused fails at the start.
+  /// Sets the property of a name in `adapter_property`. The filter is the last one set and readies
+  /// the adapter; an adapter that cannot be opened fails there, a filter that is refused fails at
+  /// the start.
   virtual void Set(std::string_view property, const Value& value) = 0;
 };
 
@@ -44,7 +63,8 @@ class CaptureObject {
   virtual CaptureAdapter& Adapters(std::int32_t index) = 0;
   virtual void SetAdapter(CaptureAdapter& adapter) = 0;
   virtual CaptureAdapter& Adapter() = 0;
-  /// Begins delivery. `failure::FilterRefused` where the filter expression is refused.
+  /// Begins delivery. Fails only for a refused filter, with `failure::FilterRefused`. An adapter
+  /// that could not be readied has told so before; its start is legal and delivers nothing.
   virtual void Start() = 0;
   /// Ends delivery; frames that arrive until the next start are lost. Legal when idle.
   virtual void Stop() = 0;
@@ -65,7 +85,8 @@ class CaptureLayer {
   virtual ~CaptureLayer() = default;
   virtual std::unique_ptr<CaptureObject> NewCaptureObject() = 0;
   virtual std::unique_ptr<PacketCollection> NewPacketCollection() = 0;
-  /// What a user can do about interfaces that cannot capture; empty when there is nothing to tell.
+  /// What a user can do about interfaces and files that cannot be used; empty when there is nothing
+  /// to tell.
   virtual std::string Advice() const = 0;
 };
 

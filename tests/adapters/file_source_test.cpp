@@ -3,12 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <functional>
+#include <string>
 #include <vector>
 
 #include "adapters/capture_file.h"
 #include "adapters/hand_clock.h"
 #include "platform/failure.h"
+#include "support/failures.h"
 
 namespace {
 
@@ -17,6 +18,7 @@ using adapter_tests::Marked;
 using adapter_tests::PcapFile;
 using adapter_tests::PcapngFile;
 using adapter_tests::Stamps;
+using support::FailureOf;
 using namespace std::chrono_literals;
 namespace failure = platform::failure;
 
@@ -43,14 +45,10 @@ class FileSource : public ::testing::Test {
     return Due();
   }
 
-  std::int32_t FailureOf(const std::function<void()>& action) {
-    try {
-      action();
-    } catch (const platform::Failure& failure) {
-      text_ = failure.Text();
-      return failure.Number();
-    }
-    return 0;
+  /// Moves the time when the file was written, since files can be written within one tick of the
+  /// file system's clock.
+  void Age(std::chrono::hours by) {
+    std::filesystem::last_write_time(file_, std::filesystem::last_write_time(file_) - by);
   }
 
   using Marks = std::vector<int>;
@@ -58,7 +56,6 @@ class FileSource : public ::testing::Test {
   std::filesystem::path file_ = folder_.Path / "bus.pcap";
   adapter_tests::HandClock clock_;
   adapters::FileSource source_{file_, clock_};
-  std::string text_;
 };
 
 TEST_F(FileSource, PlaysAtThePaceOfItsTimeStamps) {
@@ -113,12 +110,46 @@ TEST_F(FileSource, PlaysASingleFrameOverAndOver) {
 }
 
 TEST_F(FileSource, TakesATimeThatGoesBackAsNoGap) {
-  PcapFile().Add(9, 0, Marked(1)).Add(3, 0, Marked(2)).Add(3, 100, Marked(3)).Save(file_);
+  PcapFile()
+      .Add(9, 0, Marked(1))
+      .Add(9, 500, Marked(2))
+      .Add(3, 0, Marked(3))
+      .Add(3, 100, Marked(4))
+      .Save(file_);
   Play();
-  EXPECT_EQ(Due(2), Marks({1, 2}));
+  EXPECT_EQ(DueAfter(500us), Marks({1, 2, 3}));
   EXPECT_EQ(DueAfter(99us), Marks());
   clock_.Time += 1us;
-  EXPECT_EQ(Due(1), Marks({3}));
+  EXPECT_EQ(Due(1), Marks({4}));
+}
+
+TEST_F(FileSource, PlaysFramesOfOneTimeStampTogether) {
+  PcapFile()
+      .Add(0, 0, Marked(1))
+      .Add(0, 250, Marked(2))
+      .Add(0, 250, Marked(3))
+      .Add(0, 500, Marked(4))
+      .Save(file_);
+  Play();
+  EXPECT_EQ(Due(), Marks({1}));
+  EXPECT_EQ(DueAfter(250us), Marks({2, 3}));
+}
+
+TEST_F(FileSource, PlaysTimeStampsThatStandAtTheUsualPaceOfABus) {
+  for (const std::uint32_t seconds : {0U, 1'700'000'000U}) {
+    PcapFile file;
+    for (std::uint8_t mark = 1; mark <= 5; ++mark) file.Add(seconds, 7, Marked(mark));
+    file.Save(file_);
+    adapters::FileSource source(file_, clock_);
+    source.Prepare({262144, true, ""});
+    source.Start();
+    int frames = 0;
+    for (int period = 0; period < 12; ++period) {
+      while (source.Next()) ++frames;
+      EXPECT_EQ(frames, period + 1) << seconds;
+      clock_.Time += 250us;
+    }
+  }
 }
 
 TEST_F(FileSource, SurvivesTimeStampsThatNoClockShows) {
@@ -169,13 +200,13 @@ TEST_F(FileSource, SelectsTaggedFramesByTheirEthertypeAndHandsThemOverWhole) {
       .Add(0, 0, Marked(1, 5))
       .Add(0, 0, other)
       .Add(0, 0, Marked(2))
-      .Add(0, 1, Marked(3))
+      .Add(1, 0, Marked(3))
       .Save(file_);
   Play();
   const auto first = source_.Next();
   ASSERT_TRUE(first);
   EXPECT_EQ(Bytes(first->Bytes.begin(), first->Bytes.end()), Marked(1, 5));
-  EXPECT_EQ(Due(), Marks({2}));
+  EXPECT_EQ(DueAfter(500us), Marks({2}));
 }
 
 TEST_F(FileSource, ComesBackFromAFileOfNothingButOtherFrames) {
@@ -197,13 +228,13 @@ TEST_F(FileSource, PlaysADamagedFileAsFarAsItGoesAndTellsOnce) {
   PcapFile().Add(0, 0, Marked(1)).Add(0, 250, Marked(2)).AddNonsense().Save(file_);
   Play();
   EXPECT_EQ(DueAfter(500us), Marks({1, 2, 1}));
-  EXPECT_EQ(FailureOf([&] {
-              source_.Prepare({262144, true, "ether proto 0x88ba and vlan"});
-            }),
-            failure::DeviceIo);
-  EXPECT_NE(text_.find("bus.pcap"), std::string::npos) << text_;
-  EXPECT_NE(text_.find("frame 2"), std::string::npos) << text_;
-  EXPECT_NE(text_.find("Please"), std::string::npos) << text_;
+  const platform::Failure damage = support::RaisedBy([&] {
+    source_.Prepare({262144, true, "ether proto 0x88ba and vlan"});
+  });
+  EXPECT_EQ(damage.Number(), failure::DeviceIo);
+  for (const char* word : {"bus.pcap", "frame 2", "Please"}) {
+    EXPECT_NE(damage.Text().find(word), std::string::npos) << damage.Text();
+  }
   // The settings hold in spite of the failure: no frame of this file has a tag.
   source_.Start();
   EXPECT_EQ(DueAfter(1ms), Marks());
@@ -218,25 +249,84 @@ TEST_F(FileSource, PlaysAFileThatBreaksOffInAFrame) {
   EXPECT_EQ(FailureOf([&] { Play(); }), failure::DeviceIo);
 }
 
+TEST_F(FileSource, ForgetsTheDamageOfAFileThatWasReplaced) {
+  PcapFile().Add(0, 0, Marked(1)).Add(0, 250, Marked(2)).AddNonsense().Save(file_);
+  Play();
+  PcapFile().Add(0, 0, Marked(3)).Add(0, 250, Marked(4)).Save(file_);
+  Age(1h);
+  EXPECT_EQ(DueAfter(750us), Marks({1, 2, 3, 4}));
+  EXPECT_EQ(FailureOf([&] { Play(); }), 0);
+}
+
+TEST_F(FileSource, TellsTheDamageOfEachFileThatReplacedAnother) {
+  for (int file = 1; file <= 3; ++file) {
+    PcapFile().Add(0, 0, Marked(1)).Add(0, 250, Marked(2)).AddNonsense().Save(file_);
+    Age(file * 1h);
+    FailureOf([&] { Play(); });
+    DueAfter(1ms);
+    EXPECT_EQ(FailureOf([&] { Play(); }), failure::DeviceIo) << file;
+    DueAfter(1ms);
+    EXPECT_EQ(FailureOf([&] { Play(); }), 0) << file;
+  }
+}
+
+TEST_F(FileSource, ForgetsTheDamageOfAFileThatWasTakenAway) {
+  PcapFile().Add(0, 0, Marked(1)).Add(0, 250, Marked(2)).AddNonsense().Save(file_);
+  Play();
+  std::filesystem::remove(file_);
+  DueAfter(1ms);
+  PcapFile().Add(0, 0, Marked(3)).Save(file_);
+  EXPECT_EQ(FailureOf([&] { Play(); }), 0);
+  EXPECT_EQ(Due(1), Marks({3}));
+}
+
 TEST_F(FileSource, FailsWithoutAnyReadableFrame) {
   PcapFile().Save(file_);
-  EXPECT_FALSE(adapters::IsPlayable(file_));
   EXPECT_EQ(FailureOf([&] { Play(); }), failure::DeviceIo);
-  EXPECT_EQ(FailureOf([&] { source_.Start(); }), failure::DeviceIo);
-  EXPECT_EQ(Due(), Marks());
   PcapFile().Add(0, 0, Marked(1)).CutOff(1).Save(file_);
-  EXPECT_FALSE(adapters::IsPlayable(file_));
   EXPECT_EQ(FailureOf([&] { Play(); }), failure::DeviceIo);
+}
+
+TEST_F(FileSource, StartsWithoutFramesWhereThePreparationFailed) {
+  EXPECT_EQ(FailureOf([&] { Play(); }), failure::FileNotFound);
+  EXPECT_EQ(FailureOf([&] { source_.Start(); }), 0);
+  EXPECT_EQ(DueAfter(1s), Marks());
+  PcapFile().Add(0, 0, Marked(1)).Save(file_);
+  EXPECT_EQ(DueAfter(1s), Marks()) << "the file is looked for in the preparation only";
+  Play();
+  EXPECT_EQ(Due(1), Marks({1}));
+}
+
+TEST_F(FileSource, RefusesAFilterAlsoWhereThereIsNoFile) {
+  FailureOf([&] { source_.Prepare({262144, true, "ether proto 0x88ba nonsense"}); });
+  EXPECT_EQ(FailureOf([&] { source_.Start(); }), failure::FilterRefused);
 }
 
 TEST_F(FileSource, TellsAFileThatIsNotThereOrNoCapture) {
   EXPECT_EQ(FailureOf([&] { Play(); }), failure::FileNotFound);
   adapter_tests::FileBytes{"this is no capture file"}.Save(file_);
   EXPECT_EQ(FailureOf([&] { Play(); }), failure::DeviceIo);
-  EXPECT_FALSE(adapters::IsPlayable(file_));
   PcapFile(Stamps::Microseconds, 101).Add(0, 0, Marked(1)).Save(file_);
   EXPECT_EQ(FailureOf([&] { Play(); }), failure::DeviceIo);
-  EXPECT_FALSE(adapters::IsPlayable(file_));
+}
+
+TEST_F(FileSource, TellsWhyAFileCannotBePlayed) {
+  const auto why = [this] { return adapters::WhyUnplayable(file_); };
+  EXPECT_EQ(why(), "is gone. Please put it back.");
+  PcapFile().Save(file_);
+  EXPECT_EQ(why(),
+            "cannot be played: it holds no frame. Please put a sound Ethernet capture in its "
+            "place.");
+  PcapFile(Stamps::Microseconds, 101).Add(0, 0, Marked(1)).Save(file_);
+  EXPECT_EQ(why(),
+            "cannot be played: it does not hold Ethernet frames. Please put a sound Ethernet "
+            "capture in its place.");
+  adapter_tests::FileBytes{"this is no capture file"}.Save(file_);
+  EXPECT_TRUE(why().starts_with("cannot be played: unknown file format. ")) << why();
+  PcapFile().Add(0, 0, Marked(1)).CutOff(1).Save(file_);
+  EXPECT_TRUE(why().starts_with("cannot be played: truncated")) << why();
+  PcapFile().Add(0, 0, Marked(1)).Save(file_);
+  EXPECT_EQ(why(), "");
 }
 
 TEST_F(FileSource, GoesQuietWhenItsFileIsTakenAwayAndTellsAtTheNextPreparation) {

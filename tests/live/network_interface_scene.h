@@ -4,14 +4,12 @@
 
 #include <chrono>
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "adapters/pcap_source.h"
 #include "live/wire.h"
-#include "platform/failure.h"
 
 namespace live {
 
@@ -50,17 +48,6 @@ class NetworkInterfaceScene : public ::testing::Test {
     return frames;
   }
 
-  std::int32_t FailureOf(const std::function<void()>& action) {
-    try {
-      action();
-    } catch (const platform::Failure& failure) {
-      text_ = failure.Text();
-      return failure.Number();
-    }
-    return 0;
-  }
-
-  std::string text_;
   adapters::PcapSource source_{NearEnd, "/opt/vornik"};
 };
 

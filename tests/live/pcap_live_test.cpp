@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -12,12 +13,16 @@
 #include "live/network_interface_scene.h"
 #include "live/wire.h"
 #include "platform/failure.h"
+#include "support/failures.h"
 
 namespace {
 
 using live::NetworkInterfaceScene;
 using live::Numbered;
 using live::RecordingBuffer;
+using platform::Failure;
+using support::FailureOf;
+using support::RaisedBy;
 namespace failure = platform::failure;
 
 TEST_F(NetworkInterfaceScene, ListsTheWireAsAnAdapterThatCanCaptureAndNoPseudoDevice) {
@@ -29,6 +34,22 @@ TEST_F(NetworkInterfaceScene, ListsTheWireAsAnAdapterThatCanCaptureAndNoPseudoDe
     if (entry.Name == live::NearEnd) found = entry.State == adapters::Reach::Ready;
   }
   EXPECT_TRUE(found);
+}
+
+TEST_F(NetworkInterfaceScene, ListsAnInterfaceWhoseNameOnlyBeginsLikeAPseudoDevice) {
+  live::Run("ip link add anybus0 type veth peer name nflog-bus; ip link set anybus0 up");
+  std::set<std::string> names;
+  for (const auto& entry : adapters::ListNetworkInterfaces()) names.insert(entry.Name);
+  live::Run("ip link delete anybus0");
+  EXPECT_TRUE(names.contains("anybus0"));
+  EXPECT_TRUE(names.contains("nflog-bus"));
+}
+
+TEST_F(NetworkInterfaceScene, TellsAVirtualInterfaceAndTheLoopFromAPort) {
+  std::map<std::string, adapters::InterfaceKind> kinds;
+  for (const auto& entry : adapters::ListNetworkInterfaces()) kinds[entry.Name] = entry.Kind;
+  EXPECT_EQ(kinds.at(live::NearEnd), adapters::InterfaceKind::Other);
+  EXPECT_EQ(kinds.at("lo"), adapters::InterfaceKind::Loopback);
 }
 
 TEST_F(NetworkInterfaceScene, ListsAnInterfaceThatIsSwitchedOffAsOneThatCannotCapture) {
@@ -139,10 +160,12 @@ TEST_F(NetworkInterfaceScene, GoesQuietWhenItsInterfaceIsTakenAwayAndWorksAgainW
   EXPECT_EQ(FailureOf([&] { source_.Start(); }), 0);
   EXPECT_EQ(ReadAll().size(), 0U);
 
-  EXPECT_EQ(FailureOf([&] { source_.Prepare(Settings()); }), failure::DeviceIo);
-  EXPECT_NE(text_.find(live::NearEnd), std::string::npos) << text_;
-  EXPECT_EQ(FailureOf([&] { source_.Start(); }), failure::DeviceIo);
+  const Failure gone = RaisedBy([&] { source_.Prepare(Settings()); });
+  EXPECT_EQ(gone.Number(), failure::DeviceIo);
+  EXPECT_NE(gone.Text().find(live::NearEnd), std::string::npos) << gone.Text();
+  EXPECT_EQ(FailureOf([&] { source_.Start(); }), 0);
   EXPECT_EQ(ReadAll().size(), 0U);
+  source_.Stop();
 
   live::LayWire();
   source_.Prepare(Settings());
@@ -166,8 +189,9 @@ TEST_F(NetworkInterfaceScene, TellsThatItsInterfaceIsDownAndGoesOnWhenItIsUp) {
   source_.Start();
   live::Run("ip link set " + live::NearEnd + " down");
   EXPECT_EQ(ReadAll().size(), 0U);
-  EXPECT_EQ(FailureOf([&] { source_.Prepare(Settings()); }), failure::DeviceIo);
-  EXPECT_NE(text_.find("is down"), std::string::npos) << text_;
+  const Failure down = RaisedBy([&] { source_.Prepare(Settings()); });
+  EXPECT_EQ(down.Number(), failure::DeviceIo);
+  EXPECT_NE(down.Text().find("is down"), std::string::npos) << down.Text();
   live::Run("ip link set " + live::NearEnd + " up");
   source_.Prepare(Settings());
   source_.Start();
@@ -180,13 +204,22 @@ TEST_F(NetworkInterfaceScene, TellsHowToGetTheRightToCapture) {
   const adapters::SteadyClock clock;
   adapters::SystemCaptureLayer layer(clock, {"", "/opt/vornik"});
   const auto object = layer.NewCaptureObject();
-  const std::int32_t number = FailureOf([&] { source_.Prepare(Settings()); });
+  const Failure refusal = RaisedBy([&] { source_.Prepare(Settings()); });
+  const std::int32_t start = FailureOf([&] { source_.Start(); });
   ASSERT_EQ(seteuid(0), 0);
-  EXPECT_EQ(number, failure::PermissionDenied);
-  for (const std::string& text : {text_, layer.Advice()}) {
+  EXPECT_EQ(refusal.Number(), failure::PermissionDenied);
+  EXPECT_EQ(start, 0);
+  for (const std::string& text : {refusal.Text(), layer.Advice()}) {
     EXPECT_NE(text.find("setcap cap_net_raw,cap_net_admin+eip /opt/vornik"), std::string::npos);
   }
   EXPECT_NE(layer.Advice().find(live::NearEnd), std::string::npos);
+  for (std::int32_t i = 1; i <= object->AdapterCount(); ++i) {
+    const std::string entry = object->Adapters(i).Description();
+    // Without rights a pseudo device is known by its name only.
+    for (const char* pseudo : {"(any)", "(nflog)", "(nfqueue)"}) {
+      EXPECT_EQ(entry.find(pseudo), std::string::npos) << entry;
+    }
+  }
   EXPECT_TRUE(object->Adapters(1).IsGood());
   EXPECT_FALSE(object->Adapters(object->AdapterCount()).IsGood());
 }

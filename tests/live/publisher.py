@@ -11,14 +11,18 @@ Each --stream is a list of key=value pairs, separated by commas; lists inside us
   start=S stop=S    send only from and until so many seconds after the beginning
   pause=S:S         a break in between
 
-At the end it prints how many frames of each stream it sent, as JSON.
+At the end it prints how many frames of each stream it sent, as JSON. It stops before that, and
+without a word, as soon as nobody is left to read what it prints.
 """
 
 import argparse
 import json
 import math
+import os
+import select
 import socket
 import struct
+import sys
 import time
 
 RATE = 4000
@@ -106,12 +110,27 @@ class Stream:
         self.sent += 1
 
 
-def publish(wire, streams, duration):
-    """Sends what is due about once a millisecond, so that a frame is never early."""
+class Reader:
+    """Whoever reads what this program prints."""
+
+    def __init__(self):
+        self.poll = select.poll()
+        # A pipe without a reader is reported though nothing is asked for.
+        self.poll.register(sys.stdout, 0)
+
+    def is_gone(self):
+        return bool(self.poll.poll(0))
+
+
+def publish(wire, streams, duration, reader):
+    """Sends what is due about once a millisecond, so that a frame is never early. Returns whether
+    it came to its end."""
     begin = time.monotonic()
     total = round(duration * RATE)
     sample = 0
     while sample < total:
+        if reader.is_gone():
+            return False
         due = int((time.monotonic() - begin) * RATE) + 1
         if due - sample > LONGEST_CATCH_UP:
             begin += (due - sample - LONGEST_CATCH_UP) / RATE
@@ -122,6 +141,7 @@ def publish(wire, streams, duration):
                 stream.send(wire, place)
         sample = due
         time.sleep(0.001)
+    return True
 
 
 def main():
@@ -135,8 +155,14 @@ def main():
     streams = [Stream(text, number) for number, text in enumerate(arguments.stream)]
     with socket.socket(socket.AF_PACKET, socket.SOCK_RAW) as wire:
         wire.bind((arguments.interface, 0))
-        publish(wire, streams, arguments.duration)
-    print(json.dumps({stream.id: stream.sent for stream in streams}))
+        if not publish(wire, streams, arguments.duration, Reader()):
+            return
+    try:
+        print(json.dumps({stream.id: stream.sent for stream in streams}), flush=True)
+    except BrokenPipeError:
+        # The reader went in the last moment. What is left in the buffer must not be tried again
+        # when the interpreter ends.
+        os.dup2(os.open(os.devnull, os.O_WRONLY), sys.stdout.fileno())
 
 
 if __name__ == "__main__":

@@ -1,17 +1,15 @@
 #include <gtest/gtest.h>
-#include <poll.h>
 
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
-#include <cstdio>
 #include <map>
-#include <memory>
 #include <regex>
 #include <string>
 #include <thread>
 
 #include "live/network_interface_scene.h"
+#include "live/publisher.h"
 #include "live/wire.h"
 
 namespace {
@@ -123,18 +121,12 @@ class TwoStreams : public NetworkInterfaceScene {
     source_.Prepare(Settings("", buffer));
     source_.Start();
     droppedBefore_ = source_.Counters().Dropped;
-    const std::unique_ptr<FILE, int (*)(FILE*)> publisher(
-        popen((std::string(VORNIK_PYTHON) + " " + VORNIK_PUBLISHER + " --interface " +
-               live::FarEnd + " --duration " + std::to_string(seconds) +
-               " --stream id=LIVE-TAGGED,tag=4:0 --stream id=LIVE-PLAIN")
-                  .c_str(),
-              "r"),
-        pclose);
-    pollfd finished{fileno(publisher.get()), POLLIN, 0};
+    live::Publisher publisher("--duration " + std::to_string(seconds) +
+                              " --stream id=LIVE-TAGGED,tag=4:0 --stream id=LIVE-PLAIN");
     auto nextStall = Clock::now() + between;
     auto lastRead = Clock::now();
     Clock::duration longest{};
-    while (poll(&finished, 1, 0) == 0) {
+    while (!publisher.HasFinished()) {
       longest = std::max(longest, Clock::now() - lastRead);
       while (const auto frame = source_.Next()) Take(*frame);
       lastRead = Clock::now();
@@ -145,8 +137,7 @@ class TwoStreams : public NetworkInterfaceScene {
     }
     std::this_thread::sleep_for(100ms);
     while (const auto frame = source_.Next()) Take(*frame);
-    char sent[256] = {};
-    sent_ = std::fgets(sent, sizeof sent, publisher.get()) ? sent : "";
+    sent_ = publisher.Sent();
     return longest <= stall + 100ms;
   }
 

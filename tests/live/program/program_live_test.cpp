@@ -8,32 +8,19 @@
 #include <QTimer>
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
-#include <memory>
 #include <string>
 #include <utility>
 
 #include "desktop/reading_field.h"
 #include "desktop/run_button.h"
+#include "live/publisher.h"
 #include "live/wire.h"
 #include "window_scene.h"
 
 namespace desktop {
 namespace {
 
-/// A publisher at the far end of the wire. Its end waits for the process.
-class Publisher {
- public:
-  explicit Publisher(const std::string& arguments)
-      : pipe_(popen((std::string(VORNIK_PYTHON) + " " + VORNIK_PUBLISHER + " --interface " +
-                     live::FarEnd + " " + arguments)
-                        .c_str(),
-                    "r"),
-              pclose) {}
-
- private:
-  std::unique_ptr<FILE, int (*)(FILE*)> pipe_;
-};
+using live::Publisher;
 
 class ProgramOnTheWire : public WindowScene {
  protected:
@@ -175,6 +162,35 @@ TEST_F(ProgramOnTheWire, NoticesAStreamThatDied) {
   EXPECT_TRUE(WaitFor([this] { return Find<RunButton>("CWButton4").isEnabled(); }));
   EXPECT_FALSE(Find<RunButton>("CWButton4").Position());
   EXPECT_FALSE(Program().State.CaptureRunning);
+}
+
+TEST_F(ProgramOnTheWire, OutlivesAStartWithItsInterfaceGone) {
+  live::CutWire();
+  QStringList boxes;
+  const auto read = [&](QDialog& dialog) {
+    QString words = dialog.property("text").toString();
+    for (const QLabel* label : dialog.findChildren<QLabel*>()) words += label->text();
+    boxes.append(words);
+    dialog.reject();
+  };
+  OnDialog([&](QDialog& dialog) {
+    OnDialog(read);
+    read(dialog);
+  });
+  Run();
+
+  ASSERT_TRUE(WaitFor([&] { return boxes.size() == 2; }));
+
+  EXPECT_TRUE(boxes[0].contains(QString::fromStdString(live::NearEnd) + " is gone"))
+      << boxes[0].toStdString();
+  EXPECT_TRUE(boxes[1].contains("No data received!")) << boxes[1].toStdString();
+  EXPECT_FALSE(exitCode_) << "the program ended";
+  EXPECT_FALSE(Program().State.CaptureRunning);
+
+  live::LayWire();
+  const Publisher publisher(std::string("--duration 9 ") + TwoStreams);
+  Run();
+  EXPECT_TRUE(WaitForNumber(0, 400));
 }
 
 TEST_F(ProgramOnTheWire, ReadsTheKnownAngles) {
