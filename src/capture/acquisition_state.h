@@ -35,6 +35,10 @@ struct AcquisitionState {
   /// Transmitted channels, the length of seqData over 8; shared by both streams.
   std::int16_t ChannelCount = 0;
 
+  /// Counts the tab changes. A tab change ends every run, also one whose next burst is about to
+  /// start: a start that finds the count changed behind one of its pumps is dropped.
+  std::uint32_t TabChanges = 0;
+
   /// While True the handlers of the recorder's buttons do nothing.
   bool RecorderBusy = false;
   /// Bare name of the recording in work, or a placeholder before the first one.

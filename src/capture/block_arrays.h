@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <new>
 #include <vector>
 
 #include "platform/block_matrix.h"
@@ -33,6 +34,16 @@ class CheckedArray {
   std::vector<T> cells_;
 };
 
+/// Runs what needs much memory; failure 7 where the system has not enough.
+template <typename Work>
+void WithMemory(Work work) {
+  try {
+    work();
+  } catch (const std::bad_alloc&) {
+    throw platform::Failure(platform::failure::OutOfMemory);
+  }
+}
+
 /// One block of each stream: a row a frame, values in the chosen units (first stream) or in amperes
 /// and kilovolts (second stream), and the smpCnt of each row.
 struct BlockArrays {
@@ -47,10 +58,12 @@ struct BlockArrays {
   /// Makes all arrays anew and thereby empty; failure 7 where the rows do not fit into memory.
   void Rebuild(std::int32_t baseSamples) {
     if (baseSamples > MaximumRows) throw platform::Failure(platform::failure::OutOfMemory);
-    SignalValues.Rebuild(baseSamples);
-    SignalValues2.Rebuild(baseSamples);
-    SampleCount.Redim(baseSamples);
-    SampleCount2.Redim(baseSamples);
+    WithMemory([&] {
+      SignalValues.Rebuild(baseSamples);
+      SignalValues2.Rebuild(baseSamples);
+      SampleCount.Redim(baseSamples);
+      SampleCount2.Redim(baseSamples);
+    });
   }
 };
 

@@ -16,32 +16,42 @@ constexpr double DisplayRate = 4000;
 }  // namespace
 
 Flow PacketDispatcher::CompleteBlock(bool signalOk) {
-  return Run([&] { frameIndex_[0] = 0; }, [&] { ++state_.BlockCount; },
-             [&] { services_.Events.Pump(); },
-             [&] { return state_.LookingForScope ? BlockForScope(signalOk) : Flow::Next; },
-             [&] {
-               return state_.LookingForValues && !state_.RealTimeMode ? BlockForValues(signalOk)
-                                                                      : Flow::Next;
-             },
-             [&] { return state_.LookingForRecording ? BlockForRecording() : Flow::Next; },
-             [&] { return state_.LookingForPhases ? BlockForPhases(signalOk) : Flow::Next; });
+  return Run(
+      [&] { frameIndex_[0] = 0; }, [&] { ++state_.BlockCount; }, [&] { services_.Events.Pump(); },
+      [&] {
+        return state_.LookingForScope ? ShowBlock(signalOk, [&] { PlotBlock(); }) : Flow::Next;
+      },
+      [&] {
+        return state_.LookingForValues && !state_.RealTimeMode ? BlockForValues(signalOk)
+                                                               : Flow::Next;
+      },
+      [&] { return state_.LookingForRecording ? BlockForRecording() : Flow::Next; },
+      [&] {
+        return state_.LookingForPhases
+                   ? ShowBlock(signalOk, [&] { consumers_.Views.UpdatePhases(); })
+                   : Flow::Next;
+      });
 }
 
-Flow PacketDispatcher::BlockForScope(bool signalOk) {
+template <typename Show>
+Flow PacketDispatcher::ShowBlock(bool signalOk, Show show) {
   return Run([&] { capture_.StopCapture(); },
              [&] {
-               if (signalOk)
-                 consumers_.Views.PlotBlock(state_.BlockCount == 1 ? "Auto" : "Manuell");
+               if (signalOk) show();
              },
-             [&] { services_.Events.Pump(); }, [&] { RestartSoon(); });
+             [&] { services_.Events.Pump(); },
+             [&] {
+               main_.Timer2.Interval = BlockPause;
+               main_.Timer2.Enabled = true;
+             });
+}
+
+void PacketDispatcher::PlotBlock() {
+  consumers_.Views.PlotBlock(state_.BlockCount == 1 ? "Auto" : "Manuell");
 }
 
 Flow PacketDispatcher::BlockForValues(bool signalOk) {
-  return Run([&] { capture_.StopCapture(); },
-             [&] {
-               if (signalOk) consumers_.Views.CalculateValues();
-             },
-             [&] { services_.Events.Pump(); }, [&] { RestartSoon(); },
+  return Run([&] { return ShowBlock(signalOk, [&] { consumers_.Views.CalculateValues(); }); },
              [&] {
                // The check box may have been ticked in the pump.
                if (state_.RealTimeMode) consumers_.Views.ClearValues();
@@ -49,25 +59,11 @@ Flow PacketDispatcher::BlockForValues(bool signalOk) {
 }
 
 Flow PacketDispatcher::BlockForRecording() {
-  const std::int64_t product = std::int64_t{state_.BlockCount} * session_.BaseSamples;
   return Run([&] {
-    const auto samples = platform::Narrow<std::int32_t>(product);
+    const auto samples = static_cast<double>(state_.BlockCount) * session_.BaseSamples;
     main_.Label10[3].Caption = services_.Numbers.General(samples / DisplayRate) + "s / " +
-                               platform::NumberText::General(samples) + " samples";
+                               services_.Numbers.General(samples) + " samples";
   });
-}
-
-Flow PacketDispatcher::BlockForPhases(bool signalOk) {
-  return Run([&] { capture_.StopCapture(); },
-             [&] {
-               if (signalOk) consumers_.Views.UpdatePhases();
-             },
-             [&] { services_.Events.Pump(); }, [&] { RestartSoon(); });
-}
-
-void PacketDispatcher::RestartSoon() {
-  main_.Timer2.Interval = BlockPause;
-  main_.Timer2.Enabled = true;
 }
 
 }  // namespace packetroutines

@@ -7,6 +7,7 @@
 
 namespace packetroutines {
 
+namespace property = platform::adapter_property;
 using platform::Crlf;
 using platform::Failure;
 using platform::Flow;
@@ -17,9 +18,6 @@ using platform::Verdict;
 namespace {
 
 constexpr const char* FixedFilter = "ether proto 0x88ba";
-/// The NDIS packet type of promiscuous reception.
-constexpr std::int32_t Promiscuous = 32;
-constexpr std::int32_t CaptureMode = 1;
 
 struct Mode {
   std::string_view Name;
@@ -91,11 +89,11 @@ void CaptureSession::SetupAdapter(std::int32_t buffSize) {
   RunSteps(
       program_, [this](const Failure& failure) { return OnSetupFailure(failure); },
       [&] { aPacketX().SetAdapter(aPacketX().Adapters(settings_.AdapterIndex)); },
-      [&] { aPacketX().Adapter().Set("BuffSize", buffSize); },
-      [&] { aPacketX().Adapter().Set("BuffMinToCopy", 0); },
-      [&] { aPacketX().Adapter().Set("HWFilter", Promiscuous); },
-      [&] { aPacketX().Adapter().Set("mode", CaptureMode); },
-      [&] { aPacketX().Adapter().Set("BPFilter", FilterExpression()); });
+      [&] { aPacketX().Adapter().Set(property::BufferSize, buffSize); },
+      [&] { aPacketX().Adapter().Set(property::BytesToGather, 0); },
+      [&] { aPacketX().Adapter().Set(property::HardwareFilter, platform::PromiscuousReception); },
+      [&] { aPacketX().Adapter().Set(property::Mode, platform::CaptureMode); },
+      [&] { aPacketX().Adapter().Set(property::Filter, FilterExpression()); });
 }
 
 std::string CaptureSession::FilterExpression() const {
@@ -114,9 +112,11 @@ Verdict CaptureSession::OnSetupFailure(const Failure& failure) {
 }
 
 void CaptureSession::StartCapture(std::string_view mode) {
+  const std::uint32_t tabChanges = state_.TabChanges;
   RunSteps(
       program_, [this](const Failure& failure) { return OnStartFailure(failure); },
       [&] { SetMode(mode); }, [&] { StopCapture(); },
+      [&] { return state_.TabChanges == tabChanges ? Flow::Next : Flow::Leave; },
       [&] {
         state_.OffsetsKnown[0] = false;
         state_.OffsetsKnown[1] = false;
@@ -148,6 +148,7 @@ Verdict CaptureSession::OnStartFailure(const Failure& failure) {
                    Icon::Exclamation});
     return Verdict::EndProgram;
   }
+  ShowIndicators(false);
   state_.OffsetsKnown[0] = false;
   state_.OffsetsKnown[1] = false;
   main_.Timer1.Enabled = false;

@@ -26,7 +26,7 @@ class RecordConsumer {
   virtual void WriteRecordBlock(std::int16_t stream) = 0;
 };
 
-/// What the packet event asks of the report and of the stream finder.
+/// What the packet event and the watchdog ask of the report and of the stream finder.
 class ReportConsumer {
  public:
   virtual ~ReportConsumer() = default;

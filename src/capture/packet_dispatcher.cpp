@@ -1,5 +1,7 @@
 #include "capture/packet_dispatcher.h"
 
+#include <limits>
+
 #include "config/program_facts.h"
 #include "platform/failure.h"
 
@@ -18,6 +20,11 @@ namespace {
 constexpr std::int16_t LengthFrameUpper = 500;
 /// Pause between two frames of the stream finder, in ms.
 constexpr std::int32_t FinderPause = 500;
+
+/// The next row. Rows that lie behind a block made shorter are counted on, but not without end.
+void Advance(std::int32_t& row) {
+  if (row < std::numeric_limits<std::int32_t>::max()) ++row;
+}
 
 }  // namespace
 
@@ -124,7 +131,7 @@ Flow PacketDispatcher::ExtractFirst(bool& signalOk) {
   if (state_.LookingForValues || state_.LookingForScope || state_.LookingForRecording ||
       state_.LookingForPhases) {
     builder_.BuildingSignals(frameIndex_[0], bytes_, signalOk);
-    ++frameIndex_[0];
+    Advance(frameIndex_[0]);
     if (state_.LookingForRecording) {
       builder_.StoreRecordSample(ringIndex_[0], frameIndex_[0] - 1);
       ++ringIndex_[0];
@@ -163,7 +170,7 @@ void PacketDispatcher::LocateSecond() {
 Flow PacketDispatcher::ExtractSecond() {
   bool signalOk = false;
   builder_.BuildingSignals2(frameIndex_[1], bytes_, signalOk);
-  ++frameIndex_[1];
+  Advance(frameIndex_[1]);
   builder_.StoreRecordSample2(ringIndex_[1], frameIndex_[1] - 1);
   ++ringIndex_[1];
   if (ringIndex_[1] != RecordRings::Cells) return Flow::Next;

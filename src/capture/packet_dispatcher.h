@@ -63,11 +63,12 @@ class PacketDispatcher {
   void LocateFirst();
   platform::Flow ExtractFirst(bool& signalOk);
   platform::Flow CompleteBlock(bool signalOk);
-  platform::Flow BlockForScope(bool signalOk);
+  /// Stops for a live view, shows it the block unless that is silent, and has capture restarted.
+  template <typename Show>
+  platform::Flow ShowBlock(bool signalOk, Show show);
+  void PlotBlock();
   platform::Flow BlockForValues(bool signalOk);
   platform::Flow BlockForRecording();
-  platform::Flow BlockForPhases(bool signalOk);
-  void RestartSoon();
 
   void SecondStream();
   void LocateSecond();

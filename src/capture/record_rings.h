@@ -19,16 +19,22 @@ struct RecordRings {
   CheckedArray<std::int16_t> RecordCount2;
   std::array<CheckedArray<double>, 8> RecordChannel2;
 
+  /// The most cells of a ring: more than forty minutes of frames.
+  static constexpr std::int32_t MaximumCells = BlockArrays::MaximumRows;
+
   /// `triggerCells` is the size that the trigger times ask for; only six rings follow it, and none
-  /// gets smaller than a second.
+  /// gets smaller than a second. Failure 7 where it is too large.
   void Reserve(std::int32_t triggerCells) {
-    RecordCount.Redim(Cells);
-    RecordCount2.Redim(Cells);
-    for (auto& channel : RecordChannel) channel.Redim(Cells);
-    for (auto& channel : RecordChannel2) channel.Redim(Cells);
-    for (const std::size_t k : {0U, 1U, 2U, 4U, 5U, 6U}) {
-      RecordChannel[k].Redim(std::max<std::int32_t>(triggerCells, Cells));
-    }
+    if (triggerCells > MaximumCells) throw platform::Failure(platform::failure::OutOfMemory);
+    WithMemory([&] {
+      RecordCount.Redim(Cells);
+      RecordCount2.Redim(Cells);
+      for (auto& channel : RecordChannel) channel.Redim(Cells);
+      for (auto& channel : RecordChannel2) channel.Redim(Cells);
+      for (const std::size_t k : {0U, 1U, 2U, 4U, 5U, 6U}) {
+        RecordChannel[k].Redim(std::max<std::int32_t>(triggerCells, Cells));
+      }
+    });
   }
 };
 

@@ -16,9 +16,14 @@ namespace {
 constexpr double CurrentScale = 1000;
 constexpr double VoltageScale = 100000;
 constexpr std::int32_t BytesPerChannel = 8;
-/// Bytes of the four channels of one kind.
-constexpr std::int32_t GroupBytes = 32;
+/// The channels of one kind and their bytes: currents, and behind them voltages.
 constexpr std::size_t GroupChannels = 4;
+constexpr std::int32_t GroupBytes = 32;
+// Both say the same of the 4, 8 or 12 channels that streams have.
+constexpr std::int16_t MostWithoutVoltages = 5;
+constexpr std::int16_t MostWithoutVoltages2 = 4;
+/// The offset of a stream whose samples were never found.
+constexpr std::int32_t NotLocated = 0;
 /// A block that stays below this in the chosen units is silent.
 constexpr double SilenceLevel = 0.1;
 
@@ -33,7 +38,11 @@ std::uint32_t BigEndian(const std::uint8_t* b) {
   return std::uint32_t{b[0]} << 24 | std::uint32_t{b[1]} << 16 | std::uint32_t{b[2]} << 8 | b[3];
 }
 
-double SampleAt(const PacketBytes& bytes, std::int32_t position) {
+/// The raw sample of a channel. A stream that was never located has none: it reads as 0, so that
+/// its blocks are silent.
+double ChannelAt(const PacketBytes& bytes, std::int32_t offset, std::size_t channel) {
+  if (offset == NotLocated) return 0;
+  const std::int32_t position = offset + BytesPerChannel * static_cast<std::int32_t>(channel);
   const std::uint8_t four[] = {bytes(position), bytes(position + 1), bytes(position + 2),
                                bytes(position + 3)};
   return SampleOf(BigEndian(four));
@@ -84,8 +93,9 @@ void SignalBuilder::TakeRow(std::int32_t row, const PacketBytes& bytes) {
   const double currentFactor = session_.CurrentUnitFactor;
   const double voltageFactor = session_.VoltageUnitFactor;
   const std::int32_t offset = state_.ValueOffset[0];
-  const bool voltages = state_.ChannelCount > 5;
-  if (const std::uint8_t* data = bytes.Run(offset, 2 * GroupBytes); data != nullptr && voltages) {
+  const bool voltages = state_.ChannelCount > MostWithoutVoltages;
+  const std::uint8_t* data = bytes.Run(offset, 2 * GroupBytes);
+  if (data != nullptr && voltages && offset != NotLocated) {
     for (std::size_t i = 0; i < GroupChannels; ++i) {
       values[i] = SampleOf(BigEndian(data + BytesPerChannel * i)) / CurrentScale * currentFactor;
       values[i + GroupChannels] = SampleOf(BigEndian(data + GroupBytes + BytesPerChannel * i)) /
@@ -94,12 +104,10 @@ void SignalBuilder::TakeRow(std::int32_t row, const PacketBytes& bytes) {
     return;
   }
   // A frame that may end within its samples: each value that is still there is taken.
-  for (std::int32_t i = 0; i < 4; ++i) {
-    const std::int32_t at = offset + BytesPerChannel * i;
-    values[i] = SampleAt(bytes, at) / CurrentScale * currentFactor;
-    if (voltages) {
-      values[i + 4] = SampleAt(bytes, at + GroupBytes) / VoltageScale * voltageFactor;
-    }
+  for (std::size_t i = 0; i < GroupChannels; ++i) {
+    values[i] = ChannelAt(bytes, offset, i) / CurrentScale * currentFactor;
+    const std::size_t k = i + GroupChannels;
+    if (voltages) values[k] = ChannelAt(bytes, offset, k) / VoltageScale * voltageFactor;
   }
 }
 
@@ -121,15 +129,17 @@ void SignalBuilder::BuildingSignals2(std::int32_t row, const PacketBytes& bytes,
     block_.SampleCount2(row) =
         platform::Narrow<std::int16_t>(CountAt(bytes, state_.SampleCountOffset[1]));
   });
-  const bool voltages = state_.ChannelCount > 4;
-  for (std::int32_t i = 0; i < 4; ++i) {
-    const std::int32_t at = state_.ValueOffset[1] + BytesPerChannel * i;
+  const std::int32_t offset = state_.ValueOffset[1];
+  const bool voltages = state_.ChannelCount > MostWithoutVoltages2;
+  for (std::size_t i = 0; i < GroupChannels; ++i) {
     platform::RunSteps(
         program_, skip,
-        [&] { block_.SignalValues2.Row(row)[i] = SampleAt(bytes, at) / CurrentScale; },
+        [&] { block_.SignalValues2.Row(row)[i] = ChannelAt(bytes, offset, i) / CurrentScale; },
         [&] {
-          if (!voltages) return;
-          block_.SignalValues2.Row(row)[i + 4] = SampleAt(bytes, at + GroupBytes) / VoltageScale;
+          const std::size_t k = i + GroupChannels;
+          if (voltages) {
+            block_.SignalValues2.Row(row)[k] = ChannelAt(bytes, offset, k) / VoltageScale;
+          }
         });
   }
 }

@@ -1,9 +1,9 @@
 #include "capture/watchdog.h"
 
+#include <cstdint>
 #include <utility>
 
 #include "platform/failure.h"
-#include "platform/trap.h"
 
 namespace packetroutines {
 
@@ -99,25 +99,19 @@ void Watchdog::Timer2_Timer() {
   if (state_.LookingForScope && !main_.CWButton1.Value) return;
   if (state_.LookingForValues && !main_.CWButton4.Value) return;
   if (state_.LookingForPhases && !main_.CWButton2.Value) return;
-  if (state_.LookingForValues) {
-    events_.WaitMs(settings_.InternalDelay);
-    events_.Pump();
-    capture_.StartCapture("LookingForValues");
-  }
-  if (state_.LookingForPhases) {
-    events_.WaitMs(settings_.InternalDelay);
-    events_.Pump();
-    capture_.StartCapture("LookingForPhases");
-  }
-  if (state_.LookingForScope) {
-    events_.WaitMs(settings_.InternalDelay);
-    capture_.StartCapture("LookingForScope");
-  }
-  if (state_.LookingForID) {
-    events_.WaitMs(settings_.InternalDelay);
-    events_.Pump();
-    capture_.StartCapture("LookingForID");
-  }
+  Restart(state_.LookingForValues, "LookingForValues", [&] { events_.Pump(); });
+  Restart(state_.LookingForPhases, "LookingForPhases", [&] { events_.Pump(); });
+  Restart(state_.LookingForScope, "LookingForScope", [] {});
+  Restart(state_.LookingForID, "LookingForID", [&] { events_.Pump(); });
+}
+
+template <typename Pump>
+void Watchdog::Restart(const bool& lookingFor, const char* mode, Pump pump) {
+  if (!lookingFor) return;
+  const std::uint32_t tabChanges = state_.TabChanges;
+  events_.WaitMs(settings_.InternalDelay);
+  pump();
+  if (state_.TabChanges == tabChanges) capture_.StartCapture(mode);
 }
 
 void Watchdog::Timer3_Timer() {

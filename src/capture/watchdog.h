@@ -10,6 +10,7 @@
 #include "platform/dialogs.h"
 #include "platform/event_queue.h"
 #include "platform/program.h"
+#include "platform/trap.h"
 
 namespace packetroutines {
 
@@ -28,6 +29,9 @@ class Watchdog {
   void EndFinder();
   void EndView();
   void Timer2_Timer();
+  /// Starts the next burst of a mode that is on, after the user's delay.
+  template <typename Pump>
+  void Restart(const bool& lookingFor, const char* mode, Pump pump);
   void Timer3_Timer();
   void ShowNoDataDialog(const std::string& prefix);
 

@@ -37,7 +37,9 @@ class CWGraph : public Control {
  public:
   static constexpr std::int16_t PanMode = 3;
   static constexpr std::int16_t ZoomMode = 6;
+  static constexpr std::int16_t LeftButton = 1;
   static constexpr std::int16_t RightButton = 2;
+  static constexpr std::int16_t MiddleButton = 4;
 
   std::array<Plot, 8> Plots;
   Axis XAxis;

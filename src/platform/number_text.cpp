@@ -37,6 +37,14 @@ Decimal ToDecimal(double magnitude) {
   return decimal;
 }
 
+/// What a number outside of its type's range is: 0 where it is too small for it, else failure 6.
+double TooSmallOrOverflow(std::string_view number) {
+  const std::size_t exponent = number.find_first_of("eE");
+  const bool tooSmall = exponent != std::string_view::npos && number.substr(exponent + 1, 1) == "-";
+  if (!tooSmall) throw Failure(failure::Overflow);
+  return 0;
+}
+
 /// Rounds half away from zero behind `decimals` places; gives the integer and fraction digits.
 std::string RoundedDigits(const Decimal& decimal, int decimals) {
   const int kept = decimal.Point + decimals;
@@ -142,7 +150,7 @@ double NumberText::ToDouble(std::string_view text) const {
   }
   double value = 0;
   const auto [rest, error] = std::from_chars(begin, end, value);
-  if (error == std::errc::result_out_of_range) throw Failure(failure::Overflow);
+  if (error == std::errc::result_out_of_range) return TooSmallOrOverflow({begin, rest});
   if (error != std::errc() || rest != end) throw Failure(failure::TypeMismatch);
   return value;
 }
@@ -170,8 +178,9 @@ double NumberText::Leading(std::string_view text) {
   }
   const char* end = plain.data() + plain.size();
   double value = 0;
-  const auto [rest, error] = std::from_chars(BehindPlus(plain.data(), end), end, value);
-  if (error == std::errc::result_out_of_range) throw Failure(failure::Overflow);
+  const char* begin = BehindPlus(plain.data(), end);
+  const auto [rest, error] = std::from_chars(begin, end, value);
+  if (error == std::errc::result_out_of_range) return TooSmallOrOverflow({begin, rest});
   return error == std::errc() && std::isfinite(value) ? value : 0;
 }
 

@@ -19,13 +19,13 @@ class Window {
   Property<std::int32_t> Width;
   Property<std::int32_t> Height;
   Property<bool> Visible;
-  /// False once the window was unloaded.
-  Property<bool> Loaded{true};
+  /// The window is open: from its load, which showing it brings along, to its unload.
+  Property<bool> Loaded;
   /// The window has a new size.
   Event<> Resize;
   /// The window is asked to close, by the user, by the session or by `Unload`.
   Event<> QueryUnload;
-  /// Shows the window as a modal one; the event returns when the window was unloaded.
+  /// The platform shows the window as a modal one; the event returns when the window was unloaded.
   Event<> ShowModal;
 
   Window() {
@@ -37,6 +37,10 @@ class Window {
     };
     size(Width);
     size(Height);
+    Visible.OnAssign([this](bool visible) {
+      if (visible && !Loaded) Loaded = true;
+      Visible.Store(visible);
+    });
   }
 
   /// The platform gave the window this size.
@@ -45,7 +49,12 @@ class Window {
     Height.Store(height);
     Resize();
   }
-  /// Closes the window.
+  /// Opens the window as a modal one and returns when it was unloaded.
+  void OpenModal() {
+    Loaded = true;
+    ShowModal();
+  }
+  /// Closes the window, if it is open.
   void Unload() {
     if (!Loaded) return;
     QueryUnload();

@@ -1,6 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <ostream>
+
 #include "support/capture_bench.h"
 #include "support/scene.h"
 
@@ -31,6 +34,7 @@ struct ModeRow {
   const char* Mode;
   std::int32_t Interval;
   const char* Flag;
+  friend void PrintTo(const ModeRow& row, std::ostream* out) { *out << row.Mode; }
 };
 
 class ModeTable : public testing::TestWithParam<ModeRow> {};
@@ -53,8 +57,7 @@ INSTANTIATE_TEST_SUITE_P(StartCapture, ModeTable,
                                          ModeRow{"LookingForPhases", 2000, "LookingForPhases"},
                                          ModeRow{"LookingForRecording", 2000,
                                                  "LookingForRecording"},
-                                         ModeRow{"LookingForID", 2000, "LookingForID"}),
-                         [](const auto& row) { return std::string(row.param.Mode); });
+                                         ModeRow{"LookingForID", 2000, "LookingForID"}));
 
 class UnknownMode : public testing::TestWithParam<const char*> {};
 
@@ -165,13 +168,51 @@ TEST(StartCapture, LeavesTheFrameLengthAsMeasured) {
   EXPECT_FALSE(bench.State.PacketLengthPending);
 }
 
-TEST(StartCapture, DoesNotSetTheAdapterUpAgain) {
+// A tab change in a pump of the start's own stop.
+
+class PumpOfTheStart : public testing::TestWithParam<int> {};
+
+TEST_P(PumpOfTheStart, DropsTheStartWhereTheTabChangesInIt) {
   CaptureBench bench;
-  bench.RunWithLength("LookingForValues");
+  bench.Run("LookingForValues");
+  bench.Journal.clear();
+  bench.Events.AtPump(GetParam(), [&] {
+    ++bench.State.TabChanges;
+    bench.State.LookingForValues = false;
+  });
 
   bench.Acquisition.StartCapture("LookingForValues");
 
-  EXPECT_THAT(bench.Journal, ElementsAre("stop", "pump", "clear", "pump", "start"));
+  EXPECT_THAT(bench.Journal, ElementsAre("stop", "pump", "clear", "pump"));
+  EXPECT_FALSE(bench.State.CaptureRunning);
+  EXPECT_FALSE(bench.State.LookingForValues);
+  for (const platform::Shape& lamp : bench.Main.Shape12) EXPECT_FALSE(lamp.Visible);
+}
+
+TEST_P(PumpOfTheStart, LetsTheStartGoOnWhereTheRunIsStoppedInIt) {
+  CaptureBench bench;
+  bench.Run("LookingForValues");
+  bench.Journal.clear();
+  bench.Events.AtPump(GetParam(), [&] {
+    bench.State.LookingForValues = false;
+    bench.Acquisition.StopCapture();
+  });
+
+  bench.Acquisition.StartCapture("LookingForValues");
+
+  EXPECT_EQ(bench.Journal.back(), "start");
+  EXPECT_TRUE(bench.State.CaptureRunning);
+}
+
+INSTANTIATE_TEST_SUITE_P(StartCapture, PumpOfTheStart, testing::Values(1, 2));
+
+TEST(StartCapture, IsNotDroppedForATabChangeOfLongAgo) {
+  CaptureBench bench;
+  bench.State.TabChanges = 7;
+
+  bench.Acquisition.StartCapture("LookingForValues");
+
+  EXPECT_TRUE(bench.State.CaptureRunning);
 }
 
 // A filter that is refused.
@@ -223,6 +264,30 @@ TEST(StartCaptureWithARefusedFilter, GivesTheButtonsBackInOrderBeforeTheBox) {
                           "CWButton4.Enabled true", "box Attention"));
   EXPECT_THAT(bench.State.OffsetsKnown, ElementsAre(false, false));
 }
+
+class RefusedFilter : public testing::TestWithParam<const char*> {};
+
+TEST_P(RefusedFilter, TurnsTheIndicatorsOffBeforeTheBox) {
+  CaptureBench bench;
+  bench.Capture.StartFailure = platform::Failure(FilterRefused);
+  const auto lit = [&] {
+    return std::count_if(bench.Main.Shape12.begin(), bench.Main.Shape12.end(),
+                         [](const platform::Shape& lamp) { return lamp.Visible.Get(); });
+  };
+  std::ptrdiff_t litAtStart = 0;
+  std::ptrdiff_t litAtBox = 4;
+  bench.Capture.AtStart = [&] { litAtStart = lit(); };
+  bench.Dialogs.WhileOpen = [&] { litAtBox = lit(); };
+
+  bench.Acquisition.StartCapture(GetParam());
+
+  EXPECT_EQ(litAtStart, 4);
+  EXPECT_EQ(litAtBox, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(StartCapture, RefusedFilter,
+                         testing::Values("LookingForValues", "LookingForPhases",
+                                         "LookingForScope"));
 
 TEST(StartCaptureWithARefusedFilter, FiresTheStopPathsOfTheButtons) {
   CaptureBench bench;

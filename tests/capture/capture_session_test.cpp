@@ -109,24 +109,28 @@ TEST(FillAdapterList, EndsTheProgramOnYes) {
 
 TEST(FillAdapterList, LeavesTheListAloneOnNo) {
   CaptureBench bench;
+  bench.Main.Combo1.List = std::vector<std::string>{"Bus", "Second bus"};
+  bench.Main.Combo1.ListIndex = 1;
   bench.Capture.CreateFailure = platform::Failure(429);
-  bench.Dialogs.Answers = {platform::Answer::No};
-
-  FillAnEmptyList(bench);
-
-  EXPECT_THAT(bench.Main.Combo1.List.Get(), IsEmpty());
-  EXPECT_EQ(bench.Journal.back(), "box Attention");
-}
-
-TEST(FillAdapterList, AsksWhereAnAdapterCannotBeRead) {
-  CaptureBench bench;
-  bench.Main.Combo1.List.OnAssign([](const auto&) { throw platform::Failure(57); });
   bench.Dialogs.Answers = {platform::Answer::No};
 
   bench.Acquisition.FillAdapterList();
 
+  EXPECT_THAT(bench.Main.Combo1.List.Get(), ElementsAre("Bus", "Second bus"));
+  EXPECT_EQ(bench.Main.Combo1.Text(), "Second bus");
+  EXPECT_EQ(bench.Journal.back(), "box Attention");
+}
+
+TEST(FillAdapterList, AsksWhetherToEndTheProgramWhereAnAdapterCannotBeRead) {
+  CaptureBench bench;
+  bench.Capture.AddAdapter("Second bus").ReadFailure = platform::Failure(57);
+  bench.Dialogs.Answers = {platform::Answer::No};
+
+  FillAnEmptyList(bench);
+
   ASSERT_EQ(bench.Dialogs.Shown.size(), 1U);
   EXPECT_EQ(bench.Dialogs.Shown[0].Text, NoAdapterText);
+  EXPECT_THAT(bench.Main.Combo1.List.Get(), ElementsAre("Bus"));
 }
 
 // The choice of the adapter.
@@ -270,6 +274,18 @@ TEST(StopCapture, IsLegalWhenIdle) {
 
   EXPECT_THAT(bench.Journal, ElementsAre("stop", "pump", "clear", "pump"));
   EXPECT_FALSE(bench.State.CaptureRunning);
+}
+
+TEST(StopCapture, CreatesItsCollectionOfPacketsOnceAndOnlyEmptiesItAfterwards) {
+  CaptureBench bench;
+  ASSERT_THAT(bench.Capture.Collections, IsEmpty());
+
+  bench.Acquisition.StopCapture();
+  bench.Acquisition.StopCapture();
+  bench.Acquisition.StartCapture("LookingForValues");
+  bench.Acquisition.StopCapture();
+
+  EXPECT_THAT(bench.Capture.Collections, ElementsAre("create", "clear", "clear", "clear", "clear"));
 }
 
 TEST(StopCapture, KeepsTheModeFlags) {

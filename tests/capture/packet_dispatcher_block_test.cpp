@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include "support/capture_bench.h"
 
 namespace {
@@ -46,19 +48,10 @@ TEST(CompleteBlock, ComesAfterTheChosenNumberOfFrames) {
   EXPECT_FALSE(bench.State.CaptureRunning);
 }
 
-TEST(CompleteBlock, PumpsBeforeItStopsForTheView) {
-  CaptureBench bench;
-  bench.RunWithLength("LookingForValues");
-
-  bench.Receive(400, Signal);
-
-  EXPECT_THAT(bench.Journal,
-              ElementsAre("pump", "stop", "pump", "clear", "pump", "calculate values", "pump"));
-}
-
 struct ViewMode {
   const char* Mode;
   const char* Update;
+  friend void PrintTo(const ViewMode& view, std::ostream* out) { *out << view.Mode; }
 };
 
 class LiveView : public testing::TestWithParam<ViewMode> {};
@@ -91,8 +84,7 @@ TEST_P(LiveView, KeepsItsLastPictureAtASilentBlockAndRestartsSoon) {
 INSTANTIATE_TEST_SUITE_P(CompleteBlock, LiveView,
                          testing::Values(ViewMode{"LookingForScope", "plot Auto"},
                                          ViewMode{"LookingForValues", "calculate values"},
-                                         ViewMode{"LookingForPhases", "update phases"}),
-                         [](const auto& view) { return std::string(view.param.Mode); });
+                                         ViewMode{"LookingForPhases", "update phases"}));
 
 TEST(CompleteBlock, IsPlottedAutomaticallyOnlyTheFirstTime) {
   CaptureBench bench;
@@ -150,6 +142,23 @@ TEST(CompleteBlock, IsNotShownWhereItsLastRowFailed) {
   bench.Receive(Signal(399));
 
   EXPECT_THAT(bench.Journal, ElementsAre("pump", "stop", "pump", "clear", "pump", "pump"));
+  EXPECT_TRUE(bench.Main.Timer2.Enabled);
+}
+
+TEST(CompleteBlock, IsSilentWhereTheSamplesOfItsStreamWereNotFound) {
+  CaptureBench bench;
+  // Too few bytes follow the tag of the samples; what leads the frame is no signal.
+  const auto frame = [](int i) {
+    return SvFrame().Count(static_cast<std::uint16_t>(i)).Channels(4).AllRaw(50000).Bytes();
+  };
+  bench.RunWithLength("LookingForValues", frame(0));
+
+  bench.Receive(400, frame);
+
+  ASSERT_TRUE(bench.State.OffsetsKnown[0]);
+  ASSERT_EQ(bench.State.ValueOffset[0], 0);
+  EXPECT_THAT(bench.Journal, ElementsAre("pump", "stop", "pump", "clear", "pump", "pump"));
+  EXPECT_THAT(bench.Block.SignalValues.Cells(), testing::Each(0));
   EXPECT_TRUE(bench.Main.Timer2.Enabled);
 }
 
@@ -235,6 +244,9 @@ TEST(RealTimeMode, ShowsEachFrame) {
 struct Progress {
   int Frames;
   const char* Caption;
+  friend void PrintTo(const Progress& progress, std::ostream* out) {
+    *out << progress.Frames << " frames";
+  }
 };
 
 class RecordingProgress : public testing::TestWithParam<Progress> {};
@@ -274,6 +286,18 @@ TEST(RecordingProgress, SpeaksTheLocalesNumbers) {
   bench.Receive(400, Signal);
 
   EXPECT_EQ(bench.Main.Label10[3].Caption, "0,5s / 2000 samples");
+}
+
+TEST(RecordingProgress, GoesOnBeyondTheLargestNumberOf32Bits) {
+  CaptureBench bench;
+  bench.RunWithLength("LookingForRecording");
+  bench.State.BlockCount = 2147483647 / 400;
+
+  bench.Receive(400, Signal);
+  EXPECT_EQ(bench.Main.Label10[3].Caption, "536871s / 2147484000 samples");
+  bench.Receive(400, Signal);
+  EXPECT_EQ(bench.Main.Label10[3].Caption, "536871.1s / 2147484400 samples");
+  EXPECT_THAT(bench.Dialogs.Shown, IsEmpty());
 }
 
 TEST(RecordingProgress, NeitherStopsCaptureNorRestartsIt) {

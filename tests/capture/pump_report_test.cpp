@@ -55,7 +55,7 @@ TEST_F(ReportPumps, DropTheFrameBehindTheButton) {
   EXPECT_THAT(cells, ElementsAre(1, 2, 3, 0, 0, 0));
 }
 
-TEST_F(ReportPumps, LeaveTheTailOfALongerFrameInFlightBehindTheReportsOwn) {
+TEST_F(ReportPumps, LeaveTheTailOfAFrameInFlightWhereTheReportsFrameIsShorter) {
   bench.Events.AtPump(1, [&] { bench.Capture.ReceiveInFlight(FrameBytes{9, 8, 7, 6, 5, 4}); });
 
   bench.Receive({1, 2, 3});

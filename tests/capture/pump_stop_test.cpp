@@ -104,16 +104,6 @@ TEST_P(PumpOfTheStop, TakesBackARestart) {
 
 INSTANTIATE_TEST_SUITE_P(StopCapture, PumpOfTheStop, testing::Values(1, 2));
 
-TEST(StopCapture, DropsFramesAsSoonAsItIsOver) {
-  CaptureBench bench;
-  bench.RunWithLength("LookingForValues");
-
-  bench.Acquisition.StopCapture();
-  bench.Capture.ReceiveInFlight(Frame(7));
-
-  EXPECT_FALSE(bench.State.OffsetsKnown[0]);
-}
-
 TEST(StopCapture, ForgetsTheOffsetsOfAFrameInFlightWhenARestartCausedIt) {
   CaptureBench bench;
   bench.RunWithLength("LookingForValues");

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <ostream>
 
 #include "support/capture_bench.h"
 #include "support/failures.h"
@@ -49,6 +50,9 @@ TEST(SilentBlock, StaysBelowATenth) {
 struct Level {
   std::size_t Channel;
   std::int32_t Raw;
+  friend void PrintTo(const Level& level, std::ostream* out) {
+    *out << "raw " << level.Raw << " on channel " << level.Channel;
+  }
 };
 
 class ATenth : public testing::TestWithParam<Level> {};
@@ -228,6 +232,16 @@ TEST(RecordRings, TakeARowOfTheSecondStream) {
     EXPECT_EQ(bench.Rings.RecordChannel2[k](0), RowValues[k]) << k;
     EXPECT_EQ(bench.Rings.RecordChannel[k](0), 0) << k;
   }
+}
+
+TEST(RecordRings, DoNotGrowBeyondTheirLargestSize) {
+  CaptureBench bench;
+  using packetroutines::RecordRings;
+
+  EXPECT_EQ(FailureOf([&] { bench.Rings.Reserve(RecordRings::MaximumCells + 1); }),
+            platform::failure::OutOfMemory);
+
+  for (const auto& ring : bench.Rings.RecordChannel) EXPECT_EQ(ring.Count(), RecordRings::Cells);
 }
 
 TEST(RecordRings, LetTheirFailuresThrough) {

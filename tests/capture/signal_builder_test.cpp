@@ -1,6 +1,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <iomanip>
+#include <ostream>
+
 #include "support/capture_bench.h"
 
 namespace {
@@ -9,7 +13,6 @@ using support::CaptureBench;
 using support::CellsOf;
 using support::FrameBytes;
 using support::SvFrame;
-using testing::DoubleEq;
 using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -49,6 +52,10 @@ std::int32_t Bits(std::uint32_t pattern) {
 struct Corner {
   std::uint32_t Pattern;
   double Value;
+  friend void PrintTo(const Corner& corner, std::ostream* out) {
+    *out << "0x" << std::hex << std::uppercase << std::setw(8) << std::setfill('0')
+         << corner.Pattern;
+  }
 };
 
 class SampleCorner : public testing::TestWithParam<Corner> {};
@@ -111,6 +118,9 @@ TEST(SignalBuilder, KeepsTheSampleCountOfTheRow) {
 struct VoltageUnit {
   float Factor;
   double Shown;
+  friend void PrintTo(const VoltageUnit& unit, std::ostream* out) {
+    *out << "factor " << std::int64_t{std::llround(unit.Factor)};
+  }
 };
 
 class VoltageFactor : public testing::TestWithParam<VoltageUnit> {};
@@ -209,15 +219,46 @@ TEST(SignalBuilder, ReadsTheEmptyTailOfAShortFrameAsZero) {
   EXPECT_DOUBLE_EQ(bench.Value(7), 0x01000000 / 100000.0);
 }
 
-TEST(SignalBuilder, ReadsFromPositionZeroWhereNoOffsetWasFound) {
+/// Values before a stream that was never located is read: all cells hold a signal.
+void FillLastRow(CaptureBench& bench) {
+  for (double& cell : bench.Block.SignalValues.Row(399)) cell = 7;
+  for (double& cell : bench.Block.SignalValues2.Row(399)) cell = 7;
+}
+
+TEST(SignalBuilder, ReadsAStreamThatWasNeverLocatedAsSilence) {
   CaptureBench bench;
-  bool signalOk = false;
+  bench.State.ChannelCount = 8;
+  FillLastRow(bench);
+  bool signalOk = true;
 
-  bench.Builder.BuildingSignals(0, CellsOf({0x01, 0x02, 0x03, 0x04}, 100), signalOk);
+  // The addresses at the head of the frame would make a signal.
+  bench.Builder.BuildingSignals(399, CellsOf(SvFrame().AllRaw(100000).Bytes()), signalOk);
 
-  EXPECT_EQ(bench.Block.SampleCount(0), 0x0001);
-  EXPECT_THAT(bench.Block.SignalValues.Row(0),
-              ElementsAre(DoubleEq(0x00010203 / 1000.0), 0, 0, 0, 0, 0, 0, 0));
+  EXPECT_FALSE(signalOk);
+  EXPECT_THAT(bench.Block.SignalValues.Row(399), Each(0));
+  EXPECT_THAT(bench.Dialogs.Shown, IsEmpty());
+}
+
+TEST(SignalBuilder, ReadsTheCurrentsAloneOfAStreamThatWasNeverLocatedAsSilence) {
+  CaptureBench bench;
+  bool signalOk = true;
+
+  bench.Builder.BuildingSignals(399, CellsOf(SvFrame().AllRaw(100000).Bytes()), signalOk);
+
+  EXPECT_FALSE(signalOk);
+  EXPECT_THAT(bench.Block.SignalValues.Row(399), Each(0));
+}
+
+TEST(SignalBuilder, ReadsASecondStreamThatWasNeverLocatedAsZero) {
+  CaptureBench bench;
+  bench.State.ChannelCount = 8;
+  FillLastRow(bench);
+  bool signalOk = true;
+
+  bench.Builder.BuildingSignals2(399, CellsOf(SvFrame().AllRaw(100000).Bytes()), signalOk);
+
+  EXPECT_THAT(bench.Block.SignalValues2.Row(399), Each(0));
+  EXPECT_THAT(bench.Dialogs.Shown, IsEmpty());
 }
 
 TEST(SignalBuilder, LeavesSilentlyAtAnOffsetBeyondTheFrame) {

@@ -1,14 +1,17 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <ostream>
 
 #include "support/failures.h"
 #include "support/watchdog_bench.h"
 
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Not;
 using namespace std::chrono_literals;
 
 /// A live view between two bursts: its flag and its button stand.
@@ -150,6 +153,66 @@ TEST_F(RestartTimer, AModeThatEndsInThePumpOfAnotherIsNotRestarted) {
   Restart();
 
   EXPECT_EQ(std::count(Journal.begin(), Journal.end(), "start"), 1);
+}
+
+/// A mode whose next burst is about to start, and the pump in which the user changes the tab.
+struct TabChange {
+  const char* Mode;
+  bool packetroutines::AcquisitionState::*Flag;
+  int Pump;
+  friend void PrintTo(const TabChange& change, std::ostream* out) {
+    *out << change.Mode << " in pump " << change.Pump;
+  }
+};
+
+class TabChangeInTheRestart : public RestartTimer, public testing::WithParamInterface<TabChange> {};
+
+TEST_P(TabChangeInTheRestart, EndsTheRun) {
+  bool& lookingFor = State.*GetParam().Flag;
+  lookingFor = true;
+  Events.AtPump(GetParam().Pump, [&] {
+    Acquisition.StopCapture();
+    ++State.TabChanges;
+    lookingFor = false;
+  });
+
+  Restart();
+
+  EXPECT_THAT(Journal, Not(Contains("start")));
+  EXPECT_FALSE(State.CaptureRunning);
+  EXPECT_FALSE(Capture.Running);
+  EXPECT_FALSE(lookingFor);
+  for (const platform::Shape& lamp : Main.Shape12) EXPECT_FALSE(lamp.Visible);
+  Elapse(60s);
+  EXPECT_THAT(Dialogs.TimedShown, IsEmpty());
+}
+
+constexpr auto Values = &packetroutines::AcquisitionState::LookingForValues;
+constexpr auto Phases = &packetroutines::AcquisitionState::LookingForPhases;
+constexpr auto Scope = &packetroutines::AcquisitionState::LookingForScope;
+constexpr auto Finder = &packetroutines::AcquisitionState::LookingForID;
+
+// The last two pumps of each are those of the stop in the start; the scope has none before them.
+INSTANTIATE_TEST_SUITE_P(Modes, TabChangeInTheRestart,
+                         testing::Values(TabChange{"LookingForValues", Values, 1},
+                                         TabChange{"LookingForValues", Values, 2},
+                                         TabChange{"LookingForValues", Values, 3},
+                                         TabChange{"LookingForPhases", Phases, 1},
+                                         TabChange{"LookingForPhases", Phases, 2},
+                                         TabChange{"LookingForPhases", Phases, 3},
+                                         TabChange{"LookingForScope", Scope, 1},
+                                         TabChange{"LookingForScope", Scope, 2},
+                                         TabChange{"LookingForID", Finder, 1},
+                                         TabChange{"LookingForID", Finder, 2},
+                                         TabChange{"LookingForID", Finder, 3}));
+
+TEST_F(RestartTimer, ATabChangeInAnEarlierRestartDoesNotEndThisOne) {
+  State.LookingForValues = true;
+  State.TabChanges = 3;
+
+  Restart();
+
+  EXPECT_TRUE(State.CaptureRunning);
 }
 
 TEST_F(RestartTimer, WaitsForTheInternalDelay) {

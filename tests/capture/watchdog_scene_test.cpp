@@ -130,21 +130,6 @@ TEST_F(WatchedRun, TheSecondStreamAloneDisarmsTheWatchdogAndShowsNothing) {
   EXPECT_TRUE(scene.State.CaptureRunning);
 }
 
-TEST_F(WatchedRun, AReportThatCameLeavesTheTimerToTurnItselfOff) {
-  scene.RunValues();
-  scene.State.LookingForValues = false;
-  scene.State.ReportRequested = true;
-  scene.Main.Timer1.Interval = 4000;
-
-  scene.Receive(1, Signal);
-  EXPECT_FALSE(scene.State.ReportRequested);
-  EXPECT_TRUE(scene.Main.Timer1.Enabled);
-  scene.Elapse(4000ms);
-
-  EXPECT_FALSE(scene.Main.Timer1.Enabled);
-  EXPECT_EQ(DialogCount(), 0U);
-}
-
 TEST_F(WatchedRun, TimedOutInThePumpAfterTheLastFrameIsNeitherShownNorRestarted) {
   scene.RunValues();
   scene.Receive(399, Signal);

@@ -78,6 +78,20 @@ TEST_F(NoDataWatchdog, EndsAReport) {
             std::string("Building a report for required data isn't possible!") + NoDataText);
 }
 
+TEST_F(NoDataWatchdog, TurnsItselfOffLongAfterAReportThatCame) {
+  Start("Report");
+  // The first frame sets the length, the second is the report's.
+  Receive(support::PlainFrame(0));
+  Receive(support::PlainFrame(1));
+  ASSERT_FALSE(State.ReportRequested);
+
+  Elapse(3999ms);
+  EXPECT_TRUE(Main.Timer1.Enabled);
+  Elapse(1ms);
+  EXPECT_FALSE(Main.Timer1.Enabled);
+  EXPECT_THAT(Dialogs.TimedShown, IsEmpty());
+}
+
 TEST_F(NoDataWatchdog, LeavesAHiddenReportButtonHidden) {
   Main.Command2.Visible = false;
   Start("Report");
@@ -119,7 +133,7 @@ TEST_F(NoDataWatchdog, EndsTheStreamFinder) {
 class LiveViewWithoutData : public NoDataWatchdog,
                             public testing::WithParamInterface<const char*> {};
 
-TEST_P(LiveViewWithoutData, Ends) {
+TEST_P(LiveViewWithoutData, IsStoppedWithTheDialogAndItsButtonsLocked) {
   Start(GetParam());
   bool valuesOrScopeAtDialog = true;
   Dialogs.WhileOpen = [&] {

@@ -147,7 +147,7 @@ TEST(BlockReduction, OfAnEmptyBlockIsZero) {
   EXPECT_EQ(CWArray::Reduce(block), 0);
 }
 
-TEST(BlockMatrixTest, ARowOutsideTheBlockFails) {
+TEST(BlockMatrix, ARowOutsideTheBlockFails) {
   BlockMatrix block;
   EXPECT_EQ(FailureOf([&] { block.Row(0); }), SubscriptOutOfRange);
 
@@ -160,7 +160,7 @@ TEST(BlockMatrixTest, ARowOutsideTheBlockFails) {
   EXPECT_EQ(FailureOf([&] { same.Row(400); }), SubscriptOutOfRange);
 }
 
-TEST(BlockMatrixTest, ARebuildGivesEmptyCellsInTheNewSize) {
+TEST(BlockMatrix, ARebuildGivesEmptyCellsInTheNewSize) {
   BlockMatrix block;
   block.Rebuild(400);
   block.Row(0)[0] = 1;

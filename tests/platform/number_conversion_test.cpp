@@ -59,7 +59,18 @@ TEST(NumberConversion, ANumberThatDoesNotFitItsTypeOverflows) {
   EXPECT_EQ(FailureOf([] { English.ToInt16("-32769"); }), Overflow);
   EXPECT_EQ(FailureOf([] { English.ToInt32("2147483648"); }), Overflow);
   EXPECT_EQ(FailureOf([] { English.ToSingle("3.5E38"); }), Overflow);
-  EXPECT_EQ(FailureOf([] { English.ToDouble("1E400"); }), Overflow);
+  EXPECT_EQ(FailureOf([] { English.ToDouble("1e400"); }), Overflow);
+  EXPECT_EQ(FailureOf([] { English.ToDouble("-1E+400"); }), Overflow);
+  EXPECT_EQ(FailureOf([] { English.ToSingle("1e400"); }), Overflow);
+}
+
+TEST(NumberConversion, ANumberTooSmallForItsTypeIsZero) {
+  EXPECT_EQ(English.ToDouble("1e-400"), 0);
+  EXPECT_EQ(English.ToDouble("-1E-400"), 0);
+  EXPECT_EQ(German.ToDouble("2,5e-999"), 0);
+  EXPECT_EQ(English.ToSingle("1e-60"), 0);
+  EXPECT_EQ(English.ToSingle("1e-400"), 0);
+  EXPECT_EQ(English.ToInt16("1e-400"), 0);
 }
 
 TEST(NumberConversion, TheLimitsOfATypeStillFit) {
@@ -115,7 +126,13 @@ TEST(NumberConversion, LeadingIsZeroWithoutANumber) {
 }
 
 TEST(NumberConversion, LeadingOverflowsWhereTheNumberIsTooLarge) {
-  EXPECT_EQ(FailureOf([] { NumberText::Leading("1e999"); }), Overflow);
+  EXPECT_EQ(FailureOf([] { NumberText::Leading("1e400"); }), Overflow);
+  EXPECT_EQ(FailureOf([] { NumberText::Leading("1e999 ms"); }), Overflow);
+}
+
+TEST(NumberConversion, LeadingIsZeroWhereTheNumberIsTooSmall) {
+  EXPECT_EQ(NumberText::Leading("1e-400"), 0);
+  EXPECT_EQ(NumberText::Leading("-1e-400 ms"), 0);
 }
 
 TEST(NumberConversion, ReadsABooleanFromItsWordOrFromANumber) {

@@ -25,7 +25,7 @@ constexpr std::array<const char*, 10> Patterns = {"###,###,##0.0000",
 struct Row {
   double Value;
   std::array<const char*, 10> Texts;
-  friend void PrintTo(const Row& row, std::ostream* out) { *out << row.Value; }
+  friend void PrintTo(const Row& row, std::ostream* out) { *out << row.Texts[5]; }
 };
 
 const Row Rows[] = {
@@ -49,16 +49,16 @@ const Row Rows[] = {
       "123456.000", "123456.00", "123456.0", "123456"}},
 };
 
-class Pattern : public testing::TestWithParam<Row> {};
+class TenPatterns : public testing::TestWithParam<Row> {};
 
-TEST_P(Pattern, ShowsTheValue) {
+TEST_P(TenPatterns, ShowAValueEachInItsDecimalsAndGroups) {
   for (std::size_t i = 0; i < Patterns.size(); ++i) {
     EXPECT_EQ(NumberText().Format(GetParam().Value, Patterns[i]), GetParam().Texts[i])
         << Patterns[i];
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Values, Pattern, testing::ValuesIn(Rows));
+INSTANTIATE_TEST_SUITE_P(Values, TenPatterns, testing::ValuesIn(Rows));
 
 std::string Shown(double value, const char* pattern) {
   return NumberText().Format(value, pattern);
@@ -158,7 +158,7 @@ TEST(GeneralForm, OfAFloatReadsBackAsTheSameFloat) {
   }
 }
 
-TEST(GeneralForm, OfTheOtherTypes) {
+TEST(GeneralForm, OfAnIntegerIsItsDigitsAndOfABooleanItsWord) {
   EXPECT_EQ(NumberText::General(std::int32_t{-2147483648}), "-2147483648");
   EXPECT_EQ(NumberText::General(std::int16_t{32767}), "32767");
   EXPECT_EQ(NumberText::General(true), "True");

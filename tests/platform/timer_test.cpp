@@ -13,9 +13,9 @@ using std::chrono::milliseconds;
 using testing::ElementsAre;
 
 /// Two timers on a played platform; their events go into the journal.
-class TimerTest : public testing::Test {
+class Timer : public testing::Test {
  protected:
-  TimerTest() {
+  Timer() {
     timer.Elapsed = [this] { platform.Journal.emplace_back("timer"); };
     other.Elapsed = [this] { platform.Journal.emplace_back("other"); };
   }
@@ -34,7 +34,7 @@ class TimerTest : public testing::Test {
   platform::Timer other{platform.Timers};
 };
 
-TEST_F(TimerTest, ElapsesWhenItsIntervalIsOverAndNotBefore) {
+TEST_F(Timer, ElapsesWhenItsIntervalIsOverAndNotBefore) {
   Run(timer, 100);
 
   Elapse(99);
@@ -43,7 +43,7 @@ TEST_F(TimerTest, ElapsesWhenItsIntervalIsOverAndNotBefore) {
   EXPECT_EQ(Fired(), 1U);
 }
 
-TEST_F(TimerTest, ElapsesEachIntervalWhileEnabled) {
+TEST_F(Timer, ElapsesEachIntervalWhileEnabled) {
   Run(timer, 100);
 
   Elapse(350);
@@ -53,7 +53,7 @@ TEST_F(TimerTest, ElapsesEachIntervalWhileEnabled) {
   EXPECT_EQ(Fired(), 3U);
 }
 
-TEST_F(TimerTest, StartsDisabled) {
+TEST_F(Timer, StartsDisabled) {
   timer.Interval = 100;
 
   Elapse(1000);
@@ -61,7 +61,7 @@ TEST_F(TimerTest, StartsDisabled) {
   EXPECT_EQ(Fired(), 0U);
 }
 
-TEST_F(TimerTest, NeverElapsesWithAnIntervalOfZero) {
+TEST_F(Timer, NeverElapsesWithAnIntervalOfZero) {
   Run(timer, 0);
 
   Elapse(1000);
@@ -70,7 +70,7 @@ TEST_F(TimerTest, NeverElapsesWithAnIntervalOfZero) {
   EXPECT_FALSE(platform.Timers.NextDue());
 }
 
-TEST_F(TimerTest, WritingTheIntervalStartsTheCountAnewAlsoWithTheSameValue) {
+TEST_F(Timer, WritingTheIntervalStartsTheCountAnewAlsoWithTheSameValue) {
   Run(timer, 100);
 
   Elapse(60);
@@ -81,7 +81,7 @@ TEST_F(TimerTest, WritingTheIntervalStartsTheCountAnewAlsoWithTheSameValue) {
   EXPECT_EQ(Fired(), 1U);
 }
 
-TEST_F(TimerTest, EnablingARunningTimerDoesNotStartTheCountAnew) {
+TEST_F(Timer, EnablingARunningTimerDoesNotStartTheCountAnew) {
   Run(timer, 100);
 
   Elapse(60);
@@ -91,7 +91,7 @@ TEST_F(TimerTest, EnablingARunningTimerDoesNotStartTheCountAnew) {
   EXPECT_EQ(Fired(), 1U);
 }
 
-TEST_F(TimerTest, EnablingAStoppedTimerStartsTheCountAnew) {
+TEST_F(Timer, EnablingAStoppedTimerStartsTheCountAnew) {
   Run(timer, 100);
 
   Elapse(60);
@@ -103,7 +103,7 @@ TEST_F(TimerTest, EnablingAStoppedTimerStartsTheCountAnew) {
   EXPECT_EQ(Fired(), 1U);
 }
 
-TEST_F(TimerTest, StaysSilentAfterItDisabledItselfInItsOwnEvent) {
+TEST_F(Timer, StaysSilentAfterItDisabledItselfInItsOwnEvent) {
   timer.Elapsed = [this] {
     platform.Journal.emplace_back("timer");
     timer.Enabled = false;
@@ -115,7 +115,7 @@ TEST_F(TimerTest, StaysSilentAfterItDisabledItselfInItsOwnEvent) {
   EXPECT_EQ(Fired(), 1U);
 }
 
-TEST_F(TimerTest, CountsFromItsOwnEventWhereTheIntervalIsWrittenThere) {
+TEST_F(Timer, CountsFromItsOwnEventWhereTheIntervalIsWrittenThere) {
   timer.Elapsed = [this] {
     platform.Journal.emplace_back("timer");
     timer.Interval = 500;
@@ -129,7 +129,7 @@ TEST_F(TimerTest, CountsFromItsOwnEventWhereTheIntervalIsWrittenThere) {
   EXPECT_EQ(Fired(), 2U);
 }
 
-TEST_F(TimerTest, MissedPeriodsAreNotMadeUp) {
+TEST_F(Timer, MissedPeriodsAreNotMadeUp) {
   Run(timer, 100);
 
   Busy(1050);
@@ -140,7 +140,7 @@ TEST_F(TimerTest, MissedPeriodsAreNotMadeUp) {
   EXPECT_EQ(platform.Timers.NextDue(), platform.Clock.Now() + milliseconds(100));
 }
 
-TEST_F(TimerTest, KeepsItsBeatWhereItIsServedALittleLate) {
+TEST_F(Timer, KeepsItsBeatWhereItIsServedALittleLate) {
   Run(timer, 100);
 
   Busy(130);
@@ -149,7 +149,7 @@ TEST_F(TimerTest, KeepsItsBeatWhereItIsServedALittleLate) {
   EXPECT_EQ(platform.Timers.NextDue(), platform.Clock.Now() + milliseconds(70));
 }
 
-TEST_F(TimerTest, DoesNotFireAgainInsideItsOwnEvent) {
+TEST_F(Timer, DoesNotFireAgainInsideItsOwnEvent) {
   timer.Elapsed = [this] {
     platform.Journal.emplace_back("in");
     Busy(500);
@@ -163,7 +163,7 @@ TEST_F(TimerTest, DoesNotFireAgainInsideItsOwnEvent) {
   EXPECT_THAT(platform.Journal, ElementsAre("in", "pump", "out"));
 }
 
-TEST_F(TimerTest, AnotherTimerFiresInsideTheEvent) {
+TEST_F(Timer, AnotherTimerFiresInsideTheEvent) {
   timer.Elapsed = [this] {
     platform.Journal.emplace_back("in");
     Busy(500);
@@ -178,7 +178,7 @@ TEST_F(TimerTest, AnotherTimerFiresInsideTheEvent) {
   EXPECT_THAT(platform.Journal, ElementsAre("in", "pump", "other", "out"));
 }
 
-TEST_F(TimerTest, FiresAgainAfterAnEventThatFailed) {
+TEST_F(Timer, FiresAgainAfterAnEventThatFailed) {
   timer.Elapsed = [this] {
     platform.Journal.emplace_back("timer");
     throw std::runtime_error("failed");
@@ -191,7 +191,7 @@ TEST_F(TimerTest, FiresAgainAfterAnEventThatFailed) {
   EXPECT_EQ(Fired(), 2U);
 }
 
-TEST_F(TimerTest, TwoTimersFireInTheOrderInWhichTheyAreDue) {
+TEST_F(Timer, TwoTimersFireInTheOrderInWhichTheyAreDue) {
   Run(timer, 200);
   Run(other, 150);
 
@@ -201,7 +201,7 @@ TEST_F(TimerTest, TwoTimersFireInTheOrderInWhichTheyAreDue) {
   EXPECT_THAT(platform.Journal, ElementsAre("other", "timer"));
 }
 
-TEST_F(TimerTest, ATimerDisabledByAnEarlierOneDoesNotFire) {
+TEST_F(Timer, ATimerDisabledByAnEarlierOneDoesNotFire) {
   timer.Elapsed = [this] { other.Enabled = false; };
   Run(timer, 100);
   Run(other, 150);
@@ -212,7 +212,7 @@ TEST_F(TimerTest, ATimerDisabledByAnEarlierOneDoesNotFire) {
   EXPECT_EQ(Fired(), 0U);
 }
 
-TEST_F(TimerTest, TheQueueKnowsTheEarliestTime) {
+TEST_F(Timer, TheQueueKnowsTheEarliestTime) {
   EXPECT_FALSE(platform.Timers.NextDue());
 
   Run(timer, 200);
@@ -222,7 +222,7 @@ TEST_F(TimerTest, TheQueueKnowsTheEarliestTime) {
   EXPECT_EQ(platform.Timers.NextDue(), platform.Clock.Now() + milliseconds(200));
 }
 
-TEST_F(TimerTest, TheQueueForgetsATimerThatIsGone) {
+TEST_F(Timer, TheQueueForgetsATimerThatIsGone) {
   auto gone = std::make_unique<platform::Timer>(platform.Timers);
   Run(*gone, 100);
 
@@ -231,7 +231,7 @@ TEST_F(TimerTest, TheQueueForgetsATimerThatIsGone) {
   EXPECT_FALSE(platform.Timers.NextDue());
 }
 
-TEST_F(TimerTest, TheQueueTellsWheneverItsNextTimeMayHaveChanged) {
+TEST_F(Timer, TheQueueTellsWheneverItsNextTimeMayHaveChanged) {
   int told = 0;
   platform.Timers.Rescheduled = [&] { ++told; };
 

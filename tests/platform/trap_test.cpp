@@ -15,7 +15,7 @@ using platform::Verdict;
 using testing::ElementsAre;
 
 /// A routine of three steps under a trap with one verdict; the second step fails some times.
-class TrapTest : public testing::Test {
+class Trap : public testing::Test {
  protected:
   Flow Routine(Verdict verdict, int failures) {
     return RunSteps(
@@ -36,37 +36,37 @@ class TrapTest : public testing::Test {
   support::FakeProgram program{journal};
 };
 
-TEST_F(TrapTest, RunsTheStepsInOrder) {
+TEST_F(Trap, RunsTheStepsInOrder) {
   EXPECT_EQ(Routine(Verdict::EndProgram, 0), Flow::Next);
 
   EXPECT_THAT(journal, ElementsAre("first", "second", "third"));
 }
 
-TEST_F(TrapTest, RetryTriesTheFailingStepAloneAgain) {
+TEST_F(Trap, RetryTriesTheFailingStepAloneAgain) {
   EXPECT_EQ(Routine(Verdict::RetryStep, 2), Flow::Next);
 
   EXPECT_THAT(journal, ElementsAre("first", "trap 61", "trap 61", "second", "third"));
 }
 
-TEST_F(TrapTest, SkipGoesOnWithTheNextStep) {
+TEST_F(Trap, SkipGoesOnWithTheNextStep) {
   EXPECT_EQ(Routine(Verdict::SkipStep, 1), Flow::Next);
 
   EXPECT_THAT(journal, ElementsAre("first", "trap 61", "third"));
 }
 
-TEST_F(TrapTest, LeaveRunsNoFurtherStep) {
+TEST_F(Trap, LeaveRunsNoFurtherStep) {
   EXPECT_EQ(Routine(Verdict::LeaveRoutine, 1), Flow::Leave);
 
   EXPECT_THAT(journal, ElementsAre("first", "trap 61"));
 }
 
-TEST_F(TrapTest, EndEndsTheProgramAtOnce) {
+TEST_F(Trap, EndEndsTheProgramAtOnce) {
   EXPECT_THROW(Routine(Verdict::EndProgram, 1), support::SceneEnded);
 
   EXPECT_THAT(journal, ElementsAre("first", "trap 61", "end"));
 }
 
-TEST_F(TrapTest, AStepCanLeaveTheRoutine) {
+TEST_F(Trap, AStepCanLeaveTheRoutine) {
   const Flow flow = RunSteps(
       program, [](const Failure&) { return Verdict::RetryStep; },
       [&] {
@@ -83,7 +83,7 @@ TEST_F(TrapTest, AStepCanLeaveTheRoutine) {
   EXPECT_THAT(journal, ElementsAre("first", "second"));
 }
 
-TEST_F(TrapTest, TakesTheVerdictFromTheNumberOfEachFailure) {
+TEST_F(Trap, TakesTheVerdictFromTheNumberOfEachFailure) {
   const Flow flow = RunSteps(
       program,
       [](const Failure& failure) {
@@ -98,7 +98,7 @@ TEST_F(TrapTest, TakesTheVerdictFromTheNumberOfEachFailure) {
   EXPECT_THAT(journal, ElementsAre("second"));
 }
 
-TEST_F(TrapTest, WhatIsNoFailurePassesTheTrap) {
+TEST_F(Trap, WhatIsNoFailurePassesTheTrap) {
   const auto routine = [&] {
     RunSteps(
         program, [](const Failure&) { return Verdict::SkipStep; },
@@ -108,7 +108,7 @@ TEST_F(TrapTest, WhatIsNoFailurePassesTheTrap) {
   EXPECT_THROW(routine(), std::runtime_error);
 }
 
-TEST_F(TrapTest, AnInnerTrapKeepsItsFailuresFromTheOuterOne) {
+TEST_F(Trap, AnInnerTrapKeepsItsFailuresFromTheOuterOne) {
   RunSteps(
       program, [](const Failure&) { return Verdict::EndProgram; },
       [&] { Routine(Verdict::LeaveRoutine, 1); }, [&] { journal.emplace_back("outer"); });
@@ -116,7 +116,7 @@ TEST_F(TrapTest, AnInnerTrapKeepsItsFailuresFromTheOuterOne) {
   EXPECT_THAT(journal, ElementsAre("first", "trap 61", "outer"));
 }
 
-TEST(FailureTest, CarriesTheStandardTextOfItsNumber) {
+TEST(Failures, CarriesTheStandardTextOfItsNumber) {
   EXPECT_EQ(Failure(13).Text(), "Type mismatch");
   EXPECT_EQ(Failure(6).Text(), "Overflow");
   EXPECT_EQ(Failure(9).Text(), "Subscript out of range");

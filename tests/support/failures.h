@@ -6,15 +6,21 @@
 
 namespace support {
 
-/// The number of the failure that `action` raises; 0 where it raises none.
+/// The failure that `action` raises; one with the number 0 and no text where it raises none.
 template <typename Action>
-std::int32_t FailureOf(Action action) {
+platform::Failure RaisedBy(Action action) {
   try {
     action();
   } catch (const platform::Failure& failure) {
-    return failure.Number();
+    return failure;
   }
-  return 0;
+  return {0, {}};
+}
+
+/// The number of the failure that `action` raises; 0 where it raises none.
+template <typename Action>
+std::int32_t FailureOf(Action action) {
+  return RaisedBy(action).Number();
 }
 
 }  // namespace support

@@ -15,6 +15,11 @@ void RaiseIfSet(const std::optional<platform::Failure>& failure) {
 
 }  // namespace
 
+std::string FakeAdapter::Description() const {
+  RaiseIfSet(ReadFailure);
+  return description_;
+}
+
 void FakeAdapter::Set(std::string_view property, const Value& value) {
   journal_.push_back("set " + std::string(property) + " " + TextOf(value));
   Settings[std::string(property)] = value;
@@ -63,6 +68,7 @@ class FakeCapture::Collection : public platform::PacketCollection {
   explicit Collection(FakeCapture& layer) : layer_(layer) {}
   void Clear() override {
     layer_.journal_.push_back("clear");
+    layer_.Collections.push_back("clear");
     RaiseIfSet(layer_.ClearFailure);
   }
 
@@ -78,6 +84,7 @@ std::unique_ptr<platform::CaptureObject> FakeCapture::NewCaptureObject() {
 }
 
 std::unique_ptr<platform::PacketCollection> FakeCapture::NewPacketCollection() {
+  Collections.push_back("create");
   return std::make_unique<Collection>(*this);
 }
 

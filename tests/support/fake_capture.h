@@ -21,12 +21,14 @@ class FakeAdapter : public platform::CaptureAdapter {
       : journal_(journal), description_(std::move(description)), good_(good) {}
 
   bool IsGood() const override { return good_; }
-  std::string Description() const override { return description_; }
+  std::string Description() const override;
   void Set(std::string_view property, const Value& value) override;
 
   std::map<std::string, Value, std::less<>> Settings;
   /// Raised when the property of this name is set.
   std::map<std::string, platform::Failure, std::less<>> FailureAt;
+  /// Raised when its description is read.
+  std::optional<platform::Failure> ReadFailure;
 
  private:
   Journal& journal_;
@@ -53,6 +55,8 @@ class FakeCapture : public platform::CaptureLayer {
 
   std::string AdviceText;
   bool Running = false;
+  /// What happened to collections of packets, "create" or "clear", beside the common journal.
+  Journal Collections;
   FakeAdapter* Chosen = nullptr;
   /// Runs when the program asks for frames, before the start succeeds or fails.
   std::function<void()> AtStart;

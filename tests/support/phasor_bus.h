@@ -3,7 +3,6 @@
 #include <cmath>
 #include <cstdint>
 #include <numbers>
-#include <vector>
 
 #include "support/sv_frame.h"
 
@@ -11,7 +10,7 @@ namespace support {
 
 /// Frame `i` of a balanced three-phase set of 80 frames a period with these RMS values; the
 /// currents lag their voltages by `lag` degrees, and the neutrals carry a hundredth of the phases.
-inline std::vector<std::uint8_t> PhasorFrame(int i, double amps, double kilovolts, double lag) {
+inline SvFrame PhasorSet(int i, double amps, double kilovolts, double lag) {
   SvFrame frame;
   frame.Count(static_cast<std::uint16_t>(i % 4000));
   const auto wave = [i](double degrees) {
@@ -25,7 +24,16 @@ inline std::vector<std::uint8_t> PhasorFrame(int i, double amps, double kilovolt
     frame.Raw(k + 4,
               static_cast<std::int32_t>(std::lround(kilovolts * share * 1e5 * wave(phase[k]))));
   }
-  return frame.Bytes();
+  return frame;
+}
+
+inline FrameBytes PhasorFrame(int i, double amps, double kilovolts, double lag) {
+  return PhasorSet(i, amps, kilovolts, lag).Bytes();
+}
+
+/// The currents of such a set alone; foreign bytes stand where the voltages would be.
+inline FrameBytes FourChannelPhasorFrame(int i, double amps, double lag) {
+  return PhasorSet(i, amps, 0, lag).Channels(4).Trailer(FrameBytes(32, 0x11)).Bytes();
 }
 
 }  // namespace support
