@@ -4,12 +4,12 @@
 
 namespace subroutines {
 
+namespace setup = forms::setup_field;
+
 namespace {
 
 constexpr std::array<float, 2> CurrentFactors = {1, 1000};
 constexpr std::array<float, 3> VoltageFactors = {1, 1000, 1000000};
-constexpr std::size_t FirstContentField = 12;
-constexpr std::size_t SecondContentField = 14;
 
 template <std::size_t N>
 float FactorOf(const std::array<float, N>& factors, const platform::ComboBox& list) {
@@ -40,7 +40,7 @@ SetupView::SetupView(forms::Main& main, config::Settings& settings, config::Sess
   for (std::size_t field = 0; field < main_.Text1.size(); ++field) {
     main_.Text1[field].Change = [this, field] { Text1_Change(field); };
   }
-  for (const std::size_t field : {FirstContentField, SecondContentField}) {
+  for (const std::size_t field : {setup::Content1, setup::Content2}) {
     main_.Text1[field].DblClick = [this, field] { main_.Text1[field].Text = std::string(); };
   }
   main_.Combo1.Click = [this] { Combo1_Click(); };
@@ -69,30 +69,30 @@ void SetupView::Text1_Change(std::size_t field) {
 /// False where the change ends early: nothing is saved and no array is rebuilt.
 bool SetupView::TakeField(std::size_t field, const std::string& text) {
   switch (field) {
-    case 0:
+    case setup::FilterCondition:
       settings_.FilterString = text;
       break;
-    case 1:
+    case setup::BaseFrequency:
       settings_.BaseFrequency = numbers_.ToSingle(text);
       break;
-    case 2:
+    case setup::Samplings:
       session_.BaseSamples = numbers_.ToInt32("0" + text);
       return session_.BaseSamples != 0;
-    case 3:
+    case setup::StoragePath:
       settings_.StoragePath = text;
       break;
-    case FirstContentField:
+    case setup::Content1:
       FilterRule(0, field);
       break;
-    case 13:
+    case setup::Interval:
       settings_.InternalDelay = platform::Round<std::int16_t>(platform::NumberText::Leading(text));
       break;
-    case SecondContentField:
+    case setup::Content2:
       FilterRule(1, field);
       break;
     default:
-      settings_.ChannelName[field - 4] = text;
-      main_.Check2[field - 4].Caption = text;
+      settings_.ChannelName[field - setup::FirstName] = text;
+      main_.Check2[field - setup::FirstName].Caption = text;
       consumers_.ShowChannelNames();
       break;
   }
@@ -124,7 +124,7 @@ void SetupView::Command3_Click() {
   const auto folder = folders_.Browse("Bitte einen Ordner auswählen");
   if (!folder) return;
   settings_.StoragePath = *folder;
-  main_.Text1[3].Text = settings_.StoragePath;
+  main_.Text1[setup::StoragePath].Text = settings_.StoragePath;
   file_.SaveSettings();
 }
 
@@ -142,8 +142,8 @@ void SetupView::Option3_Click(std::size_t index) {
   if (index > 5) return;
   // The first filter slot holds the chosen stream, the second the other one.
   const bool second = index % 2 == 1;
-  settings_.FilterContent[second ? 1 : 0] = main_.Text1[FirstContentField].Text;
-  settings_.FilterContent[second ? 0 : 1] = main_.Text1[SecondContentField].Text;
+  settings_.FilterContent[second ? 1 : 0] = main_.Text1[setup::Content1].Text;
+  settings_.FilterContent[second ? 0 : 1] = main_.Text1[setup::Content2].Text;
   session_.ActiveStream = second ? 2 : 1;
 }
 

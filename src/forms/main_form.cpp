@@ -69,6 +69,7 @@ void Main::DescribeValues() {
 void Main::DescribePhasor() {
   CWButton2.ToolTipText = RunTip;
   Frame2.Caption = "Phasor Diagram";
+  Frame3.Caption = "scale factors:";
   Label17.Caption = "Shown Station ID:";
   Check6.Caption = "automati&c";
 }

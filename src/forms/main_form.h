@@ -39,6 +39,21 @@ inline constexpr std::size_t SamplingsNote = 16;
 inline constexpr std::size_t Count = 17;
 }  // namespace setup_caption
 
+/// The fields of `Main.Text1` on the Setup view.
+namespace setup_field {
+inline constexpr std::size_t FilterCondition = 0;
+inline constexpr std::size_t BaseFrequency = 1;
+inline constexpr std::size_t Samplings = 2;
+inline constexpr std::size_t StoragePath = 3;
+/// The names of the eight channels, one field behind the other.
+inline constexpr std::size_t FirstName = 4;
+inline constexpr std::size_t LastName = 11;
+inline constexpr std::size_t Content1 = 12;
+inline constexpr std::size_t Interval = 13;
+inline constexpr std::size_t Content2 = 14;
+inline constexpr std::size_t Count = 15;
+}  // namespace setup_field
+
 /// The main window: its controls with the captions, tips and states of the design. Index and number
 /// of a control have meaning: channel i is `Label5[i]`, an even `Option3` is the first stream.
 class Main {
@@ -84,6 +99,7 @@ class Main {
 
   // Phasor view.
   platform::Frame Frame2;
+  platform::Frame Frame3;
   platform::CWButton CWButton2;
   platform::PictureBox phasordiagram;
   platform::Grid<9, 3> Grid1;
@@ -128,7 +144,7 @@ class Main {
   platform::ComboBox Combo2;
   platform::ComboBox Combo3;
   std::array<platform::ComboBox, 2> Combo4;
-  std::array<platform::TextBox, 15> Text1;
+  std::array<platform::TextBox, setup_field::Count> Text1;
   platform::CommandButton Command3;
   platform::CommandButton Command7;
   /// DC labels on the Values view.

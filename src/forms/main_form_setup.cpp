@@ -36,20 +36,22 @@ void Main::DescribeSetup() {
 void Main::DescribeSetupTips() {
   Combo1.ToolTipText = "choose the adapter which is connected to the IEC61850.9.2LE bus";
   Combo2.ToolTipText = "the choosen printer is standard printer while program is running";
-  Text1[0].ToolTipText =
+  Text1[setup_field::FilterCondition].ToolTipText =
       "please check help of WinPcap or wireshark to get filter conditions ('ether proto 0x88ba' is "
       "fixed integrated)";
-  Text1[1].ToolTipText = "base frequency of phase shift calculation";
-  Text1[3].ToolTipText = "hint: use content of clipboard to get exact path";
-  Text1[12].ToolTipText = "i.e. Station ID, can be set to blank by double click";
-  Text1[13].ToolTipText =
+  Text1[setup_field::BaseFrequency].ToolTipText = "base frequency of phase shift calculation";
+  Text1[setup_field::StoragePath].ToolTipText = "hint: use content of clipboard to get exact path";
+  Text1[setup_field::Content1].ToolTipText = "i.e. Station ID, can be set to blank by double click";
+  Text1[setup_field::Interval].ToolTipText =
       "delay between RMS calculation of one sample set (i.e. 500ms is a good choice)";
-  for (const std::size_t field : {14U, 2U}) {
+  for (const std::size_t field : {setup_field::Content2, setup_field::Samplings}) {
     Text1[field].ToolTipText =
         "please, leave it empty, when there is no content to filter (i.e. Station ID)  - also done "
         "by doubleclicking into this area";
   }
-  for (std::size_t name = 4; name <= 11; ++name) Text1[name].MaxLength = 21;
+  for (std::size_t name = setup_field::FirstName; name <= setup_field::LastName; ++name) {
+    Text1[name].MaxLength = 21;
+  }
   for (platform::ComboBox* list : {&Combo3, &Combo4[0], &Combo4[1]}) {
     list->ToolTipText =
         "change number of decimals (i.e. slow computers have problems with a lot of them)";

@@ -17,7 +17,6 @@ constexpr const char* Formats[] = {"###,###,##0.0000",
                                    "0.0",
                                    "0"};
 constexpr std::size_t FirstDcLabel = 8;
-constexpr std::size_t FirstNameField = 4;
 constexpr std::size_t Currents = 4;
 
 }  // namespace
@@ -75,7 +74,7 @@ void ValuesView::ShowChannelNames() {
   if (showingNames_) return;
   showingNames_ = true;
   for (std::size_t i = 0; i < main_.Label6.size(); ++i) {
-    main_.Text1[i + FirstNameField].Text = settings_.ChannelName[i];
+    main_.Text1[i + forms::setup_field::FirstName].Text = settings_.ChannelName[i];
     const std::string unit = main_.Combo4[i < Currents ? 0 : 1].Text();
     main_.Label6[i].Caption = settings_.ChannelName[i] + " / [" + unit + "]";
     main_.Grid1.Cell[i + 1][0] = settings_.ChannelName[i];

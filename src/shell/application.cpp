@@ -33,10 +33,7 @@ Application::Application(const Platform& platform)
              platform.Links, platform.Program),
       resize_(Main, State, platform.Program) {
   file_.StatusUpdate = [this] { pages_.StatusUpdate(); };
-  tabs_.UnloadForms = [this] {
-    Revisionhistory.Window.Unload();
-    DebugWindow.Window.Unload();
-  };
+  tabs_.OtherForms = {&Revisionhistory.Window, &DebugWindow.Window};
   resize_.DrawPhasorGrid = [this] { phasors_.DrawPhasorGrid(); };
   capture_.aPacketX_OnPacket = [this](const platform::CapturedFrame& frame) {
     dispatcher_.aPacketX_OnPacket(frame);

@@ -1,6 +1,5 @@
 #include "shell/form_layout.h"
 
-#include <array>
 #include <cmath>
 
 #include "platform/failure.h"
@@ -60,7 +59,7 @@ void FormLayout::FormResize() {
         if (changeTab) main_.TabStrip1.SelectedTab = 1;
       },
       [&] { PlaceValues(); }, [&] { PlaceScope(); }, [&] { PlaceLogos(); }, [&] { PlacePhasor(); },
-      [&] { PlaceInfo(); }, [&] { PlaceIndicators(); },
+      [&] { PlaceInfo(); },
       [&] {
         if (changeTab) main_.TabStrip1.SelectedTab = tab;
       },
@@ -78,9 +77,10 @@ void FormLayout::KeepMinimumHeight() {
 bool FormLayout::RunActive() const {
   // Between two blocks of a live view capture rests, but the run goes on; a tab change would end
   // it.
-  return state_.CaptureRunning || state_.LookingForValues || state_.LookingForPhases ||
-         state_.LookingForScope || state_.LookingForRecording || state_.LookingForID ||
-         state_.ReportRequested;
+  return state_.CaptureRunning || (state_.LookingForValues && main_.CWButton4.Value) ||
+         (state_.LookingForPhases && main_.CWButton2.Value) ||
+         (state_.LookingForScope && main_.CWButton1.Value) || state_.LookingForRecording ||
+         state_.LookingForID || state_.ReportRequested;
 }
 
 void FormLayout::PlaceValues() {
@@ -132,17 +132,6 @@ void FormLayout::PlaceInfo() {
   Place(main_.Picture4, right - main_.Picture4.Width, top);
   Place(main_.Label3[0], right - main_.Label3[0].Width, top - 2.0 * RowGap);
   Place(main_.Label4, right - main_.Label4.Width, top - RowGap);
-}
-
-void FormLayout::PlaceIndicators() {
-  const std::array<platform::CWButton*, 4> buttons = {&main_.CWButton4, &main_.CWButton2,
-                                                      &main_.CWButton1, &main_.Command2};
-  for (std::size_t i = 0; i < buttons.size(); ++i) {
-    const platform::CWButton& button = *buttons[i];
-    platform::Shape& ring = main_.Shape12[i];
-    Place(ring, button.Left + (button.Width - ring.Width) / 2.0,
-          button.Top + (button.Height - ring.Height) / 2.0);
-  }
 }
 
 }  // namespace formroutines

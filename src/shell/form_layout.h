@@ -32,7 +32,6 @@ class FormLayout {
   void PlaceLogos();
   void PlacePhasor();
   void PlaceInfo();
-  void PlaceIndicators();
   bool RunActive() const;
 
   forms::Main& main_;

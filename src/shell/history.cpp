@@ -1,10 +1,8 @@
 // The revision history that the program shows.
 
-#include <iterator>
-#include <string>
-#include <string_view>
+#include "shell/history.h"
 
-#include "shell/info_pages.h"
+#include <iterator>
 
 namespace formroutines {
 
@@ -27,8 +25,12 @@ static_assert(std::size(Lines) <= MostLines);
 }  // namespace
 
 std::string HistoryText() {
+  return HistoryText(Lines);
+}
+
+std::string HistoryText(std::span<const std::string_view> lines) {
   std::string text;
-  for (const std::string_view line : Lines) {
+  for (const std::string_view line : lines) {
     if (!line.empty()) text.append(line).append("\r\n");
   }
   return text;

@@ -6,7 +6,8 @@
 #include "config/program_facts.h"
 #include "platform/failure.h"
 #include "platform/trap.h"
-#include "shell/rich_line.h"
+#include "shell/history.h"
+#include "shell/rich_row.h"
 
 namespace formroutines {
 
@@ -15,14 +16,12 @@ using platform::Verdict;
 
 namespace {
 
-constexpr const char* EmptyRow = "Verdana|10|normal| ";
+constexpr std::string_view EmptyRow = "Verdana|10|normal| ";
 constexpr std::size_t RowOfFirstStep = 6;
-constexpr std::int32_t PageLeft = 600;
-constexpr std::int32_t PageTop = 1300;
-constexpr std::int32_t PageWidth = 14000;
+constexpr RowPlace FirstPlace{.Left = 600, .Top = 1300, .Width = 14000};
 constexpr std::size_t PanelCharacters = 60;
 
-constexpr std::array<const char*, 20> PageRows = {
+constexpr std::array<std::string_view, 20> PageRows = {
     "Verdana|18|fett|Vornik",
     EmptyRow,
     "Verdana|10|fettunderline|This program provides a simple interface to monitor the IEC 61850 SV",
@@ -48,7 +47,7 @@ constexpr std::array<const char*, 20> PageRows = {
     "Verdana|10|normal|See every sample. Trust every number.",
 };
 
-constexpr const char* FirstSetupRow =
+constexpr std::string_view FirstSetupRow =
     "Verdana|10|fett|- select first 'Setup' for configuration of network adapters and look for SV "
     "ethernet streams";
 
@@ -91,38 +90,15 @@ InfoPages::InfoPages(forms::Main& main, forms::Revisionhistory& history,
 }
 
 void InfoPages::InfoPage() {
-  main_.Label1[0].Left = PageLeft;
-  main_.Label1[0].Top = PageTop;
-  main_.Label1[0].Width = PageWidth;
+  std::array<std::string_view, PageRows.size()> lines = PageRows;
+  if (!settings_.SetupDone) lines[RowOfFirstStep] = FirstSetupRow;
   main_.TabStrip1.SelectedTab = 1;
-  std::int32_t counter = 0;
-  for (std::size_t i = 0; i < PageRows.size(); ++i) {
-    const bool firstSetup = i == RowOfFirstStep && !settings_.SetupDone;
-    const std::string line = firstSetup ? FirstSetupRow : PageRows[i];
-    if (line.empty() || line.ends_with('|')) continue;
-    ShowRow(i, line, counter);
-    ++counter;
-  }
-}
-
-void InfoPages::ShowRow(std::size_t row, const std::string& line, std::int32_t place) {
-  platform::Label& label = main_.Label1[row];
-  label.Left = main_.Label1[0].Left.Get();
-  label.Width = main_.Label1[0].Width.Get();
-  label.Top = main_.Label1[0].Top + place * RowPitch;
-  label.FontName = RichFont(line);
-  label.FontSize = RichSize(line);
-  label.FontBold = RichBold(line);
-  label.FontUnderline = RichUnderline(line);
-  label.Caption = RichText(line);
-  // A blank takes its place but shows nothing.
-  label.Visible = label.Caption.Get() != " ";
+  ShowRows(main_.Label1, lines, FirstPlace);
 }
 
 void InfoPages::OpenHistory() {
-  history_.Window.Loaded = true;
   history_.Text1.Text = HistoryText();
-  history_.Window.ShowModal();
+  history_.Window.OpenModal();
 }
 
 void InfoPages::StatusUpdate() {

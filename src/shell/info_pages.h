@@ -1,21 +1,14 @@
 #pragma once
 
-#include <string>
-
 #include "config/settings.h"
 #include "forms/main_form.h"
 #include "forms/revision_history.h"
 #include "platform/number_text.h"
 #include "platform/program.h"
 #include "platform/system_services.h"
+#include "shell/rich_row.h"
 
 namespace formroutines {
-
-/// Pitch of the text rows of the information page and of the report, in twips.
-inline constexpr std::int32_t RowPitch = 300;
-
-/// The whole text of the revision history.
-std::string HistoryText();
 
 /// The static face of the program: the information page, the status bar, the revision history
 /// window and the links.
@@ -32,7 +25,6 @@ class InfoPages {
   void StatusUpdate();
 
  private:
-  void ShowRow(std::size_t row, const std::string& line, std::int32_t place);
   void OpenHistory();
 
   forms::Main& main_;

@@ -34,6 +34,7 @@ void Hide(std::initializer_list<platform::Control*> controls) {
 }  // namespace
 
 void Application::Load() {
+  Main.Window.Loaded = true;
   CheckScreen();
   file_.LoadSettings();
   Main.Window.State = platform::WindowState::Minimized;
@@ -112,6 +113,7 @@ void Application::SetColours() {
   Main.TabStrip1.Top = 0;
   Main.TabStrip1.SelectedTab = TabController::InfoTab;
   Main.Frame2.BackColor = FrameColour;
+  Main.Frame3.BackColor = FrameColour;
   Main.CWButton2.BackColor = FrameColour;
   Main.CWButton1.BackColor = Main.Frame1.BackColor.Get();
   Main.CWButton3.BackColor = Rgb{237, 246, 240};
@@ -138,14 +140,14 @@ void Application::HideGraphs() {
 
 void Application::SetFields() {
   Session.BaseSamples = DefaultBaseSamples;
-  Main.Text1[2].Text = platform_.Numbers.General(DefaultBaseSamples);
+  Main.Text1[forms::setup_field::Samplings].Text = platform_.Numbers.General(DefaultBaseSamples);
   Hide({&Main.Check5, &Main.CWButton4});
   Main.Option1[2].Value = true;
   Main.Check4.Value = Settings.ACDC ? 1 : 0;
   Main.Check6.Value = 1;
   for (platform::Shape& indicator : Main.Shape12) indicator.Visible = false;
-  Main.Text1[0].Text = Settings.FilterString;
-  Main.Text1[3].Text = Settings.StoragePath;
+  Main.Text1[forms::setup_field::FilterCondition].Text = Settings.FilterString;
+  Main.Text1[forms::setup_field::StoragePath].Text = Settings.StoragePath;
   for (platform::Label& title : Main.Label7) title.Caption = std::string();
   for (platform::Label& value : Main.Label8) value.Caption = std::string();
 }
@@ -176,10 +178,11 @@ void Application::SetDerived() {
   values_.ClearValues();
   Main.Timer3.Enabled = false;
   Main.Timer3.Interval = ButtonLock;
-  Main.Text1[1].Text = platform_.Numbers.General(Settings.BaseFrequency);
-  Main.Text1[12].Text = Settings.FilterContent[0];
-  Main.Text1[13].Text = platform_.Numbers.General(Settings.InternalDelay);
-  Main.Text1[14].Text = Settings.FilterContent[1];
+  Main.Text1[forms::setup_field::BaseFrequency].Text =
+      platform_.Numbers.General(Settings.BaseFrequency);
+  Main.Text1[forms::setup_field::Content1].Text = Settings.FilterContent[0];
+  Main.Text1[forms::setup_field::Interval].Text = platform_.Numbers.General(Settings.InternalDelay);
+  Main.Text1[forms::setup_field::Content2].Text = Settings.FilterContent[1];
   if (Main.Option3[1].Caption.Get().empty()) {
     Hide({&Main.Option3[1], &Main.Option3[3], &Main.Option3[5], &Main.Option3[7]});
   }

@@ -4,7 +4,6 @@
 
 #include "config/setup_view.h"
 #include "platform/failure.h"
-#include "platform/trap.h"
 
 namespace formroutines {
 
@@ -53,19 +52,18 @@ void TabController::TabChange() {
     Exit();
     return;
   }
-  const auto trap = [this](const Failure& failure) {
-    if (failure.Number() == platform::failure::HarmlessStop) return Verdict::SkipStep;
-    dialogs_.Show({"unknown...",
-                   std::string("unknown error. ") + Crlf + failure.Text() + Crlf +
-                       "this happens while changing tabs",
-                   platform::Icon::Critical});
-    return Verdict::EndProgram;
-  };
-  platform::RunSteps(
-      program_, trap, [&] { events_.Pump(); },
-      [&] { settings_.MainActiveTab = main_.TabStrip1.SelectedTab; }, [&] { events_.Pump(); },
-      [&] { file_.SaveActiveTab(); }, [&] { capture_.StopCapture(); }, [&] { ClearModes(); },
-      [&] { StopButtons(); }, [&] { HideViews(); }, [&] { ShowView(); });
+  Run([&] { events_.Pump(); }, [&] { settings_.MainActiveTab = main_.TabStrip1.SelectedTab; },
+      [&] { events_.Pump(); }, [&] { file_.SaveActiveTab(); }, [&] { capture_.StopCapture(); },
+      [&] { ClearModes(); }, [&] { StopButtons(); }, [&] { HideViews(); }, [&] { ShowView(); });
+}
+
+Verdict TabController::OnFailure(const Failure& failure) {
+  if (failure.Number() == platform::failure::HarmlessStop) return Verdict::SkipStep;
+  dialogs_.Show({"unknown...",
+                 std::string("unknown error. ") + Crlf + failure.Text() + Crlf +
+                     "this happens while changing tabs",
+                 platform::Icon::Critical});
+  return Verdict::EndProgram;
 }
 
 void TabController::Exit() {
@@ -77,9 +75,9 @@ void TabController::Exit() {
         main_.TabStrip1.SelectedTab = settings_.MainActiveTab;
         return Flow::Leave;
       },
-      [&] { capture_.StopCapture(); }, [&] { AwaitEndOfCapture(); }, [&] { events_.Pump(); },
-      [&] { exitInProgress_ = true; }, [&] { ShutdownForms(); }, [&] { events_.Pump(); },
-      [&] { main_.Window.Unload(); });
+      [&] { ++state_.TabChanges; }, [&] { capture_.StopCapture(); }, [&] { AwaitEndOfCapture(); },
+      [&] { events_.Pump(); }, [&] { exitInProgress_ = true; }, [&] { ShutdownForms(); },
+      [&] { events_.Pump(); }, [&] { main_.Window.Unload(); });
 }
 
 bool TabController::RunButtonLocked() const {
@@ -112,11 +110,11 @@ void TabController::ShutdownForms() {
   const auto skip = [](const Failure&) { return Verdict::SkipStep; };
   platform::RunSteps(
       program_, skip, [&] { main_.Timer1.Enabled = false; }, [&] { main_.Timer2.Enabled = false; },
-      [&] { main_.Timer3.Enabled = false; },
-      [&] {
-        if (UnloadForms) UnloadForms();
-      },
-      [&] { main_.Window.Unload(); });
+      [&] { main_.Timer3.Enabled = false; });
+  for (platform::Window* form : OtherForms) {
+    platform::RunSteps(program_, skip, [&] { form->Unload(); });
+  }
+  platform::RunSteps(program_, skip, [&] { main_.Window.Unload(); });
   shuttingDown_ = false;
 }
 
@@ -134,6 +132,7 @@ void TabController::RetryClose() {
 }
 
 void TabController::ClearModes() {
+  ++state_.TabChanges;
   state_.ReportRequested = false;
   state_.LookingForScope = false;
   state_.LookingForValues = false;
@@ -146,15 +145,20 @@ void TabController::StopButtons() {
   main_.Check5.Visible = false;
   main_.CWButton3.Visible = false;
   main_.CWButton4.Visible = false;
-  main_.CWButton4.Value = false;
-  main_.CWButton1.Value = false;
-  // A locked button does not run its stop path, and a run that is left before its first frame would
-  // leave it locked for good.
-  if (!main_.CWButton4.Enabled || !main_.CWButton2.Enabled) main_.Timer3.Enabled = true;
+  Run([&] { main_.CWButton4.Value = false; }, [&] { main_.CWButton1.Value = false; },
+      [&] { GiveLockedButtonsBack(); });
+}
+
+void TabController::GiveLockedButtonsBack() {
+  // A locked button does not run its stop path, and a run that is left before its first frame, or
+  // whose stop path failed, would leave it locked for good.
+  const bool locked =
+      !main_.CWButton4.Enabled || !main_.CWButton2.Enabled || !main_.CWButton1.Enabled;
+  if (locked) main_.Timer3.Enabled = true;
 }
 
 bool TabController::HasSecondStream() const {
-  return !main_.Text1[14].Text.Get().empty();
+  return !main_.Text1[forms::setup_field::Content2].Text.Get().empty();
 }
 
 }  // namespace formroutines

@@ -1,7 +1,8 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
+#include <utility>
+#include <vector>
 
 #include "capture/acquisition_state.h"
 #include "capture/capture_session.h"
@@ -14,6 +15,8 @@
 #include "platform/program.h"
 #include "platform/system_services.h"
 #include "platform/timer.h"
+#include "platform/trap.h"
+#include "platform/window.h"
 
 namespace formroutines {
 
@@ -42,8 +45,8 @@ class TabController : public packetroutines::TabConsumer {
   /// Stops the timers and unloads every open form.
   void ShutdownForms();
 
-  /// Unloads the forms other than the main window.
-  std::function<void()> UnloadForms;
+  /// The forms other than the main window.
+  std::vector<platform::Window*> OtherForms;
 
   static constexpr std::int16_t InfoTab = 1;
   static constexpr std::int16_t ValuesTab = 2;
@@ -55,6 +58,16 @@ class TabController : public packetroutines::TabConsumer {
   static constexpr std::int16_t ExitTab = 8;
 
  private:
+  /// Runs steps under the trap of a tab change. A statement that lets events in is a step of its
+  /// own, so that what fails in an event does not keep the statements behind it from running.
+  template <typename... Steps>
+  void Run(Steps... steps) {
+    platform::RunSteps(
+        program_, [this](const platform::Failure& failure) { return OnFailure(failure); },
+        std::move(steps)...);
+  }
+  platform::Verdict OnFailure(const platform::Failure& failure);
+
   void Exit();
   bool RunButtonLocked() const;
   void AwaitEndOfCapture();
@@ -63,12 +76,14 @@ class TabController : public packetroutines::TabConsumer {
 
   void ClearModes();
   void StopButtons();
+  void GiveLockedButtonsBack();
   void HideViews();
   void ShowView();
   void ShowValues();
   void ShowPhasor();
   void ShowWaveforms();
   void ShowRecorder();
+  void ResetProgress();
   void ShowRecorderPaths();
   void RefuseStoragePath();
   void ShowReport();

@@ -77,12 +77,14 @@ void TabController::ShowValues() {
 
 void TabController::ShowPhasor() {
   state_.RecorderBusy = true;
-  main_.CWButton2.Value = false;
-  main_.Frame2.Visible = true;
-  main_.Picture1[5].Visible = true;
-  state_.RecorderBusy = false;
-  main_.Label17.Visible = true;
-  ChooseStation(4);
+  Run([&] { main_.CWButton2.Value = false; },
+      [&] {
+        main_.Frame2.Visible = true;
+        main_.Picture1[5].Visible = true;
+        state_.RecorderBusy = false;
+        main_.Label17.Visible = true;
+      },
+      [&] { ChooseStation(4); });
 }
 
 void TabController::ShowWaveforms() {
@@ -96,30 +98,38 @@ void TabController::ShowRecorder() {
   main_.Picture1[1].Visible = true;
   main_.CWButton3.Visible = true;
   state_.RecorderBusy = true;
-  main_.CWButton3.Value = false;
-  for (platform::OptionButton& format : main_.Option2) format.Enabled = true;
-  views_.ShowFileFormat();
-  state_.RecorderBusy = false;
+  Run([&] { main_.CWButton3.Value = false; },
+      [&] {
+        for (platform::OptionButton& format : main_.Option2) format.Enabled = true;
+      },
+      [&] { views_.ShowFileFormat(); }, [&] { state_.RecorderBusy = false; },
+      [&] { ResetProgress(); },
+      [&] {
+        if (subroutines::PathExists(files_, settings_.StoragePath)) {
+          ShowRecorderPaths();
+        } else {
+          RefuseStoragePath();
+        }
+      });
+}
+
+void TabController::ResetProgress() {
   main_.Label10[4].Visible = false;
   main_.Label10[3].ForeColor = platform::Rgb{0, 0, 0};
   main_.Label10[3].FontBold = false;
   main_.Label10[3].Caption = "0s / 0 samples";
-  if (subroutines::PathExists(files_, settings_.StoragePath)) {
-    ShowRecorderPaths();
-  } else {
-    RefuseStoragePath();
-  }
 }
 
 void TabController::RefuseStoragePath() {
-  events_.Pump();
-  dialogs_.Show({"Attention",
-                 std::string("The given path under 'Setup' is not available!") + Crlf +
-                     "Please check the specified path for errors.",
-                 platform::Icon::Exclamation});
-  main_.Text1[3].SetFocus();
-  main_.TabStrip1.SelectedTab = SetupTab;
-  TabChange();
+  Run([&] { events_.Pump(); },
+      [&] {
+        dialogs_.Show({"Attention",
+                       std::string("The given path under 'Setup' is not available!") + Crlf +
+                           "Please check the specified path for errors.",
+                       platform::Icon::Exclamation});
+      },
+      [&] { main_.Text1[forms::setup_field::StoragePath].SetFocus(); },
+      [&] { main_.TabStrip1.SelectedTab = SetupTab; }, [&] { TabChange(); });
 }
 
 void TabController::ShowRecorderPaths() {
@@ -133,9 +143,8 @@ void TabController::ShowRecorderPaths() {
 void TabController::ShowReport() {
   main_.Command2.Visible = true;
   main_.Command4.Visible = true;
-  ChooseStation(6);
-  views_.ReportLayout();
-  main_.Picture1[2].Visible = true;
+  Run([&] { ChooseStation(6); }, [&] { views_.ReportLayout(); },
+      [&] { main_.Picture1[2].Visible = true; });
 }
 
 }  // namespace formroutines

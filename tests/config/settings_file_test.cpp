@@ -80,7 +80,7 @@ class WatchedStore : public support::FakeStore {
   mutable std::vector<std::string> Read;
 };
 
-class SettingsFileTest : public testing::Test {
+class SettingsFile : public testing::Test {
  protected:
   /// What loading does where a key holds this text.
   std::int32_t FailureOfLoading(const std::string& key, const std::string& text) {
@@ -94,13 +94,13 @@ class SettingsFileTest : public testing::Test {
   subroutines::SettingsFile file{store, numbers, settings};
 };
 
-TEST_F(SettingsFileTest, ReadsEveryKeyInItsOrder) {
+TEST_F(SettingsFile, ReadsEveryKeyInItsOrder) {
   file.LoadSettings();
 
   EXPECT_THAT(store.Read, ElementsAreArray(Keys()));
 }
 
-TEST_F(SettingsFileTest, WritesEveryKeyInItsOrderAndTheNumberOfSamplesLast) {
+TEST_F(SettingsFile, WritesEveryKeyInItsOrderAndTheNumberOfSamplesLast) {
   file.LoadSettings();
 
   file.SaveSettings();
@@ -110,7 +110,7 @@ TEST_F(SettingsFileTest, WritesEveryKeyInItsOrderAndTheNumberOfSamplesLast) {
   EXPECT_THAT(store.Written, ElementsAreArray(keys));
 }
 
-TEST_F(SettingsFileTest, AnAbsentStoreGivesEveryDefault) {
+TEST_F(SettingsFile, AnAbsentStoreGivesEveryDefault) {
   file.LoadSettings();
   EXPECT_THAT(store.Texts, IsEmpty());
 
@@ -119,7 +119,7 @@ TEST_F(SettingsFileTest, AnAbsentStoreGivesEveryDefault) {
   for (const Row& row : Table) EXPECT_EQ(store.Texts[row.Key], row.Default) << row.Key;
 }
 
-TEST_F(SettingsFileTest, EachKeyGoesToItsVariable) {
+TEST_F(SettingsFile, EachKeyGoesToItsVariable) {
   store.Texts = {{"Path of stored data", "d:\\data"},
                  {"Used Networkadapter", "3"},
                  {"Unit Resolution", "7"},
@@ -165,7 +165,7 @@ TEST_F(SettingsFileTest, EachKeyGoesToItsVariable) {
   EXPECT_EQ(settings.FileFormat, "COMTRADE");
 }
 
-TEST_F(SettingsFileTest, EachChannelHasItsNameAndItsSensor) {
+TEST_F(SettingsFile, EachChannelHasItsNameAndItsSensor) {
   const std::string letters = "ABCDEFGH";
   for (std::size_t i = 0; i < letters.size(); ++i) {
     store.Texts[std::string("DataName ") + letters[i]] = "name " + std::to_string(i);
@@ -179,7 +179,7 @@ TEST_F(SettingsFileTest, EachChannelHasItsNameAndItsSensor) {
   EXPECT_THAT(settings.SensorEnabled, ElementsAre(10, 11, 12, 13, 14, 15, 16, 17));
 }
 
-TEST_F(SettingsFileTest, TheDoneMarkHasItsOwnKey) {
+TEST_F(SettingsFile, TheDoneMarkHasItsOwnKey) {
   store.Texts["SetupDone"] = "True";
 
   file.LoadSettings();
@@ -188,7 +188,7 @@ TEST_F(SettingsFileTest, TheDoneMarkHasItsOwnKey) {
   EXPECT_FALSE(settings.ACDC);
 }
 
-TEST_F(SettingsFileTest, TheNumberOfSamplesIsWrittenAsThree) {
+TEST_F(SettingsFile, TheNumberOfSamplesIsWrittenAsThree) {
   store.Texts["Number of samples"] = "800";
 
   file.LoadSettings();
@@ -197,24 +197,24 @@ TEST_F(SettingsFileTest, TheNumberOfSamplesIsWrittenAsThree) {
   EXPECT_EQ(store.Texts["Number of samples"], "3");
 }
 
-TEST_F(SettingsFileTest, TheNumberOfSamplesHasNoEffectWhateverItHolds) {
+TEST_F(SettingsFile, TheNumberOfSamplesHasNoEffectWhateverItHolds) {
   EXPECT_EQ(FailureOfLoading("Number of samples", "no number"), 0);
 }
 
-TEST_F(SettingsFileTest, ATextThatDoesNotConvertFailsAsATypeMismatch) {
+TEST_F(SettingsFile, ATextThatDoesNotConvertFailsAsATypeMismatch) {
   for (const Row& row : Table) {
     EXPECT_EQ(FailureOfLoading(row.Key, "5O0"), row.Kind == Type::Text ? 0 : TypeMismatch)
         << row.Key;
   }
 }
 
-TEST_F(SettingsFileTest, AnEmptyTextIsNoNumber) {
+TEST_F(SettingsFile, AnEmptyTextIsNoNumber) {
   for (const Row& row : Table) {
     EXPECT_EQ(FailureOfLoading(row.Key, ""), row.Kind == Type::Text ? 0 : TypeMismatch) << row.Key;
   }
 }
 
-TEST_F(SettingsFileTest, AnIntegerBeyondSixteenBitsOverflows) {
+TEST_F(SettingsFile, AnIntegerBeyondSixteenBitsOverflows) {
   for (const Row& row : Table) {
     const std::int32_t expected = row.Kind == Type::Integer ? Overflow : 0;
     EXPECT_EQ(FailureOfLoading(row.Key, "40000"), expected) << row.Key;
@@ -222,11 +222,11 @@ TEST_F(SettingsFileTest, AnIntegerBeyondSixteenBitsOverflows) {
   }
 }
 
-TEST_F(SettingsFileTest, AFloatBeyondItsRangeOverflows) {
+TEST_F(SettingsFile, AFloatBeyondItsRangeOverflows) {
   EXPECT_EQ(FailureOfLoading("Frequency", "1E+39"), Overflow);
 }
 
-TEST_F(SettingsFileTest, BooleansAreStoredAsWords) {
+TEST_F(SettingsFile, BooleansAreStoredAsWords) {
   settings.ACDC = true;
 
   file.SaveSettings();
@@ -235,7 +235,7 @@ TEST_F(SettingsFileTest, BooleansAreStoredAsWords) {
   EXPECT_EQ(store.Texts["SetupDone"], "False");
 }
 
-TEST_F(SettingsFileTest, FloatsAreStoredAsTheirShortestText) {
+TEST_F(SettingsFile, FloatsAreStoredAsTheirShortestText) {
   settings.BaseFrequency = 0.1F;
   settings.CurrentTriggerWave = 18.75F;
   settings.VoltageTriggerWave = 16.666666F;
@@ -247,7 +247,7 @@ TEST_F(SettingsFileTest, FloatsAreStoredAsTheirShortestText) {
   EXPECT_EQ(store.Texts["VoltageTriggerWave"], "16.666666");
 }
 
-TEST_F(SettingsFileTest, FloatsAreStoredWithTheSeparatorOfTheLocale) {
+TEST_F(SettingsFile, FloatsAreStoredWithTheSeparatorOfTheLocale) {
   numbers = platform::NumberText({',', '.'});
   settings.BaseFrequency = 49.95F;
   file.SaveSettings();
@@ -258,7 +258,7 @@ TEST_F(SettingsFileTest, FloatsAreStoredWithTheSeparatorOfTheLocale) {
   EXPECT_EQ(settings.BaseFrequency, 49.95F);
 }
 
-TEST_F(SettingsFileTest, AFloatOfAnotherLocaleChangesItsValue) {
+TEST_F(SettingsFile, AFloatOfAnotherLocaleChangesItsValue) {
   store.Texts["Frequency"] = "49,95";
 
   file.LoadSettings();
@@ -266,7 +266,7 @@ TEST_F(SettingsFileTest, AFloatOfAnotherLocaleChangesItsValue) {
   EXPECT_EQ(settings.BaseFrequency, 4995.0F);
 }
 
-TEST_F(SettingsFileTest, ASaveRefreshesTheStatusBarAfterItsLastKey) {
+TEST_F(SettingsFile, ASaveRefreshesTheStatusBarAfterItsLastKey) {
   std::string lastKey;
   file.StatusUpdate = [&] { lastKey = store.Written.back(); };
 
@@ -275,7 +275,7 @@ TEST_F(SettingsFileTest, ASaveRefreshesTheStatusBarAfterItsLastKey) {
   EXPECT_EQ(lastKey, "Number of samples");
 }
 
-TEST_F(SettingsFileTest, TheActiveTabCanBeStoredAlone) {
+TEST_F(SettingsFile, TheActiveTabCanBeStoredAlone) {
   settings.MainActiveTab = 7;
   bool refreshed = false;
   file.StatusUpdate = [&] { refreshed = true; };

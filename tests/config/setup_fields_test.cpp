@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <map>
 
 #include "support/failures.h"
 #include "support/scene.h"
@@ -112,6 +113,18 @@ TEST_F(SetupFields, ADigitAfterEmptiedSamplingsSizesTheArraysAgain) {
 
   EXPECT_EQ(scene.Session.BaseSamples, 8);
   EXPECT_EQ(scene.Block.SignalValues.Rows(), 8);
+  EXPECT_EQ(Saves(), 1);
+}
+
+TEST_F(SetupFields, AnotherFieldAfterEmptiedSamplingsLeavesArraysWithoutRows) {
+  Field(2) = "";
+
+  Field(3) = "d:\\records";
+
+  EXPECT_EQ(scene.Block.SignalValues.Rows(), 0);
+  EXPECT_EQ(scene.Block.SignalValues2.Rows(), 0);
+  EXPECT_EQ(scene.Block.SampleCount.Count(), 0);
+  EXPECT_EQ(scene.Block.SampleCount2.Count(), 0);
   EXPECT_EQ(Saves(), 1);
 }
 
@@ -278,11 +291,21 @@ TEST_F(SetupFields, ARunningCaptureKeepsItsAdapter) {
   EXPECT_TRUE(scene.Capture.Running);
 }
 
-TEST_F(SetupFields, ASelectedTabIsStoredAtOnce) {
-  scene.Main.TabStrip1.SelectedTab = 7;
+TEST_F(SetupFields, TheNextRunTakesTheNewlyChosenAdapter) {
+  scene.Capture.AddAdapter("Second bus");
+  scene.Main.Combo1.AddItem("Second bus");
+  scene.RunValues();
+  scene.Receive(1, [](int i) { return SineFrame(i, 1000, 10); });
+  scene.Main.Combo1.ListIndex = 1;
+  ASSERT_EQ(scene.Capture.Chosen->Description(), "Bus");
+  scene.Elapse(1s);
+  scene.Main.CWButton4.Value = false;
+  scene.Elapse(1s);
 
-  EXPECT_THAT(scene.Store.Written, testing::ElementsAre("MainActiveTab"));
-  EXPECT_EQ(Stored("MainActiveTab"), "7");
+  scene.Main.CWButton4.Value = true;
+
+  EXPECT_EQ(scene.Capture.Chosen->Description(), "Second bus");
+  EXPECT_TRUE(scene.Capture.Running);
 }
 
 TEST(SetupStart, ShowsTheStoredSettingsInTheFields) {
@@ -309,24 +332,50 @@ TEST(SetupStart, ShowsTheStoredSettingsInTheFields) {
   EXPECT_EQ(scene.Main.Check4.Value, 1);
 }
 
-TEST(SetupStart, IgnoresAStoredNumberOfSamples) {
+TEST(SetupStart, LeavesEverySettingWithItsDefaultInAnEmptyStore) {
   Scene scene;
-  scene.Store.Texts["Number of samples"] = "800";
 
   scene.App.Load();
 
-  EXPECT_EQ(scene.Session.BaseSamples, 400);
-  EXPECT_EQ(scene.Block.SignalValues.Rows(), 400);
-  EXPECT_EQ(scene.Store.Texts["Number of samples"], "3");
-}
-
-TEST(SetupStart, FailsWhereAStoredTextDoesNotConvert) {
-  Scene scene;
-  scene.Store.Texts["Internal Delay"] = "5OO";
-  EXPECT_EQ(FailureOf([&] { scene.App.Load(); }), TypeMismatch);
-
-  scene.Store.Texts["Internal Delay"] = "40000";
-  EXPECT_EQ(FailureOf([&] { scene.App.Load(); }), Overflow);
+  const std::map<std::string, std::string> defaults = {{"Path of stored data", "c:\\StoredData"},
+                                                       {"Used Networkadapter", "1"},
+                                                       {"Unit Resolution", "0"},
+                                                       {"UnitCurrent", "0"},
+                                                       {"UnitVoltage", "0"},
+                                                       {"Internal Delay", "500"},
+                                                       {"DataName A", "Current Sensor A"},
+                                                       {"DataName B", "Current Sensor B"},
+                                                       {"DataName C", "Current Sensor C"},
+                                                       {"DataName D", "Current Sensor N"},
+                                                       {"DataName E", "Voltage Sensor A"},
+                                                       {"DataName F", "Voltage Sensor B"},
+                                                       {"DataName G", "Voltage Sensor C"},
+                                                       {"DataName H", "Voltage Sensor N"},
+                                                       {"Printerchoice", "0"},
+                                                       {"Filterstring", ""},
+                                                       {"FilterContentString", ""},
+                                                       {"FilterContentString2", ""},
+                                                       {"Sensor A enabled", "1"},
+                                                       {"Sensor B enabled", "1"},
+                                                       {"Sensor C enabled", "1"},
+                                                       {"Sensor D enabled", "1"},
+                                                       {"Sensor E enabled", "1"},
+                                                       {"Sensor F enabled", "1"},
+                                                       {"Sensor G enabled", "1"},
+                                                       {"Sensor H enabled", "1"},
+                                                       {"Frequency", "50"},
+                                                       {"ACDC", "False"},
+                                                       {"SetupDone", "False"},
+                                                       {"CurrentTriggerWave", "20"},
+                                                       {"VoltageTriggerWave", "15"},
+                                                       {"BeforeTriggerWaveTime", "2"},
+                                                       {"AfterTriggerWaveTime", "5"},
+                                                       {"SingleTrigger", "1"},
+                                                       {"TriggerPause", "10"},
+                                                       {"MainActiveTab", "1"},
+                                                       {"FileFormat", "TXT"},
+                                                       {"Number of samples", "3"}};
+  EXPECT_THAT(scene.Store.Texts, testing::ElementsAreArray(defaults));
 }
 
 }  // namespace

@@ -121,6 +121,8 @@ TEST(ContentFilterStart, AStoredPlaceholderLeavesItsFieldEmpty) {
 
   EXPECT_EQ(scene.Main.Text1[12].Text, "");
   EXPECT_EQ(scene.Main.Option3[0].Caption, Placeholder);
+  // The choice of the first station takes the field as it stands by then.
+  EXPECT_EQ(scene.Settings.FilterContent[0], "");
 }
 
 TEST(ContentFilterStart, TheFirstStationsAreChosen) {
@@ -174,6 +176,25 @@ TEST_F(ContentFilters, AChoiceSavesNothing) {
   Station(1).Value = true;
 
   EXPECT_THAT(scene.Store.Written, ElementsAre());
+}
+
+TEST_F(ContentFilters, TheSwappedContentsGoToTheStoreAtTheNextSaveAndComeBackSwapped) {
+  Second().Text = "MU02";
+  Station(1).Value = true;
+  ASSERT_EQ(scene.Store.Texts["FilterContentString"], "MU01");
+
+  scene.Main.Text1[3].Text = "d:\\records";
+  EXPECT_EQ(scene.Store.Texts["FilterContentString"], "MU02");
+  EXPECT_EQ(scene.Store.Texts["FilterContentString2"], "MU01");
+
+  Scene next;
+  next.Store.Texts = scene.Store.Texts;
+  next.App.Load();
+  EXPECT_EQ(next.Main.Text1[12].Text, "MU02");
+  EXPECT_EQ(next.Main.Text1[14].Text, "MU01");
+  EXPECT_THAT(next.Settings.FilterContent, ElementsAre("MU02", "MU01"));
+  EXPECT_TRUE(next.Main.Option3[0].Value);
+  EXPECT_EQ(next.Main.Option3[0].Caption, "MU02");
 }
 
 TEST_F(ContentFilters, TheStationsOfTheReportChooseNothing) {

@@ -2,13 +2,28 @@
 
 #include <gmock/gmock.h>
 
+#include <cmath>
+#include <limits>
+
 #include "support/recording_canvas.h"
 #include "support/scene.h"
 
 namespace {
 
 using support::Scene;
+using testing::Contains;
 using Calls = std::vector<std::string>;
+
+/// The steps of a ladder, each with the line that is printed for it.
+struct Step {
+  float Value;
+  std::string Line;
+};
+using Ladder = std::vector<Step>;
+
+float JustAbove(float value) {
+  return std::nextafter(value, std::numeric_limits<float>::infinity());
+}
 
 /// A diagram on a recording canvas, with magnitudes set by the test.
 class Diagram : public ::testing::Test {
@@ -195,34 +210,69 @@ TEST_F(Diagram, FillsItsTable) {
   EXPECT_EQ(cell[8][1], "40.00");
 }
 
+TEST_F(Diagram, PointsU2ToTheLowerLeftWhereItLagsByAThirdOfATurn) {
+  scene.State.RmsValues[5] = 400;
+  subroutines::PhaseShifts shifts;
+  shifts.ShiftUB = 120;
+
+  diagram.DrawPhasors(0, 400, shifts);
+
+  EXPECT_THAT(canvas.Calls, Contains("line (0,0) (-500,866) 0/255/0"));
+}
+
+TEST_F(Diagram, PointsU2ToTheUpperLeftWhereItLeadsByAThirdOfATurn) {
+  scene.State.RmsValues[5] = 400;
+  subroutines::PhaseShifts shifts;
+  shifts.ShiftUB = -120;
+
+  diagram.DrawPhasors(0, 400, shifts);
+
+  EXPECT_THAT(canvas.Calls, Contains("line (0,0) (-500,-866) 0/255/0"));
+}
+
 TEST_F(Diagram, ClimbsTheLadderOfCurrents) {
-  EXPECT_EQ(FullScaleLine(0, 0, "FS current"), "FS current=100 (12.5)A");
-  EXPECT_EQ(FullScaleLine(100, 0, "FS current"), "FS current=100 (12.5)A");
-  EXPECT_EQ(FullScaleLine(100.01F, 0, "FS current"), "FS current=200 (25)A");
-  EXPECT_EQ(FullScaleLine(201, 0, "FS current"), "FS current=500 (62.5)A");
-  EXPECT_EQ(FullScaleLine(501, 0, "FS current"), "FS current=1000 (125)A");
-  EXPECT_EQ(FullScaleLine(1001, 0, "FS current"), "FS current=2000 (250)A");
-  EXPECT_EQ(FullScaleLine(2001, 0, "FS current"), "FS current=5000 (625)A");
-  EXPECT_EQ(FullScaleLine(10000, 0, "FS current"), "FS current=10000 (1250)A");
+  const Ladder ladder = {
+      {100, "FS current=100 (12.5)A"},     {200, "FS current=200 (25)A"},
+      {500, "FS current=500 (62.5)A"},     {1000, "FS current=1000 (125)A"},
+      {2000, "FS current=2000 (250)A"},    {5000, "FS current=5000 (625)A"},
+      {10000, "FS current=10000 (1250)A"},
+  };
+  EXPECT_EQ(FullScaleLine(0, 0, "FS current"), ladder[0].Line);
+  for (const Step& step : ladder) {
+    EXPECT_EQ(FullScaleLine(step.Value, 0, "FS current"), step.Line);
+  }
+  for (std::size_t next = 1; next < ladder.size(); ++next) {
+    EXPECT_EQ(FullScaleLine(JustAbove(ladder[next - 1].Value), 0, "FS current"), ladder[next].Line);
+  }
 }
 
 TEST_F(Diagram, ClimbsTheLadderOfVoltages) {
-  EXPECT_EQ(FullScaleLine(0, 0, "FS voltage"), "FS voltage=150 (18.75)kV");
-  EXPECT_EQ(FullScaleLine(0, 150, "FS voltage"), "FS voltage=150 (18.75)kV");
-  EXPECT_EQ(FullScaleLine(0, 151, "FS voltage"), "FS voltage=200 (25)kV");
-  EXPECT_EQ(FullScaleLine(0, 400, "FS voltage"), "FS voltage=400 (50)kV");
-  EXPECT_EQ(FullScaleLine(0, 401, "FS voltage"), "FS voltage=500 (62.5)kV");
-  EXPECT_EQ(FullScaleLine(0, 1000, "FS voltage"), "FS voltage=1000 (125)kV");
-  EXPECT_EQ(FullScaleLine(0, 1001, "FS voltage"), "FS voltage=10000 (1250)kV");
+  const Ladder ladder = {
+      {150, "FS voltage=150 (18.75)kV"}, {200, "FS voltage=200 (25)kV"},
+      {400, "FS voltage=400 (50)kV"},    {500, "FS voltage=500 (62.5)kV"},
+      {1000, "FS voltage=1000 (125)kV"}, {10000, "FS voltage=10000 (1250)kV"},
+  };
+  EXPECT_EQ(FullScaleLine(0, 0, "FS voltage"), ladder[0].Line);
+  for (const Step& step : ladder) {
+    EXPECT_EQ(FullScaleLine(0, step.Value, "FS voltage"), step.Line);
+  }
+  for (std::size_t next = 1; next < ladder.size(); ++next) {
+    EXPECT_EQ(FullScaleLine(0, JustAbove(ladder[next - 1].Value), "FS voltage"), ladder[next].Line);
+  }
+}
+
+TEST_F(Diagram, HasOneScaleForAllVoltagesAboveTheLadder) {
+  EXPECT_EQ(FullScaleLine(0, 20000, "FS voltage"), "FS voltage=10000 (1250)kV");
 }
 
 TEST_F(Diagram, FailsForACurrentAboveTheLadderAfterItsScaleWasPrinted) {
   try {
-    diagram.DrawPhasors(10000.5F, 0, {});
+    diagram.DrawPhasors(JustAbove(10000), 0, {});
     FAIL() << "no failure";
   } catch (const platform::Failure& failure) {
     EXPECT_EQ(failure.Number(), 11);
   }
+  EXPECT_THAT(canvas.Calls, Contains("print FS current=0 (0)A"));
   EXPECT_EQ(canvas.Calls.back(), "print FS voltage=150 (18.75)kV");
 }
 

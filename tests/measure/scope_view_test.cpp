@@ -9,6 +9,7 @@ using std::chrono::milliseconds;
 using support::Scene;
 using support::SineFrame;
 using support::SvFrame;
+using ::testing::AllOf;
 using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -38,8 +39,20 @@ class Scope : public ::testing::Test {
     asked.clear();
     Block(amps, kilovolts);
   }
+  void SilentBlock() {
+    scene.ReceiveBlock([](int i) { return SineFrame(i, 0, 0); });
+  }
+  void Stop() {
+    scene.Elapse(milliseconds(1000));
+    main.CWButton1.Value = false;
+  }
   const std::vector<double>& Curve(std::size_t channel) {
     return main.CWGraph1.Plots[channel].Y.Get();
+  }
+  std::vector<std::vector<double>> Curves() {
+    std::vector<std::vector<double>> curves;
+    for (const auto& plot : main.CWGraph1.Plots) curves.push_back(plot.Y);
+    return curves;
   }
 
   Scene scene;
@@ -70,6 +83,31 @@ TEST_F(Scope, ScalesBothAxesWithTheFirstBlockOnly) {
 
   EXPECT_THAT(asked, ElementsAre("refresh"));
   EXPECT_NEAR(Curve(0)[20], 1414.21, 0.01);
+}
+
+TEST_F(Scope, ScalesBothAxesAgainWithTheFirstBlockOfTheNextRun) {
+  Run();
+  Block(100, 10);
+  NextBlock(100, 10);
+  Stop();
+  asked.clear();
+
+  Run();
+  Block(1000, 10);
+  EXPECT_THAT(asked, ElementsAre("x", "y", "refresh"));
+
+  NextBlock(10, 10);
+  EXPECT_THAT(asked, ElementsAre("refresh"));
+}
+
+TEST_F(Scope, CountsTheBlocksOfBothStreamsFromTheStartOfARun) {
+  scene.State.BlockCount = 7;
+  scene.State.BlockCount2 = 5;
+
+  main.CWButton1.Value = true;
+
+  EXPECT_EQ(scene.State.BlockCount, 0);
+  EXPECT_EQ(scene.State.BlockCount2, 0);
 }
 
 TEST_F(Scope, StopsCaptureBeforeItPlots) {
@@ -104,6 +142,46 @@ TEST_F(Scope, KeepsItsCurvesForASilentBlock) {
 
   EXPECT_EQ(Curve(0), before);
   EXPECT_THAT(asked, IsEmpty());
+}
+
+TEST_F(Scope, KeepsTheCurvesOfTheLastRunOnAStreamOfZeros) {
+  Run();
+  Block(100, 10);
+  Stop();
+  const auto before = Curves();
+  asked.clear();
+
+  Run();
+  for (int block = 0; block < 3; ++block) SilentBlock();
+
+  EXPECT_EQ(Curves(), before);
+  for (const auto& plot : main.CWGraph1.Plots) EXPECT_TRUE(plot.Visible);
+  EXPECT_THAT(asked, IsEmpty());
+}
+
+TEST_F(Scope, ShowsNothingOfAStreamOfZerosAndRunsOn) {
+  Run();
+  for (int block = 0; block < 3; ++block) SilentBlock();
+
+  EXPECT_THAT(Curves(), Each(IsEmpty()));
+  for (const auto& plot : main.CWGraph1.Plots) EXPECT_FALSE(plot.Visible);
+  EXPECT_THAT(asked, IsEmpty());
+  EXPECT_THAT(scene.Dialogs.Shown, IsEmpty());
+  EXPECT_THAT(scene.Dialogs.TimedShown, IsEmpty());
+  EXPECT_EQ(scene.State.BlockCount, 3);
+  EXPECT_TRUE(scene.State.LookingForScope);
+  EXPECT_TRUE(scene.Capture.Running);
+  EXPECT_TRUE(main.CWButton1.Value);
+}
+
+TEST_F(Scope, DoesNotScaleToTheFirstSignalAfterASilentBlock) {
+  Run();
+  SilentBlock();
+
+  Block(100, 10);
+
+  EXPECT_NEAR(Curve(0)[20], 141.421, 0.001);
+  EXPECT_THAT(asked, ElementsAre("refresh"));
 }
 
 TEST_F(Scope, LocksItsButtonsAtTheStart) {
@@ -180,6 +258,7 @@ TEST_F(Scope, WithAllChannelsOffStillScales) {
 
   EXPECT_THAT(asked, ElementsAre("x", "y"));
   for (const auto& plot : main.CWGraph1.Plots) EXPECT_FALSE(plot.Visible);
+  EXPECT_THAT(Curves(), Each(AllOf(SizeIs(400), Each(0.0))));
 }
 
 TEST_F(Scope, FollowsTheNumberOfSamplings) {

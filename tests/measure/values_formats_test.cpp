@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <ostream>
+
 #include "support/scene.h"
 #include "support/square_frame.h"
 
@@ -27,6 +29,7 @@ struct Reading {
   std::int32_t Index;
   const char* Rms;
   const char* Zero;
+  friend void PrintTo(const Reading& reading, std::ostream* out) { *out << reading.Rms; }
 };
 
 class EachFormat : public ValueFormats, public testing::WithParamInterface<Reading> {};

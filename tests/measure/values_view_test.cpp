@@ -10,6 +10,7 @@ using support::Scene;
 using support::SineFrame;
 using support::SquareFrame;
 using support::SvFrame;
+using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -24,6 +25,11 @@ class ValuesView : public testing::Test {
   std::vector<std::string> Shown() const {
     std::vector<std::string> texts;
     for (const platform::Label& label : scene.Main.Label5) texts.push_back(label.Caption);
+    return texts;
+  }
+  std::vector<std::string> ShownDc() const {
+    std::vector<std::string> texts;
+    for (std::size_t i = 8; i < 16; ++i) texts.push_back(scene.Main.Label12[i].Caption);
     return texts;
   }
   static FrameBytes Thousand(int i) { return SquareFrame(i, 1000, 63.5); }
@@ -65,12 +71,13 @@ TEST_F(ValuesView, ShowsNothingBeforeTheBlockIsComplete) {
 }
 
 TEST_F(ValuesView, ComputesEveryChannelWhateverTheScopeDraws) {
-  scene.Settings.SensorEnabled.fill(0);
+  for (platform::CheckBox& curve : scene.Main.Check2) curve.Value = 0;
+  ASSERT_THAT(scene.Settings.SensorEnabled, Each(0));
   scene.RunValues();
   scene.Receive(400, Thousand);
 
-  EXPECT_EQ(scene.Main.Label5[0].Caption, "1,000.00");
-  EXPECT_EQ(scene.Main.Label5[7].Caption, "63.50");
+  EXPECT_THAT(Shown(), ElementsAre("1,000.00", "1,000.00", "1,000.00", "1,000.00", "63.50", "63.50",
+                                   "63.50", "63.50"));
 }
 
 TEST_F(ValuesView, ShowsAStreamOfFourChannelsWithoutVoltages) {
@@ -160,7 +167,7 @@ TEST_F(ValuesView, ShowsNoDcUntilAsked) {
   scene.RunValues();
   scene.ReceiveBlock([](int i) { return SquareFrame(i, 1000, 63.5, 250); });
 
-  for (std::size_t i = 8; i < 16; ++i) EXPECT_EQ(scene.Main.Label12[i].Caption, "") << i;
+  EXPECT_THAT(ShownDc(), Each(""));
 }
 
 TEST_F(ValuesView, ShowsTheMeanAsDc) {
@@ -168,9 +175,7 @@ TEST_F(ValuesView, ShowsTheMeanAsDc) {
   scene.RunValues();
   scene.Receive(400, [](int i) { return SquareFrame(i, 1000, 63.5, 1250); });
 
-  for (std::size_t i = 8; i < 16; ++i) {
-    EXPECT_EQ(scene.Main.Label12[i].Caption, "DC:1,250.00") << i;
-  }
+  EXPECT_THAT(ShownDc(), Each("DC:1,250.00"));
 }
 
 TEST_F(ValuesView, ShowsANegativeDcWithItsSign) {
@@ -190,18 +195,19 @@ TEST_F(ValuesView, AnOffsetDoesNotEnterTheRms) {
 }
 
 TEST_F(ValuesView, DcComesAndGoesWithTheNextBlock) {
+  const auto block = [](int i) { return SquareFrame(i, 1000, 63.5, 250); };
   scene.RunValues();
-  scene.ReceiveBlock(Thousand);
+  scene.ReceiveBlock(block);
 
   scene.Main.Check4.Value = 1;
-  EXPECT_EQ(scene.Main.Label12[8].Caption, "");
-  scene.ReceiveBlock(Thousand);
-  EXPECT_EQ(scene.Main.Label12[8].Caption, "DC:0.00");
+  EXPECT_THAT(ShownDc(), Each(""));
+  scene.ReceiveBlock(block);
+  EXPECT_THAT(ShownDc(), Each("DC:250.00"));
 
   scene.Main.Check4.Value = 0;
-  EXPECT_EQ(scene.Main.Label12[8].Caption, "DC:0.00");
-  scene.ReceiveBlock(Thousand);
-  EXPECT_EQ(scene.Main.Label12[8].Caption, "");
+  EXPECT_THAT(ShownDc(), Each("DC:250.00"));
+  scene.ReceiveBlock(block);
+  EXPECT_THAT(ShownDc(), Each(""));
 }
 
 TEST_F(ValuesView, TheReservedLabelsAreNeverWritten) {

@@ -108,20 +108,6 @@ TEST_F(Layout, EndsTheInformationPictureAtItsShareOfTheWidth) {
   EXPECT_EQ(main.Picture4.Top, 15000 - 915);
 }
 
-TEST_F(Layout, CentresTheIndicatorsOnTheRunButtons) {
-  main.CWButton4.Left = 12000;
-  main.CWButton4.Top = 3000;
-  main.CWButton4.Width = 1500;
-  main.CWButton4.Height = 900;
-  main.Shape12[0].Width = 1800;
-  main.Shape12[0].Height = 1200;
-
-  Resize(15360, 11520);
-
-  EXPECT_EQ(main.Shape12[0].Left, 11850);
-  EXPECT_EQ(main.Shape12[0].Top, 2850);
-}
-
 TEST_F(Layout, ComesBackToTheTab) {
   scene.Select(7);
 

@@ -1,5 +1,8 @@
 #include <gmock/gmock.h>
 
+#include <iterator>
+#include <tuple>
+
 #include "support/scene.h"
 
 namespace {
@@ -31,13 +34,14 @@ TEST(InformationPage, HoldsItsRows) {
       " ",
       " ",
       " ",
-      "Harlengard GmbH && Co. KG"};
+      "Harlengard GmbH && Co. KG",
+      "See every sample. Trust every number."};
+  static_assert(std::size(rows) == std::tuple_size_v<decltype(scene.Main.Label1)>);
   for (std::size_t i = 0; i < std::size(rows); ++i) {
     EXPECT_EQ(scene.Main.Label1[i].Caption, rows[i]) << i;
     EXPECT_EQ(scene.Main.Label1[i].Visible, std::string(rows[i]) != " ") << i;
     EXPECT_EQ(scene.Main.Label1[i].FontName, "Verdana") << i;
   }
-  EXPECT_FALSE(scene.Main.Label1[19].Caption.Get().empty());
 }
 
 TEST(InformationPage, GivesTheRowsTheirFonts) {
@@ -57,6 +61,9 @@ TEST(InformationPage, GivesTheRowsTheirFonts) {
   EXPECT_FALSE(rows[7].FontUnderline);
   EXPECT_FLOAT_EQ(rows[7].FontSize, 10.0F);
   EXPECT_TRUE(rows[18].FontBold);
+  EXPECT_FALSE(rows[19].FontBold);
+  EXPECT_FALSE(rows[19].FontUnderline);
+  EXPECT_FLOAT_EQ(rows[19].FontSize, 10.0F);
 }
 
 TEST(InformationPage, StandsInRowsOf300Twips) {
@@ -99,7 +106,17 @@ TEST(StatusBar, ShowsAdapterPrinterAndSamples) {
   EXPECT_EQ(panels[0].Text, "Bus");
   EXPECT_EQ(panels[1].Text, "Standard printer: Office ");
   EXPECT_EQ(panels[2].Text, "RMS base: 400 samples");
-  EXPECT_EQ(panels[3].Text, "");
+}
+
+TEST(StatusBar, IsEmptiedOfItsErrorCountAtStart) {
+  Scene scene;
+  auto& errors = scene.Main.StatusBar1.Panels[3];
+  errors.Text = "12";
+
+  scene.Start();
+  scene.Main.Text1[13].Text = "100";
+
+  EXPECT_EQ(errors.Text, "");
 }
 
 TEST(StatusBar, ShowsTheFirst60CharactersOfAnAdapter) {

@@ -22,6 +22,16 @@ TEST(RichLine, HoldsFontSizeStyleAndText) {
   EXPECT_EQ(RichText(line), "Short description:");
 }
 
+TEST(RichLine, KeepsABlankAsItsText) {
+  const char* line = "Courier New|10|normal| ";
+
+  EXPECT_EQ(RichFont(line), "Courier New");
+  EXPECT_FLOAT_EQ(RichSize(line), 10.0F);
+  EXPECT_FALSE(RichBold(line));
+  EXPECT_FALSE(RichUnderline(line));
+  EXPECT_EQ(RichText(line), " ");
+}
+
 TEST(RichLine, KnowsFourStyles) {
   EXPECT_FALSE(RichBold("Verdana|10|normal|x"));
   EXPECT_FALSE(RichUnderline("Verdana|10|normal|x"));

@@ -1,6 +1,5 @@
-#include <gmock/gmock.h>
-
-#include "support/scene.h"
+#include "platform/failure.h"
+#include "shell/tab_scene.h"
 
 namespace {
 
@@ -27,7 +26,9 @@ TEST(ShutDown, StopsCaptureAndTheTimers) {
   scene.Receive(SvFrame().Bytes());
   scene.Elapse(milliseconds(1000));
   ASSERT_TRUE(scene.Capture.Running);
-  scene.Main.Timer2.Enabled = true;
+  for (auto* timer : {&scene.Main.Timer1, &scene.Main.Timer2, &scene.Main.Timer3}) {
+    timer->Enabled = true;
+  }
 
   scene.Select(ExitTab);
 
@@ -127,15 +128,33 @@ TEST(ShutDown, UnloadsTheWindowOnce) {
   EXPECT_EQ(unloaded, 1);
 }
 
-TEST(ShutDown, ClosesTheOtherFormsToo) {
+TEST(ShutDown, ClosesTheOtherFormsThatAreOpen) {
   Scene scene;
   scene.Start();
-  scene.App.DebugWindow.Window.Visible = true;
+  platform::Window& history = scene.App.Revisionhistory.Window;
+  platform::Window& debug = scene.App.DebugWindow.Window;
+  debug.Visible = true;
+  history.ShowModal = [&] { scene.Select(ExitTab); };
+
+  scene.Main.Label4.Click();
+
+  EXPECT_FALSE(history.Loaded);
+  EXPECT_FALSE(debug.Loaded);
+  EXPECT_FALSE(debug.Visible);
+  EXPECT_FALSE(scene.Main.Window.Loaded);
+}
+
+TEST(ShutDown, DoesNotAskFormsThatWereNeverOpened) {
+  Scene scene;
+  scene.Start();
+  int asked = 0;
+  scene.App.Revisionhistory.Window.QueryUnload = [&] { ++asked; };
+  scene.App.DebugWindow.Window.QueryUnload = [&] { ++asked; };
 
   scene.Select(ExitTab);
 
-  EXPECT_FALSE(scene.App.DebugWindow.Window.Visible);
-  EXPECT_FALSE(scene.App.Revisionhistory.Window.Loaded);
+  EXPECT_EQ(asked, 0);
+  EXPECT_FALSE(scene.Main.Window.Loaded);
 }
 
 TEST(ShutDown, WritesNoSettings) {
@@ -170,6 +189,78 @@ TEST(ShutDown, DoesNotHangWhereCaptureCannotBeStopped) {
   scene.Select(ExitTab);
 
   EXPECT_FALSE(scene.Main.Window.Loaded);
+}
+
+/// Two windows beside the main one, all of them open.
+class ShutdownForms : public shell_tests::TabBench {
+ protected:
+  ShutdownForms() {
+    tabs.OtherForms = {&first, &second};
+    for (platform::Window* window : {&first, &second, &main.Window}) window->Visible = true;
+  }
+
+  platform::Window first;
+  platform::Window second;
+};
+
+TEST_F(ShutdownForms, StopsTheTimersBeforeAnyFormIsUnloaded) {
+  const auto timers = {&main.Timer1, &main.Timer2, &main.Timer3};
+  for (platform::Timer* timer : timers) timer->Enabled = true;
+  int running = 3;
+  first.QueryUnload = [&] {
+    running = 0;
+    for (platform::Timer* timer : timers) running += timer->Enabled ? 1 : 0;
+  };
+
+  tabs.ShutdownForms();
+
+  EXPECT_EQ(running, 0);
+}
+
+TEST_F(ShutdownForms, UnloadsTheMainWindowLast) {
+  bool mainLoaded = false;
+  second.QueryUnload = [&] { mainLoaded = main.Window.Loaded; };
+
+  tabs.ShutdownForms();
+
+  EXPECT_TRUE(mainLoaded);
+  EXPECT_FALSE(first.Loaded);
+  EXPECT_FALSE(second.Loaded);
+  EXPECT_FALSE(main.Window.Loaded);
+}
+
+TEST_F(ShutdownForms, CalledWhileItRunsReturnsAtOnce) {
+  int asked = 0;
+  bool nextOpen = false;
+  first.QueryUnload = [&] {
+    if (++asked == 1) tabs.ShutdownForms();
+    nextOpen = second.Loaded;
+  };
+
+  tabs.ShutdownForms();
+
+  EXPECT_EQ(asked, 1);
+  EXPECT_TRUE(nextOpen);
+  EXPECT_FALSE(second.Loaded);
+}
+
+TEST_F(ShutdownForms, CanRunAgainAfterItsEnd) {
+  tabs.ShutdownForms();
+  second.Visible = true;
+
+  tabs.ShutdownForms();
+
+  EXPECT_FALSE(second.Loaded);
+}
+
+TEST_F(ShutdownForms, GoesOnToTheNextFormWhereOneFails) {
+  first.QueryUnload = [] { throw platform::Failure(platform::failure::InvalidProcedureCall); };
+
+  tabs.ShutdownForms();
+
+  EXPECT_TRUE(first.Loaded);
+  EXPECT_FALSE(second.Loaded);
+  EXPECT_FALSE(main.Window.Loaded);
 }
 
 }  // namespace

@@ -1,9 +1,11 @@
 #include <gmock/gmock.h>
 
+#include "support/failures.h"
 #include "support/scene.h"
 
 namespace {
 
+using support::FailureOf;
 using support::Scene;
 using ::testing::ElementsAre;
 
@@ -99,16 +101,20 @@ TEST(StartUp, AlwaysBeginsWithBlocksOf400Frames) {
   EXPECT_EQ(scene.Session.BaseSamples, 400);
   EXPECT_EQ(scene.Main.Text1[2].Text, "400");
   EXPECT_EQ(scene.Block.SignalValues.Rows(), 400);
+  EXPECT_EQ(scene.Store.Texts["Number of samples"], "3");
 }
 
 TEST(StartUp, StartsNoAcquisition) {
   Scene scene;
   scene.Store.Texts["MainActiveTab"] = "2";
+  scene.Main.Timer3.Enabled = true;
+  scene.Main.Timer3.Interval = 5;
+  for (auto& indicator : scene.Main.Shape12) indicator.Visible = true;
 
   scene.App.Load();
 
   EXPECT_FALSE(scene.Capture.Running);
-  EXPECT_TRUE(scene.State.PacketLengthPending);
+  EXPECT_FALSE(scene.State.CaptureRunning);
   EXPECT_FALSE(scene.Main.Timer1.Enabled);
   EXPECT_FALSE(scene.Main.Timer3.Enabled);
   EXPECT_EQ(scene.Main.Timer3.Interval, 1000);
@@ -117,15 +123,49 @@ TEST(StartUp, StartsNoAcquisition) {
 
 TEST(StartUp, SetsItsFlags) {
   Scene scene;
+  scene.State.PacketLengthPending = false;
+  scene.State.RealTimeChannel = 5;
+  scene.Session.ActiveStream = 2;
+  scene.Main.Check6.Value = 0;
+  for (const std::size_t odd : {1U, 3U, 5U, 7U}) scene.Main.Option3[odd].Value = true;
 
   scene.App.Load();
 
+  EXPECT_TRUE(scene.State.PacketLengthPending);
   EXPECT_EQ(scene.State.RealTimeChannel, 1);
-  EXPECT_FALSE(scene.State.RealTimeMode);
   EXPECT_EQ(scene.Session.ActiveStream, 1);
   EXPECT_EQ(scene.Main.Check6.Value, 1);
   EXPECT_TRUE(scene.Main.sevOption1[0].Value);
   for (const std::size_t even : {0U, 2U, 4U, 6U}) EXPECT_TRUE(scene.Main.Option3[even].Value);
+}
+
+TEST(StartUp, HidesWhatNoViewShows) {
+  Scene scene;
+  scene.Main.Command4.Enabled = true;
+
+  scene.App.Load();
+
+  EXPECT_FALSE(scene.Main.Command8.Visible);
+  EXPECT_FALSE(scene.Main.Command9.Visible);
+  EXPECT_FALSE(scene.Main.Frame4.Visible);
+  EXPECT_FALSE(scene.Main.Picture3.Visible);
+  EXPECT_FALSE(scene.Main.Picture5.Visible);
+  EXPECT_FALSE(scene.Main.Picture6.Visible);
+  EXPECT_FALSE(scene.Main.Command4.Enabled);
+}
+
+TEST(StartUp, EmptiesTheReport) {
+  Scene scene;
+  for (auto& title : scene.Main.Label7) title.Caption = "old";
+  for (auto& value : scene.Main.Label8) value.Caption = "old";
+
+  scene.App.Load();
+
+  for (const auto& title : scene.Main.Label7) EXPECT_EQ(title.Caption, "");
+  EXPECT_EQ(scene.Main.Label8[0].Caption, "- - - -");
+  for (std::size_t i = 1; i < scene.Main.Label8.size(); ++i) {
+    EXPECT_EQ(scene.Main.Label8[i].Caption, "") << i;
+  }
 }
 
 TEST(StartUp, FillsTheScaleListsAndLocksThem) {
@@ -169,6 +209,23 @@ TEST(StartUp, ReservesTheRingsAndTheLongerOnesOfTheTriggerTimes) {
   EXPECT_EQ(rings.RecordChannel[3].Count(), 4000);
   EXPECT_EQ(rings.RecordChannel[7].Count(), 4000);
   for (const auto& channel : rings.RecordChannel2) EXPECT_EQ(channel.Count(), 4000);
+}
+
+TEST(StartUp, ReservesASecondOfRingsForShorterTriggerTimes) {
+  Scene scene;
+  scene.Store.Texts["BeforeTriggerWaveTime"] = "0.1";
+  scene.Store.Texts["AfterTriggerWaveTime"] = "0.2";
+
+  scene.App.Load();
+
+  for (const auto& channel : scene.App.Rings.RecordChannel) EXPECT_EQ(channel.Count(), 4000);
+}
+
+TEST(StartUp, WithTriggerTimesBeyondTheMemoryFails) {
+  Scene scene;
+  scene.Store.Texts["BeforeTriggerWaveTime"] = "2496";
+
+  EXPECT_EQ(FailureOf([&] { scene.App.Load(); }), platform::failure::OutOfMemory);
 }
 
 TEST(StartUp, SetsTheColours) {
@@ -258,6 +315,21 @@ TEST(StartUp, SelectsTheStoredPrinter) {
   EXPECT_EQ(scene.Printers.Chosen, 1U);
 }
 
+TEST(StartUp, LeavesTheSystemsPrinterWhereTheStoredOneIsOutsideTheList) {
+  for (const char* stored : {"2", "7", "-1"}) {
+    Scene scene;
+    scene.Store.Texts["Printerchoice"] = stored;
+    scene.Printers.Chosen = 1;
+
+    scene.App.Load();
+
+    EXPECT_EQ(scene.Main.Combo2.ListIndex, 1) << stored;
+    EXPECT_EQ(scene.Printers.Chosen, 1U) << stored;
+    EXPECT_EQ(scene.Store.Texts["Printerchoice"], stored);
+    EXPECT_TRUE(scene.Dialogs.Shown.empty()) << stored;
+  }
+}
+
 TEST(StartUp, WithoutAPrinterSaysSoAndDisablesPrinting) {
   Scene scene;
   scene.Printers.List.clear();
@@ -274,43 +346,47 @@ TEST(StartUp, BuildsMinimisedBehindAHiddenStripAndEndsMaximised) {
   Scene scene;
   std::vector<std::string> steps;
   auto& window = scene.Main.Window;
+  window.Loaded.Observe([&] { steps.push_back("loaded"); });
   window.State.Observe([&] {
     steps.push_back(window.State.Get() == platform::WindowState::Minimized ? "minimised"
                                                                            : "maximised");
   });
   window.Visible.Observe([&] { steps.push_back("shown"); });
   scene.Main.Combo1.List.Observe([&] { steps.push_back("adapters"); });
+  auto& strip = scene.Main.TabStrip1;
+  strip.Visible.Observe([&] { steps.push_back(strip.Visible ? "strip shown" : "strip hidden"); });
 
   scene.App.Load();
 
-  EXPECT_THAT(steps, ElementsAre("minimised", "shown", "adapters", "maximised"));
-  EXPECT_TRUE(scene.Main.TabStrip1.Visible);
+  // The layout of the maximised window hides the strip once more.
+  EXPECT_THAT(steps, ElementsAre("loaded", "minimised", "strip hidden", "shown", "adapters",
+                                 "strip shown", "maximised", "strip hidden", "strip shown"));
 }
 
 TEST(StartUp, SelectsTheFirstTabBeforeTheStoredOne) {
   Scene scene;
   scene.Store.Texts["MainActiveTab"] = "4";
+  auto& strip = scene.Main.TabStrip1;
+  strip.SelectedTab.Store(6);
   std::vector<int> tabs;
-  scene.Main.TabStrip1.SelectedTab.Observe(
-      [&] { tabs.push_back(scene.Main.TabStrip1.SelectedTab); });
+  strip.SelectedTab.Observe([&] { tabs.push_back(strip.SelectedTab); });
+  std::vector<int> tabsAtShow;
+  scene.Main.Window.Visible.Observe([&] { tabsAtShow = tabs; });
 
   scene.App.Load();
 
-  ASSERT_GE(tabs.size(), 2U);
-  EXPECT_EQ(tabs.front(), 1);
-  EXPECT_EQ(tabs.back(), 4);
+  // Once with the form's set-up and once with the information page.
+  EXPECT_THAT(tabsAtShow, ElementsAre(1, 1));
+  EXPECT_THAT(tabs, ElementsAre(1, 1, 4, 1, 4)) << "the last two are those of the layout";
 }
 
 TEST(StartUp, WithASettingThatDoesNotConvertFails) {
   Scene scene;
   scene.Store.Texts["Internal Delay"] = "soon";
+  EXPECT_EQ(FailureOf([&] { scene.App.Load(); }), platform::failure::TypeMismatch);
 
-  try {
-    scene.App.Load();
-    FAIL() << "the load went through";
-  } catch (const platform::Failure& failure) {
-    EXPECT_EQ(failure.Number(), 13);
-  }
+  scene.Store.Texts["Internal Delay"] = "40000";
+  EXPECT_EQ(FailureOf([&] { scene.App.Load(); }), platform::failure::Overflow);
 }
 
 }  // namespace
