@@ -38,10 +38,6 @@ void SetEnabled(QWidget& widget, bool enabled) {
   if (widget.window()->focusWidget() == nullptr) widget.setFocus();
 }
 
-QColor ColourOf(const platform::Rgb& rgb) {
-  return {rgb.Red, rgb.Green, rgb.Blue};
-}
-
 }  // namespace
 
 QString ArrayName(const char* array, std::size_t index) {
@@ -78,7 +74,7 @@ void Binder::Bind(platform::Label& control, QLabel& widget, const QString& name,
   control.ForeColor.Observe([&] {
     // Black stands for the usual colour of texts.
     const bool usual = control.ForeColor == platform::Rgb{};
-    look::SetTextColour(widget, usual ? look::Ink : ColourOf(control.ForeColor));
+    look::SetTextColour(widget, usual ? look::Ink : look::ColourOf(control.ForeColor));
   });
   control.FontBold.Observe([&] {
     QFont font = widget.font();
@@ -103,6 +99,7 @@ void Binder::Bind(platform::CWButton& control, RunButton& widget, const QString&
   const auto showFaces = [&] { widget.SetFaces(ToQt(control.OffText), ToQt(control.OnText)); };
   Follow(control.OffText, showFaces);
   Follow(control.OnText, showFaces);
+  Follow(control.BackColor, [&] { widget.SetColour(look::ColourOf(control.BackColor)); });
   Follow(control.Value, [&] { widget.SetPosition(control.Value); });
   QObject::connect(&widget, &QAbstractButton::clicked, &widget, [&] {
     guard_([&] {
@@ -118,11 +115,14 @@ void Binder::Bind(platform::CommandButton& control, QPushButton& widget, const Q
                    [&] { guard_([&] { control.Click(); }); });
 }
 
-void Binder::Bind(platform::CheckBox& control, QCheckBox& widget, const QString& name) {
+void Binder::Bind(platform::CheckBox& control, QCheckBox& widget, const QString& name,
+                  Ampersand ampersand) {
   BindControl(control, widget, name);
-  Follow(control.Caption, [&] { widget.setText(ToQt(control.Caption)); });
+  Follow(control.Caption,
+         [&, ampersand] { widget.setText(WidgetCaption(control.Caption, ampersand)); });
   Follow(control.Value, [&] { widget.setChecked(control.Value != 0); });
-  control.ForeColor.Observe([&] { look::SetTextColour(widget, ColourOf(control.ForeColor)); });
+  control.ForeColor.Observe(
+      [&] { look::SetTextColour(widget, look::ColourOf(control.ForeColor)); });
   QObject::connect(&widget, &QAbstractButton::clicked, &widget, [&](bool checked) {
     guard_([&] { control.Value = static_cast<std::int16_t>(checked ? 1 : 0); });
   });

@@ -42,7 +42,8 @@ class Binder {
   void Bind(platform::Label& control, ReadingField& widget, const QString& name);
   void Bind(platform::CWButton& control, RunButton& widget, const QString& name);
   void Bind(platform::CommandButton& control, QPushButton& widget, const QString& name);
-  void Bind(platform::CheckBox& control, QCheckBox& widget, const QString& name);
+  void Bind(platform::CheckBox& control, QCheckBox& widget, const QString& name,
+            Ampersand ampersand = Ampersand::Mnemonic);
   void Bind(platform::OptionButton& control, StationChoice& widget, const QString& name,
             Ampersand ampersand = Ampersand::Mnemonic);
   void Bind(platform::ComboBox& control, ChoiceBox& widget, const QString& name);

@@ -23,10 +23,8 @@ constexpr double InitialSamples = 399;
 constexpr std::size_t SmoothSamples = 4000;
 /// The smallest side of a rectangle to zoom into, in pixels.
 constexpr int SmallestZoom = 5;
-
-QColor Colour(const platform::Rgb& rgb) {
-  return {rgb.Red, rgb.Green, rgb.Blue};
-}
+/// Half the height of the range that a flat curve stands in.
+constexpr double FlatReach = 1;
 
 }  // namespace
 
@@ -86,20 +84,25 @@ void GraphView::FollowGraph() {
 
 void GraphView::TakeMouse() {
   connect(this, &QCustomPlot::mousePress, this, [this](QMouseEvent* event) {
-    const std::int16_t button = event->button() == Qt::RightButton  ? 2
-                                : event->button() == Qt::LeftButton ? 1
-                                                                    : 4;
+    const std::int16_t button = event->button() == Qt::RightButton ? platform::CWGraph::RightButton
+                                : event->button() == Qt::LeftButton
+                                    ? platform::CWGraph::LeftButton
+                                    : platform::CWGraph::MiddleButton;
     guard_([this, button] { graph_.MouseDown(button); });
   });
   connect(this, &QCustomPlot::mouseDoubleClick, this, [this](QMouseEvent* event) {
+    // The second of two quick presses of the right button is a press like the first.
+    if (event->button() == Qt::RightButton)
+      guard_([this] { graph_.MouseDown(platform::CWGraph::RightButton); });
     if (event->button() == Qt::LeftButton) guard_([this] { graph_.DblClick(); });
   });
   connect(selectionRect(), &QCPSelectionRect::accepted, this,
           [this](const QRect& rect, QMouseEvent* event) { ZoomInto(rect, event->button()); });
 }
 
-void GraphView::ZoomInto(const QRect& rect, Qt::MouseButton button) {
-  // A click without a drag is no rectangle.
+void GraphView::ZoomInto(const QRect& drag, Qt::MouseButton button) {
+  // A rectangle may be drawn from any of its corners; a click without a drag is none.
+  const QRect rect = drag.normalized();
   const bool drawn = rect.width() >= SmallestZoom && rect.height() >= SmallestZoom;
   if (button != Qt::LeftButton || !drawn) return;
   axisRect()->zoom(QRectF(rect));
@@ -131,9 +134,9 @@ void GraphView::ShowStyle(std::size_t plot) {
   const platform::Plot& state = graph_.Plots[plot];
   QCPGraph& curve = *curves_[plot];
   curve.setVisible(state.Visible);
-  curve.setPen(QPen(Colour(state.LineColor), state.LineWidth));
+  curve.setPen(QPen(look::ColourOf(state.LineColor), state.LineWidth));
   curve.setLineStyle(state.LineStyle == NoLine ? QCPGraph::lsNone : QCPGraph::lsLine);
-  const QColor point = Colour(state.PointColor);
+  const QColor point = look::ColourOf(state.PointColor);
   curve.setScatterStyle(state.PointStyle == NoPoints
                             ? QCPScatterStyle(QCPScatterStyle::ssNone)
                             : QCPScatterStyle(QCPScatterStyle::ssDisc, point, point, MarkerSize));
@@ -155,24 +158,34 @@ void GraphView::ShowBackground() {
   replot(rpQueuedReplot);
 }
 
-bool GraphView::AnyVisible() const {
-  return std::any_of(curves_.begin(), curves_.end(), [](const QCPGraph* curve) {
-    return curve->visible() && !curve->data()->isEmpty();
-  });
+std::optional<QCPRange> GraphView::VisibleValues() const {
+  std::optional<QCPRange> values;
+  for (const QCPGraph* curve : curves_) {
+    bool found = false;
+    const QCPRange range = curve->getValueRange(found);
+    if (!found || !curve->visible()) continue;
+    if (values) {
+      values->expand(range);
+    } else {
+      values = range;
+    }
+  }
+  return values;
 }
 
 void GraphView::ScaleX() {
-  if (!AnyVisible()) return;
+  if (!VisibleValues()) return;
   xAxis->rescale(true);
   replot(rpQueuedReplot);
 }
 
 void GraphView::ScaleY() {
-  if (!AnyVisible()) return;
-  yAxis->rescale(true);
-  // A flat curve has no height; it stands in the middle of a range of its own size.
-  if (yAxis->range().size() <= 0)
-    yAxis->setRange(yAxis->range().center() - 1, yAxis->range().center() + 1);
+  std::optional<QCPRange> values = VisibleValues();
+  if (!values) return;
+  if (values->size() <= 0) {
+    values = QCPRange(values->center() - FlatReach, values->center() + FlatReach);
+  }
+  yAxis->setRange(*values);
   yAxis->scaleRange(1 + 2 * Headroom);
   replot(rpQueuedReplot);
 }

@@ -3,6 +3,7 @@
 #include <qcustomplot.h>
 
 #include <array>
+#include <optional>
 
 #include "desktop/guard.h"
 #include "platform/cw_graph.h"
@@ -30,9 +31,10 @@ class GraphView : public QCustomPlot {
   void ShowBackground();
   void ScaleX();
   void ScaleY();
-  void ZoomInto(const QRect& rect, Qt::MouseButton button);
+  void ZoomInto(const QRect& drag, Qt::MouseButton button);
   void ShowAll();
-  bool AnyVisible() const;
+  /// The range of the values that the visible curves hold; nothing where none is visible.
+  std::optional<QCPRange> VisibleValues() const;
 
   platform::CWGraph& graph_;
   Guard& guard_;

@@ -18,9 +18,9 @@ constexpr int Margin = 18;
 
 }  // namespace
 
-HistoryDialog::HistoryDialog(forms::Revisionhistory& history, Binder& binder, Guard& guard,
-                             QWidget* parent)
-    : QDialog(parent), history_(history), guard_(guard), text_(new TextArea(this)) {
+HistoryDialog::HistoryDialog(forms::Revisionhistory& history, const platform::TabStrip& strip,
+                             Binder& binder, Guard& guard, QWidget* parent)
+    : QDialog(parent), history_(history), strip_(strip), guard_(guard), text_(new TextArea(this)) {
   setObjectName(QStringLiteral("Revisionhistory"));
   setWindowTitle(ToQt(history.Window.Caption));
   resize(UsualSize);
@@ -59,11 +59,12 @@ void HistoryDialog::reject() {
 
 void HistoryDialog::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  const QRect header(0, 0, width(), HeaderHeight);
-  QLinearGradient blue(header.topLeft(), header.topRight());
-  blue.setColorAt(0, look::StripLight);
-  blue.setColorAt(1, look::StripBlue);
-  painter.fillRect(header, blue);
+  look::PaintStrip(painter, QRect(0, 0, width(), HeaderHeight), strip_);
+}
+
+void HistoryDialog::showEvent(QShowEvent* event) {
+  text_->moveCursor(QTextCursor::Start);
+  QDialog::showEvent(event);
 }
 
 }  // namespace desktop

@@ -6,6 +6,7 @@
 #include "desktop/guard.h"
 #include "desktop/text_area.h"
 #include "forms/revision_history.h"
+#include "platform/tab_strip.h"
 
 namespace desktop {
 
@@ -14,15 +15,19 @@ class HistoryDialog : public QDialog {
   Q_OBJECT
 
  public:
-  HistoryDialog(forms::Revisionhistory& history, Binder& binder, Guard& guard, QWidget* parent);
+  /// The heading stands in the colours of the strip.
+  HistoryDialog(forms::Revisionhistory& history, const platform::TabStrip& strip, Binder& binder,
+                Guard& guard, QWidget* parent);
 
   void reject() override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
   forms::Revisionhistory& history_;
+  const platform::TabStrip& strip_;
   Guard& guard_;
   TextArea* text_;
 };

@@ -1,7 +1,6 @@
 #include "desktop/info_page.h"
 
 #include <QPainter>
-#include <algorithm>
 
 #include "desktop/look.h"
 #include "desktop/tab_bar.h"
@@ -48,14 +47,6 @@ void InfoPage::AddLink(platform::Label& control, LinkLabel& link) {
   control.Top.Observe([this] { PlaceLinks(); });
 }
 
-double InfoPage::TextRatio() const {
-  constexpr double Largest = 1.5;
-  constexpr double DesignWidth = 1024;
-  constexpr double DesignHeight = 768;
-  return std::clamp(std::min(window()->width() / DesignWidth, window()->height() / DesignHeight),
-                    1.0, Largest);
-}
-
 void InfoPage::PlaceLinks() {
   const auto place = [this](const platform::Label& control, QWidget& link) {
     link.move(twips::Pixels(control.Left),
@@ -66,7 +57,7 @@ void InfoPage::PlaceLinks() {
 }
 
 void InfoPage::resizeEvent(QResizeEvent*) {
-  rows_.Lay(TextRatio());
+  rows_.Lay(look::TextRatio(*this));
   PlaceLinks();
   update();
 }
@@ -74,14 +65,14 @@ void InfoPage::resizeEvent(QResizeEvent*) {
 void InfoPage::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  const double ratio = TextRatio();
+  const double ratio = look::TextRatio(*this);
   const QPointF corner = CardPlace.topLeft() * ratio;
   const QRectF card(corner, QSizeF(width() - 2 * corner.x(), CardPlace.height() * ratio));
   painter.setPen(QPen(look::Edge, 1));
   painter.setBrush(look::Card);
   painter.drawRoundedRect(card, look::Corner + 2, look::Corner + 2);
   painter.setPen(Qt::NoPen);
-  painter.setBrush(look::StripBlue);
+  painter.setBrush(look::ColourOf(main_.TabStrip1.ColorTo));
   painter.drawRoundedRect(QRectF(card.left(), card.top() + 2 * look::Corner, BarWidth,
                                  card.height() - 4 * look::Corner),
                           BarWidth / 2, BarWidth / 2);

@@ -25,7 +25,6 @@ class InfoPage : public QWidget {
  private:
   void AddLink(platform::Label& control, LinkLabel& link);
   void PlaceLinks();
-  double TextRatio() const;
 
   forms::Main& main_;
   RichRows rows_;

@@ -81,7 +81,7 @@ void DrawRadio(QPainter& painter, const QStyleOption& option) {
 
 void DrawButton(QPainter& painter, const QStyleOption& option) {
   const bool down = option.state.testFlag(QStyle::State_Sunken);
-  DrawBox(painter, option.rect, down ? look::RunFace : look::Panel, option.state);
+  DrawBox(painter, option.rect, down ? look::Pressed : look::Panel, option.state);
 }
 
 void DrawFocus(QPainter& painter, const QStyleOption& option) {

@@ -7,6 +7,7 @@
 #include <QStylePainter>
 
 #include "desktop/look.h"
+#include "desktop/text.h"
 
 namespace desktop {
 
@@ -28,8 +29,9 @@ void LegendBox::paintEvent(QPaintEvent*) {
   QStylePainter painter(this);
   QStyleOptionButton box;
   initStyleOption(&box);
-  const QString words = fontMetrics().elidedText(
-      box.text, Qt::ElideRight, style()->subElementRect(QStyle::SE_CheckBoxContents, &box).width());
+  const QString words =
+      fontMetrics().elidedText(PlainCaption(FromQt(box.text)), Qt::ElideRight,
+                               style()->subElementRect(QStyle::SE_CheckBoxContents, &box).width());
   box.text.clear();
   painter.drawControl(QStyle::CE_CheckBox, box);
 

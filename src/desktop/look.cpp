@@ -4,6 +4,7 @@
 #include <QPalette>
 #include <QSvgRenderer>
 #include <QWidget>
+#include <algorithm>
 
 #include "desktop/instrument_style.h"
 
@@ -65,6 +66,27 @@ QPalette LightPalette() {
 }
 
 }  // namespace
+
+double TextRatio(double ratioX, double ratioY) {
+  constexpr double Largest = 1.5;
+  return std::clamp(std::min(ratioX, ratioY), 1.0, Largest);
+}
+
+double TextRatio(const QWidget& page) {
+  const QWidget& window = *page.window();
+  return TextRatio(window.width() / DesignWidth, window.height() / DesignHeight);
+}
+
+QColor ColourOf(const platform::Rgb& rgb) {
+  return {rgb.Red, rgb.Green, rgb.Blue};
+}
+
+void PaintStrip(QPainter& painter, const QRect& area, const platform::TabStrip& strip) {
+  QLinearGradient colours(area.topLeft(), area.topRight());
+  colours.setColorAt(0, ColourOf(strip.ColorFrom));
+  colours.setColorAt(1, ColourOf(strip.ColorTo));
+  painter.fillRect(area, colours);
+}
 
 QFont TextFont(int pixels, const QString& family) {
   const bool present = !family.isEmpty() && QFontDatabase::hasFamily(family);

@@ -7,6 +7,8 @@
 #include <QPainter>
 #include <QString>
 
+#include "platform/tab_strip.h"
+
 namespace desktop::look {
 
 // One light, calm set of colours. Every text colour has a contrast of at least 4.5 : 1 on every
@@ -21,9 +23,7 @@ inline constexpr QColor Field{240, 246, 253};
 inline constexpr QColor Edge{201, 215, 230};
 inline constexpr QColor StrongEdge{120, 146, 176};
 inline constexpr QColor Accent{10, 95, 190};
-inline constexpr QColor StripLight{255, 255, 255};
-inline constexpr QColor StripBlue{52, 153, 254};
-inline constexpr QColor RunFace{204, 229, 254};
+inline constexpr QColor Pressed{204, 229, 254};
 inline constexpr QColor RunGreen{15, 122, 66};
 inline constexpr QColor StopRed{184, 30, 38};
 inline constexpr QColor Digits{8, 44, 92};
@@ -38,6 +38,20 @@ inline constexpr int SmallSize = 11;
 inline constexpr int TextSize = 13;
 inline constexpr int HeadingSize = 14;
 inline constexpr int Corner = 5;
+
+// The smallest window, in pixels; pages are designed in its size.
+inline constexpr double DesignWidth = 1024;
+inline constexpr double DesignHeight = 768;
+/// How much larger texts stand in a window of the given ratios to the smallest one: they grow with
+/// the window, but not without end.
+double TextRatio(double ratioX, double ratioY);
+/// The same for the window that a page stands in.
+double TextRatio(const QWidget& page);
+
+/// The colour of a control on the screen.
+QColor ColourOf(const platform::Rgb& rgb);
+/// Paints the row of a strip's tabs, which runs from its first colour to its second.
+void PaintStrip(QPainter& painter, const QRect& area, const platform::TabStrip& strip);
 
 /// A font of the program; `family` is used where it is present, else a font of its kind.
 QFont TextFont(int pixels, const QString& family = QString());

@@ -72,13 +72,14 @@ MainWindow::MainWindow(const Forms& forms, Guard& guard, RepaintQueue& repaints,
 void MainWindow::FollowOtherWindows() {
   history_.Window.ShowModal = [this] {
     if (historyDialog_ == nullptr) {
-      historyDialog_ = new HistoryDialog(history_, binder_, guard_, this);
+      historyDialog_ = new HistoryDialog(history_, main_.TabStrip1, binder_, guard_, this);
     }
     historyDialog_->exec();
   };
   debug_.Window.Visible.Observe([this] {
-    if (debugView_ == nullptr) debugView_ = new DebugView(debug_, binder_, this);
-    debugView_->setVisible(debug_.Window.Visible);
+    const bool visible = debug_.Window.Visible;
+    if (debugView_ == nullptr && visible) debugView_ = new DebugView(debug_, binder_, this);
+    if (debugView_ != nullptr) debugView_->setVisible(visible);
   });
 }
 
@@ -95,7 +96,7 @@ void MainWindow::FillPages(PicturePad& picture) {
   auto* waveforms = new WaveformsPage(main_, binder_, guard_, pages_);
   pages_->addWidget(new InfoPage(main_, binder_, pages_));
   pages_->addWidget(new ValuesPage(main_, binder_, pages_));
-  pages_->addWidget(new PhasorPage(main_, binder_, guard_, picture, pages_));
+  pages_->addWidget(new PhasorPage(main_, binder_, picture, pages_));
   pages_->addWidget(waveforms);
   pages_->addWidget(new RecorderPage(main_, binder_, guard_, pages_));
   pages_->addWidget(new ReportPage(main_, binder_, pages_));
@@ -134,8 +135,10 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     auto* widget = qobject_cast<QWidget*>(watched);
     const QString tip = widget != nullptr ? widget->toolTip() : QString();
     if (tip.size() >= WrapTipsFrom) {
-      QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
-                         QStringLiteral("<p>%1</p>").arg(tip.toHtmlEscaped()), widget);
+      QToolTip::showText(
+          static_cast<QHelpEvent*>(event)->globalPos(),
+          QStringLiteral("<p style='white-space:pre-wrap'>%1</p>").arg(tip.toHtmlEscaped()),
+          widget);
       return true;
     }
   }
@@ -144,11 +147,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
 
 void MainWindow::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  const QRect strip(0, 0, width(), pages_->y());
-  QLinearGradient blue(strip.topLeft(), strip.topRight());
-  blue.setColorAt(0, look::StripLight);
-  blue.setColorAt(1, look::StripBlue);
-  painter.fillRect(strip, blue);
+  look::PaintStrip(painter, QRect(0, 0, width(), pages_->y()), main_.TabStrip1);
 }
 
 }  // namespace desktop

@@ -11,22 +11,19 @@ namespace desktop {
 
 namespace {
 
-constexpr double DesignWidth = 1024;
-constexpr double DesignHeight = 768;
-constexpr double LargestTextRatio = 1.5;
 constexpr int Gap = 20;
 constexpr int TableRow = 30;
 constexpr int Line = 32;
 constexpr int ButtonWidth = 168;
 constexpr int ButtonHeight = 64;
 constexpr int LargestTable = 1000;
+constexpr int ScalesPadding = 12;
 
 using twips::Pixels;
 
 }  // namespace
 
-PhasorPage::PhasorPage(forms::Main& main, Binder& binder, Guard&, PicturePad& picture,
-                       QWidget* parent)
+PhasorPage::PhasorPage(forms::Main& main, Binder& binder, PicturePad& picture, QWidget* parent)
     : QWidget(parent),
       main_(main),
       frame_(new QFrame(this)),
@@ -34,14 +31,13 @@ PhasorPage::PhasorPage(forms::Main& main, Binder& binder, Guard&, PicturePad& pi
       picture_(picture),
       table_(new ValueTable(main.Grid1, frame_)),
       indicator_(new RunIndicator(frame_)),
-      run_(new RunButton(look::Panel, frame_)),
+      run_(new RunButton(frame_)),
       stationHeading_(new QLabel(frame_)),
-      scalesHeading_(new QLabel(frame_)),
-      automatic_(new QCheckBox(frame_)) {
+      scalesFrame_(new QFrame(frame_)),
+      scalesHeading_(new QLabel(scalesFrame_)),
+      automatic_(new QCheckBox(scalesFrame_)) {
   frame_->setObjectName(QStringLiteral("Frame2"));
-  frame_->setStyleSheet(QStringLiteral("#Frame2 { background: %1; border: 1px solid %2; "
-                                       "border-radius: 7px; }")
-                            .arg(look::Panel.name(), look::Edge.name()));
+  scalesFrame_->setObjectName(QStringLiteral("Frame3"));
   picture_.setParent(frame_);
   picture_.lower();
   picture_.setObjectName(QStringLiteral("phasordiagram"));
@@ -60,17 +56,13 @@ void PhasorPage::BindControls(Binder& binder) {
     binder.Bind(main_.Option3[i + 4], *stations_[i], ArrayName("Option3", i + 4),
                 Ampersand::Letter);
   }
-  scalesHeading_->setText(QStringLiteral("scale factors:"));
+  scalesHeading_->setText(ToQt(main_.Frame3.Caption));
   binder.Bind(main_.Check6, *automatic_, QStringLiteral("Check6"));
   const char* captions[] = {"FS current:", "FS voltage"};
   for (std::size_t i = 0; i < scales_.size(); ++i) {
-    scaleCaptions_[i] = new QLabel(QLatin1String(captions[i]), frame_);
-    scales_[i] = new ChoiceBox(frame_);
+    scaleCaptions_[i] = new QLabel(QLatin1String(captions[i]), scalesFrame_);
+    scales_[i] = new ChoiceBox(scalesFrame_);
     scaleCaptions_[i]->setBuddy(scales_[i]);
-    // The lists stand in the colour of their frame.
-    QPalette colours = scales_[i]->palette();
-    colours.setColor(QPalette::Base, look::Panel);
-    scales_[i]->setPalette(colours);
     binder.Bind(main_.Combo5[i], *scales_[i], ArrayName("Combo5", i));
   }
   setTabOrder(run_, stations_[0]);
@@ -83,9 +75,30 @@ void PhasorPage::BindControls(Binder& binder) {
 void PhasorPage::Follow() {
   main_.Frame2.Visible.Observe([this] { frame_->setVisible(main_.Frame2.Visible); });
   frame_->setVisible(main_.Frame2.Visible);
+  const auto colours = [this] { ShowColours(); };
+  main_.Frame2.BackColor.Observe(colours);
+  main_.Frame3.BackColor.Observe(colours);
+  ShowColours();
   const auto lay = [this] { Lay(); };
   main_.Frame2.Height.Observe(lay);
   main_.phasordiagram.Top.Observe(lay);
+}
+
+void PhasorPage::ShowColours() {
+  const auto show = [](QFrame& frame, const platform::Frame& control) {
+    const QColor ground = look::ColourOf(control.BackColor);
+    frame.setStyleSheet(QStringLiteral("#%1 { background: %2; border: 1px solid %3; "
+                                       "border-radius: 7px; }")
+                            .arg(frame.objectName(), ground.name(), look::Edge.name()));
+    return ground;
+  };
+  table_->SetGround(show(*frame_, main_.Frame2));
+  const QColor ground = show(*scalesFrame_, main_.Frame3);
+  for (ChoiceBox* scale : scales_) {
+    QPalette colours = scale->palette();
+    colours.setColor(QPalette::Base, ground);
+    scale->setPalette(colours);
+  }
 }
 
 void PhasorPage::resizeEvent(QResizeEvent*) {
@@ -93,9 +106,7 @@ void PhasorPage::resizeEvent(QResizeEvent*) {
 }
 
 void PhasorPage::Lay() {
-  const double textRatio =
-      std::clamp(std::min(window()->width() / DesignWidth, window()->height() / DesignHeight), 1.0,
-                 LargestTextRatio);
+  const double textRatio = look::TextRatio(*this);
   const auto scaled = [textRatio](int pixels) { return static_cast<int>(pixels * textRatio); };
   const int frameWidth = Pixels(main_.Frame2.Width);
   const int frameHeight = Pixels(main_.Frame2.Height);
@@ -108,10 +119,9 @@ void PhasorPage::Lay() {
   bold.setBold(true);
   heading_->setFont(bold);
   heading_->adjustSize();
-  const int headingRoom = heading_->height() + Gap / 2;
-  heading_->move(left, Gap / 2 + 2);
-  picture_.setGeometry(left, top + headingRoom, side + PicturePad::RightMargin,
-                       side + PicturePad::LowerMargin);
+  // The corner of the picture is free: the circle is far from it.
+  heading_->move(left, Gap / 2);
+  picture_.Place(QPoint(left, top), side);
 
   const int tableLeft = left + side + Gap;
   const int tableWidth = std::min(frameWidth - tableLeft - Gap,
@@ -120,14 +130,13 @@ void PhasorPage::Lay() {
   table_->Lay(table, textRatio);
 
   // Below the table, clear of the scale line that may reach under it.
-  const int controlsLeft = tableLeft + scaled(PicturePad::RightMargin);
+  const int controlsLeft = tableLeft + PicturePad::RightMargin(side);
   int y = table.bottom() + scaled(Gap) + RunIndicator::Reach;
   const int half = (table.right() - controlsLeft) / 2;
   run_->setGeometry(controlsLeft, y, std::min(scaled(ButtonWidth), half - Gap / 2),
                     scaled(ButtonHeight));
   indicator_->CentreOn(*run_);
-  LayScales(QRect(controlsLeft + half + Gap / 2, y - RunIndicator::Reach, half - Gap / 2,
-                  frameHeight - y),
+  LayScales(QPoint(controlsLeft + half + Gap / 2, y - RunIndicator::Reach), half - Gap / 2,
             textRatio);
   y += scaled(ButtonHeight) + scaled(Gap);
   bold.setPixelSize(scaled(look::TextSize));
@@ -140,19 +149,22 @@ void PhasorPage::Lay() {
   }
 }
 
-void PhasorPage::LayScales(const QRect& room, double textRatio) {
+void PhasorPage::LayScales(QPoint corner, int width, double textRatio) {
   const int line = static_cast<int>(Line * textRatio);
+  const int padding = static_cast<int>(ScalesPadding * textRatio);
+  const int inner = std::min(width - 2 * padding, line * 5);
   QFont font = look::TextFont(static_cast<int>(look::TextSize * textRatio));
-  int y = room.top();
+  int y = padding / 2;
   for (QWidget* widget :
        {static_cast<QWidget*>(scalesHeading_), static_cast<QWidget*>(automatic_),
         static_cast<QWidget*>(scaleCaptions_[0]), static_cast<QWidget*>(scales_[0]),
         static_cast<QWidget*>(scaleCaptions_[1]), static_cast<QWidget*>(scales_[1])}) {
     font.setBold(widget == scalesHeading_);
     widget->setFont(font);
-    widget->setGeometry(room.left(), y, std::min(room.width(), line * 5), line - 2);
+    widget->setGeometry(padding, y, inner, line - 2);
     y += line;
   }
+  scalesFrame_->setGeometry(QRect(corner, QSize(inner + 2 * padding, y + padding)));
 }
 
 }  // namespace desktop

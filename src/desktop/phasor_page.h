@@ -7,7 +7,6 @@
 
 #include "desktop/binder.h"
 #include "desktop/choice_box.h"
-#include "desktop/guard.h"
 #include "desktop/picture_pad.h"
 #include "desktop/run_button.h"
 #include "desktop/run_indicator.h"
@@ -23,7 +22,7 @@ class PhasorPage : public QWidget {
   Q_OBJECT
 
  public:
-  PhasorPage(forms::Main& main, Binder& binder, Guard& guard, PicturePad& picture, QWidget* parent);
+  PhasorPage(forms::Main& main, Binder& binder, PicturePad& picture, QWidget* parent);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -32,7 +31,8 @@ class PhasorPage : public QWidget {
   void BindControls(Binder& binder);
   void Follow();
   void Lay();
-  void LayScales(const QRect& room, double textRatio);
+  void ShowColours();
+  void LayScales(QPoint corner, int width, double textRatio);
 
   forms::Main& main_;
   QFrame* frame_;
@@ -43,6 +43,7 @@ class PhasorPage : public QWidget {
   RunButton* run_;
   QLabel* stationHeading_;
   std::array<StationChoice*, 2> stations_{};
+  QFrame* scalesFrame_;
   QLabel* scalesHeading_;
   QCheckBox* automatic_;
   std::array<QLabel*, 2> scaleCaptions_{};

@@ -1,9 +1,10 @@
 #include "desktop/picture_pad.h"
 
 #include <QFontMetricsF>
-#include <QPainterPath>
 #include <QStringList>
 #include <algorithm>
+
+#include "desktop/look.h"
 
 namespace desktop {
 
@@ -13,16 +14,31 @@ namespace {
 constexpr double TextShare = 0.028;
 constexpr double SmallestText = 12;
 constexpr double LargestText = 22;
+/// Room for texts beside and below the picture, in heights of a text.
+constexpr int RightRoom = 5;
+constexpr int LowerRoom = 2;
+/// How far a text starts to the right of its place, so that an arrow head there does not touch it.
+constexpr double TextInset = 0.25;
 /// Width of the light edge that keeps a text readable on top of lines.
 constexpr double Halo = 3.5;
 
-QColor ColourOf(platform::Rgb rgb) {
-  return {rgb.Red, rgb.Green, rgb.Blue};
+int TextSize(int side) {
+  return static_cast<int>(std::clamp(side * TextShare, SmallestText, LargestText));
 }
 
 }  // namespace
 
 PicturePad::PicturePad(QWidget* parent) : QWidget(parent) {}
+
+int PicturePad::RightMargin(int side) {
+  return RightRoom * TextSize(side);
+}
+
+void PicturePad::Place(QPoint topLeft, int side) {
+  side_ = std::max(side, 1);
+  setGeometry(
+      QRect(topLeft, QSize(side_ + RightMargin(side_), side_ + LowerRoom * TextSize(side_))));
+}
 
 void PicturePad::Clear() {
   calls_.clear();
@@ -36,7 +52,7 @@ void PicturePad::Scale(platform::Point topLeft, platform::Point bottomRight) {
 }
 
 QPen PicturePad::PenOf(platform::Rgb colour) const {
-  QPen pen(ColourOf(colour), width_);
+  QPen pen(look::ColourOf(colour), width_);
   pen.setCapStyle(Qt::RoundCap);
   // A pattern shows only in lines of one pixel.
   if (width_ == 1 && style_ != Solid) {
@@ -59,9 +75,8 @@ void PicturePad::Circle(platform::Point centre, float radius, platform::Rgb colo
 }
 
 void PicturePad::Print(const std::string& text) {
-  calls_.push_back(Text{position_, QString::fromStdString(text), ColourOf(fore_)});
-  const double unitsPerPixel =
-      static_cast<double>(bottomRight_.Y - topLeft_.Y) / std::max(Side(), 1.0);
+  calls_.push_back(Text{position_, QString::fromStdString(text), look::ColourOf(fore_)});
+  const double unitsPerPixel = static_cast<double>(bottomRight_.Y - topLeft_.Y) / side_;
   position_ = {topLeft_.X, position_.Y + static_cast<float>(QFontMetricsF(TextFont()).height() *
                                                             unitsPerPixel)};
   update();
@@ -75,20 +90,16 @@ QString PicturePad::Texts() const {
   return texts.join(QStringLiteral(", "));
 }
 
-double PicturePad::Side() const {
-  return std::min(width() - RightMargin, height() - LowerMargin);
-}
-
 QPointF PicturePad::At(platform::Point point) const {
-  const double scaleX = Side() / static_cast<double>(bottomRight_.X - topLeft_.X);
-  const double scaleY = Side() / static_cast<double>(bottomRight_.Y - topLeft_.Y);
+  const double scaleX = side_ / static_cast<double>(bottomRight_.X - topLeft_.X);
+  const double scaleY = side_ / static_cast<double>(bottomRight_.Y - topLeft_.Y);
   return {static_cast<double>(point.X - topLeft_.X) * scaleX,
           static_cast<double>(point.Y - topLeft_.Y) * scaleY};
 }
 
 QFont PicturePad::TextFont() const {
   QFont text = font();
-  text.setPixelSize(static_cast<int>(std::clamp(Side() * TextShare, SmallestText, LargestText)));
+  text.setPixelSize(TextSize(side_));
   text.setBold(true);
   return text;
 }
@@ -96,35 +107,54 @@ QFont PicturePad::TextFont() const {
 void PicturePad::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  for (const auto& call : calls_) {
-    std::visit([&](const auto& item) { Paint(painter, item); }, call);
-  }
+  // Background, then what keeps the texts clear of it, then the vectors with their heads, and the
+  // texts on top: a text stands at the tip of its vector and must neither hide nor be hidden.
+  const auto strokes = [&](bool wide) {
+    for (const auto& call : calls_) {
+      const auto* stroke = std::get_if<Stroke>(&call);
+      if (stroke != nullptr && (stroke->Pen.width() > 1) == wide) Paint(painter, *stroke);
+      const auto* ring = std::get_if<Ring>(&call);
+      if (ring != nullptr && !wide) Paint(painter, *ring);
+    }
+  };
+  const auto texts = [&](const auto& paint) {
+    painter.setClipping(false);
+    for (const auto& call : calls_) {
+      if (const auto* text = std::get_if<Text>(&call)) paint(*text, Outline(*text));
+    }
+  };
+  const QPen halo(palette().color(QPalette::Window), Halo, Qt::SolidLine, Qt::RoundCap,
+                  Qt::RoundJoin);
+  strokes(false);
+  texts([&](const Text&, const QPainterPath& outline) { painter.strokePath(outline, halo); });
+  strokes(true);
+  texts([&](const Text& text, const QPainterPath& outline) {
+    painter.fillPath(outline, text.Colour);
+  });
 }
 
 void PicturePad::Paint(QPainter& painter, const Stroke& stroke) const {
-  painter.setClipRect(QRectF(0, 0, Side(), Side()));
+  painter.setClipRect(QRectF(0, 0, side_, side_));
   painter.setPen(stroke.Pen);
   painter.drawLine(At(stroke.From), At(stroke.To));
 }
 
 void PicturePad::Paint(QPainter& painter, const Ring& ring) const {
-  painter.setClipRect(QRectF(0, 0, Side(), Side()));
+  painter.setClipRect(QRectF(0, 0, side_, side_));
   painter.setPen(ring.Pen);
   painter.setBrush(Qt::NoBrush);
   const double radius =
-      static_cast<double>(ring.Radius) * Side() / static_cast<double>(bottomRight_.X - topLeft_.X);
+      static_cast<double>(ring.Radius) * side_ / static_cast<double>(bottomRight_.X - topLeft_.X);
   painter.drawEllipse(At(ring.Centre), radius, radius);
 }
 
-void PicturePad::Paint(QPainter& painter, const Text& text) const {
-  painter.setClipping(false);
+QPainterPath PicturePad::Outline(const Text& text) const {
   const QFont textFont = TextFont();
-  QPainterPath outline;
   const QPointF corner = At(text.Place);
-  outline.addText(corner.x(), corner.y() + QFontMetricsF(textFont).ascent(), textFont, text.Words);
-  painter.strokePath(outline, QPen(palette().color(QPalette::Window), Halo, Qt::SolidLine,
-                                   Qt::RoundCap, Qt::RoundJoin));
-  painter.fillPath(outline, text.Colour);
+  QPainterPath outline;
+  outline.addText(corner.x() + textFont.pixelSize() * TextInset,
+                  corner.y() + QFontMetricsF(textFont).ascent(), textFont, text.Words);
+  return outline;
 }
 
 }  // namespace desktop

@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QPainter>
+#include <QPainterPath>
 #include <QString>
 #include <QWidget>
 #include <variant>
@@ -18,11 +19,13 @@ class PicturePad : public QWidget, public platform::Canvas {
   Q_OBJECT
 
  public:
-  /// Room for texts to the right of the picture and below it, in pixels.
-  static constexpr int RightMargin = 64;
-  static constexpr int LowerMargin = 24;
-
   explicit PicturePad(QWidget* parent);
+
+  /// Puts the picture, a square of so many pixels, at a place of its parent, with room for texts to
+  /// its right and below it.
+  void Place(QPoint topLeft, int side);
+  /// Room for texts to the right of a picture of this side, in pixels.
+  static int RightMargin(int side);
 
   void Clear() override;
   void Scale(platform::Point topLeft, platform::Point bottomRight) override;
@@ -36,8 +39,10 @@ class PicturePad : public QWidget, public platform::Canvas {
   void Circle(platform::Point centre, float radius, platform::Rgb colour) override;
   void Print(const std::string& text) override;
 
-  /// The texts that the picture shows, for those who cannot see it.
+  /// The texts that the picture shows, in the order of their drawing.
   QString Texts() const;
+  /// Side of the picture in pixels, without the room for texts.
+  int Side() const { return side_; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -60,14 +65,13 @@ class PicturePad : public QWidget, public platform::Canvas {
   };
 
   QPen PenOf(platform::Rgb colour) const;
-  /// Side of the picture in pixels, without the margin.
-  double Side() const;
   QPointF At(platform::Point point) const;
   QFont TextFont() const;
   void Paint(QPainter& painter, const Stroke& stroke) const;
   void Paint(QPainter& painter, const Ring& ring) const;
-  void Paint(QPainter& painter, const Text& text) const;
+  QPainterPath Outline(const Text& text) const;
 
+  int side_ = 1;
   platform::Point topLeft_{0, 0};
   platform::Point bottomRight_{1, 1};
   platform::Rgb fore_;

@@ -18,7 +18,6 @@ constexpr int ButtonHeight = 78;
 constexpr int ShortField = 96;
 /// Room at the foot of the page for the logo.
 constexpr int FootHeight = 52;
-constexpr QColor ButtonFace{237, 246, 240};
 
 void KeepRoom(QWidget& widget) {
   QSizePolicy policy = widget.sizePolicy();
@@ -109,7 +108,7 @@ QWidget* RecorderPage::Progress(QWidget* parent) {
 
 QWidget* RecorderPage::RunPanel() {
   auto* panel = new Card(QString(), this);
-  auto* run = new RunButton(ButtonFace, panel);
+  auto* run = new RunButton(panel);
   run->setFixedHeight(ButtonHeight);
   KeepRoom(*run);
   binder_.Bind(main_.CWButton3, *run, QStringLiteral("CWButton3"));

@@ -11,9 +11,6 @@ namespace desktop {
 
 namespace {
 
-constexpr double DesignWidth = 1024;
-constexpr double DesignHeight = 768;
-constexpr double LargestTextRatio = 1.5;
 // The first row of titles and of values, in twips from the upper left corner of the tab strip.
 constexpr std::int32_t TitleLeft = 600;
 constexpr std::int32_t ValueLeft = 3900;
@@ -28,7 +25,6 @@ constexpr double PanelWidth = 252;
 constexpr double Padding = 22;
 constexpr double ButtonHeight = 78;
 constexpr double Line = 32;
-constexpr QColor ButtonFace{237, 246, 254};
 
 }  // namespace
 
@@ -36,7 +32,7 @@ ReportPage::ReportPage(forms::Main& main, Binder& binder, QWidget* parent)
     : QWidget(parent),
       rows_(binder, *this, QPoint(0, TabBar::Height)),
       indicator_(new RunIndicator(this)),
-      run_(new RunButton(ButtonFace, this)),
+      run_(new RunButton(this)),
       stationHeading_(new QLabel(this)),
       print_(new QPushButton(this)) {
   AddRows(main);
@@ -73,9 +69,7 @@ void ReportPage::BindControls(forms::Main& main, Binder& binder) {
 }
 
 void ReportPage::resizeEvent(QResizeEvent*) {
-  const double ratio =
-      std::clamp(std::min(window()->width() / DesignWidth, window()->height() / DesignHeight), 1.0,
-                 LargestTextRatio);
+  const double ratio = look::TextRatio(*this);
   rows_.Lay(ratio);
   const QPointF corner = SheetCorner * ratio;
   const double side = (PanelWidth + PanelGap) * ratio;

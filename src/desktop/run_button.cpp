@@ -19,10 +19,15 @@ constexpr double GapPart = 0.2;
 
 }  // namespace
 
-RunButton::RunButton(const QColor& face, QWidget* parent) : QAbstractButton(parent), face_(face) {
+RunButton::RunButton(QWidget* parent) : QAbstractButton(parent) {
   setCursor(Qt::PointingHandCursor);
   setAttribute(Qt::WA_Hover);
   setFocusPolicy(Qt::StrongFocus);
+}
+
+void RunButton::SetColour(const QColor& colour) {
+  colour_ = colour;
+  update();
 }
 
 void RunButton::SetFaces(const QString& off, const QString& on) {
@@ -63,8 +68,8 @@ void RunButton::paintEvent(QPaintEvent*) {
   const double width = hasFocus() ? 2.5 : 1.5;
   const QRectF face = QRectF(rect()).adjusted(width, width, -width, -width);
   QLinearGradient shade(face.topLeft(), face.bottomLeft());
-  shade.setColorAt(0, pressed ? face_.darker(108) : face_.lighter(104));
-  shade.setColorAt(1, pressed ? face_ : face_.darker(104));
+  shade.setColorAt(0, pressed ? colour_.darker(108) : colour_.lighter(104));
+  shade.setColorAt(1, pressed ? colour_ : colour_.darker(104));
   const QColor edge = hasFocus() || (underMouse() && isEnabled()) ? look::Accent : look::StrongEdge;
   painter.setPen(QPen(edge, width));
   painter.setBrush(isEnabled() ? QBrush(shade) : QBrush(look::Page));

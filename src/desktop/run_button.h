@@ -11,8 +11,9 @@ class RunButton : public QAbstractButton {
   Q_OBJECT
 
  public:
-  RunButton(const QColor& face, QWidget* parent);
+  explicit RunButton(QWidget* parent);
 
+  void SetColour(const QColor& colour);
   void SetFaces(const QString& off, const QString& on);
   /// True shows the face of the running position.
   void SetPosition(bool on);
@@ -29,7 +30,7 @@ class RunButton : public QAbstractButton {
   /// The word's font, as large as the button's height and width allow.
   QFont WordFont(double room) const;
 
-  QColor face_;
+  QColor colour_;
   QString offFace_;
   QString onFace_;
   bool on_ = false;

@@ -12,6 +12,7 @@
 namespace desktop {
 
 namespace caption = forms::setup_caption;
+namespace setup = forms::setup_field;
 
 namespace {
 
@@ -96,16 +97,16 @@ Card* SetupPage::NetworkCard() {
   show();
   card->AddWide(advice);
   card->AddRow(Caption(caption::FilterCondition, card),
-               Field(0, card, QStringLiteral("e.g. and vlan 7")));
+               Field(setup::FilterCondition, card, QStringLiteral("e.g. and vlan 7")));
   return card;
 }
 
 Card* SetupPage::StreamsCard() {
   auto* card = new Card(QStringLiteral("Streams"), sheet_);
   card->AddRow(Caption(caption::Content1, card),
-               Field(12, card, QString::fromLatin1(StationHint).arg(1)));
+               Field(setup::Content1, card, QString::fromLatin1(StationHint).arg(1)));
   card->AddRow(Caption(caption::Content2, card),
-               Field(14, card, QString::fromLatin1(StationHint).arg(2)));
+               Field(setup::Content2, card, QString::fromLatin1(StationHint).arg(2)));
   QPushButton* find = Button(main_.Command7, QStringLiteral("Command7"), card);
   card->Grid().addWidget(find, card->Grid().rowCount(), 1, Qt::AlignLeft);
   return card;
@@ -113,7 +114,7 @@ Card* SetupPage::StreamsCard() {
 
 Card* SetupPage::StorageCard() {
   auto* card = new Card(QStringLiteral("Storage and printing"), sheet_);
-  TextField* path = Field(3, card);
+  TextField* path = Field(setup::StoragePath, card);
   card->AddRow(Caption(caption::StoragePath, card), path,
                Button(main_.Command3, QStringLiteral("Command3"), card));
   card->AddRow(Caption(caption::Printer, card), List(main_.Combo2, QStringLiteral("Combo2"), card));
@@ -124,8 +125,8 @@ Card* SetupPage::ValuesCard() {
   auto* card = new Card(QStringLiteral("Measured values"), sheet_);
   card->AddRow(Caption(caption::Decimals, card),
                List(main_.Combo3, QStringLiteral("Combo3"), card));
-  TextField* interval = Field(13, card);
-  TextField* frequency = Field(1, card);
+  TextField* interval = Field(setup::Interval, card);
+  TextField* frequency = Field(setup::BaseFrequency, card);
   for (TextField* field : {interval, frequency}) field->setMaximumWidth(ShortField);
   ChoiceBox* current = List(main_.Combo4[0], ArrayName("Combo4", 0), card);
   ChoiceBox* voltage = List(main_.Combo4[1], ArrayName("Combo4", 1), card);
@@ -144,8 +145,8 @@ Card* SetupPage::NamesCard() {
   auto* card = new Card(QStringLiteral("Channel names"), sheet_);
   card->Grid().setColumnMinimumWidth(0, 0);
   card->Grid().setColumnStretch(0, 1);
-  AddNames(*card, 0, caption::FirstNames, 4);
-  AddNames(*card, 1, caption::SecondNames, 8);
+  AddNames(*card, 0, caption::FirstNames, setup::FirstName);
+  AddNames(*card, 1, caption::SecondNames, setup::FirstName + NamesInGroup);
   return card;
 }
 
@@ -164,7 +165,7 @@ void SetupPage::AddNames(Card& card, int column, std::size_t captionRow, std::si
 Card* SetupPage::SpecialCard() {
   auto* card = new Card(ToQt(main_.Frame5.Caption), sheet_);
   binder_.Bind(main_.Frame5, *card, QStringLiteral("Frame5"));
-  TextField* samplings = Field(2, card);
+  TextField* samplings = Field(setup::Samplings, card);
   samplings->setMaximumWidth(ShortField);
   card->AddRow(Caption(caption::Samplings, card), samplings);
   QLabel* note = Caption(caption::SamplingsNote, card);

@@ -33,7 +33,9 @@ TimedDialog::TimedDialog(const platform::TimedMessage& message, QWidget* parent)
   text->setTextFormat(Qt::PlainText);
   text->setFont(font);
   countdown_->setObjectName(QStringLiteral("Countdown"));
-  countdown_->setFont(look::TextFont(look::SmallSize, ToQt(message.FontName)));
+  QFont small = font;
+  small.setPixelSize(look::SmallSize);
+  countdown_->setFont(small);
   look::SetTextColour(*countdown_, look::QuietText);
   auto* close = new QPushButton(ToQt(message.ButtonCaption), this);
   close->setObjectName(QStringLiteral("Close"));

@@ -31,14 +31,19 @@ ValueTable::ValueTable(platform::Grid<Rows, Columns>& grid, QWidget* parent)
     for (int column = 0; column < Columns; ++column) {
       auto* item = new QTableWidgetItem;
       const bool head = row == 0 || column == 0;
-      if (head) item->setForeground(HeadText);
-      item->setBackground(look::Panel);
+      item->setForeground(head ? HeadText : QColor(Qt::black));
       item->setTextAlignment((column == 0 ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
       setItem(row, column, item);
       grid_.Cell[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)].Observe(
           [this, row, column] { ShowCell(row, column); });
       ShowCell(row, column);
     }
+  }
+}
+
+void ValueTable::SetGround(const QColor& ground) {
+  for (int row = 0; row < Rows; ++row) {
+    for (int column = 0; column < Columns; ++column) item(row, column)->setBackground(ground);
   }
 }
 

@@ -18,6 +18,7 @@ class ValueTable : public QTableWidget {
 
   /// The columns' widths as the grid tells them, in pixels at a text ratio of 1.
   int NaturalWidth() const;
+  void SetGround(const QColor& ground);
   /// Gives the table its place; texts and columns grow with the ratio.
   void Lay(const QRect& place, double textRatio);
 

@@ -12,8 +12,6 @@ namespace desktop {
 namespace {
 
 // In pixels of the smallest window.
-constexpr double DesignWidth = 1024;
-constexpr double DesignHeight = 768;
 constexpr double DcSize = 11;
 constexpr double CaptionGap = 5;
 constexpr double PanelLeft = 752;
@@ -21,8 +19,6 @@ constexpr double PanelWidth = 226;
 constexpr double PanelPadding = 22;
 constexpr double ButtonHeight = 78;
 constexpr double LineHeight = 32;
-/// Texts grow with the window, but not without end.
-constexpr double LargestTextRatio = 1.5;
 
 QRect Rounded(double left, double top, double width, double height) {
   return QRectF(left, top, width, height).toRect();
@@ -35,8 +31,7 @@ QRect Place(const platform::Control& control) {
 }
 
 QFont Scaled(double pixels, double ratioX, double ratioY) {
-  const double ratio = std::clamp(std::min(ratioX, ratioY), 1.0, LargestTextRatio);
-  return look::TextFont(static_cast<int>(pixels * ratio));
+  return look::TextFont(static_cast<int>(pixels * look::TextRatio(ratioX, ratioY)));
 }
 
 }  // namespace
@@ -45,7 +40,7 @@ ValuesPage::ValuesPage(forms::Main& main, Binder& binder, QWidget* parent)
     : QWidget(parent),
       main_(main),
       indicator_(new RunIndicator(this)),
-      run_(new RunButton(look::RunFace, this)),
+      run_(new RunButton(this)),
       stationHeading_(new QLabel(this)),
       realTime_(new QCheckBox(this)) {
   BindReadings(binder);
@@ -113,8 +108,8 @@ void ValuesPage::resizeEvent(QResizeEvent*) {
 }
 
 void ValuesPage::Lay() {
-  const double ratioX = window()->width() / DesignWidth;
-  const double ratioY = window()->height() / DesignHeight;
+  const double ratioX = window()->width() / look::DesignWidth;
+  const double ratioY = window()->height() / look::DesignHeight;
   for (std::size_t i = 0; i < Channels; ++i) LayReading(i, ratioX, ratioY);
   LayControls(ratioX, ratioY);
   update();
@@ -142,7 +137,7 @@ void ValuesPage::LayReading(std::size_t channel, double ratioX, double ratioY) {
 }
 
 void ValuesPage::LayControls(double ratioX, double ratioY) {
-  const double textRatio = std::clamp(std::min(ratioX, ratioY), 1.0, LargestTextRatio);
+  const double textRatio = look::TextRatio(ratioX, ratioY);
   const double top = Place(main_.Label5[0]).top();
   const double left = PanelLeft * ratioX;
   const double width = PanelWidth * ratioX;

@@ -35,7 +35,7 @@ WaveformsPage::WaveformsPage(forms::Main& main, Binder& binder, Guard& guard, QW
       graph_(new GraphView(main.CWGraph1, guard, this)),
       frame_(new QFrame(this)),
       indicator_(new RunIndicator(frame_)),
-      run_(new RunButton(look::Card, frame_)),
+      run_(new RunButton(frame_)),
       print_(new QPushButton(frame_)),
       modesHeading_(Heading(QStringLiteral("Graph Modes:"), frame_)),
       stationHeading_(Heading(QStringLiteral("Shown Station ID:"), frame_)) {
@@ -61,7 +61,7 @@ void WaveformsPage::BindControls(Binder& binder) {
     QFont bold = look::TextFont(look::TextSize);
     bold.setBold(true);
     legend_[i]->setFont(bold);
-    binder.Bind(main_.Check2[i], *legend_[i], ArrayName("Check2", i));
+    binder.Bind(main_.Check2[i], *legend_[i], ArrayName("Check2", i), Ampersand::Letter);
   }
   for (std::size_t i = 0; i < modes_.size(); ++i) {
     modes_[i] = new StationChoice(frame_);

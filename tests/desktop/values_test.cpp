@@ -40,18 +40,19 @@ TEST_F(Values, APressOnRunBringsTheNumbersAndStopEndsThem) {
 TEST_F(Values, TheRunButtonIsLockedForASecondAroundEachChange) {
   Start();
   GoMeasure();
-  Click("CWButton4");
-  EXPECT_FALSE(Run().isEnabled());
   const auto pressed = clock_.Now();
-  ASSERT_TRUE(WaitFor([&] { return Run().isEnabled(); }));
-  EXPECT_GE(clock_.Now() - pressed, std::chrono::milliseconds(950));
-
   Click("CWButton4");
   EXPECT_FALSE(Run().isEnabled());
-  const auto released = clock_.Now();
   ASSERT_TRUE(WaitFor([&] { return Run().isEnabled(); }));
-  EXPECT_GE(clock_.Now() - released, std::chrono::milliseconds(950));
-  EXPECT_LT(clock_.Now() - released, std::chrono::milliseconds(2500));
+  EXPECT_GE(clock_.Now() - pressed, std::chrono::milliseconds(1000));
+  EXPECT_TRUE(Run().Position());
+
+  const auto released = clock_.Now();
+  Click("CWButton4");
+  EXPECT_FALSE(Run().isEnabled());
+  EXPECT_FALSE(Run().Position());
+  ASSERT_TRUE(WaitFor([&] { return Run().isEnabled(); }));
+  EXPECT_GE(clock_.Now() - released, std::chrono::milliseconds(1000));
 }
 
 TEST_F(Values, APressOnTheLockedButtonDoesNothing) {
@@ -134,7 +135,8 @@ TEST_F(Values, AReadingTooLongForItsFieldGetsASmallerFont) {
     field.SetText(text);
     const QFontMetricsF metrics(field.FittingFont());
     EXPECT_LT(field.FittingFont().pixelSize(), usual) << text;
-    EXPECT_LE(metrics.horizontalAdvance(text), field.width()) << text;
+    // A fifth of the field's height is left blank at both sides.
+    EXPECT_LE(metrics.horizontalAdvance(text), field.width() - 0.4 * field.height()) << text;
   }
 }
 
@@ -180,12 +182,6 @@ TEST_F(Values, AReadingTellsItsCaptionAndItsNumberToAScreenReader) {
   EXPECT_EQ(reading->role(), QAccessible::StaticText);
   EXPECT_EQ(reading->text(QAccessible::Name), "Current Sensor B / [A]");
   EXPECT_EQ(reading->text(QAccessible::Value), "0.0000");
-}
-
-TEST_F(Values, TheIndicatorIsCentredOnTheRunButton) {
-  Start();
-  GoMeasure();
-  EXPECT_EQ(Find<QWidget>(Member("Shape12", 0)).geometry().center(), Run().geometry().center());
 }
 
 TEST_F(Values, WithoutDataTheDialogComesAndTheButtonFallsBack) {

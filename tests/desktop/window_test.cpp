@@ -1,6 +1,4 @@
-#include <QApplication>
 #include <QLabel>
-#include <QPlainTextEdit>
 #include <QSettings>
 #include <QStackedWidget>
 #include <QTabBar>
@@ -17,14 +15,6 @@ class Window : public WindowScene {
   QTabBar& Tabs() { return Find<QTabBar>("TabStrip1"); }
   int Page() { return program_->Window().findChild<QStackedWidget*>()->currentIndex() + 1; }
 };
-
-TEST_F(Window, HasEightTabsWithTheirTips) {
-  Start();
-  ASSERT_EQ(Tabs().count(), 8);
-  EXPECT_EQ(Tabs().tabText(0), "&Info");
-  EXPECT_EQ(Tabs().tabText(7), "E&xit");
-  EXPECT_EQ(Tabs().tabToolTip(3), "Scope\nYou get the waveform like a scope");
-}
 
 TEST_F(Window, AClickOnATabSelectsItAndBringsItsPageUp) {
   MakeStorage();
@@ -191,31 +181,6 @@ TEST_F(Window, TheRecorderWithoutItsFolderAsksAndGoesToTheField) {
   EXPECT_EQ(Page(), RecorderTab);
   auto& path = Find<QLabel>(Member("Label10", 1));
   EXPECT_TRUE(WaitFor([&] { return path.text().startsWith(home_.path() + "/SV record"); }));
-}
-
-TEST_F(Window, TheRevisionHistoryOpensAndCloses) {
-  Start();
-  QString text;
-  bool readOnly = false;
-  OnDialog([&](QDialog& dialog) {
-    auto* area = dialog.findChild<QPlainTextEdit*>();
-    text = area->toPlainText();
-    readOnly = area->isReadOnly();
-    QTest::mouseClick(dialog.findChild<QAbstractButton*>("cmdOK"), Qt::LeftButton);
-  });
-  Click("Label4");
-  EXPECT_TRUE(text.contains("\n- ")) << text.toStdString();
-  EXPECT_TRUE(readOnly);
-  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
-  EXPECT_FALSE(Program().Revisionhistory.Window.Loaded);
-  bool again = false;
-  OnDialog([&](QDialog& dialog) {
-    again = true;
-    QTest::keyClick(&dialog, Qt::Key_Escape);
-  });
-  Click("Label4");
-  EXPECT_TRUE(again);
-  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
 TEST_F(Window, CannotBeMadeSmallerThanTheDesignAllows) {

@@ -1,0 +1,222 @@
+#include "desktop/picture_pad.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+
+namespace desktop {
+namespace {
+
+using platform::Canvas;
+using platform::Point;
+
+constexpr platform::Rgb Red{255, 0, 0};
+constexpr platform::Rgb Black{0, 0, 0};
+
+/// A picture in the user coordinates of the phasor diagram, 402 pixels wide: five units a pixel.
+class Picture : public ::testing::Test {
+ protected:
+  static constexpr int Side = 402;
+  static constexpr float Edge = 1005;
+
+  Picture() { Lay(Side); }
+
+  void Lay(int side) {
+    pad.Place(QPoint(0, 0), side);
+    pad.Clear();
+    pad.Scale({-Edge, -Edge}, {Edge, Edge});
+    pad.DrawStyle(Canvas::Solid);
+    pad.DrawWidth(1);
+  }
+  QImage Shown() { return pad.grab().toImage(); }
+  static bool IsRed(const QColor& colour) {
+    return colour.red() > 200 && colour.green() < 100 && colour.blue() < 100;
+  }
+  static bool IsInk(const QColor& colour) { return colour.lightness() < 60; }
+  /// How many columns have a line at the middle of their height.
+  int LineInTheMiddle() {
+    const QImage picture = Shown();
+    int count = 0;
+    for (int x = 0; x < picture.width(); ++x) {
+      bool line = false;
+      for (int y = Side / 2 - 2; y <= Side / 2 + 2; ++y) {
+        line = line || picture.pixelColor(x, y).green() < 200;
+      }
+      if (line) ++count;
+    }
+    return count;
+  }
+  /// The area of the picture that is not ground.
+  static QRect Inked(const QImage& picture) {
+    const QColor ground = picture.pixelColor(picture.width() - 1, 0);
+    QRect area;
+    for (int y = 0; y < picture.height(); ++y) {
+      for (int x = 0; x < picture.width(); ++x) {
+        if (picture.pixelColor(x, y) != ground) area |= QRect(x, y, 1, 1);
+      }
+    }
+    return area;
+  }
+
+  PicturePad pad{nullptr};
+};
+
+TEST_F(Picture, ALineLeavesThePositionAtItsEnd) {
+  pad.MoveTo({10, 20});
+  EXPECT_EQ(pad.Position(), (Point{10, 20}));
+
+  pad.Line({0, 0}, {300, -400}, Red);
+  EXPECT_EQ(pad.Position(), (Point{300, -400}));
+
+  pad.LineTo({250, -380}, Red);
+  EXPECT_EQ(pad.Position(), (Point{250, -380}));
+
+  pad.Circle({0, 0}, 500, Black);
+  EXPECT_EQ(pad.Position(), (Point{250, -380}));
+}
+
+TEST_F(Picture, ALineToAPointStartsAtThePosition) {
+  pad.DrawWidth(3);
+  pad.MoveTo({-500, 0});
+  pad.LineTo({500, 0}, Red);
+
+  const QImage picture = Shown();
+
+  EXPECT_TRUE(IsRed(picture.pixelColor(Side / 4 + 2, Side / 2)));
+  EXPECT_TRUE(IsRed(picture.pixelColor(Side * 3 / 4 - 2, Side / 2)));
+  EXPECT_FALSE(IsRed(picture.pixelColor(Side / 4 - 10, Side / 2)));
+}
+
+TEST_F(Picture, APrintedTextAdvancesThePositionToTheNextLine) {
+  pad.MoveTo({100, 200});
+
+  pad.Print("I1");
+
+  EXPECT_EQ(pad.Position().X, -Edge);
+  EXPECT_GT(pad.Position().Y, 200);
+}
+
+TEST_F(Picture, APatternShowsAtWidthOneAlone) {
+  constexpr int Whole = 400;
+  for (const std::int16_t style : {Canvas::Dotted, Canvas::DashDotDot}) {
+    for (const std::int16_t width : {std::int16_t{1}, std::int16_t{3}, std::int16_t{5}}) {
+      Lay(Side);
+      pad.DrawStyle(style);
+      pad.DrawWidth(width);
+      pad.Line({-1000, 0}, {1000, 0}, Red);
+
+      const int inked = LineInTheMiddle();
+
+      if (width == 1) {
+        EXPECT_LT(inked, Whole * 9 / 10) << style;
+        EXPECT_GT(inked, Whole / 4) << style;
+      } else {
+        EXPECT_GE(inked, Whole) << style << " at " << width;
+      }
+    }
+  }
+}
+
+TEST_F(Picture, ASolidLineHasNoGaps) {
+  pad.Line({-1000, 0}, {1000, 0}, Red);
+
+  EXPECT_GE(LineInTheMiddle(), 400);
+}
+
+TEST_F(Picture, LinesAndCirclesEndAtThePicturesEdge) {
+  pad.DrawWidth(5);
+  pad.Line({0, 0}, {5000, 0}, Red);
+  pad.Line({0, 0}, {0, 5000}, Red);
+  pad.Circle({900, 900}, 500, Red);
+
+  const QImage picture = Shown();
+
+  ASSERT_GT(picture.width(), Side);
+  ASSERT_GT(picture.height(), Side);
+  EXPECT_TRUE(IsRed(picture.pixelColor(Side - 1, Side / 2)));
+  EXPECT_TRUE(IsRed(picture.pixelColor(Side / 2, Side - 1)));
+  EXPECT_EQ(Inked(picture).right(), Side - 1);
+  EXPECT_EQ(Inked(picture).bottom(), Side - 1);
+}
+
+TEST_F(Picture, ClearingTakesEverythingAway) {
+  pad.Line({0, 0}, {500, 500}, Red);
+  pad.Print("U1");
+
+  pad.Clear();
+
+  EXPECT_TRUE(Inked(Shown()).isNull());
+  EXPECT_EQ(pad.Texts(), "");
+}
+
+TEST_F(Picture, TheLongestScaleLineFitsBesideThePicture) {
+  const char* line = "FS voltage=10000 (1250)kV";
+  for (const int side : {430, 600, 800, 1200}) {
+    Lay(side);
+    pad.MoveTo({-950, 0});
+    pad.Print(line);
+    const QSize whole = Inked(Shown()).size();
+
+    // Lines end at the picture's edge; the text beside them does not.
+    Lay(side);
+    const QColor ground = pad.palette().color(QPalette::Window);
+    pad.Line({-1000, 0}, {1000, 0},
+             platform::Rgb{static_cast<std::uint8_t>(ground.red()),
+                           static_cast<std::uint8_t>(ground.green()),
+                           static_cast<std::uint8_t>(ground.blue())});
+    pad.MoveTo({380, 950});
+    pad.Print(line);
+    const QRect shown = Inked(Shown());
+
+    EXPECT_NEAR(shown.width(), whole.width(), 2) << side;
+    EXPECT_NEAR(shown.height(), whole.height(), 1) << side;
+    EXPECT_LT(shown.right(), pad.width() - 1) << side;
+    EXPECT_LT(shown.bottom(), pad.height() - 1) << side;
+  }
+}
+
+TEST_F(Picture, ATextStandsOnTopOfWhatIsDrawnAfterIt) {
+  pad.MoveTo({0, 0});
+  pad.Print("U3");
+  const QImage alone = Shown();
+  pad.DrawWidth(5);
+  for (const float y : {10.0F, 30.0F, 50.0F}) pad.Line({-100, y}, {200, y}, Red);
+
+  const QImage covered = Shown();
+
+  const QRect text = Inked(alone);
+  int ink = 0;
+  for (int y = text.top(); y <= text.bottom(); ++y) {
+    for (int x = text.left(); x <= text.right(); ++x) {
+      if (!IsInk(alone.pixelColor(x, y))) continue;
+      ++ink;
+      EXPECT_TRUE(IsInk(covered.pixelColor(x, y))) << x << ", " << y;
+    }
+  }
+  EXPECT_GT(ink, 20);
+}
+
+TEST_F(Picture, TheThinLinesOfTheBackgroundKeepAwayFromATextAndTheVectorsDoNot) {
+  const auto touches = [this](std::int16_t width) {
+    Lay(Side);
+    pad.DrawWidth(width);
+    for (float y = 0; y < 70; y += 5) pad.Line({-100, y}, {200, y}, Red);
+    pad.MoveTo({0, 0});
+    pad.Print("U3");
+    const QImage picture = Shown();
+    int count = 0;
+    for (int y = 0; y < Side; ++y) {
+      for (int x = 0; x + 2 < Side; ++x) {
+        const bool ink = IsInk(picture.pixelColor(x, y));
+        if (ink && IsRed(picture.pixelColor(x + 2, y))) ++count;
+      }
+    }
+    return count;
+  };
+
+  EXPECT_EQ(touches(1), 0);
+  EXPECT_GT(touches(3), 5);
+}
+
+}  // namespace
+}  // namespace desktop
