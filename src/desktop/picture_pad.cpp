@@ -15,10 +15,10 @@ constexpr double TextShare = 0.028;
 constexpr double SmallestText = 12;
 constexpr double LargestText = 22;
 /// Room for texts beside and below the picture, in heights of a text.
-constexpr int RightRoom = 5;
+constexpr int RightRoom = 6;
 constexpr int LowerRoom = 2;
 /// How far a text starts to the right of its place, so that an arrow head there does not touch it.
-constexpr double TextInset = 0.25;
+constexpr double TextInset = 0.4;
 /// Width of the light edge that keeps a text readable on top of lines.
 constexpr double Halo = 3.5;
 

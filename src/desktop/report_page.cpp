@@ -5,7 +5,7 @@
 
 #include "desktop/look.h"
 #include "desktop/tab_bar.h"
-#include "shell/info_pages.h"
+#include "shell/rich_row.h"
 
 namespace desktop {
 

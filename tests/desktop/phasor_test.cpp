@@ -58,7 +58,7 @@ class Phasors : public WindowScene {
     const QImage picture = Picture().grab().toImage();
     for (const double side : {-BarbAngle, BarbAngle}) {
       const QPointF end = tip - Polar(angle + side, BarbLength);
-      EXPECT_GT(ShownOf(picture, Picture().Side(), tip, end, colour), 0.7)
+      EXPECT_GT(ShownOf(picture, Picture().Side(), tip, end, colour), 0.5)
           << "row " << row << ", barb at " << side;
     }
   }
