@@ -18,9 +18,7 @@ constexpr int CaptionWidth = 196;
 
 Card::Card(const QString& heading, QWidget* parent) : QFrame(parent), grid_(new QGridLayout) {
   auto* title = new QLabel(heading, this);
-  QFont font = look::TextFont(look::HeadingSize);
-  font.setBold(true);
-  title->setFont(font);
+  title->setFont(look::BoldFont(look::HeadingSize));
   title->setVisible(!heading.isEmpty());
   grid_->setHorizontalSpacing(ColumnGap);
   grid_->setVerticalSpacing(RowGap);

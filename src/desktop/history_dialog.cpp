@@ -25,9 +25,7 @@ HistoryDialog::HistoryDialog(forms::Revisionhistory& history, const platform::Ta
   setWindowTitle(ToQt(history.Window.Caption));
   resize(UsualSize);
   auto* heading = new QLabel(ToQt(history.Window.Caption), this);
-  QFont bold = look::TextFont(look::HeadingSize + 2);
-  bold.setBold(true);
-  heading->setFont(bold);
+  heading->setFont(look::BoldFont(look::HeadingSize + 2));
   heading->setFixedHeight(HeaderHeight);
   heading->setContentsMargins(Margin, 0, Margin, 0);
   text_->setReadOnly(true);

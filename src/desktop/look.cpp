@@ -97,6 +97,12 @@ QFont TextFont(int pixels, const QString& family) {
   return font;
 }
 
+QFont BoldFont(int pixels) {
+  QFont font = TextFont(pixels);
+  font.setBold(true);
+  return font;
+}
+
 void SetTextColour(QWidget& widget, const QColor& colour) {
   QPalette palette = widget.palette();
   palette.setColor(QPalette::WindowText, colour);

@@ -55,6 +55,8 @@ void PaintStrip(QPainter& painter, const QRect& area, const platform::TabStrip& 
 
 /// A font of the program; `family` is used where it is present, else a font of its kind.
 QFont TextFont(int pixels, const QString& family = QString());
+/// The same in bold, for headings.
+QFont BoldFont(int pixels);
 void SetTextColour(QWidget& widget, const QColor& colour);
 
 /// Gives the whole program its style, palette and font, whatever desktop it runs on.

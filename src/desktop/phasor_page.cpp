@@ -115,8 +115,7 @@ void PhasorPage::Lay() {
   const int side = Pixels(main_.phasordiagram.Width);
   const int left = Pixels(main_.phasordiagram.Left);
   const int top = Pixels(main_.phasordiagram.Top);
-  QFont bold = look::TextFont(scaled(look::HeadingSize));
-  bold.setBold(true);
+  QFont bold = look::BoldFont(scaled(look::HeadingSize));
   heading_->setFont(bold);
   heading_->adjustSize();
   // The corner of the picture is free: the circle is far from it.

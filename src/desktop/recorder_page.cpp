@@ -26,9 +26,7 @@ void KeepRoom(QWidget& widget) {
 }
 
 void MakeHeading(QLabel& label) {
-  QFont font = look::TextFont(look::HeadingSize);
-  font.setBold(true);
-  label.setFont(font);
+  label.setFont(look::BoldFont(look::HeadingSize));
 }
 
 }  // namespace

@@ -80,8 +80,7 @@ void ReportPage::resizeEvent(QResizeEvent*) {
 
 void ReportPage::LayControls(double ratio) {
   const QFont font = look::TextFont(static_cast<int>(look::TextSize * ratio));
-  QFont bold = font;
-  bold.setBold(true);
+  const QFont bold = look::BoldFont(font.pixelSize());
   const double panelLeft = sheet_.right() + PanelGap * ratio;
   const double left = panelLeft + Padding * ratio;
   const double inner = (PanelWidth - 2 * Padding) * ratio;

@@ -51,8 +51,7 @@ QSize RunButton::sizeHint() const {
 }
 
 QFont RunButton::WordFont(double room) const {
-  QFont font = look::TextFont(static_cast<int>(height() * WordPart));
-  font.setBold(true);
+  QFont font = look::BoldFont(static_cast<int>(height() * WordPart));
   const double wanted = QFontMetricsF(font).horizontalAdvance(text());
   if (wanted > room) {
     font.setPixelSize(

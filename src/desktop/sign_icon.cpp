@@ -23,9 +23,7 @@ QIcon SignIcon(const QColor& disc, QChar letter) {
   painter.setPen(Qt::NoPen);
   painter.setBrush(disc);
   painter.drawEllipse(picture.rect().adjusted(2, 2, -2, -2));
-  QFont font = look::TextFont(static_cast<int>(Pixels * LetterPart));
-  font.setBold(true);
-  painter.setFont(font);
+  painter.setFont(look::BoldFont(static_cast<int>(Pixels * LetterPart)));
   painter.setPen(look::Card);
   painter.drawText(picture.rect(), Qt::AlignCenter, letter);
   return QIcon(picture);

@@ -21,9 +21,7 @@ using twips::Pixels;
 
 QLabel* Heading(const QString& words, QWidget* parent) {
   auto* heading = new QLabel(words, parent);
-  QFont bold = look::TextFont(look::TextSize);
-  bold.setBold(true);
-  heading->setFont(bold);
+  heading->setFont(look::BoldFont(look::TextSize));
   return heading;
 }
 
@@ -58,9 +56,7 @@ void WaveformsPage::BindControls(Binder& binder) {
   binder.Bind(main_.Command1, *print_, QStringLiteral("Command1"));
   for (std::size_t i = 0; i < legend_.size(); ++i) {
     legend_[i] = new LegendBox(frame_);
-    QFont bold = look::TextFont(look::TextSize);
-    bold.setBold(true);
-    legend_[i]->setFont(bold);
+    legend_[i]->setFont(look::BoldFont(look::TextSize));
     binder.Bind(main_.Check2[i], *legend_[i], ArrayName("Check2", i), Ampersand::Letter);
   }
   for (std::size_t i = 0; i < modes_.size(); ++i) {
