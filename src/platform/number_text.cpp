@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 
 namespace platform {
@@ -37,11 +38,25 @@ Decimal ToDecimal(double magnitude) {
   return decimal;
 }
 
+/// Whether the magnitude of a decimal number is below 1, whatever its length.
+bool IsBelowOne(std::string_view number) {
+  const std::size_t mark = std::min(number.find_first_of("eE"), number.size());
+  const std::string_view mantissa = number.substr(0, mark);
+  const auto point = static_cast<std::int64_t>(std::min(mantissa.find('.'), mantissa.size()));
+  const auto first = static_cast<std::int64_t>(mantissa.find_first_of("123456789"));
+  std::string_view power = number.substr(std::min(mark + 1, number.size()));
+  const bool negative = power.starts_with('-');
+  if (negative || power.starts_with('+')) power.remove_prefix(1);
+  std::int64_t exponent = 0;
+  // More digits than these say no more than that the power is far out.
+  power = power.substr(0, 9);
+  std::from_chars(power.data(), power.data() + power.size(), exponent);
+  return point - first + (negative ? -exponent : exponent) <= 0;
+}
+
 /// What a number outside of its type's range is: 0 where it is too small for it, else failure 6.
 double TooSmallOrOverflow(std::string_view number) {
-  const std::size_t exponent = number.find_first_of("eE");
-  const bool tooSmall = exponent != std::string_view::npos && number.substr(exponent + 1, 1) == "-";
-  if (!tooSmall) throw Failure(failure::Overflow);
+  if (!IsBelowOne(number)) throw Failure(failure::Overflow);
   return 0;
 }
 
@@ -150,8 +165,8 @@ double NumberText::ToDouble(std::string_view text) const {
   }
   double value = 0;
   const auto [rest, error] = std::from_chars(begin, end, value);
+  if (error == std::errc::invalid_argument || rest != end) throw Failure(failure::TypeMismatch);
   if (error == std::errc::result_out_of_range) return TooSmallOrOverflow({begin, rest});
-  if (error != std::errc() || rest != end) throw Failure(failure::TypeMismatch);
   return value;
 }
 

@@ -4,7 +4,7 @@
 
 #include <iterator>
 
-namespace formroutines {
+namespace history {
 
 namespace {
 
@@ -36,4 +36,4 @@ std::string HistoryText(std::span<const std::string_view> lines) {
   return text;
 }
 
-}  // namespace formroutines
+}  // namespace history

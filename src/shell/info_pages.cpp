@@ -97,7 +97,7 @@ void InfoPages::InfoPage() {
 }
 
 void InfoPages::OpenHistory() {
-  history_.Text1.Text = HistoryText();
+  history_.Text1.Text = history::HistoryText();
   history_.Window.OpenModal();
 }
 

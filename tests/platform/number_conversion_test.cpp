@@ -62,6 +62,8 @@ TEST(NumberConversion, ANumberThatDoesNotFitItsTypeOverflows) {
   EXPECT_EQ(FailureOf([] { English.ToDouble("1e400"); }), Overflow);
   EXPECT_EQ(FailureOf([] { English.ToDouble("-1E+400"); }), Overflow);
   EXPECT_EQ(FailureOf([] { English.ToSingle("1e400"); }), Overflow);
+  EXPECT_EQ(FailureOf([] { English.ToDouble("1" + std::string(500, '0') + "e-10"); }), Overflow);
+  EXPECT_EQ(FailureOf([] { English.ToDouble("1e99999999999"); }), Overflow);
 }
 
 TEST(NumberConversion, ANumberTooSmallForItsTypeIsZero) {
@@ -71,6 +73,14 @@ TEST(NumberConversion, ANumberTooSmallForItsTypeIsZero) {
   EXPECT_EQ(English.ToSingle("1e-60"), 0);
   EXPECT_EQ(English.ToSingle("1e-400"), 0);
   EXPECT_EQ(English.ToInt16("1e-400"), 0);
+  EXPECT_EQ(English.ToDouble("0." + std::string(400, '0') + "1"), 0);
+  EXPECT_EQ(English.ToDouble("123e-99999999999"), 0);
+}
+
+TEST(NumberConversion, WhatFollowsANumberOutOfRangeIsNoNumber) {
+  EXPECT_EQ(FailureOf([] { English.ToDouble("1e-400e5"); }), TypeMismatch);
+  EXPECT_EQ(FailureOf([] { English.ToDouble("1e-400+"); }), TypeMismatch);
+  EXPECT_EQ(FailureOf([] { English.ToDouble("1e400e5"); }), TypeMismatch);
 }
 
 TEST(NumberConversion, TheLimitsOfATypeStillFit) {

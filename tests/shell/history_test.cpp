@@ -4,7 +4,7 @@
 
 namespace {
 
-using formroutines::HistoryText;
+using history::HistoryText;
 
 TEST(History, EndsEachLineWithALineBreak) {
   const std::string_view lines[] = {"Vornik 1.0, 2026-01-02", "- the first one"};
