@@ -58,6 +58,16 @@ TEST(ShutDown, ByTheTabReturnsToTheViewWhileItsButtonIsLocked) {
   EXPECT_FALSE(scene.Main.Window.Loaded);
 }
 
+TEST(ShutDown, ByTheHiddenEndButtonComesAtOnce) {
+  Scene scene;
+  scene.Start();
+  scene.RunValues();
+
+  EXPECT_THROW(scene.Main.Command8.Click(), support::SceneEnded);
+
+  EXPECT_TRUE(scene.Main.Window.Loaded);
+}
+
 TEST(ShutDown, LooksAtTheButtonOfTheViewInUse) {
   struct View {
     std::int16_t Tab;
