@@ -106,7 +106,7 @@ void Watchdog::Timer2_Timer() {
 }
 
 template <typename Pump>
-void Watchdog::Restart(const bool& lookingFor, const char* mode, Pump pump) {
+void Watchdog::Restart(bool lookingFor, const char* mode, Pump pump) {
   if (!lookingFor) return;
   const std::uint32_t tabChanges = state_.TabChanges;
   events_.WaitMs(settings_.InternalDelay);

@@ -31,7 +31,7 @@ class Watchdog {
   void Timer2_Timer();
   /// Starts the next burst of a mode that is on, after the user's delay.
   template <typename Pump>
-  void Restart(const bool& lookingFor, const char* mode, Pump pump);
+  void Restart(bool lookingFor, const char* mode, Pump pump);
   void Timer3_Timer();
   void ShowNoDataDialog(const std::string& prefix);
 
