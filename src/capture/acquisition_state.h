@@ -2,9 +2,16 @@
 
 #include <array>
 #include <cstdint>
+#include <limits>
 #include <string>
 
 namespace packetroutines {
+
+/// Counts one more row or block, but not beyond the end of the number: rows that lie behind a block
+/// made shorter are counted on, and a run may last for years.
+inline void Advance(std::int32_t& count) {
+  if (count < std::numeric_limits<std::int32_t>::max()) ++count;
+}
 
 /// The flags and counters that steer the acquisition. Everything runs on one thread; the order in
 /// which the flags are written is what keeps the handlers apart.
@@ -38,6 +45,12 @@ struct AcquisitionState {
   /// Counts the tab changes. A tab change ends every run, also one whose next burst is about to
   /// start: a start that finds the count changed behind one of its pumps is dropped.
   std::uint32_t TabChanges = 0;
+  /// Tab changes that are under way, one inside the other. What comes due in their pumps starts
+  /// nothing. The end of the program counts as one that is never over.
+  std::int32_t Leaving = 0;
+  /// Counts the choices of the other station during a run. A block that was gathered before such a
+  /// choice is not shown behind it.
+  std::uint32_t StationChanges = 0;
 
   /// While True the handlers of the recorder's buttons do nothing.
   bool RecorderBusy = false;
@@ -49,6 +62,16 @@ struct AcquisitionState {
   std::int16_t RealTimeChannel = 1;
   /// Latest AC estimate of each channel, in the chosen units.
   std::array<double, 8> RmsValues{};
+
+  /// Clears the mode flags.
+  void ClearModes() {
+    ReportRequested = false;
+    LookingForScope = false;
+    LookingForValues = false;
+    LookingForPhases = false;
+    LookingForRecording = false;
+    LookingForID = false;
+  }
 };
 
 }  // namespace packetroutines

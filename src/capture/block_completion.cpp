@@ -16,28 +16,31 @@ constexpr double DisplayRate = 4000;
 }  // namespace
 
 Flow PacketDispatcher::CompleteBlock(bool signalOk) {
-  return Run(
-      [&] { frameIndex_[0] = 0; }, [&] { ++state_.BlockCount; }, [&] { services_.Events.Pump(); },
-      [&] {
-        return state_.LookingForScope ? ShowBlock(signalOk, [&] { PlotBlock(); }) : Flow::Next;
-      },
-      [&] {
-        return state_.LookingForValues && !state_.RealTimeMode ? BlockForValues(signalOk)
-                                                               : Flow::Next;
-      },
-      [&] { return state_.LookingForRecording ? BlockForRecording() : Flow::Next; },
-      [&] {
-        return state_.LookingForPhases
-                   ? ShowBlock(signalOk, [&] { consumers_.Views.UpdatePhases(); })
-                   : Flow::Next;
-      });
+  const std::uint32_t station = state_.StationChanges;
+  const auto current = [&] { return signalOk && state_.StationChanges == station; };
+  return Run([&] { frameIndex_[0] = 0; }, [&] { Advance(state_.BlockCount); },
+             [&] { services_.Events.Pump(); },
+             [&] {
+               return state_.LookingForScope ? ShowBlock(current, [&] { PlotBlock(); })
+                                             : Flow::Next;
+             },
+             [&] {
+               return state_.LookingForValues && !state_.RealTimeMode ? BlockForValues(current)
+                                                                      : Flow::Next;
+             },
+             [&] { return state_.LookingForRecording ? BlockForRecording() : Flow::Next; },
+             [&] {
+               return state_.LookingForPhases
+                          ? ShowBlock(current, [&] { consumers_.Views.UpdatePhases(); })
+                          : Flow::Next;
+             });
 }
 
-template <typename Show>
-Flow PacketDispatcher::ShowBlock(bool signalOk, Show show) {
+template <typename Current, typename Show>
+Flow PacketDispatcher::ShowBlock(Current current, Show show) {
   return Run([&] { capture_.StopCapture(); },
              [&] {
-               if (signalOk) show();
+               if (current()) show();
              },
              [&] { services_.Events.Pump(); },
              [&] {
@@ -50,8 +53,9 @@ void PacketDispatcher::PlotBlock() {
   consumers_.Views.PlotBlock(state_.BlockCount == 1 ? "Auto" : "Manuell");
 }
 
-Flow PacketDispatcher::BlockForValues(bool signalOk) {
-  return Run([&] { return ShowBlock(signalOk, [&] { consumers_.Views.CalculateValues(); }); },
+template <typename Current>
+Flow PacketDispatcher::BlockForValues(Current current) {
+  return Run([&] { return ShowBlock(current, [&] { consumers_.Views.CalculateValues(); }); },
              [&] {
                // The check box may have been ticked in the pump.
                if (state_.RealTimeMode) consumers_.Views.ClearValues();

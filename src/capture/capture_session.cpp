@@ -55,7 +55,10 @@ platform::CaptureObject& CaptureSession::aPacketX() {
 
 void CaptureSession::FillAdapterList() {
   RunSteps(
-      program_, [this](const Failure& failure) { return OnAdapterListFailure(failure); },
+      program_,
+      [this](const Failure& failure, int attempt) {
+        return OnAdapterListFailure(failure, attempt);
+      },
       [&] {
         aPacketX_ = layer_.NewCaptureObject();
         aPacketX_->OnPacket = [this](const platform::CapturedFrame& frame) {
@@ -71,8 +74,9 @@ void CaptureSession::FillAdapterList() {
       [&] { main_.Combo1.ListIndex = settings_.AdapterIndex - 1; });
 }
 
-Verdict CaptureSession::OnAdapterListFailure(const Failure& failure) {
-  if (failure.Number() == platform::failure::InvalidPropertyValue) {
+Verdict CaptureSession::OnAdapterListFailure(const Failure& failure, int attempt) {
+  // Where the first entry cannot be selected either, there is none, and trying on would never end.
+  if (failure.Number() == platform::failure::InvalidPropertyValue && attempt == 1) {
     settings_.AdapterIndex = 1;
     return Verdict::RetryStep;
   }
@@ -112,6 +116,7 @@ Verdict CaptureSession::OnSetupFailure(const Failure& failure) {
 }
 
 void CaptureSession::StartCapture(std::string_view mode) {
+  if (state_.Leaving > 0) return;
   const std::uint32_t tabChanges = state_.TabChanges;
   RunSteps(
       program_, [this](const Failure& failure) { return OnStartFailure(failure); },
@@ -121,8 +126,12 @@ void CaptureSession::StartCapture(std::string_view mode) {
         state_.OffsetsKnown[0] = false;
         state_.OffsetsKnown[1] = false;
       },
-      [&] { ShowIndicators(true); }, [&] { aPacketX().Start(); },
-      [&] { state_.CaptureRunning = true; });
+      [&] { ShowIndicators(true); }, [&] { Begin(); }, [&] { state_.CaptureRunning = true; });
+}
+
+void CaptureSession::Begin() {
+  ++starts_;
+  aPacketX().Start();
 }
 
 void CaptureSession::SetMode(std::string_view name) {
@@ -157,6 +166,7 @@ Verdict CaptureSession::OnStartFailure(const Failure& failure) {
   main_.CWButton3.Value = false;
   main_.CWButton4.Value = false;
   main_.CWButton4.Enabled = true;
+  GiveButtonsBack();
   dialogs_.Show({"Attention",
                  std::string("Can't receive packets!") + Crlf + Crlf + "Reason:" + Crlf +
                      "- filter setup ('Packet filter condition') isn't correct",
@@ -164,7 +174,18 @@ Verdict CaptureSession::OnStartFailure(const Failure& failure) {
   return Verdict::LeaveRoutine;
 }
 
+void CaptureSession::GiveButtonsBack() {
+  // The stop path of a button that is locked does not run, and a start that was refused brings no
+  // frame to unlock it.
+  state_.LookingForValues = false;
+  state_.LookingForPhases = false;
+  main_.CWButton2.Value = false;
+  if (!main_.CWButton2.Enabled) main_.Timer3.Enabled = true;
+  main_.ShowIdleTips();
+}
+
 void CaptureSession::StopCapture() {
+  const std::uint32_t starts = starts_;
   const auto trap = [](const Failure& failure) {
     return failure.Number() == platform::failure::HarmlessStop ? Verdict::SkipStep
                                                                : Verdict::LeaveRoutine;
@@ -176,7 +197,15 @@ void CaptureSession::StopCapture() {
         if (!oPacketColl_) oPacketColl_ = layer_.NewPacketCollection();
         oPacketColl_->Clear();
       },
-      [&] { events_.Pump(); }, [&] { state_.CaptureRunning = false; });
+      [&] { events_.Pump(); }, [&] { EndWhatBegan(starts); },
+      [&] { state_.CaptureRunning = false; });
+}
+
+void CaptureSession::EndWhatBegan(std::uint32_t starts) {
+  if (starts_ == starts) return;
+  // A start in a pump would run on behind a program that takes itself for stopped.
+  ShowIndicators(false);
+  aPacketX().Stop();
 }
 
 }  // namespace packetroutines

@@ -34,18 +34,21 @@ class CaptureSession {
   /// Begins a burst. `mode` is "Report", "LookingForScope", "LookingForValues", "LookingForPhases",
   /// "LookingForRecording" or "LookingForID"; any other text starts capture without a mode.
   void StartCapture(std::string_view mode);
-  /// Ends a burst; legal when idle.
+  /// Ends a burst; legal when idle. What starts capture anew in its pumps is ended with it.
   void StopCapture();
 
   /// One received frame, on the program's thread.
   std::function<void(const platform::CapturedFrame&)> aPacketX_OnPacket;
 
  private:
+  void Begin();
+  void EndWhatBegan(std::uint32_t starts);
   void SetMode(std::string_view mode);
   void ShowIndicators(bool visible);
+  void GiveButtonsBack();
   std::string FilterExpression() const;
   platform::CaptureObject& aPacketX();
-  platform::Verdict OnAdapterListFailure(const platform::Failure& failure);
+  platform::Verdict OnAdapterListFailure(const platform::Failure& failure, int attempt);
   platform::Verdict OnSetupFailure(const platform::Failure& failure);
   platform::Verdict OnStartFailure(const platform::Failure& failure);
 
@@ -56,6 +59,8 @@ class CaptureSession {
   platform::EventQueue& events_;
   platform::Dialogs& dialogs_;
   platform::Program& program_;
+  /// Counts the starts of the capture object.
+  std::uint32_t starts_ = 0;
   std::unique_ptr<platform::CaptureObject> aPacketX_;
   std::unique_ptr<platform::PacketCollection> oPacketColl_;
 };

@@ -24,12 +24,12 @@ void FrameLayout::FindDataOffsets(const PacketBytes& bytes, std::int16_t packetL
                                   std::size_t stream) {
   platform::RunSteps(
       program_,
-      [this](const platform::Failure& failure) {
-        dialogs_.Show({"unknown exception",
-                       std::string("unknown error") + platform::Crlf + failure.Text() +
-                           platform::Crlf + "This happens while looking for data offsets",
-                       platform::Icon::Critical});
-        return platform::Verdict::RetryStep;
+      [this](const platform::Failure& failure, int attempt) {
+        return trouble_.Show({"unknown exception",
+                              std::string("unknown error") + platform::Crlf + failure.Text() +
+                                  platform::Crlf + "This happens while looking for data offsets",
+                              platform::Icon::Critical},
+                             attempt);
       },
       [&] { Scan(bytes, packetLength, stream); });
 }

@@ -4,7 +4,7 @@
 
 #include "capture/acquisition_state.h"
 #include "capture/packet_bytes.h"
-#include "platform/dialogs.h"
+#include "capture/retry_box.h"
 #include "platform/program.h"
 
 namespace packetroutines {
@@ -13,8 +13,8 @@ namespace packetroutines {
 /// once a burst. The offsets are then applied to every frame of the stream without a look at it.
 class FrameLayout {
  public:
-  FrameLayout(AcquisitionState& state, platform::Dialogs& dialogs, platform::Program& program)
-      : state_(state), dialogs_(dialogs), program_(program) {}
+  FrameLayout(AcquisitionState& state, RetryBox& trouble, platform::Program& program)
+      : state_(state), trouble_(trouble), program_(program) {}
 
   /// `packetLength` is the expected length of a frame in bytes, `stream` 0 or 1.
   void FindDataOffsets(const PacketBytes& bytes, std::int16_t packetLength, std::size_t stream);
@@ -25,7 +25,7 @@ class FrameLayout {
   void Scan(const PacketBytes& bytes, std::int16_t packetLength, std::size_t stream);
 
   AcquisitionState& state_;
-  platform::Dialogs& dialogs_;
+  RetryBox& trouble_;
   platform::Program& program_;
 };
 

@@ -1,7 +1,5 @@
 #include "capture/packet_dispatcher.h"
 
-#include <limits>
-
 #include "config/program_facts.h"
 #include "platform/failure.h"
 
@@ -20,11 +18,6 @@ namespace {
 constexpr std::int16_t LengthFrameUpper = 500;
 /// Pause between two frames of the stream finder, in ms.
 constexpr std::int32_t FinderPause = 500;
-
-/// The next row. Rows that lie behind a block made shorter are counted on, but not without end.
-void Advance(std::int32_t& row) {
-  if (row < std::numeric_limits<std::int32_t>::max()) ++row;
-}
 
 }  // namespace
 
@@ -120,11 +113,17 @@ Flow PacketDispatcher::FirstStream() {
       });
 }
 
+void PacketDispatcher::FindDataOffsets(std::size_t stream) {
+  // The cells tell how long the frame at hand may be: a block that was shown from within its event
+  // may have begun a run with longer frames.
+  layout_.FindDataOffsets(bytes_, static_cast<std::int16_t>(bytes_.Upper()), stream);
+}
+
 void PacketDispatcher::LocateFirst() {
-  Run([&] { layout_.FindDataOffsets(bytes_, packetLength_, 0); },
-      [&] { layout_.FindQualitySettings(bytes_, 0); }, [&] { frameIndex_[0] = 0; },
-      [&] { ringIndex_[0] = 0; }, [&] { state_.OffsetsKnown[0] = true; },
-      [&] { main_.Timer1.Enabled = false; }, [&] { main_.Timer3.Enabled = true; });
+  Run([&] { FindDataOffsets(0); }, [&] { layout_.FindQualitySettings(bytes_, 0); },
+      [&] { frameIndex_[0] = 0; }, [&] { ringIndex_[0] = 0; },
+      [&] { state_.OffsetsKnown[0] = true; }, [&] { main_.Timer1.Enabled = false; },
+      [&] { main_.Timer3.Enabled = true; });
 }
 
 Flow PacketDispatcher::ExtractFirst(bool& signalOk) {
@@ -153,7 +152,7 @@ void PacketDispatcher::SecondStream() {
       [&] { return state_.LookingForRecording ? ExtractSecond() : Flow::Next; },
       [&] {
         if (frameIndex_[1] != session_.BaseSamples) return;
-        Run([&] { frameIndex_[1] = 0; }, [&] { ++state_.BlockCount2; },
+        Run([&] { frameIndex_[1] = 0; }, [&] { Advance(state_.BlockCount2); },
             [&] { services_.Events.Pump(); });
       });
 }
@@ -161,10 +160,9 @@ void PacketDispatcher::SecondStream() {
 void PacketDispatcher::LocateSecond() {
   // It is the first stream's row that starts again, so that the first stream's running block
   // restarts.
-  Run([&] { layout_.FindDataOffsets(bytes_, packetLength_, 1); },
-      [&] { layout_.FindQualitySettings(bytes_, 0); }, [&] { frameIndex_[0] = 0; },
-      [&] { ringIndex_[1] = 0; }, [&] { state_.OffsetsKnown[1] = true; },
-      [&] { main_.Timer1.Enabled = false; });
+  Run([&] { FindDataOffsets(1); }, [&] { layout_.FindQualitySettings(bytes_, 0); },
+      [&] { frameIndex_[0] = 0; }, [&] { ringIndex_[1] = 0; },
+      [&] { state_.OffsetsKnown[1] = true; }, [&] { main_.Timer1.Enabled = false; });
 }
 
 Flow PacketDispatcher::ExtractSecond() {
@@ -179,7 +177,7 @@ Flow PacketDispatcher::ExtractSecond() {
   return Flow::Leave;
 }
 
-Verdict PacketDispatcher::OnFailure(const Failure& failure) {
+Verdict PacketDispatcher::OnFailure(const Failure& failure, int attempt) {
   if (failure.Number() == platform::failure::HarmlessStop) return Verdict::SkipStep;
   if (failure.Number() == platform::failure::TypeMismatch ||
       failure.Number() == platform::failure::SubscriptOutOfRange) {
@@ -190,11 +188,11 @@ Verdict PacketDispatcher::OnFailure(const Failure& failure) {
                  "how the error occured." + Crlf + Crlf + "We apologise about this trouble!"});
     return Verdict::EndProgram;
   }
-  services_.Dialogs.Show(
+  return services_.Trouble.Show(
       {"unknown exception",
        std::string("unknown error") + Crlf + failure.Text() + "while 'onPacket' event",
-       Icon::Critical});
-  return Verdict::RetryStep;
+       Icon::Critical},
+      attempt);
 }
 
 }  // namespace packetroutines

@@ -11,6 +11,7 @@
 #include "capture/content_filter.h"
 #include "capture/frame_layout.h"
 #include "capture/packet_bytes.h"
+#include "capture/retry_box.h"
 #include "capture/signal_builder.h"
 #include "config/settings.h"
 #include "forms/main_form.h"
@@ -37,6 +38,7 @@ struct PacketServices {
   const platform::CodePage& Code;
   platform::EventQueue& Events;
   platform::Dialogs& Dialogs;
+  RetryBox& Trouble;
   platform::Program& Program;
 };
 
@@ -60,26 +62,32 @@ class PacketDispatcher {
   void ReportFrame(const platform::CapturedFrame& pPacket);
 
   platform::Flow FirstStream();
+  void FindDataOffsets(std::size_t stream);
   void LocateFirst();
   platform::Flow ExtractFirst(bool& signalOk);
   platform::Flow CompleteBlock(bool signalOk);
   /// Stops for a live view, shows it the block unless that is silent, and has capture restarted.
-  template <typename Show>
-  platform::Flow ShowBlock(bool signalOk, Show show);
+  /// `current()` is False for a silent block and for one of a station that is not chosen any more.
+  template <typename Current, typename Show>
+  platform::Flow ShowBlock(Current current, Show show);
   void PlotBlock();
-  platform::Flow BlockForValues(bool signalOk);
+  template <typename Current>
+  platform::Flow BlockForValues(Current current);
   platform::Flow BlockForRecording();
 
   void SecondStream();
   void LocateSecond();
   platform::Flow ExtractSecond();
 
-  platform::Verdict OnFailure(const platform::Failure& failure);
+  platform::Verdict OnFailure(const platform::Failure& failure, int attempt);
   /// Runs steps under the event's one trap.
   template <typename... Steps>
   platform::Flow Run(Steps... steps) {
     return platform::RunSteps(
-        services_.Program, [this](const platform::Failure& failure) { return OnFailure(failure); },
+        services_.Program,
+        [this](const platform::Failure& failure, int attempt) {
+          return OnFailure(failure, attempt);
+        },
         std::move(steps)...);
   }
 

@@ -22,7 +22,7 @@ constexpr std::int32_t GroupBytes = 32;
 // Both say the same of the 4, 8 or 12 channels that streams have.
 constexpr std::int16_t MostWithoutVoltages = 5;
 constexpr std::int16_t MostWithoutVoltages2 = 4;
-/// The offset of a stream whose samples were never found.
+/// The offset of a stream whose counter or samples were never found.
 constexpr std::int32_t NotLocated = 0;
 /// A block that stays below this in the chosen units is silent.
 constexpr double SilenceLevel = 0.1;
@@ -49,6 +49,7 @@ double ChannelAt(const PacketBytes& bytes, std::int32_t offset, std::size_t chan
 }
 
 std::int32_t CountAt(const PacketBytes& bytes, std::int32_t position) {
+  if (position == NotLocated) return 0;
   return 256 * bytes(position) + bytes(position + 1);
 }
 
@@ -56,7 +57,7 @@ std::int32_t CountAt(const PacketBytes& bytes, std::int32_t position) {
 
 SignalBuilder::SignalBuilder(AcquisitionState& state, BlockArrays& block, RecordRings& rings,
                              const config::Session& session, forms::Main& main,
-                             const platform::NumberText& numbers, platform::Dialogs& dialogs,
+                             const platform::NumberText& numbers, RetryBox& trouble,
                              platform::Program& program)
     : state_(state),
       block_(block),
@@ -64,20 +65,21 @@ SignalBuilder::SignalBuilder(AcquisitionState& state, BlockArrays& block, Record
       session_(session),
       main_(main),
       numbers_(numbers),
-      dialogs_(dialogs),
+      trouble_(trouble),
       program_(program) {}
 
 void SignalBuilder::BuildingSignals(std::int32_t row, const PacketBytes& bytes, bool& signalOk) {
-  const auto trap = [&](const Failure& failure) {
+  const auto trap = [&](const Failure& failure, int attempt) {
     if (failure.Number() == platform::failure::SubscriptOutOfRange) {
       signalOk = false;
       return Verdict::LeaveRoutine;
     }
-    dialogs_.Show({"unknown...",
-                   std::string("unknown error in 'BuildingSignals'") + platform::Crlf +
-                       failure.Text() + platform::Crlf + "this happens while building signals",
-                   platform::Icon::Critical});
-    return Verdict::RetryStep;
+    return trouble_.Show(
+        {"unknown...",
+         std::string("unknown error in 'BuildingSignals'") + platform::Crlf + failure.Text() +
+             platform::Crlf + "this happens while building signals",
+         platform::Icon::Critical},
+        attempt);
   };
   signalOk = true;
   platform::RunSteps(

@@ -6,10 +6,10 @@
 #include "capture/block_arrays.h"
 #include "capture/packet_bytes.h"
 #include "capture/record_rings.h"
+#include "capture/retry_box.h"
 #include "config/settings.h"
 #include "forms/main_form.h"
 #include "platform/analysis.h"
-#include "platform/dialogs.h"
 #include "platform/number_text.h"
 #include "platform/program.h"
 
@@ -21,8 +21,7 @@ class SignalBuilder {
  public:
   SignalBuilder(AcquisitionState& state, BlockArrays& block, RecordRings& rings,
                 const config::Session& session, forms::Main& main,
-                const platform::NumberText& numbers, platform::Dialogs& dialogs,
-                platform::Program& program);
+                const platform::NumberText& numbers, RetryBox& trouble, platform::Program& program);
 
   /// Writes row `row` of the first stream. `signalOk` becomes False where the block is silent, that
   /// is where no cell of it reaches 0.1 in the chosen units; the level is looked at only in the row
@@ -45,7 +44,7 @@ class SignalBuilder {
   const config::Session& session_;
   forms::Main& main_;
   const platform::NumberText& numbers_;
-  platform::Dialogs& dialogs_;
+  RetryBox& trouble_;
   platform::Program& program_;
   platform::CWArray array_;
 };

@@ -91,7 +91,12 @@ void Watchdog::EndView() {
       [&] { main_.Timer1.Enabled = false; }, [&] { main_.CWButton1.Enabled = false; },
       [&] { main_.CWButton4.Enabled = false; }, [&] { main_.Timer3.Enabled = true; },
       [&] { main_.CWButton4.Value = false; }, [&] { main_.CWButton1.Value = false; },
-      [&] { main_.CWButton2.Value = false; });
+      [&] { main_.CWButton2.Value = false; },
+      [&] {
+        // The stop path of the scope has given its button back; it waits like the others.
+        main_.CWButton1.Enabled = false;
+        main_.ShowIdleTips();
+      });
 }
 
 void Watchdog::Timer2_Timer() {
@@ -107,7 +112,7 @@ void Watchdog::Timer2_Timer() {
 
 template <typename Pump>
 void Watchdog::Restart(bool lookingFor, const char* mode, Pump pump) {
-  if (!lookingFor) return;
+  if (!lookingFor || state_.Leaving > 0) return;
   const std::uint32_t tabChanges = state_.TabChanges;
   events_.WaitMs(settings_.InternalDelay);
   pump();
@@ -119,6 +124,7 @@ void Watchdog::Timer3_Timer() {
   main_.CWButton4.Enabled = true;
   main_.CWButton1.Enabled = true;
   main_.Timer3.Enabled = false;
+  main_.ShowIdleTips();
 }
 
 void Watchdog::ShowNoDataDialog(const std::string& prefix) {

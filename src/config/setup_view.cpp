@@ -145,6 +145,7 @@ void SetupView::Option3_Click(std::size_t index) {
   settings_.FilterContent[second ? 1 : 0] = main_.Text1[setup::Content1].Text;
   settings_.FilterContent[second ? 0 : 1] = main_.Text1[setup::Content2].Text;
   session_.ActiveStream = second ? 2 : 1;
+  consumers_.StationChosen();
 }
 
 }  // namespace subroutines

@@ -19,6 +19,8 @@ class SetupConsumers {
   virtual void RebuildBlockArrays(std::int32_t baseSamples) = 0;
   /// Writes the channel names to the captions.
   virtual void ShowChannelNames() = 0;
+  /// The views show the other station from now on.
+  virtual void StationChosen() = 0;
 };
 
 /// The filter that an empty content field stands for: a text that is in no frame.

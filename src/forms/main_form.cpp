@@ -28,6 +28,14 @@ Main::Main(platform::TimerQueue& timers) : Timer1(timers), Timer2(timers), Timer
   GroupOptions();
 }
 
+void Main::ShowIdleTips() {
+  const auto show = [](platform::CWButton& button, const char* tip) {
+    if (!button.Value && button.ToolTipText == StopTip) button.ToolTipText = tip;
+  };
+  show(CWButton4, RunValuesTip);
+  show(CWButton2, RunPhasesTip);
+}
+
 void Main::DescribeTabs() {
   TabStrip1.Tabs = {
       {"&Info", "please read carefully these informations", "Information"},

@@ -17,6 +17,11 @@
 
 namespace forms {
 
+/// What a press of the run button of Values and Phasor does next.
+inline constexpr const char* StopTip = "'Stop' quit actual measurements";
+inline constexpr const char* RunValuesTip = "'Run' starts aquiring samples to calculate RMS";
+inline constexpr const char* RunPhasesTip = "'Run' starts aquiring samples estimate phase values";
+
 /// The rows of `Main.Label2`: the captions beside the fields of the Setup view.
 namespace setup_caption {
 inline constexpr std::size_t Adapter = 0;
@@ -59,6 +64,10 @@ inline constexpr std::size_t Count = 15;
 class Main {
  public:
   explicit Main(platform::TimerQueue& timers);
+
+  /// Gives the run buttons of Values and Phasor that are off the tip of an idle button, where they
+  /// still wear the one of a running view.
+  void ShowIdleTips();
 
   platform::Window Window;
   platform::TabStrip TabStrip1;

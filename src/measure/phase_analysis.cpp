@@ -118,8 +118,10 @@ void PhaseAnalysis::BuildReference(std::vector<double>& sines, std::vector<doubl
 }
 
 void PhaseAnalysis::CWButton2_ValueChanged() {
+  const std::uint32_t tabChanges = state_.TabChanges;
   events_.Pump();
-  if (!main_.CWButton2.Enabled) return;
+  // A view that is left by now keeps this button where it is, and must not start behind the other.
+  if (!main_.CWButton2.Enabled || state_.TabChanges != tabChanges) return;
   if (main_.CWButton2.Value) {
     BeginRun();
   } else {
@@ -131,14 +133,14 @@ void PhaseAnalysis::BeginRun() {
   diagram_.DrawPhasorGrid();
   main_.CWButton2.Enabled = false;
   main_.Check6.Enabled = true;
-  main_.CWButton2.ToolTipText = "'Stop' quit actual measurements";
+  main_.CWButton2.ToolTipText = forms::StopTip;
   state_.PacketLengthPending = true;
   capture_.SetupAdapter(packetroutines::LiveBuffer);
   capture_.StartCapture("LookingForPhases");
 }
 
 void PhaseAnalysis::EndRun() {
-  main_.CWButton2.ToolTipText = "'Run' starts aquiring samples estimate phase values";
+  main_.CWButton2.ToolTipText = forms::RunPhasesTip;
   main_.CWButton2.Enabled = false;
   EnableScales();
   main_.Timer3.Enabled = true;

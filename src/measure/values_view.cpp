@@ -97,14 +97,14 @@ void ValuesView::BeginRun() {
   state_.BlockCount = 0;
   state_.BlockCount2 = 0;
   main_.CWButton4.Enabled = false;
-  main_.CWButton4.ToolTipText = "'Stop' quit actual measurements";
+  main_.CWButton4.ToolTipText = forms::StopTip;
   state_.PacketLengthPending = true;
   capture_.SetupAdapter(packetroutines::LiveBuffer);
   capture_.StartCapture("LookingForValues");
 }
 
 void ValuesView::EndRun() {
-  main_.CWButton4.ToolTipText = "'Run' starts aquiring samples to calculate RMS";
+  main_.CWButton4.ToolTipText = forms::RunValuesTip;
   main_.CWButton4.Enabled = false;
   main_.Timer3.Enabled = true;
   state_.LookingForValues = false;

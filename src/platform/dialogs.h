@@ -7,8 +7,8 @@
 namespace platform {
 
 enum class Icon { None, Critical, Exclamation, Information };
-enum class Buttons { Ok, YesNo };
-enum class Answer { Ok, Yes, No };
+enum class Buttons { Ok, YesNo, OkStop };
+enum class Answer { Ok, Yes, No, Stop };
 
 /// A modal message box. An empty title stands for the platform's default title.
 struct Message {

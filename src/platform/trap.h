@@ -1,5 +1,6 @@
 #pragma once
 
+#include <new>
 #include <type_traits>
 
 #include "platform/failure.h"
@@ -25,23 +26,39 @@ Flow Perform(Step& step) {
   }
 }
 
+/// What an attempt at a step came to: it went through, or a trap has to decide.
+enum class Outcome { Next, Leave, Again };
+
+template <typename Trap>
+Verdict Judge(Trap& trap, const Failure& failure, int attempt) {
+  if constexpr (std::is_invocable_v<Trap&, const Failure&, int>) {
+    return trap(failure, attempt);
+  } else {
+    return trap(failure);
+  }
+}
+
+template <typename Trap>
+Outcome OnFailure(Program& program, Trap& trap, const Failure& failure, int attempt) {
+  const Verdict verdict = Judge(trap, failure, attempt);
+  if (verdict == Verdict::EndProgram) program.End();
+  if (verdict == Verdict::RetryStep) return Outcome::Again;
+  return verdict == Verdict::SkipStep ? Outcome::Next : Outcome::Leave;
+}
+
 template <typename Trap, typename Step>
 bool RunStep(Program& program, Trap& trap, Step& step) {
-  for (;;) {
+  for (int attempt = 1;; ++attempt) {
+    Outcome outcome = Outcome::Again;
     try {
       return Perform(step) == Flow::Next;
     } catch (const Failure& failure) {
-      switch (trap(failure)) {
-        case Verdict::RetryStep:
-          break;
-        case Verdict::SkipStep:
-          return true;
-        case Verdict::LeaveRoutine:
-          return false;
-        case Verdict::EndProgram:
-          program.End();
-      }
+      outcome = OnFailure(program, trap, failure, attempt);
+    } catch (const std::bad_alloc&) {
+      // The system ran out of memory in the midst of the step; for a trap it is a failure like any.
+      outcome = OnFailure(program, trap, Failure(failure::OutOfMemory), attempt);
     }
+    if (outcome != Outcome::Again) return outcome == Outcome::Next;
   }
 }
 
@@ -50,8 +67,9 @@ bool RunStep(Program& program, Trap& trap, Step& step) {
 /// Runs the steps of a routine in order under its one trap.
 ///
 /// A step returns nothing or a `Flow`; `trap(const Failure&)` returns the `Verdict` on a step that
-/// failed. The result is `Flow::Leave` when a step or the trap left the routine. Everything is
-/// inlined, so that a routine without a failure pays nothing for its trap.
+/// failed. A trap may take the number of the attempt as well, 1 for the first: so it knows a step
+/// that fails time after time. The result is `Flow::Leave` when a step or the trap left the
+/// routine. Everything is inlined, so that a routine without a failure pays nothing for its trap.
 template <typename Trap, typename... Steps>
 Flow RunSteps(Program& program, Trap trap, Steps... steps) {
   return (detail::RunStep(program, trap, steps) && ...) ? Flow::Next : Flow::Leave;

@@ -11,12 +11,13 @@ Application::Application(const Platform& platform)
       file_(platform.Store, platform.Numbers, Settings),
       capture_(platform.Capture, Main, Settings, State, platform.Events, platform.Dialogs,
                platform.Program),
-      layout_(State, platform.Dialogs, platform.Program),
-      builder_(State, Block, Rings, Session, Main, platform.Numbers, platform.Dialogs,
-               platform.Program),
-      dispatcher_(
-          State, Settings, Session, Main, capture_, layout_, builder_, {*this, *this, *this},
-          {platform.Numbers, platform.Code, platform.Events, platform.Dialogs, platform.Program}),
+      trouble_(platform.Dialogs, tabs_),
+      layout_(State, trouble_, platform.Program),
+      builder_(State, Block, Rings, Session, Main, platform.Numbers, trouble_, platform.Program),
+      dispatcher_(State, Settings, Session, Main, capture_, layout_, builder_,
+                  {*this, *this, *this},
+                  {platform.Numbers, platform.Code, platform.Events, platform.Dialogs, trouble_,
+                   platform.Program}),
       values_(Main, Settings, Session, file_, State, Block, capture_, platform.Events,
               platform.Numbers),
       scope_(Main, Settings, Session, file_, State, Block, capture_, platform.Events),
@@ -42,14 +43,26 @@ Application::Application(const Platform& platform)
 }
 
 void Application::EndSession() {
+  // The program may already be leaving a view; what its pumps bring must start nothing here either.
+  ++State.Leaving;
   platform::RunSteps(
       platform_.Program, [](const platform::Failure&) { return platform::Verdict::SkipStep; },
-      [this] { capture_.StopCapture(); });
+      [this] { capture_.StopCapture(); }, [this] { State.ClearModes(); });
   platform_.Program.End();
 }
 
 void Application::RebuildBlockArrays(std::int32_t baseSamples) {
   Block.Rebuild(baseSamples);
+}
+void Application::StationChosen() {
+  const bool running = State.CaptureRunning || State.LookingForValues || State.LookingForPhases ||
+                       State.LookingForScope;
+  if (!running) return;
+  // The other station has its samples elsewhere in its frames, and may have fewer of them: nothing
+  // of the block that the old one began may stay in it.
+  State.OffsetsKnown[0] = false;
+  ++State.StationChanges;
+  Block.Rebuild(Block.SignalValues.Rows());
 }
 void Application::ShowChannelNames() {
   values_.ShowChannelNames();

@@ -9,6 +9,7 @@
 #include "capture/frame_layout.h"
 #include "capture/packet_dispatcher.h"
 #include "capture/record_rings.h"
+#include "capture/retry_box.h"
 #include "capture/signal_builder.h"
 #include "capture/watchdog.h"
 #include "config/printer_list.h"
@@ -101,6 +102,7 @@ class Application : private config::SetupConsumers,
 
   void RebuildBlockArrays(std::int32_t baseSamples) override;
   void ShowChannelNames() override;
+  void StationChosen() override;
   void PlotBlock(const char* mode) override;
   void CalculateValues() override;
   void ClearValues() override;
@@ -115,6 +117,7 @@ class Application : private config::SetupConsumers,
   Platform platform_;
   subroutines::SettingsFile file_;
   packetroutines::CaptureSession capture_;
+  packetroutines::RetryBox trouble_;
   packetroutines::FrameLayout layout_;
   packetroutines::SignalBuilder builder_;
   packetroutines::PacketDispatcher dispatcher_;

@@ -53,8 +53,9 @@ void TabController::TabChange() {
     return;
   }
   Run([&] { events_.Pump(); }, [&] { settings_.MainActiveTab = main_.TabStrip1.SelectedTab; },
-      [&] { events_.Pump(); }, [&] { file_.SaveActiveTab(); }, [&] { capture_.StopCapture(); },
-      [&] { ClearModes(); }, [&] { StopButtons(); }, [&] { HideViews(); }, [&] { ShowView(); });
+      [&] { events_.Pump(); }, [&] { file_.SaveActiveTab(); }, [&] { ++state_.Leaving; },
+      [&] { capture_.StopCapture(); }, [&] { ClearModes(); }, [&] { StopButtons(); },
+      [&] { HideViews(); }, [&] { ShowView(); }, [&] { --state_.Leaving; });
 }
 
 Verdict TabController::OnFailure(const Failure& failure) {
@@ -75,9 +76,10 @@ void TabController::Exit() {
         main_.TabStrip1.SelectedTab = settings_.MainActiveTab;
         return Flow::Leave;
       },
-      [&] { ++state_.TabChanges; }, [&] { capture_.StopCapture(); }, [&] { AwaitEndOfCapture(); },
-      [&] { events_.Pump(); }, [&] { exitInProgress_ = true; }, [&] { ShutdownForms(); },
-      [&] { events_.Pump(); }, [&] { main_.Window.Unload(); });
+      [&] { ++state_.Leaving; }, [&] { ++state_.TabChanges; }, [&] { capture_.StopCapture(); },
+      [&] { AwaitEndOfCapture(); }, [&] { ClearModes(); }, [&] { events_.Pump(); },
+      [&] { exitInProgress_ = true; }, [&] { ShutdownForms(); }, [&] { events_.Pump(); },
+      [&] { main_.Window.Unload(); });
 }
 
 bool TabController::RunButtonLocked() const {
@@ -133,12 +135,7 @@ void TabController::RetryClose() {
 
 void TabController::ClearModes() {
   ++state_.TabChanges;
-  state_.ReportRequested = false;
-  state_.LookingForScope = false;
-  state_.LookingForValues = false;
-  state_.LookingForPhases = false;
-  state_.LookingForRecording = false;
-  state_.LookingForID = false;
+  state_.ClearModes();
 }
 
 void TabController::StopButtons() {
@@ -155,6 +152,7 @@ void TabController::GiveLockedButtonsBack() {
   const bool locked =
       !main_.CWButton4.Enabled || !main_.CWButton2.Enabled || !main_.CWButton1.Enabled;
   if (locked) main_.Timer3.Enabled = true;
+  main_.ShowIdleTips();
 }
 
 bool TabController::HasSecondStream() const {

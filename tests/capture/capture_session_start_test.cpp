@@ -261,7 +261,7 @@ TEST(StartCaptureWithARefusedFilter, GivesTheButtonsBackInOrderBeforeTheBox) {
   EXPECT_THAT(bench.Journal,
               ElementsAre("Timer1.Enabled false", "Command2.Enabled true", "CWButton1.Value false",
                           "CWButton3.Value false", "CWButton4.Value false",
-                          "CWButton4.Enabled true", "box Attention"));
+                          "CWButton4.Enabled true", "CWButton2.Value false", "box Attention"));
   EXPECT_THAT(bench.State.OffsetsKnown, ElementsAre(false, false));
 }
 
@@ -304,7 +304,7 @@ TEST(StartCaptureWithARefusedFilter, FiresTheStopPathsOfTheButtons) {
 
   bench.Acquisition.StartCapture("LookingForValues");
 
-  EXPECT_THAT(stopped, ElementsAre("CWButton1", "CWButton3", "CWButton4"));
+  EXPECT_THAT(stopped, ElementsAre("CWButton1", "CWButton3", "CWButton4", "CWButton2"));
 }
 
 TEST(RunButtonWithARefusedFilter, CanBePressedAgain) {

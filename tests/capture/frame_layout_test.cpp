@@ -10,6 +10,7 @@ namespace {
 using support::CaptureBench;
 using support::CellsOf;
 using support::FrameBytes;
+using support::PlainFrame;
 using support::SceneEnded;
 using support::SvFrame;
 using testing::ElementsAre;
@@ -277,11 +278,40 @@ TEST(FrameLayout, ShowsAFailureAndTriesAgain) {
 
   EXPECT_THROW(bench.Layout.FindDataOffsets(cells, 100, 0), SceneEnded);
 
-  const platform::Message box{"unknown exception",
-                              "unknown error\r\nSubscript out of range\r\n"
-                              "This happens while looking for data offsets",
-                              platform::Icon::Critical, platform::Buttons::Ok};
-  EXPECT_THAT(bench.Dialogs.Shown, ElementsAre(box, box, box));
+  const platform::Message first{"unknown exception",
+                                "unknown error\r\nSubscript out of range\r\n"
+                                "This happens while looking for data offsets",
+                                platform::Icon::Critical, platform::Buttons::Ok};
+  EXPECT_THAT(bench.Dialogs.Shown,
+              ElementsAre(first, support::WithStop(first), support::WithStop(first)));
+}
+
+TEST(FrameLayout, LeavesTheScanAndEndsTheRunOnStop) {
+  CaptureBench bench;
+  const auto cells = CellsOf(Blank(30).Bytes());
+  bench.Dialogs.Answers = {platform::Answer::Ok, platform::Answer::Stop};
+
+  bench.Layout.FindDataOffsets(cells, 100, 0);
+
+  EXPECT_THAT(bench.Journal,
+              ElementsAre("box unknown exception", "box unknown exception", "tab change"));
+}
+
+TEST(FrameLayout, ScansTheFrameAtHandWhereItsBlockBeganARunWithLongerFrames) {
+  CaptureBench bench;
+  bench.Session.BaseSamples = 1;
+  bench.Block.Rebuild(1);
+  bench.Settings.FilterContent = {"MU01", "U01"};
+  bench.RunWithLength("LookingForValues", PlainFrame(0));
+  bench.Events.AtPump(1, [&] {
+    bench.State.PacketLengthPending = true;
+    bench.Receive(FrameBytes(300));
+  });
+
+  bench.Receive(PlainFrame(1));
+
+  EXPECT_THAT(bench.Dialogs.Shown, testing::IsEmpty());
+  EXPECT_TRUE(bench.State.OffsetsKnown[1]);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <ostream>
 
 #include "support/capture_bench.h"
@@ -318,6 +319,19 @@ TEST(RecordingProgress, IsNotShownByAView) {
   bench.Receive(400, Signal);
 
   EXPECT_EQ(bench.Main.Label10[3].Caption, "0 s / 0 samples");
+}
+
+TEST(CompleteBlock, CountsNoFurtherThanItsNumberGoes) {
+  CaptureBench bench;
+  bench.RunWithLength("LookingForRecording");
+  bench.State.BlockCount = std::numeric_limits<std::int32_t>::max();
+  bench.State.BlockCount2 = std::numeric_limits<std::int32_t>::max();
+
+  bench.Receive(400, Signal);
+  bench.Receive(400, [](int i) { return PlainFrame(i, "MU02"); });
+
+  EXPECT_EQ(bench.State.BlockCount, std::numeric_limits<std::int32_t>::max());
+  EXPECT_EQ(bench.State.BlockCount2, std::numeric_limits<std::int32_t>::max());
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <new>
 #include <ostream>
 
 #include "support/capture_bench.h"
@@ -132,7 +133,7 @@ TEST(PacketEventTrap, ShowsAnyOtherFailureAndTriesTheStepAgain) {
                             platform::Icon::Critical, platform::Buttons::Ok},
           platform::Message{"unknown exception",
                             "unknown error\r\nno right to writewhile 'onPacket' event",
-                            platform::Icon::Critical, platform::Buttons::Ok}));
+                            platform::Icon::Critical, platform::Buttons::OkStop}));
   EXPECT_TRUE(bench.State.CaptureRunning);
 }
 
@@ -161,6 +162,46 @@ TEST(PacketEventTrap, BringsTheBoxBackAsLongAsTheFailurePersists) {
   EXPECT_EQ(bench.Dialogs.Shown.back().Text,
             "unknown error\r\nDivision by zerowhile 'onPacket' event");
   EXPECT_FALSE(bench.Main.Timer2.Enabled);
+}
+
+TEST(PacketEventTrap, SkipsTheStepAndEndsTheRunOnStop) {
+  CaptureBench bench;
+  bench.RunWithLength("LookingForPhases");
+  EXPECT_CALL(bench.Views, UpdatePhases).Times(3).WillRepeatedly(Throw(platform::Failure(11)));
+  bench.Dialogs.Answers = {platform::Answer::Ok, platform::Answer::Ok, platform::Answer::Stop};
+
+  bench.Receive(400, Frame);
+
+  EXPECT_THAT(bench.Journal,
+              ElementsAre("pump", "stop", "pump", "clear", "pump", "box unknown exception",
+                          "box unknown exception", "box unknown exception", "tab change", "pump"));
+}
+
+TEST(PacketEventTrap, OffersNoStopForAnotherStepThatFails) {
+  CaptureBench bench;
+  bench.RunWithLength("LookingForScope");
+  bench.State.LookingForPhases = true;
+  EXPECT_CALL(bench.Views, PlotBlock).WillOnce(Throw(platform::Failure(6))).WillOnce(Return());
+  EXPECT_CALL(bench.Views, UpdatePhases).WillOnce(Throw(platform::Failure(6))).WillOnce(Return());
+
+  bench.Receive(400, Frame);
+
+  ASSERT_EQ(bench.Dialogs.Shown.size(), 2U);
+  for (const platform::Message& box : bench.Dialogs.Shown) {
+    EXPECT_EQ(box.BoxButtons, platform::Buttons::Ok);
+  }
+}
+
+TEST(PacketEventTrap, TakesAViewThatRunsOutOfMemoryAsAFailure) {
+  CaptureBench bench;
+  bench.RunWithLength("LookingForValues");
+  EXPECT_CALL(bench.Views, CalculateValues).WillOnce(Throw(std::bad_alloc())).WillOnce(Return());
+
+  bench.Receive(400, Frame);
+
+  ASSERT_EQ(bench.Dialogs.Shown.size(), 1U);
+  EXPECT_EQ(bench.Dialogs.Shown[0].Text, "unknown error\r\nOut of memorywhile 'onPacket' event");
+  EXPECT_TRUE(bench.Main.Timer2.Enabled);
 }
 
 TEST(PacketEventTrap, DoesNotSeeAFailureOfTheStop) {

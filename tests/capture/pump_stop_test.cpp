@@ -91,15 +91,28 @@ TEST_P(PumpOfTheStop, LetsATimerFire) {
 }
 
 TEST_P(PumpOfTheStop, TakesBackARestart) {
-  bench.Events.AtPump(GetParam(), [&] { bench.Acquisition.StartCapture("LookingForValues"); });
+  bench.Events.AtPump(GetParam(), [&] {
+    bench.Acquisition.StartCapture("LookingForValues");
+    ASSERT_TRUE(bench.Capture.Running);
+  });
 
   bench.Acquisition.StopCapture();
 
-  // The source delivers, and the program drops what it delivers.
-  EXPECT_TRUE(bench.Capture.Running);
+  EXPECT_FALSE(bench.Capture.Running);
   EXPECT_FALSE(bench.State.CaptureRunning);
-  bench.Receive(Frame(7));
-  EXPECT_FALSE(bench.State.OffsetsKnown[0]);
+  for (const auto& indicator : bench.Main.Shape12) EXPECT_FALSE(indicator.Visible);
+}
+
+TEST_P(PumpOfTheStop, TakesBackARestartWhoseSourceStopsWithAHarmlessFailure) {
+  bench.Events.AtPump(GetParam(), [&] {
+    bench.Acquisition.StartCapture("LookingForValues");
+    bench.Capture.StopFailure = platform::Failure(platform::failure::HarmlessStop);
+  });
+
+  bench.Acquisition.StopCapture();
+
+  EXPECT_FALSE(bench.Capture.Running);
+  EXPECT_FALSE(bench.State.CaptureRunning);
 }
 
 INSTANTIATE_TEST_SUITE_P(StopCapture, PumpOfTheStop, testing::Values(1, 2));

@@ -55,8 +55,9 @@ std::optional<double> Sample(const Case& c, int channel) {
 /// The first stream gives up at the first value that is not there.
 Row FirstStream(const Case& c) {
   Row row;
-  const auto high = ByteAt(c.Frame, c.Upper, c.CountOffset);
-  const auto low = ByteAt(c.Frame, c.Upper, c.CountOffset + 1);
+  // A counter that was never found reads as 0, as samples do.
+  const auto high = c.CountOffset == 0 ? 0 : ByteAt(c.Frame, c.Upper, c.CountOffset);
+  const auto low = c.CountOffset == 0 ? 0 : ByteAt(c.Frame, c.Upper, c.CountOffset + 1);
   if (!high || !low) return {0, {}, false};
   row.Count = static_cast<std::int32_t>(256 * *high + *low);
   for (int i = 0; i < 4; ++i) {
@@ -76,8 +77,9 @@ Row FirstStream(const Case& c) {
 /// The second stream goes on behind each value that is not there, and knows no units.
 Row SecondStream(const Case& c) {
   Row row;
-  const auto high = ByteAt(c.Frame, c.Upper, c.CountOffset);
-  const auto low = ByteAt(c.Frame, c.Upper, c.CountOffset + 1);
+  // A counter that was never found reads as 0, as samples do.
+  const auto high = c.CountOffset == 0 ? 0 : ByteAt(c.Frame, c.Upper, c.CountOffset);
+  const auto low = c.CountOffset == 0 ? 0 : ByteAt(c.Frame, c.Upper, c.CountOffset + 1);
   if (high && low && *high < 128) row.Count = static_cast<std::int32_t>(256 * *high + *low);
   for (int i = 0; i < 4; ++i) {
     const auto at = static_cast<std::size_t>(i);

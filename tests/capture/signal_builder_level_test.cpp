@@ -192,12 +192,37 @@ TEST(SignalBuilder, ShowsAnyOtherFailureAndTriesAgain) {
 
   EXPECT_TRUE(bench.Build(SvFrame().AllRaw(1000)));
 
-  const platform::Message box{"unknown...",
-                              "unknown error in 'BuildingSignals'\r\nOverflow\r\n"
-                              "this happens while building signals",
-                              platform::Icon::Critical, platform::Buttons::Ok};
-  EXPECT_THAT(bench.Dialogs.Shown, ElementsAre(box, box));
+  const platform::Message first{"unknown...",
+                                "unknown error in 'BuildingSignals'\r\nOverflow\r\n"
+                                "this happens while building signals",
+                                platform::Icon::Critical, platform::Buttons::Ok};
+  EXPECT_THAT(bench.Dialogs.Shown, ElementsAre(first, support::WithStop(first)));
   EXPECT_EQ(writes, 3);
+}
+
+TEST(SignalBuilder, SkipsTheStepAndEndsTheRunOnStop) {
+  LevelBench bench;
+  bench.State.LookingForValues = true;
+  bench.State.RealTimeMode = true;
+  bench.Main.Label5[0].Caption.OnAssign([](const std::string&) { throw platform::Failure(6); });
+  bench.Dialogs.Answers = {platform::Answer::Ok, platform::Answer::Stop};
+
+  EXPECT_TRUE(bench.Build(SvFrame().AllRaw(1000)));
+
+  EXPECT_EQ(bench.Dialogs.Shown.size(), 2U);
+  EXPECT_EQ(bench.Journal.back(), "tab change");
+}
+
+TEST(SignalBuilder, ReadsNoCounterWhereNoneWasEverFound) {
+  CaptureBench bench;
+  const auto cells = CellsOf(FrameBytes(100, 0x5A));
+  bool signalOk = true;
+
+  bench.Builder.BuildingSignals(0, cells, signalOk);
+  bench.Builder.BuildingSignals2(0, cells, signalOk);
+
+  EXPECT_EQ(bench.Block.SampleCount(0), 0);
+  EXPECT_EQ(bench.Block.SampleCount2(0), 0);
 }
 
 // The record rings.

@@ -241,7 +241,7 @@ TEST_F(PhasorView, ReportsACurrentAboveTheLadderAgainAndAgain) {
   EXPECT_EQ(scene.LastBox(),
             (platform::Message{"unknown exception",
                                "unknown error\r\nDivision by zerowhile 'onPacket' event",
-                               platform::Icon::Critical}));
+                               platform::Icon::Critical, platform::Buttons::OkStop}));
   EXPECT_TRUE(Printed("FS current=0 (0)A"));
 }
 

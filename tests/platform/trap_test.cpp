@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <new>
 #include <stdexcept>
 
 #include "support/fake_platform.h"
@@ -106,6 +107,39 @@ TEST_F(Trap, WhatIsNoFailurePassesTheTrap) {
   };
 
   EXPECT_THROW(routine(), std::runtime_error);
+}
+
+TEST_F(Trap, TellsHowOftenInARowAStepHasFailed) {
+  std::vector<int> attempts;
+  int failures = 3;
+  RunSteps(
+      program,
+      [&](const Failure&, int attempt) {
+        attempts.push_back(attempt);
+        return failures > 0 ? Verdict::RetryStep : Verdict::SkipStep;
+      },
+      [&] {
+        if (failures-- > 0) throw Failure(platform::failure::Overflow);
+      },
+      [&] { throw Failure(platform::failure::Overflow); });
+
+  EXPECT_THAT(attempts, ElementsAre(1, 2, 3, 1));
+}
+
+TEST_F(Trap, TakesMissingMemoryAsAFailureOfItsOwnNumber) {
+  Failure taken(0);
+  const Flow flow = RunSteps(
+      program,
+      [&](const Failure& failure) {
+        taken = failure;
+        return Verdict::SkipStep;
+      },
+      [] { throw std::bad_alloc(); }, [&] { journal.emplace_back("second"); });
+
+  EXPECT_EQ(flow, Flow::Next);
+  EXPECT_EQ(taken.Number(), platform::failure::OutOfMemory);
+  EXPECT_EQ(taken.Text(), "Out of memory");
+  EXPECT_THAT(journal, ElementsAre("second"));
 }
 
 TEST_F(Trap, AnInnerTrapKeepsItsFailuresFromTheOuterOne) {

@@ -1,3 +1,5 @@
+#include <tuple>
+
 #include "shell/tab_scene.h"
 
 namespace {
@@ -34,13 +36,18 @@ class TabRestart : public shell_tests::TabScene {
     scene.Elapse(100ms);
     ASSERT_TRUE(left);
   }
-  void ExpectNoRun() {
+  void ExpectNothingRuns() {
     EXPECT_FALSE(scene.Capture.Running);
     EXPECT_FALSE(scene.State.CaptureRunning);
     EXPECT_FALSE(scene.State.LookingForValues || scene.State.LookingForPhases ||
-                 scene.State.LookingForScope);
+                 scene.State.LookingForScope || scene.State.LookingForRecording ||
+                 scene.State.LookingForID || scene.State.ReportRequested);
     for (const auto& indicator : main.Shape12) EXPECT_FALSE(indicator.Visible);
+  }
+  void ExpectNoRun() {
+    ExpectNothingRuns();
     scene.Elapse(60s);
+    ExpectNothingRuns();
     EXPECT_TRUE(scene.Dialogs.TimedShown.empty());
   }
 };
@@ -87,6 +94,90 @@ TEST_F(TabRestart, StartsNothingBehindTheEndOfTheProgram) {
 
   EXPECT_FALSE(main.Window.Loaded);
   EXPECT_FALSE(scene.Capture.Running);
+}
+
+/// A live view whose pause between two blocks runs out while it is being left: in each pump of the
+/// way out.
+class PauseThatEndsOnTheWayOut : public TabRestart,
+                                 public testing::WithParamInterface<std::tuple<int, int>> {
+ protected:
+  void RunTheView() {
+    platform::CWButton* const buttons[] = {&main.CWButton4, &main.CWButton2, &main.CWButton1};
+    const int view = std::get<0>(GetParam());
+    RunABlock(static_cast<std::int16_t>(view), *buttons[view - 2]);
+  }
+  void LetThePauseEndInThePump() {
+    scene.Events.AtPump(std::get<1>(GetParam()), [this] {
+      ended_ = true;
+      scene.Elapse(100ms);
+    });
+  }
+  bool ended_ = false;
+};
+
+TEST_P(PauseThatEndsOnTheWayOut, StartsNothingBehindAChangeOfTab) {
+  RunTheView();
+  LetThePauseEndInThePump();
+
+  scene.Select(7);
+
+  ASSERT_TRUE(ended_);
+  ExpectNoRun();
+}
+
+TEST_P(PauseThatEndsOnTheWayOut, StartsNothingBehindTheExit) {
+  RunTheView();
+  scene.Elapse(1000ms);
+  scene.Receive(400, Signal);
+  LetThePauseEndInThePump();
+
+  scene.Select(8);
+
+  ExpectNothingRuns();
+}
+
+TEST_P(PauseThatEndsOnTheWayOut, StartsNothingBehindTheEndOfTheSession) {
+  RunTheView();
+  LetThePauseEndInThePump();
+
+  EXPECT_THROW(scene.App.EndSession(), support::SceneEnded);
+
+  ExpectNothingRuns();
+}
+
+INSTANTIATE_TEST_SUITE_P(Views, PauseThatEndsOnTheWayOut,
+                         testing::Combine(testing::Values(2, 3, 4), testing::Values(1, 2, 3, 4)));
+
+TEST_F(TabRestart, StartsNothingForAPressThatAChangeOfTabOvertakes) {
+  scene.Select(3);
+  scene.Events.AtPump(1, [&] { scene.Select(7); });
+
+  main.CWButton2.Value = true;
+
+  ExpectNoRun();
+}
+
+TEST_F(TabRestart, StartsNothingForAPressInsideAChangeOfTab) {
+  scene.Select(4);
+  scene.Events.AtPump(4, [&] { main.CWButton1.Value = true; });
+
+  scene.Select(7);
+
+  ExpectNoRun();
+  scene.Select(4);
+  scene.Elapse(1000ms);
+  EXPECT_FALSE(main.CWButton1.Value);
+  EXPECT_TRUE(main.CWButton1.Enabled);
+}
+
+TEST_F(TabRestart, LetsARunStartBehindAChangeOfTab) {
+  RunABlock(3, main.CWButton2);
+  scene.Select(2);
+  scene.Elapse(1000ms);
+
+  Run(main.CWButton4);
+
+  EXPECT_TRUE(scene.State.LookingForValues);
 }
 
 }  // namespace

@@ -35,6 +35,21 @@ class MockReport : public packetroutines::ReportConsumer {
   MOCK_METHOD(void, UnloadIDlook, (), (override));
 };
 
+/// The tab controller's part in the core: a call is written into the journal.
+class BenchTabs : public packetroutines::TabConsumer {
+ public:
+  explicit BenchTabs(Journal& journal) : journal_(journal) {}
+  void TabChange() override {
+    journal_.emplace_back("tab change");
+    if (AtTabChange) AtTabChange();
+  }
+
+  std::function<void()> AtTabChange;
+
+ private:
+  Journal& journal_;
+};
+
 /// The acquisition core alone on a bench: a bus on one side, and in the place of the views, the
 /// recorder and the report mocks that write their calls into the journal. The timers run and do
 /// nothing. The contents "MU01" and "MU02" mark the two streams, and a block has 400 rows.
@@ -53,9 +68,11 @@ class CaptureBench : public FakePlatform {
   testing::NiceMock<MockReport> Report;
   packetroutines::CaptureSession Acquisition{Capture, Main,    Settings, State,
                                              Events,  Dialogs, Runtime};
-  packetroutines::FrameLayout Layout{State, Dialogs, Runtime};
+  BenchTabs Tabs{Journal};
+  packetroutines::RetryBox Trouble{Dialogs, Tabs};
+  packetroutines::FrameLayout Layout{State, Trouble, Runtime};
   packetroutines::SignalBuilder Builder{State, Block,   Rings,   Session,
-                                        Main,  Numbers, Dialogs, Runtime};
+                                        Main,  Numbers, Trouble, Runtime};
   packetroutines::PacketDispatcher Dispatcher{State,
                                               Settings,
                                               Session,
@@ -64,7 +81,7 @@ class CaptureBench : public FakePlatform {
                                               Layout,
                                               Builder,
                                               {Views, Recorder, Report},
-                                              {Numbers, Code, Events, Dialogs, Runtime}};
+                                              {Numbers, Code, Events, Dialogs, Trouble, Runtime}};
 
   /// The start path of a view: the next frame sets the frame length, the adapter is set up and
   /// capture starts in `mode`.
@@ -89,5 +106,11 @@ FrameBytes PlainFrame(int count, const std::string& id = "MU01", std::int32_t ra
 /// cell 1 on.
 packetroutines::PacketBytes CellsOf(const FrameBytes& frame, std::int16_t upper);
 packetroutines::PacketBytes CellsOf(const FrameBytes& frame);
+
+/// The box as it stands where its step fails again.
+inline platform::Message WithStop(platform::Message box) {
+  box.BoxButtons = platform::Buttons::OkStop;
+  return box;
+}
 
 }  // namespace support
