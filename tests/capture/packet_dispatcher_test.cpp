@@ -276,6 +276,29 @@ TEST_F(FrameIntake, ComparesACharacterThatTheCodePageMovesUp) {
                                      "5")));
 }
 
+TEST_F(FrameIntake, FindsATextWithACharacterOutsideTheCodePageInNoFrame) {
+  // A capital omega, which becomes a question mark elsewhere.
+  bench.Settings.FilterContent[0] = "MU\xCE\xA9";
+
+  EXPECT_FALSE(TakenAsFirst(TextFrame(100, 20, "MU?")));
+  EXPECT_FALSE(TakenAsFirst(TextFrame(100, 20, "MU\xCE\xA9")));
+}
+
+TEST_F(FrameIntake, FindsAQuestionMarkThatTheTextItselfHolds) {
+  bench.Settings.FilterContent[0] = "MU?";
+
+  EXPECT_TRUE(TakenAsFirst(TextFrame(100, 20, "MU?")));
+}
+
+TEST_F(FrameIntake, GoesBackFromATextThatNoFrameHolds) {
+  bench.Settings.FilterContent[0] = "\xCE\xA9";
+  EXPECT_FALSE(TakenAsFirst(TextFrame(100, 20, "MU01?")));
+
+  bench.Settings.FilterContent[0] = "MU01";
+
+  EXPECT_TRUE(TakenAsFirst(TextFrame(100, 20, "MU01?")));
+}
+
 TEST_F(FrameIntake, FindsATextBehindAndBetweenNulBytes) {
   using namespace std::string_literals;
   EXPECT_TRUE(TakenAsFirst(TextFrame(100, 50, "\0\0MU01\0\0"s)));
