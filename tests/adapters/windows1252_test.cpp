@@ -44,6 +44,19 @@ TEST_F(Windows1252, PutsAQuestionMarkForBytesThatAreNoText) {
   EXPECT_EQ(page_.FromUtf8("\xC3\xC3\xA9"), "?\xE9");
 }
 
+TEST_F(Windows1252, TellsCharactersOfEachLengthByTheirFirstByte) {
+  // The first and the last byte that begins a character of two, three and four bytes, and the bytes
+  // beside them, which begin none.
+  EXPECT_EQ(page_.FromUtf8("\xC1\x81."), "??.");
+  EXPECT_EQ(page_.FromUtf8("\xC2\xA9."), "\xA9.");
+  EXPECT_EQ(page_.FromUtf8("\xDF\xBF."), "?.");
+  EXPECT_EQ(page_.FromUtf8("\xE0\xA4\x85."), "?.");
+  EXPECT_EQ(page_.FromUtf8("\xEF\xBC\x9F."), "?.");
+  EXPECT_EQ(page_.FromUtf8("\xF0\x9F\x98\x80."), "?.");
+  EXPECT_EQ(page_.FromUtf8("\xF4\x8F\xBF\xBF."), "?.");
+  EXPECT_EQ(page_.FromUtf8("\xF5\x80\x80\x80."), "????.");
+}
+
 TEST_F(Windows1252, KeepsZeroBytes) {
   EXPECT_EQ(page_.FromUtf8(std::string("a\0b", 3)), std::string("a\0b", 3));
   EXPECT_EQ(page_.ToUtf8(std::string("a\0b", 3)), std::string("a\0b", 3));

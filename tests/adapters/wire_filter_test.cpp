@@ -65,6 +65,8 @@ TEST(WireFilter, SelectsByTheNumberOfTheVlan) {
   EXPECT_TRUE(Selects(" and vlan 0x5", Vlan5));
   EXPECT_TRUE(Selects(" and vlan (5)", Vlan5));
   EXPECT_TRUE(Selects(" and vlan 0", PriorityOnly));
+  EXPECT_TRUE(Selects(" and vlan 010", Marked(1, 8)));
+  EXPECT_FALSE(Selects(" and vlan 010", Marked(1, 10)));
   EXPECT_FALSE(Selects(" and vlan 5", LongTagged));
   EXPECT_FALSE(Selects(" and vlan 5", Plain));
   EXPECT_TRUE(Selects(" and not vlan 5", LongTagged));
@@ -109,9 +111,48 @@ TEST(WireFilter, LooksAtFramesThatAreTooShortForATag) {
   EXPECT_FALSE(Selects("", cutInTag));
 }
 
+/// The number of the term, or -1 where it has none.
+int IdOf(const std::string& expression) {
+  const auto term = adapters::FindVlanTerm(expression);
+  return term && term->Id ? static_cast<int>(*term->Id) : -1;
+}
+
+TEST(VlanTerm, HasItsNumberInTheWaysOfTheFilterLanguage) {
+  EXPECT_EQ(IdOf("vlan 12"), 12);
+  EXPECT_EQ(IdOf("vlan 0x12"), 18);
+  EXPECT_EQ(IdOf("vlan 0X1a"), 26);
+  EXPECT_EQ(IdOf("vlan 012"), 10);
+  EXPECT_EQ(IdOf("vlan 0"), 0);
+  EXPECT_EQ(IdOf("vlan 00"), 0);
+  EXPECT_EQ(IdOf("vlan 08"), -1);
+  EXPECT_EQ(IdOf("vlan 12x"), -1);
+  EXPECT_EQ(IdOf("vlan"), -1);
+}
+
+TEST(VlanTerm, EndsBehindItsNumberWhateverSpacesStandAroundIt) {
+  for (const std::string text : {"vlan 5", "vlan  5", "vlan\t5", "vlan\n5", "vlan(5)", "vlan (5)",
+                                 "vlan( 5 )", "vlan ( ( 5 ) )", "vlan((5 ) )"}) {
+    const auto term = adapters::FindVlanTerm("ip and " + text + " and udp");
+    ASSERT_TRUE(term) << text;
+    EXPECT_EQ(term->Id, 5U) << text;
+    EXPECT_EQ(term->WherePassed, "ip and  greater 0  and udp") << text;
+    EXPECT_EQ(term->WhereFailed, "ip and  less 0  and udp") << text;
+  }
+}
+
+TEST(VlanTerm, WithoutANumberEndsBehindTheKeyword) {
+  for (const std::string tail : {"", " ", " and 5", ")", " (", " ( 5", " (5 and", "&&5"}) {
+    const auto term = adapters::FindVlanTerm("(ip and vlan" + tail);
+    ASSERT_TRUE(term) << tail;
+    EXPECT_FALSE(term->Id) << tail;
+    EXPECT_EQ(term->WherePassed, "(ip and  greater 0 " + tail);
+  }
+}
+
 TEST(VlanTerm, IsTheKeywordAlone) {
   EXPECT_TRUE(adapters::FindVlanTerm("ip and(vlan)"));
   EXPECT_FALSE(adapters::FindVlanTerm("host vlan-box"));
+  EXPECT_FALSE(adapters::FindVlanTerm("host vlan.5"));
   EXPECT_FALSE(adapters::FindVlanTerm("host my.vlan"));
   EXPECT_FALSE(adapters::FindVlanTerm("host \\vlan"));
   EXPECT_FALSE(adapters::FindVlanTerm(""));

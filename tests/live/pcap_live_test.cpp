@@ -94,15 +94,16 @@ TEST_F(NetworkInterfaceScene, SelectsByTheVlanOfTheUsersFilter) {
 
 TEST_F(NetworkInterfaceScene, SelectsWhatTheFilterOfFilesSelects) {
   live::Sender sender;
-  std::vector<std::vector<std::uint8_t>> sent{Numbered(1), Numbered(2, 132, 5), Numbered(3, 300, 6),
-                                              Numbered(4, 132, 0)};
-  sent.push_back(Numbered(5, 136, 5));
+  std::vector<std::vector<std::uint8_t>> sent{Numbered(1),         Numbered(2, 132, 5),
+                                              Numbered(3, 300, 6), Numbered(4, 132, 0),
+                                              Numbered(5, 132, 8), Numbered(6, 136, 5)};
   const std::vector<std::uint8_t> innerTag{0x81, 0x00, 0x00, 0x06};
   sent.back().insert(sent.back().begin() + 16, innerTag.begin(), innerTag.end());
   for (const std::string text :
        {"", " and vlan", " and vlan 5", " and not vlan 5", " and (vlan 5 or vlan 6)",
-        " and not vlan", " and vlan 0", " and ether[14:2]=0x4000", " and less 200", " and less 128",
-        " and greater 129", " and vlan and ether[18]=2", " or (vlan 5 and ether[12:2]=0x8100)",
+        " and not vlan", " and vlan 0", " and vlan 010", " and vlan( 5 )",
+        " and ether[14:2]=0x4000", " and less 200", " and less 128", " and greater 129",
+        " and vlan and ether[18]=2", " or (vlan 5 and ether[12:2]=0x8100)",
         " or (vlan and vlan 6)"}) {
     adapters::WireFilter filter(Settings(text).Filter);
     std::vector<std::vector<std::uint8_t>> selected;
