@@ -30,7 +30,7 @@ nanoseconds FilePace::GapAtSeam(nanoseconds stamp) {
   const nanoseconds mean = gaps_ == 0 ? nanoseconds(0) : told_ / gaps_;
   *this = {};
   last_ = stamp;
-  return mean == nanoseconds(0) ? UsualGap : mean;
+  return std::max(mean, UsualGap);
 }
 
 }  // namespace adapters

@@ -12,7 +12,8 @@ class FilePace {
  public:
   /// The gap in front of the next frame of a pass; none in front of the first frame of all.
   std::chrono::nanoseconds GapBefore(std::chrono::nanoseconds stamp);
-  /// The gap in front of the first frame of the next pass: the mean of the pass that is over.
+  /// The gap in front of the first frame of the next pass: the mean of the pass that is over, but
+  /// not below the usual gap, so that a short file is not begun anew without end.
   std::chrono::nanoseconds GapAtSeam(std::chrono::nanoseconds stamp);
 
  private:

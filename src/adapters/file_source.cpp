@@ -44,9 +44,11 @@ void FileSource::Start() {
 std::optional<platform::CapturedFrame> FileSource::Next() {
   if (!running_) return std::nullopt;
   const nanoseconds now = clock_.Now();
+  // Begun anew a second time, the file has been searched as a whole, and beginning it is dear.
+  const std::uint64_t lastPass = passes_ + 1;
   for (int passedOver = 0; passedOver < MostPassedOver; ++passedOver) {
     if (!waiting_) Fetch();
-    if (!waiting_ || due_ > now) return std::nullopt;
+    if (!waiting_ || due_ > now || passes_ > lastPass) return std::nullopt;
     const platform::CapturedFrame frame = waiting_->Frame;
     waiting_.reset();
     if (filter_->Selects(frame.Bytes, frame.Length)) return frame;
@@ -63,7 +65,9 @@ void FileSource::Fetch() {
   }
   NoteDamage();
   waiting_ = FetchFromBeginning();
-  if (waiting_) due_ += pace_.GapAtSeam(waiting_->Time);
+  if (!waiting_) return;
+  due_ += pace_.GapAtSeam(waiting_->Time);
+  ++passes_;
 }
 
 std::optional<RecordedFrame> FileSource::FetchFromBeginning() {

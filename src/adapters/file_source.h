@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -51,6 +52,8 @@ class FileSource : public FrameSource {
   /// When the waiting frame is due; before it is fetched, when the frame before it was due.
   std::chrono::nanoseconds due_{};
   FilePace pace_;
+  /// How often the file has begun anew.
+  std::uint64_t passes_ = 0;
 
   std::string damage_;
   bool damageReported_ = false;

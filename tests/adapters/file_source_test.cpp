@@ -152,6 +152,12 @@ TEST_F(FileSource, PlaysTimeStampsThatStandAtTheUsualPaceOfABus) {
   }
 }
 
+TEST_F(FileSource, BeginsAnewNoFasterThanABusSendsWhereItsTimeStampsNearlyStand) {
+  PcapngFile().Add(0, Marked(1)).Add(1, Marked(2)).Save(file_);
+  Play();
+  EXPECT_EQ(DueAfter(1ms), Marks({1, 2, 1, 2, 1, 2, 1, 2}));
+}
+
 TEST_F(FileSource, SurvivesTimeStampsThatNoClockShows) {
   PcapngFile()
       .Add(0, Marked(1))
@@ -213,6 +219,16 @@ TEST_F(FileSource, ComesBackFromAFileOfNothingButOtherFrames) {
   PcapFile().Add(0, 0, Marked(1)).Add(0, 0, Marked(2)).Save(file_);
   Play("ether proto 0x0800");
   EXPECT_EQ(DueAfter(1h), Marks());
+}
+
+TEST_F(FileSource, SearchesAFileOnceACallAndStaysAtItsBeginning) {
+  PcapFile().Add(0, 0, Marked(1)).Add(0, 1, Marked(2)).Add(0, 2, Marked(3)).Save(file_);
+  Play("ether proto 0x0800");
+  clock_.Time += 1h;
+  EXPECT_FALSE(source_.Next());
+  source_.Stop();
+  Play();
+  EXPECT_EQ(Due(1), Marks({1}));
 }
 
 TEST_F(FileSource, RefusesAFilterAtTheStart) {
