@@ -82,7 +82,9 @@ void SimulatedBus::Start() {
   // The first sample that is not past yet, so that a start finds the bus in the middle of its
   // second.
   sample_ = (clock_.Now() + SampleTime - nanoseconds(1)) / SampleTime;
-  stream_ = 0;
+  // Who takes one frame a start would otherwise meet the same stream each time.
+  leading_ = (leading_ + 1) % StreamCount;
+  stream_ = leading_;
   running_ = true;
 }
 
@@ -91,7 +93,7 @@ SimulatedBus::Stream& SimulatedBus::WriteNext() {
   const auto place = static_cast<std::size_t>(sample_) % SamplesPerPeriod;
   stream.Writer.Write(static_cast<std::uint16_t>(sample_ % SamplesPerSecond), stream.Period[place]);
   stream_ = (stream_ + 1) % StreamCount;
-  if (stream_ == 0) ++sample_;
+  if (stream_ == leading_) ++sample_;
   return stream;
 }
 

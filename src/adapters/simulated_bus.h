@@ -46,6 +46,8 @@ class SimulatedBus : public FrameSource {
   /// Samples since the clock's origin, so that the sample count runs on while nobody listens.
   std::int64_t sample_ = 0;
   std::size_t stream_ = 0;
+  /// The stream that comes first in each sample since the last start.
+  std::size_t leading_ = StreamCount - 1;
 };
 
 }  // namespace adapters

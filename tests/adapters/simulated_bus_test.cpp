@@ -167,6 +167,18 @@ TEST_F(SimulatedBus, DropsTheFramesOfTheStoppedTimeAndGoesOnWithTime) {
   EXPECT_EQ(Decode(frames[0]).Number("60.A2.30.82"), 41U);
 }
 
+TEST_F(SimulatedBus, BeginsWithTheOtherStreamAtEachStart) {
+  for (const std::string first : {"VORNIK-SIM-1", "VORNIK-SIM-2", "VORNIK-SIM-1"}) {
+    Listen();
+    const auto frames = Due();
+    ASSERT_EQ(frames.size(), 2U);
+    EXPECT_EQ(Decode(frames[0]).Text("60.A2.30.80"), first);
+    EXPECT_NE(Decode(frames[1]).Text("60.A2.30.80"), first);
+    EXPECT_EQ(Decode(frames[0]).Number("60.A2.30.82"), Decode(frames[1]).Number("60.A2.30.82"));
+    bus_.Stop();
+  }
+}
+
 TEST_F(SimulatedBus, WritesTheHeadsOfAMergingUnit) {
   Listen();
   const auto frames = Due();
