@@ -26,8 +26,8 @@ void Demand(bool valid) {
 }  // namespace
 
 SourceAdapter::SourceAdapter(std::string description, bool isGood,
-                             std::unique_ptr<FrameSource> source)
-    : description_(std::move(description)), isGood_(isGood), source_(std::move(source)) {}
+                             std::unique_ptr<FrameSource> source, const platform::Clock& clock)
+    : description_(std::move(description)), isGood_(isGood), source_(std::move(source), clock) {}
 
 void SourceAdapter::Set(std::string_view property, const Value& value) {
   if (property == named::BufferSize) {
@@ -35,7 +35,7 @@ void SourceAdapter::Set(std::string_view property, const Value& value) {
     Demand(bytes > 0);
     settings_.BufferBytes = bytes;
   } else if (property == named::BytesToGather) {
-    // Every source hands over single frames at once; gathering them is not offered.
+    // Every source hands over single frames at once; gathering bytes of them is not offered.
     Demand(As<std::int32_t>(value) == 0);
   } else if (property == named::HardwareFilter) {
     settings_.Promiscuous = As<std::int32_t>(value) == platform::PromiscuousReception;
@@ -43,7 +43,7 @@ void SourceAdapter::Set(std::string_view property, const Value& value) {
     Demand(As<std::int32_t>(value) == platform::CaptureMode);
   } else if (property == named::Filter) {
     settings_.Filter = As<std::string>(value);
-    source_->Prepare(settings_);
+    source_.Prepare(settings_);
   } else {
     Demand(false);
   }

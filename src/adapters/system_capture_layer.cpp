@@ -69,8 +69,8 @@ SystemCaptureLayer::~SystemCaptureLayer() {
 std::unique_ptr<platform::CaptureObject> SystemCaptureLayer::NewCaptureObject() {
   Entries entries;
   advice_ = {};
-  entries.push_back(std::make_unique<SourceAdapter>("Simulated process bus (built in)", true,
-                                                    std::make_unique<SimulatedBus>(clock_)));
+  entries.push_back(std::make_unique<SourceAdapter>(
+      "Simulated process bus (built in)", true, std::make_unique<SimulatedBus>(clock_), clock_));
   AddInterfaces(entries);
   AddFiles(entries);
   // What cannot capture comes last, so that the places of the others are the same with and without
@@ -90,7 +90,7 @@ void SystemCaptureLayer::AddInterfaces(Entries& entries) {
     advice_.AddInterface(found);
     entries.push_back(std::make_unique<SourceAdapter>(
         found.Title + WhyNot(found.State), found.State == Reach::Ready,
-        std::make_unique<PcapSource>(found.Name, paths_.Program.string())));
+        std::make_unique<PcapSource>(found.Name, paths_.Program.string()), clock_));
   }
 }
 
@@ -102,7 +102,7 @@ void SystemCaptureLayer::AddFiles(Entries& entries) {
     const std::string title = file.filename().string() + " (capture file)";
     entries.push_back(
         std::make_unique<SourceAdapter>(playable ? title : title + ", cannot be played", playable,
-                                        std::make_unique<FileSource>(file, clock_)));
+                                        std::make_unique<FileSource>(file, clock_), clock_));
   }
 }
 

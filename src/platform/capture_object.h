@@ -63,8 +63,11 @@ class CaptureObject {
   virtual CaptureAdapter& Adapters(std::int32_t index) = 0;
   virtual void SetAdapter(CaptureAdapter& adapter) = 0;
   virtual CaptureAdapter& Adapter() = 0;
-  /// Begins delivery. Fails only for a refused filter, with `failure::FilterRefused`. An adapter
-  /// that could not be readied has told so before; its start is legal and delivers nothing.
+  /// Begins delivery. The first start after the adapter was readied delivers the longest of the
+  /// frames that it finds on the bus before the others, because the first frame tells the program
+  /// what length to expect; a later start delivers what comes as it comes. Fails only for a refused
+  /// filter, with `failure::FilterRefused`. An adapter that could not be readied has told so
+  /// before; its start is legal and delivers nothing.
   virtual void Start() = 0;
   /// Ends delivery; frames that arrive until the next start are lost. Legal when idle.
   virtual void Stop() = 0;

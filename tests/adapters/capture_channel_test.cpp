@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "adapters/hand_clock.h"
 #include "platform/failure.h"
 #include "support/failures.h"
 
@@ -59,13 +60,14 @@ class CaptureChannel : public ::testing::Test {
       auto owned = std::make_unique<ScriptedSource>();
       source = owned.get();
       adapters.push_back(
-          std::make_unique<adapters::SourceAdapter>("a source", true, std::move(owned)));
+          std::make_unique<adapters::SourceAdapter>("a source", true, std::move(owned), clock_));
     }
     link_->RunningChanged = [this](bool running) { changes_.push_back(running); };
     channel_ = std::make_unique<adapters::CaptureChannel>(std::move(adapters), link_);
     channel_->SetAdapter(channel_->Adapters(1));
   }
 
+  adapter_tests::HandClock clock_;
   std::array<ScriptedSource*, 2> sources_{};
   std::vector<bool> changes_;
   std::shared_ptr<adapters::ChannelLink> link_ = std::make_shared<adapters::ChannelLink>();
@@ -196,7 +198,7 @@ TEST_F(CaptureChannel, DeliversNothingWithoutAnAdapter) {
   auto source = std::make_unique<ScriptedSource>();
   source->Count = 1;
   adapters.push_back(
-      std::make_unique<adapters::SourceAdapter>("a source", true, std::move(source)));
+      std::make_unique<adapters::SourceAdapter>("a source", true, std::move(source), clock_));
   adapters::CaptureChannel unset(std::move(adapters), std::make_shared<adapters::ChannelLink>());
   EXPECT_EQ(FailureOf([&] { unset.Start(); }), 0);
   EXPECT_FALSE(unset.DeliverOne());

@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -38,6 +40,28 @@ class SystemCaptureLayer : public ::testing::Test {
     object_->SetAdapter(adapter);
     adapter.Set("BPFilter", std::string("ether proto 0x88ba"));
     object_->Start();
+  }
+  /// Lets the time pass in which the first frames after a setup are gathered.
+  void PassGathering() { clock_.Time += 20ms; }
+  /// The sizes of the frames that are handed over now, at most so many.
+  std::vector<std::size_t> Sizes(std::size_t most = 1000) {
+    std::vector<std::size_t> sizes;
+    object_->OnPacket = [&](const platform::CapturedFrame& frame) {
+      sizes.push_back(frame.Length);
+    };
+    while (sizes.size() < most && layer_.DeliverOne()) {
+    }
+    return sizes;
+  }
+  /// The streams of the simulated bus whose frames are handed over now, at most so many.
+  std::vector<int> Units(std::size_t most = 1000) {
+    std::vector<int> units;
+    object_->OnPacket = [&](const platform::CapturedFrame& frame) {
+      units.push_back(frame.Bytes[11]);
+    };
+    while (units.size() < most && layer_.DeliverOne()) {
+    }
+    return units;
   }
 
   using Texts = std::vector<std::string>;
@@ -116,11 +140,9 @@ TEST_F(SystemCaptureLayer, KeepsTheWaitingFramesOfAStartThatCameBeforeTheClearin
   Start(1);
   object_->Stop();
   object_->Start();
-  clock_.Time += 1ms;
+  PassGathering();
   layer_.NewPacketCollection()->Clear();
-  int frames = 0;
-  while (layer_.DeliverOne()) ++frames;
-  EXPECT_EQ(frames, 2 * 5);
+  EXPECT_EQ(Units().size(), 2U * 81U);
 }
 
 TEST_F(SystemCaptureLayer, PlaysACaptureFileOfItsFolder) {
@@ -130,8 +152,75 @@ TEST_F(SystemCaptureLayer, PlaysACaptureFileOfItsFolder) {
   int mark = 0;
   object_->OnPacket = [&](const platform::CapturedFrame& frame) { mark = frame.Bytes.back(); };
   Start(2);
+  PassGathering();
   EXPECT_TRUE(layer_.DeliverOne());
   EXPECT_EQ(mark, 7);
+}
+
+TEST_F(SystemCaptureLayer, GathersTheFirstFramesOfTheSimulatedBus) {
+  object_ = layer_.NewCaptureObject();
+  Start(1);
+  clock_.Time += 20ms - 1ns;
+  EXPECT_EQ(Units().size(), 0U);
+  clock_.Time += 1ns;
+  EXPECT_EQ(Units().size(), 2U * 81U);
+  object_->Stop();
+  object_->Start();
+  EXPECT_EQ(Units().size(), 2U) << "a restart gathers nothing";
+}
+
+TEST_F(SystemCaptureLayer, MeetsEitherStreamOfTheSimulatedBusWithOneFrameAStart) {
+  object_ = layer_.NewCaptureObject();
+  Start(1);
+  PassGathering();
+  EXPECT_EQ(Units(1), std::vector({1}));
+  std::vector<int> met;
+  for (int restart = 0; restart < 4; ++restart) {
+    object_->Stop();
+    clock_.Time += 500ms;
+    object_->Start();
+    met.push_back(Units(1).at(0));
+  }
+  EXPECT_EQ(met, std::vector({2, 1, 2, 1}));
+}
+
+TEST_F(SystemCaptureLayer, HandsOverTheLongestFrameOfAFileFirstAtEachRun) {
+  std::filesystem::create_directories(folder_.Path / "captures");
+  PcapFile file;
+  for (std::uint32_t i = 0; i < 401; ++i)
+    file.Add(0, 250 * i, Marked(1, -1, i % 2 == 0 ? 130 : 134));
+  file.Save(folder_.Path / "captures" / "bus.pcap");
+  object_ = layer_.NewCaptureObject();
+  for (int run = 0; run < 4; ++run) {
+    Start(2);
+    PassGathering();
+    const auto sizes = Sizes();
+    ASSERT_EQ(sizes.size(), 81U) << run;
+    EXPECT_EQ(sizes[0], 134U) << run;
+    const auto shorter = std::count(sizes.begin(), sizes.end(), 130U);
+    EXPECT_TRUE(shorter == 40 || shorter == 41) << run << ": " << shorter;
+    object_->Stop();
+  }
+}
+
+TEST_F(SystemCaptureLayer, MeetsEitherStreamOfAFileWithOneFrameAStart) {
+  std::filesystem::create_directories(folder_.Path / "captures");
+  PcapFile()
+      .Add(0, 0, Marked(1, -1, 130))
+      .Add(0, 250, Marked(2, 5, 134))
+      .Save(folder_.Path / "captures" / "bus.pcap");
+  object_ = layer_.NewCaptureObject();
+  Start(2);
+  PassGathering();
+  EXPECT_EQ(Sizes(1), std::vector<std::size_t>({134}));
+  std::set<std::size_t> met;
+  for (int restart = 0; restart < 2; ++restart) {
+    object_->Stop();
+    clock_.Time += 500ms;
+    object_->Start();
+    met.insert(Sizes(1).at(0));
+  }
+  EXPECT_EQ(met, (std::set<std::size_t>{130, 134}));
 }
 
 TEST_F(SystemCaptureLayer, TellsOfAnInterfaceThatIsGone) {
@@ -155,6 +244,7 @@ TEST_F(SystemCaptureLayer, StartsAnInterfaceThatIsGoneAndHasNoFrames) {
     object_->Stop();
   }
   Start(1);
+  PassGathering();
   EXPECT_TRUE(layer_.DeliverOne());
 }
 

@@ -53,6 +53,7 @@ class ProgramOnTheWire : public WindowScene {
     ASSERT_EQ(list.currentIndex(), entry);
   }
 
+  /// Presses the run button, which stops a run that is under way.
   void Run() {
     ASSERT_TRUE(WaitFor([this] { return Find<RunButton>("CWButton4").isEnabled(); }));
     Click("CWButton4");
@@ -112,6 +113,23 @@ TEST_F(ProgramOnTheWire, ShowsTheKnownRmsAndDcOfBothStreams) {
   for (int channel = 0; channel < 8; ++channel) {
     ExpectClose(Number(channel), second[channel], "RMS " + std::to_string(channel));
     ExpectClose(Dc(channel), secondDc[channel], "DC " + std::to_string(channel));
+  }
+}
+
+TEST_F(ProgramOnTheWire, ShowsEitherOfTwoStreamsOfDifferentLengthAtEachRun) {
+  // The shorter frame comes first, and the first stream's is the longer one.
+  const Publisher publisher(
+      "--duration 40 --stream id=MU-B,currents=150:151:152:1 "
+      "--stream id=MU-A,tag=4:0,currents=400:410:420:2");
+  for (const auto& [choice, current] : {std::pair{0, 400.0}, std::pair{1, 150.0}}) {
+    Click(Member("Option3", choice));
+    for (int run = 0; run < 3; ++run) {
+      Run();
+      EXPECT_EQ(Number(0), 0) << "the readings of the last run are gone";
+      ASSERT_TRUE(WaitForNumber(0, current)) << "choice " << choice << ", run " << run;
+      Run();
+      EXPECT_FALSE(Program().State.CaptureRunning);
+    }
   }
 }
 
