@@ -155,6 +155,34 @@ TEST_F(Recording, HandsTheWholeRingOver) {
   EXPECT_EQ(last, 3999);
 }
 
+TEST_F(Recording, TakesAFrameThatComesWhileTheRingIsWrittenIntoTheNextOne) {
+  ON_CALL(bench.Recorder, WriteRecordBlock(0)).WillByDefault([&](std::int16_t) {
+    bench.Receive(First(3333));
+  });
+
+  bench.Receive(4000, First);
+  EXPECT_EQ(bench.Block.SampleCount(0), 3333);
+  EXPECT_EQ(bench.Rings.RecordCount(0), 3333);
+
+  bench.Receive(First(1));
+  EXPECT_EQ(bench.Block.SampleCount(1), 1);
+  EXPECT_EQ(bench.Rings.RecordCount(1), 1);
+}
+
+TEST_F(Recording, TakesAFrameThatComesWhileTheSecondStreamsRingIsWrittenIntoTheNextOne) {
+  ON_CALL(bench.Recorder, WriteRecordBlock(1)).WillByDefault([&](std::int16_t) {
+    bench.Receive(Second(3333));
+  });
+
+  bench.Receive(4000, Second);
+  EXPECT_EQ(bench.Block.SampleCount2(0), 3333);
+  EXPECT_EQ(bench.Rings.RecordCount2(0), 3333);
+
+  bench.Receive(Second(1));
+  EXPECT_EQ(bench.Block.SampleCount2(1), 1);
+  EXPECT_EQ(bench.Rings.RecordCount2(1), 1);
+}
+
 TEST_F(Recording, CountsNineBlocksARing) {
   bench.Receive(4000, First);
   EXPECT_EQ(bench.State.BlockCount, 9);

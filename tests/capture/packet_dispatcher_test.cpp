@@ -341,6 +341,32 @@ TEST(PacketDispatcher, LocatesTheOffsetsOnceABurst) {
   EXPECT_EQ(bench.State.ValueOffset[0], located + 4);
 }
 
+TEST(PacketDispatcher, KeepsTheOffsetsOverARestartWhereTheNextFrameTellsNone) {
+  CaptureBench bench;
+  bench.RunWithLength("LookingForRecording");
+  bench.Receive(PlainFrame(0));
+  bench.Receive(PlainFrame(0, "MU02"));
+  // Frames of the same form, whose first one has neither tag.
+  const auto untagged = [&](const char* id, int count) {
+    FrameBytes frame = PlainFrame(count, id, 5000);
+    for (const std::int16_t at : {bench.State.SampleCountOffset[0], bench.State.ValueOffset[0]}) {
+      frame.at(static_cast<std::size_t>(at - 3)) = 0;
+    }
+    return frame;
+  };
+
+  bench.Acquisition.StartCapture("LookingForRecording");
+  bench.Receive(untagged("MU01", 77));
+  bench.Receive(untagged("MU02", 78));
+
+  EXPECT_EQ(bench.Rings.RecordCount(0), 77);
+  EXPECT_EQ(bench.Rings.RecordChannel[0](0), 5);
+  EXPECT_EQ(bench.Rings.RecordChannel[7](0), 0.05);
+  EXPECT_EQ(bench.Rings.RecordCount2(0), 78);
+  EXPECT_EQ(bench.Rings.RecordChannel2[0](0), 5);
+  EXPECT_EQ(bench.Rings.RecordChannel2[7](0), 0.05);
+}
+
 TEST(PacketDispatcher, StartsAtRowZeroWithEachBurst) {
   CaptureBench bench;
   bench.RunWithLength("LookingForValues");

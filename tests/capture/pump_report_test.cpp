@@ -104,6 +104,30 @@ TEST_F(ReportPumps, LetANewRequestWaitForItsOwnFrame) {
   EXPECT_THAT(cells, ElementsAre(4, 5, 6, 0, 0, 0));
 }
 
+TEST_F(ReportPumps, LeaveFiveHundredCellsBehindAFrameThatSetsTheLength) {
+  bench.RunWithLength("Report", FrameBytes(600));
+  bench.Events.AtPump(ReportPump - 1, [&] {
+    bench.State.PacketLengthPending = true;
+    bench.Capture.ReceiveInFlight(FrameBytes(300, 9));
+  });
+
+  bench.Receive(FrameBytes(500, 7));
+
+  EXPECT_EQ(cells, FrameBytes(500, 7));
+}
+
+TEST_F(ReportPumps, HaveNoRoomForAFrameOf501BytesBehindAFrameThatSetsTheLength) {
+  bench.RunWithLength("Report", FrameBytes(600));
+  bench.Events.AtPump(ReportPump - 1, [&] {
+    bench.State.PacketLengthPending = true;
+    bench.Capture.ReceiveInFlight(FrameBytes(300, 9));
+  });
+
+  EXPECT_THROW(bench.Receive(FrameBytes(501, 7)), support::SceneEnded);
+
+  EXPECT_TRUE(cells.empty());
+}
+
 TEST(ReportPump, LetsTheCheckBoxBeTicked) {
   Scene scene;
   scene.Start();

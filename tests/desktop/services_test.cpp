@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <algorithm>
 #include <functional>
 
 #include "adapters/steady_clock.h"
@@ -235,6 +236,31 @@ TEST(FrameDriverScene, APumpInsideAFrameDeliversFurtherFrames) {
   stock.Running(true);
   EXPECT_TRUE(WaitFor([&] { return stock.Delivered == 10 && duringPump > 0; }));
   EXPECT_EQ(duringPump, 9);
+}
+
+TEST(FrameDriverScene, PumpsInsideFramesNestNoMoreThanSixteenTurns) {
+  Stage stage;
+  FrameStock stock;
+  const FrameDriver driver(stock, stage.Entry);
+  int depth = 0;
+  int deepest = 0;
+  int bottom = 0;
+  stock.OnFrame = [&] {
+    deepest = std::max(deepest, ++depth);
+    const int before = stock.Delivered;
+    constexpr int TurnPatienceMs = 200;
+    // The frames behind the deepest one need not wait once more.
+    if (depth == deepest &&
+        !QTest::qWaitFor([&] { return stock.Delivered > before; }, TurnPatienceMs)) {
+      bottom = depth;
+    }
+    --depth;
+  };
+  stock.Left = 40;
+  stock.Running(true);
+  EXPECT_TRUE(WaitFor([&] { return stock.Delivered == 40 && depth == 0; }));
+  EXPECT_EQ(deepest, 16);
+  EXPECT_EQ(bottom, 16);
 }
 
 TEST(FrameDriverScene, AnEndlessStreamLeavesTurnsToTheWindow) {

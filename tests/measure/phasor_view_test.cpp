@@ -130,6 +130,17 @@ TEST_F(PhasorView, LocksItsButtonAtTheStart) {
   EXPECT_EQ(std::get<std::int32_t>(scene.Capture.Chosen->Settings["BuffSize"]), 262144);
 }
 
+TEST_F(PhasorView, MeasuresTheFramesAnewAtEachStart) {
+  Run();
+  scene.Receive(SvFrame().Bytes());
+  Stop();
+  ASSERT_FALSE(scene.State.PacketLengthPending);
+
+  main.CWButton2.Value = true;
+
+  EXPECT_TRUE(scene.State.PacketLengthPending);
+}
+
 TEST_F(PhasorView, StopsAtItsButton) {
   Run();
   scene.Receive(SvFrame().Bytes());

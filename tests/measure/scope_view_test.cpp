@@ -198,6 +198,16 @@ TEST_F(Scope, LocksItsButtonsAtTheStart) {
   EXPECT_FALSE(main.Command1.Enabled);
 }
 
+TEST_F(Scope, MeasuresTheFramesAnewAtEachStart) {
+  Run();
+  Stop();
+  ASSERT_FALSE(scene.State.PacketLengthPending);
+
+  main.CWButton1.Value = true;
+
+  EXPECT_TRUE(scene.State.PacketLengthPending);
+}
+
 TEST_F(Scope, StopsAtOnceAndKeepsThePicture) {
   Run();
   Block(100, 10);

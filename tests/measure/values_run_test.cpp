@@ -128,6 +128,19 @@ TEST_F(ValuesRun, AStartEmptiesTheViewAndTheCounters) {
   EXPECT_EQ(scene.State.BlockCount2, 0);
 }
 
+TEST_F(ValuesRun, AStartMeasuresTheFramesAnew) {
+  scene.RunValues();
+  scene.Receive(400, Signal);
+  Stop();
+  scene.Elapse(1s);
+
+  const auto longer = [](int i) { return SquareFrame(i, 2000, 63.5, 0, "MU01-long"); };
+  Button().Value = true;
+  scene.Receive(1 + 400, longer);
+
+  EXPECT_EQ(scene.Main.Label5[0].Caption, "2,000.0000");
+}
+
 TEST_F(ValuesRun, TheButtonComesBackOneSecondAfterTheFirstFrame) {
   scene.RunValues();
   scene.Elapse(500ms);

@@ -1,11 +1,13 @@
 #include "platform/failure.h"
 #include "shell/tab_scene.h"
+#include "support/watch.h"
 
 namespace {
 
 using std::chrono::milliseconds;
 using support::Scene;
 using support::SvFrame;
+using support::Watch;
 
 constexpr std::int16_t ExitTab = 8;
 
@@ -198,6 +200,66 @@ TEST(ShutDown, DoesNotHangWhereCaptureCannotBeStopped) {
 
   scene.Select(ExitTab);
 
+  EXPECT_FALSE(scene.Main.Window.Loaded);
+}
+
+TEST(ShutDown, StopsCaptureAgainUntilItStops) {
+  Scene scene;
+  scene.Start();
+  scene.RunValues();
+  scene.Main.CWButton4.Enabled = true;
+  scene.Capture.StopFailure = platform::Failure(57);
+  // Each stop begins with the indicators; the third one succeeds.
+  int stops = 0;
+  scene.Main.Shape12[0].Visible.Observe([&] {
+    if (++stops == 3) scene.Capture.StopFailure.reset();
+  });
+  scene.Journal.clear();
+
+  scene.Select(ExitTab);
+
+  EXPECT_THAT(scene.Journal, testing::ElementsAre("stop", "wait 10", "stop", "wait 10",  //
+                                                  "stop", "pump", "clear", "pump",       //
+                                                  "pump", "pump"));
+  EXPECT_FALSE(scene.State.CaptureRunning);
+}
+
+TEST(ShutDown, GoesItsStepsInOrder) {
+  Scene scene;
+  scene.Start();
+  scene.RunValues();
+  scene.Main.CWButton4.Enabled = true;
+  scene.App.Revisionhistory.Window.Visible = true;
+  for (auto* timer : {&scene.Main.Timer1, &scene.Main.Timer2, &scene.Main.Timer3}) {
+    timer->Enabled = true;
+  }
+  Watch(scene.Journal, scene.Main.Timer1.Enabled, "Timer1");
+  Watch(scene.Journal, scene.Main.Timer2.Enabled, "Timer2");
+  Watch(scene.Journal, scene.Main.Timer3.Enabled, "Timer3");
+  Watch(scene.Journal, scene.App.Revisionhistory.Window.Loaded, "history");
+  Watch(scene.Journal, scene.Main.Window.Loaded, "main window");
+  scene.Journal.clear();
+
+  scene.Select(ExitTab);
+
+  EXPECT_THAT(scene.Journal,
+              testing::ElementsAre("stop", "pump", "clear", "pump",                 // capture
+                                   "pump",                                          //
+                                   "Timer1 false", "Timer2 false", "Timer3 false",  //
+                                   "history false", "main window false",            //
+                                   "pump"));
+}
+
+TEST(ShutDown, ServesACloseRequestThatComesBeforeItsFormsAreUnloaded) {
+  Scene scene;
+  scene.Start();
+  int exits = 0;
+  scene.Main.TabStrip1.SelectedTab.Observe([&] { ++exits; });
+  scene.Events.AtPump(3, [&] { scene.Main.Window.QueryUnload(); });
+
+  scene.Select(ExitTab);
+
+  EXPECT_EQ(exits, 2);
   EXPECT_FALSE(scene.Main.Window.Loaded);
 }
 

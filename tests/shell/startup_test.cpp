@@ -121,24 +121,6 @@ TEST(StartUp, StartsNoAcquisition) {
   for (const auto& indicator : scene.Main.Shape12) EXPECT_FALSE(indicator.Visible);
 }
 
-TEST(StartUp, SetsItsFlags) {
-  Scene scene;
-  scene.State.PacketLengthPending = false;
-  scene.State.RealTimeChannel = 5;
-  scene.Session.ActiveStream = 2;
-  scene.Main.Check6.Value = 0;
-  for (const std::size_t odd : {1U, 3U, 5U, 7U}) scene.Main.Option3[odd].Value = true;
-
-  scene.App.Load();
-
-  EXPECT_TRUE(scene.State.PacketLengthPending);
-  EXPECT_EQ(scene.State.RealTimeChannel, 1);
-  EXPECT_EQ(scene.Session.ActiveStream, 1);
-  EXPECT_EQ(scene.Main.Check6.Value, 1);
-  EXPECT_TRUE(scene.Main.sevOption1[0].Value);
-  for (const std::size_t even : {0U, 2U, 4U, 6U}) EXPECT_TRUE(scene.Main.Option3[even].Value);
-}
-
 TEST(StartUp, HidesWhatNoViewShows) {
   Scene scene;
   scene.Main.Command4.Enabled = true;
