@@ -1,6 +1,7 @@
 #include "desktop/qt_dialogs.h"
 
 #include <QMessageBox>
+#include <QPushButton>
 
 #include "desktop/text.h"
 #include "desktop/timed_dialog.h"
@@ -23,6 +24,21 @@ QMessageBox::Icon ToQt(platform::Icon icon) {
   return QMessageBox::NoIcon;
 }
 
+platform::Answer AskYesNo(QMessageBox& box) {
+  box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+  return box.exec() == QMessageBox::Yes ? platform::Answer::Yes : platform::Answer::No;
+}
+
+platform::Answer AskOkStop(QMessageBox& box) {
+  QPushButton* ok = box.addButton(QMessageBox::Ok);
+  const QPushButton* stop = box.addButton(QStringLiteral("Stop"), QMessageBox::RejectRole);
+  // Only the press of its own button stops; a box that is waved away must not.
+  box.setDefaultButton(ok);
+  box.setEscapeButton(ok);
+  box.exec();
+  return box.clickedButton() == stop ? platform::Answer::Stop : platform::Answer::Ok;
+}
+
 }  // namespace
 
 QWidget* QtDialogs::Parent() const {
@@ -30,17 +46,23 @@ QWidget* QtDialogs::Parent() const {
 }
 
 platform::Answer QtDialogs::Show(const platform::Message& message) {
-  const bool yesNo = message.BoxButtons == platform::Buttons::YesNo;
   QMessageBox box(Parent());
   box.setWindowTitle(message.Title.empty() ? QStringLiteral("Vornik")
                                            : desktop::ToQt(message.Title));
   box.setTextFormat(Qt::PlainText);
   box.setText(DisplayLines(message.Text));
   box.setIcon(ToQt(message.BoxIcon));
-  box.setStandardButtons(yesNo ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
-  const int pressed = box.exec();
-  if (!yesNo) return platform::Answer::Ok;
-  return pressed == QMessageBox::Yes ? platform::Answer::Yes : platform::Answer::No;
+  switch (message.BoxButtons) {
+    case platform::Buttons::YesNo:
+      return AskYesNo(box);
+    case platform::Buttons::OkStop:
+      return AskOkStop(box);
+    case platform::Buttons::Ok:
+      break;
+  }
+  box.setStandardButtons(QMessageBox::Ok);
+  box.exec();
+  return platform::Answer::Ok;
 }
 
 void QtDialogs::ShowTimed(const platform::TimedMessage& message) {

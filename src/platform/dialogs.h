@@ -7,6 +7,7 @@
 namespace platform {
 
 enum class Icon { None, Critical, Exclamation, Information };
+/// `OkStop` offers to go on or to stop what runs; Escape and closing the box go on.
 enum class Buttons { Ok, YesNo, OkStop };
 enum class Answer { Ok, Yes, No, Stop };
 

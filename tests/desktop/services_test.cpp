@@ -94,6 +94,33 @@ TEST(MessageBoxes, GiveTheAnswerOfTheUser) {
   }
 }
 
+TEST(MessageBoxes, StopOnlyWhereStopIsPressed) {
+  QtDialogs dialogs;
+  const auto answerTo = [&](const std::function<void(QMessageBox&)>& user) {
+    QTimer::singleShot(50, qApp, [&user] {
+      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      ASSERT_NE(box, nullptr);
+      user(*box);
+    });
+    return dialogs.Show({"Attention", "text", platform::Icon::Critical, platform::Buttons::OkStop});
+  };
+  const auto press = [](const char* caption) {
+    return [caption](QMessageBox& box) {
+      ASSERT_EQ(box.buttons().size(), 2);
+      for (QAbstractButton* button : box.buttons()) {
+        if (button->text().remove(u'&') == QLatin1String(caption)) button->click();
+      }
+    };
+  };
+  EXPECT_EQ(answerTo(press("Stop")), platform::Answer::Stop);
+  EXPECT_EQ(answerTo(press("OK")), platform::Answer::Ok);
+  EXPECT_EQ(answerTo([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); }),
+            platform::Answer::Ok);
+  EXPECT_EQ(answerTo([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); }),
+            platform::Answer::Ok);
+  EXPECT_EQ(answerTo([](QMessageBox& box) { box.close(); }), platform::Answer::Ok);
+}
+
 TEST(RepaintQueueScene, ManyChangesCostOneUpdateAFrame) {
   RepaintQueue queue;
   int updates = 0;
