@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <list>
 #include <ostream>
 #include <utility>
 
@@ -9,7 +10,7 @@ namespace platform {
 /// One property of a control: it reads and is assigned like a plain value.
 ///
 /// `OnAssign` lets the control put its event rules in the place of plain storing; `Observe` lets
-/// the window follow what was stored.
+/// the window and others follow what was stored, each of them for the life of the property.
 template <typename T>
 class Property {
  public:
@@ -33,13 +34,13 @@ class Property {
   operator const T&() const { return value_; }
   const T& Get() const { return value_; }
 
-  /// Sets the value and tells the observer, without any event.
+  /// Sets the value and tells the observers in the order of their coming, without any event.
   void Store(T value) {
     value_ = std::move(value);
-    if (observer_) observer_();
+    for (const std::function<void()>& observer : observers_) observer();
   }
   void OnAssign(std::function<void(T)> assign) { assign_ = std::move(assign); }
-  void Observe(std::function<void()> observer) { observer_ = std::move(observer); }
+  void Observe(std::function<void()> observer) { observers_.push_back(std::move(observer)); }
 
   template <typename U>
   friend bool operator==(const Property& property, const U& other) {
@@ -52,7 +53,8 @@ class Property {
  private:
   T value_{};
   std::function<void(T)> assign_;
-  std::function<void()> observer_;
+  // An observer may bring another one along while it is told; a list keeps it where it is.
+  std::list<std::function<void()>> observers_;
 };
 
 /// An event of a control: at most one handler, called synchronously.

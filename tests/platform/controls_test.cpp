@@ -48,6 +48,35 @@ TEST(CheckBox, ClicksOnlyWhereItsValueReallyChanges) {
   EXPECT_THAT(seen, ElementsAre(1, 0));
 }
 
+TEST(Property, TellsAllItsObserversInTheOrderOfTheirComing) {
+  platform::Property<int> property;
+  std::vector<std::string> told;
+  property.Observe([&] { told.emplace_back("first"); });
+  property.Observe([&] { told.emplace_back("second"); });
+
+  property = 1;
+
+  EXPECT_THAT(told, ElementsAre("first", "second"));
+}
+
+TEST(Property, AnObserverMayBringOthersAlong) {
+  platform::Property<int> property;
+  int told = 0;
+  std::string first;
+  // A long name, so that an observer that is moved meanwhile would lose it.
+  property.Observe([&, name = std::string(100, 'x')] {
+    if (property != 1) return;
+    for (int i = 0; i < 100; ++i) property.Observe([&told] { ++told; });
+    first = name;
+  });
+
+  property = 1;
+  property = 2;
+
+  EXPECT_EQ(first, std::string(100, 'x'));
+  EXPECT_GE(told, 100);
+}
+
 class OptionGroup : public testing::Test {
  protected:
   OptionGroup() {
