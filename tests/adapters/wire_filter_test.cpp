@@ -141,7 +141,8 @@ TEST(VlanTerm, EndsBehindItsNumberWhateverSpacesStandAroundIt) {
 }
 
 TEST(VlanTerm, WithoutANumberEndsBehindTheKeyword) {
-  for (const std::string tail : {"", " ", " and 5", ")", " (", " ( 5", " (5 and", "&&5"}) {
+  for (const std::string tail :
+       {"", " ", " and 5", ")", " (", " ( 5", " (5 and", " (5 or 6)", "&&5"}) {
     const auto term = adapters::FindVlanTerm("(ip and vlan" + tail);
     ASSERT_TRUE(term) << tail;
     EXPECT_FALSE(term->Id) << tail;
