@@ -126,6 +126,20 @@ TEST(PacketDispatcher, BringsTheBoxBackForALengthOf32768) {
               ElementsAre(first, support::WithStop(first), support::WithStop(first)));
 }
 
+TEST(PacketDispatcher, AsksForNoFurtherLengthWhileTheBoxOfATooLargeOneStands) {
+  CaptureBench bench;
+  bench.Run("LookingForValues");
+  bool pending = true;
+  bench.Dialogs.WhileOpen = [&] {
+    pending = bench.State.PacketLengthPending;
+    throw SceneEnded();
+  };
+
+  EXPECT_THROW(bench.Capture.ReceiveCut(FrameBytes(60), 32768), SceneEnded);
+
+  EXPECT_FALSE(pending);
+}
+
 // Drops.
 
 TEST(PacketDispatcher, DropsAFrameThatArrivesAfterTheStop) {

@@ -250,6 +250,23 @@ TEST(ShutDown, GoesItsStepsInOrder) {
                                    "pump"));
 }
 
+TEST(ShutDown, UnloadsTheWindowAtLastWhereThatFailedBefore) {
+  Scene scene;
+  scene.Start();
+  bool failed = false;
+  scene.Main.Window.Visible.Observe([&] {
+    if (failed) return;
+    failed = true;
+    throw platform::Failure(platform::failure::InvalidProcedureCall);
+  });
+  Watch(scene.Journal, scene.Main.Window.Loaded, "main window");
+
+  scene.Select(ExitTab);
+
+  EXPECT_TRUE(failed);
+  EXPECT_EQ(scene.Journal.back(), "main window false") << "behind the last pump";
+}
+
 TEST(ShutDown, ServesACloseRequestThatComesBeforeItsFormsAreUnloaded) {
   Scene scene;
   scene.Start();
