@@ -38,6 +38,8 @@ DesktopProgram::DesktopProgram(const Sources& sources, QtProgram::Leave leave)
               repaints_, picture_) {
   dialogs_.SetOwner(&window_);
   folders_.SetOwner(&window_);
+  dialogs_.Stands = [this](bool stands) { StandStill(stands); };
+  folders_.Stands = dialogs_.Stands;
   window_.Unloaded = [this] { guard_.End(0); };
   QObject::connect(qGuiApp, &QGuiApplication::commitDataRequest, &window_,
                    [this] { EndSession(); });
@@ -49,6 +51,18 @@ DesktopProgram::~DesktopProgram() {
   window_.hide();
   // The picture outlives the view that shows it.
   picture_.setParent(nullptr);
+}
+
+void DesktopProgram::StandStill(bool boxStands) {
+  if (boxStands) {
+    timers_.Hold();
+    frames_.Hold();
+    store_.Hold();
+  } else {
+    timers_.Release();
+    frames_.Release();
+    store_.Release();
+  }
 }
 
 void DesktopProgram::Load() {

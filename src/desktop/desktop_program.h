@@ -50,6 +50,8 @@ class DesktopProgram {
   formroutines::Application& Application() { return application_; }
 
  private:
+  void StandStill(bool boxStands);
+
   QtDialogs dialogs_;
   QtSettingsStore store_;
   QtProgram program_;

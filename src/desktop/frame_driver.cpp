@@ -29,7 +29,21 @@ FrameDriver::~FrameDriver() {
 
 void FrameDriver::SetRunning(bool running) {
   running_ = running;
-  if (running) {
+  Poll();
+}
+
+void FrameDriver::Hold() {
+  ++holds_;
+  Poll();
+}
+
+void FrameDriver::Release() {
+  --holds_;
+  Poll();
+}
+
+void FrameDriver::Poll() {
+  if (Delivering()) {
     poll_.start(PollMs);
   } else {
     poll_.stop();
@@ -37,7 +51,7 @@ void FrameDriver::SetRunning(bool running) {
 }
 
 void FrameDriver::Turn() {
-  if (!running_ || guard_.Closed()) return;
+  if (!Delivering() || guard_.Closed()) return;
   // Armed again before the frames are handled, so that a handler's own event loop gets frames too.
   poll_.start(PollMs);
   if (depth_ >= DeepestTurn) return;

@@ -16,7 +16,14 @@ class FrameDriver {
   FrameDriver& operator=(const FrameDriver&) = delete;
   ~FrameDriver();
 
+  /// Lets the frames wait at their source until the release, also for a handler that pumps. Holds
+  /// nest.
+  void Hold();
+  void Release();
+
  private:
+  bool Delivering() const { return running_ && holds_ == 0; }
+  void Poll();
   void SetRunning(bool running);
   void Turn();
   void Deliver();
@@ -25,6 +32,7 @@ class FrameDriver {
   Guard& guard_;
   QTimer poll_;
   bool running_ = false;
+  int holds_ = 0;
   /// Turns that are under way, one inside the other.
   int depth_ = 0;
 };

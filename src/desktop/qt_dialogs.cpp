@@ -46,6 +46,7 @@ QWidget* QtDialogs::Parent() const {
 }
 
 platform::Answer QtDialogs::Show(const platform::Message& message) {
+  const platform::StandingBox standing(Stands);
   QMessageBox box(Parent());
   box.setWindowTitle(message.Title.empty() ? QStringLiteral("Vornik")
                                            : desktop::ToQt(message.Title));
@@ -66,6 +67,7 @@ platform::Answer QtDialogs::Show(const platform::Message& message) {
 }
 
 void QtDialogs::ShowTimed(const platform::TimedMessage& message) {
+  const platform::StandingBox standing(Stands);
   TimedDialog(message, Parent()).exec();
 }
 

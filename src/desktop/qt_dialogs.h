@@ -4,6 +4,7 @@
 #include <QWidget>
 
 #include "platform/dialogs.h"
+#include "platform/standing_box.h"
 
 namespace desktop {
 
@@ -14,6 +15,8 @@ class QtDialogs : public platform::Dialogs {
 
   platform::Answer Show(const platform::Message& message) override;
   void ShowTimed(const platform::TimedMessage& message) override;
+
+  platform::StandingBox::Listener Stands;
 
  private:
   /// A box belongs to the window only once that can be seen.

@@ -8,6 +8,7 @@
 namespace desktop {
 
 std::optional<std::string> QtFolderDialog::Browse(const std::string& title) {
+  const platform::StandingBox standing(Stands);
   QFileDialog dialog(owner_, ToQt(title), QDir::homePath());
   dialog.setFileMode(QFileDialog::Directory);
   dialog.setOption(QFileDialog::ShowDirsOnly);

@@ -3,6 +3,7 @@
 #include <QPointer>
 #include <QWidget>
 
+#include "platform/standing_box.h"
 #include "platform/system_services.h"
 
 namespace desktop {
@@ -13,6 +14,8 @@ class QtFolderDialog : public platform::FolderDialog {
   void SetOwner(QWidget* owner) { owner_ = owner; }
 
   std::optional<std::string> Browse(const std::string& title) override;
+
+  platform::StandingBox::Listener Stands;
 
  private:
   QPointer<QWidget> owner_;

@@ -42,12 +42,23 @@ std::string QtSettingsStore::Get(const std::string& application, const std::stri
 void QtSettingsStore::Set(const std::string& application, const std::string& section,
                           const std::string& key, const std::string& text) {
   FileOf(application).setValue(PathOf(section, key), ToQt(text));
+  changed_ = true;
   // Not at once: one change writes all keys, and a box in the midst of them would let events in.
-  writing_.start(0);
+  if (holds_ == 0) writing_.start(0);
+}
+
+void QtSettingsStore::Hold() {
+  ++holds_;
+  writing_.stop();
+}
+
+void QtSettingsStore::Release() {
+  if (--holds_ == 0 && changed_) writing_.start(0);
 }
 
 QStringList QtSettingsStore::Write() {
   writing_.stop();
+  changed_ = false;
   QStringList unwritten;
   for (const auto& [application, file] : files_) {
     file->sync();

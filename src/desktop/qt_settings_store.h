@@ -25,6 +25,10 @@ class QtSettingsStore : public platform::SettingsStore {
   /// Writes what is not written yet. It shows no box: it is for the way out, where a box would let
   /// events into a program that is ending, or keep one waiting that nobody sits at.
   void SyncQuietly();
+  /// Lets the report of a file that cannot be written wait until the release: it would open on top
+  /// of the box that stands. Holds nest.
+  void Hold();
+  void Release();
 
  private:
   QSettings& FileOf(const std::string& application) const;
@@ -36,6 +40,9 @@ class QtSettingsStore : public platform::SettingsStore {
   platform::Dialogs& dialogs_;
   mutable std::map<std::string, std::unique_ptr<QSettings>> files_;
   QTimer writing_;
+  int holds_ = 0;
+  /// Something was set that is not written yet.
+  bool changed_ = false;
   bool reported_ = false;
 };
 

@@ -32,7 +32,9 @@ struct TimedMessage {
   std::string CountdownLine;
 };
 
-/// The boxes that the program shows; each call returns when its box is closed.
+/// The boxes that the program shows; each call returns when its box is closed. While one stands, no
+/// frame is handed over and no timer of the program elapses: the routine that shows a box is not
+/// entered again from behind it, and no box opens on top of another.
 class Dialogs {
  public:
   virtual ~Dialogs() = default;

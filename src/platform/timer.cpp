@@ -27,15 +27,33 @@ Timer::~Timer() {
 
 void Timer::StartCount() {
   due_.reset();
-  if (Enabled && Interval > 0) due_ = queue_.clock_.Now() + milliseconds(Interval.Get());
+  if (Enabled && Interval > 0) due_ = queue_.Now() + milliseconds(Interval.Get());
   queue_.Announce();
 }
 
+nanoseconds TimerQueue::Now() const {
+  return (holds_ > 0 ? heldSince_ : clock_.Now()) - held_;
+}
+
+void TimerQueue::Hold() {
+  if (holds_++ > 0) return;
+  heldSince_ = clock_.Now();
+  Announce();
+}
+
+void TimerQueue::Release() {
+  if (--holds_ > 0) return;
+  held_ += clock_.Now() - heldSince_;
+  Announce();
+}
+
 std::optional<nanoseconds> TimerQueue::NextDue() const {
+  if (holds_ > 0) return std::nullopt;
   std::optional<nanoseconds> next;
   for (const Timer* timer : timers_) {
     if (timer->due_ && !timer->handling_ && (!next || *timer->due_ < *next)) next = timer->due_;
   }
+  if (next) *next += held_;
   return next;
 }
 
@@ -49,7 +67,8 @@ Timer* TimerQueue::EarliestDue(nanoseconds now) const {
 }
 
 void TimerQueue::FireDue() {
-  const nanoseconds now = clock_.Now();
+  if (holds_ > 0) return;
+  const nanoseconds now = Now();
   // A timer that fires is due again after `now`, so this loop ends even where handlers take long.
   while (Timer* timer = EarliestDue(now)) {
     const milliseconds interval(timer->Interval.Get());

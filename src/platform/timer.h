@@ -46,6 +46,10 @@ class TimerQueue {
   std::optional<std::chrono::nanoseconds> NextDue() const;
   /// Raises the events of the timers that are due now, the earliest first, each once at most.
   void FireDue();
+  /// Lets all timers stand still until the release: none is due, and each goes on counting where it
+  /// stood. Holds nest.
+  void Hold();
+  void Release();
   /// Called whenever `NextDue` may have changed.
   std::function<void()> Rescheduled;
 
@@ -54,10 +58,16 @@ class TimerQueue {
   void Add(Timer& timer);
   void Remove(Timer& timer);
   void Announce() const;
+  /// The time of the timers: that of the clock without what was held.
+  std::chrono::nanoseconds Now() const;
   Timer* EarliestDue(std::chrono::nanoseconds now) const;
 
   const Clock& clock_;
   std::vector<Timer*> timers_;
+  int holds_ = 0;
+  std::chrono::nanoseconds heldSince_{0};
+  /// How long the timers stood still in all holds that are over.
+  std::chrono::nanoseconds held_{0};
 };
 
 }  // namespace platform

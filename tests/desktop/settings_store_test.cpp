@@ -55,5 +55,26 @@ TEST_F(UnwritableStore, IsReportedOnceWhileTheProgramRuns) {
   EXPECT_EQ(boxes.Count, 1);
 }
 
+TEST_F(UnwritableStore, WaitsWithItsReportUntilTheBoxThatStandsIsGone) {
+  Change("60");
+  store.Hold();
+  Change("50");
+  QTest::qWait(50);
+  EXPECT_EQ(boxes.Count, 0);
+
+  store.Release();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return boxes.Count > 0; }, 8000));
+}
+
+TEST_F(UnwritableStore, IsWrittenOnTheWayOutAlsoBehindABox) {
+  Change("60");
+  store.Hold();
+  store.SyncQuietly();
+  store.Release();
+  QTest::qWait(50);
+
+  EXPECT_EQ(boxes.Count, 0);
+}
+
 }  // namespace
 }  // namespace desktop

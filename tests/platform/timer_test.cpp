@@ -247,4 +247,99 @@ TEST_F(Timer, TheQueueTellsWheneverItsNextTimeMayHaveChanged) {
   EXPECT_EQ(told, 4);
 }
 
+TEST_F(Timer, AHeldQueueFiresNothing) {
+  Run(timer, 100);
+
+  platform.Timers.Hold();
+  EXPECT_FALSE(platform.Timers.NextDue());
+  Busy(1000);
+  platform.Timers.FireDue();
+
+  EXPECT_EQ(Fired(), 0U);
+}
+
+TEST_F(Timer, GoesOnCountingAtTheReleaseWhereItStood) {
+  Run(timer, 100);
+  Elapse(60);
+
+  platform.Timers.Hold();
+  Elapse(1000);
+  platform.Timers.Release();
+
+  EXPECT_EQ(platform.Timers.NextDue(), platform.Clock.Now() + milliseconds(40));
+  Elapse(39);
+  EXPECT_EQ(Fired(), 0U);
+  Elapse(1);
+  EXPECT_EQ(Fired(), 1U);
+}
+
+TEST_F(Timer, CountsFromTheReleaseWhereItWasStartedInAHold) {
+  platform.Timers.Hold();
+  Elapse(500);
+  Run(timer, 100);
+  Elapse(500);
+  platform.Timers.Release();
+
+  Elapse(99);
+  EXPECT_EQ(Fired(), 0U);
+  Elapse(1);
+  EXPECT_EQ(Fired(), 1U);
+}
+
+TEST_F(Timer, CountsOnAfterEachOfManyHolds) {
+  Run(timer, 100);
+  for (int i = 0; i < 3; ++i) {
+    platform.Timers.Hold();
+    Elapse(1000);
+    platform.Timers.Release();
+    Elapse(30);
+  }
+  EXPECT_EQ(Fired(), 0U);
+
+  Elapse(10);
+  EXPECT_EQ(Fired(), 1U);
+}
+
+TEST_F(Timer, TheOutermostReleaseEndsTheHold) {
+  Run(timer, 100);
+  platform.Timers.Hold();
+  platform.Timers.Hold();
+
+  platform.Timers.Release();
+  EXPECT_FALSE(platform.Timers.NextDue());
+  Elapse(1000);
+  platform.Timers.Release();
+
+  EXPECT_EQ(platform.Timers.NextDue(), platform.Clock.Now() + milliseconds(100));
+}
+
+TEST_F(Timer, AHoldInsideOfAnEventPutsOffTheOthers) {
+  timer.Elapsed = [this] {
+    platform.Timers.Hold();
+    Elapse(1000);
+    platform.Timers.Release();
+    timer.Enabled = false;
+  };
+  Run(timer, 100);
+  Run(other, 150);
+
+  Elapse(100);
+  EXPECT_EQ(Fired(), 0U);
+  Elapse(49);
+  EXPECT_EQ(Fired(), 0U);
+  Elapse(1);
+  EXPECT_EQ(Fired(), 1U);
+}
+
+TEST_F(Timer, TheQueueTellsOfAHoldAndOfItsRelease) {
+  Run(timer, 100);
+  int told = 0;
+  platform.Timers.Rescheduled = [&] { ++told; };
+
+  platform.Timers.Hold();
+  EXPECT_EQ(told, 1);
+  platform.Timers.Release();
+  EXPECT_EQ(told, 2);
+}
+
 }  // namespace

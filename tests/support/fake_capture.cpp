@@ -98,11 +98,11 @@ void FakeCapture::Receive(std::span<const std::uint8_t> bytes) {
 }
 
 void FakeCapture::ReceiveInFlight(std::span<const std::uint8_t> bytes) {
-  object_->OnPacket({bytes, bytes.size()});
+  if (holds_ == 0) object_->OnPacket({bytes, bytes.size()});
 }
 
 void FakeCapture::ReceiveCut(std::span<const std::uint8_t> bytes, std::size_t trueLength) {
-  object_->OnPacket({bytes, trueLength});
+  if (holds_ == 0) object_->OnPacket({bytes, trueLength});
 }
 
 }  // namespace support

@@ -46,6 +46,9 @@ class FakeCapture : public platform::CaptureLayer {
   std::string Advice() const override { return AdviceText; }
 
   FakeAdapter& AddAdapter(const std::string& description, bool good = true);
+  /// While it is held, frames come in and are not handed over. Holds nest.
+  void Hold() { ++holds_; }
+  void Release() { --holds_; }
   /// A frame comes in; it reaches the program only while capture runs.
   void Receive(std::span<const std::uint8_t> bytes);
   /// A frame that was in flight when capture stopped.
@@ -72,6 +75,7 @@ class FakeCapture : public platform::CaptureLayer {
   Journal& journal_;
   std::vector<std::unique_ptr<FakeAdapter>> adapters_;
   Object* object_ = nullptr;
+  int holds_ = 0;
 };
 
 }  // namespace support

@@ -28,6 +28,7 @@ platform::Answer FakeDialogs::Show(const platform::Message& message) {
   Shown.push_back(message);
   // A box that comes back for ever would hang the test.
   if (Shown.size() > 1000) throw std::runtime_error("too many boxes: " + message.Text);
+  const platform::StandingBox standing(Stands);
   if (WhileOpen) WhileOpen();
   if (!Answers.empty()) {
     const platform::Answer answer = Answers.front();
@@ -41,6 +42,7 @@ platform::Answer FakeDialogs::Show(const platform::Message& message) {
 void FakeDialogs::ShowTimed(const platform::TimedMessage& message) {
   journal_.push_back("timed box " + message.Title);
   TimedShown.push_back(message);
+  const platform::StandingBox standing(Stands);
   if (WhileOpen) WhileOpen();
 }
 
@@ -56,6 +58,19 @@ void FakeStore::Set(const std::string& application, const std::string& section,
   if (application != "Vornik" || section != "INI") throw std::runtime_error("a foreign section");
   Texts[key] = text;
   Written.push_back(key);
+}
+
+FakePlatform::FakePlatform() {
+  Dialogs.Stands = [this](bool stands) {
+    if (stands) {
+      Timers.Hold();
+      Capture.Hold();
+    } else {
+      Timers.Release();
+      Capture.Release();
+    }
+  };
+  Folders.Stands = Dialogs.Stands;
 }
 
 void FakePlatform::Elapse(milliseconds time) {

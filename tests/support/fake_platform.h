@@ -14,6 +14,7 @@
 #include "platform/number_text.h"
 #include "platform/program.h"
 #include "platform/settings_store.h"
+#include "platform/standing_box.h"
 #include "platform/timer.h"
 #include "platform/window.h"
 #include "support/fake_capture.h"
@@ -64,6 +65,7 @@ class FakeDialogs : public platform::Dialogs {
   std::deque<platform::Answer> Answers;
   /// Runs while a box stands open.
   std::function<void()> WhileOpen;
+  platform::StandingBox::Listener Stands;
 
  private:
   Journal& journal_;
@@ -99,6 +101,10 @@ class FakeStore : public platform::SettingsStore {
 /// Everything that the program asks of its platform, played by the test.
 class FakePlatform {
  public:
+  FakePlatform();
+  FakePlatform(const FakePlatform&) = delete;
+  FakePlatform& operator=(const FakePlatform&) = delete;
+
   support::Journal Journal;
   ManualClock Clock;
   platform::TimerQueue Timers{Clock};

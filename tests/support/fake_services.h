@@ -1,11 +1,13 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "platform/failure.h"
+#include "platform/standing_box.h"
 #include "platform/system_services.h"
 #include "support/journal.h"
 
@@ -26,11 +28,16 @@ class FakeFolders : public platform::FolderDialog {
  public:
   std::optional<std::string> Browse(const std::string& title) override {
     Titles.push_back(title);
+    const platform::StandingBox standing(Stands);
+    if (WhileOpen) WhileOpen();
     return Answer;
   }
 
   std::vector<std::string> Titles;
   std::optional<std::string> Answer;
+  /// Runs while the dialog stands open.
+  std::function<void()> WhileOpen;
+  platform::StandingBox::Listener Stands;
 };
 
 /// Printers by name; the first is the system's choice.
