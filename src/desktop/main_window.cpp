@@ -15,6 +15,7 @@
 #include "desktop/report_page.h"
 #include "desktop/setup_page.h"
 #include "desktop/status_strip.h"
+#include "desktop/tab_keys.h"
 #include "desktop/text.h"
 #include "desktop/values_page.h"
 #include "desktop/waveforms_page.h"
@@ -66,6 +67,7 @@ MainWindow::MainWindow(const Forms& forms, Guard& guard, RepaintQueue& repaints,
     if (Unloaded) Unloaded();
   };
   FollowOtherWindows();
+  new TabKeys(*this, *tabs_, *pages_);
   qApp->installEventFilter(this);
 }
 
@@ -86,7 +88,7 @@ void MainWindow::FollowOtherWindows() {
 void MainWindow::FillTabs() {
   tabs_->setObjectName(QStringLiteral("TabStrip1"));
   for (const platform::Tab& tab : main_.TabStrip1.Tabs) {
-    const int index = tabs_->addTab(ToQt(tab.Caption));
+    const int index = tabs_->Add(ToQt(tab.Caption));
     tabs_->setTabToolTip(index, ToQt(tab.TipHeading + "\n" + tab.TipText));
   }
   tabs_->Chosen = [this](int index) { Select(index + 1); };

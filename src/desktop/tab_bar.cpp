@@ -7,6 +7,7 @@
 #include <QSignalBlocker>
 
 #include "desktop/look.h"
+#include "desktop/text.h"
 
 namespace desktop {
 
@@ -39,10 +40,32 @@ TabBar::TabBar(QWidget* parent) : QTabBar(parent) {
   connect(this, &QTabBar::currentChanged, this, &TabBar::Report);
 }
 
+int TabBar::Add(const QString& caption) {
+  captions_ << caption;
+  return addTab(caption);
+}
+
 void TabBar::ShowSelected(int index) {
   const QSignalBlocker quiet(this);
   setCurrentIndex(index);
   update();
+}
+
+void TabBar::Choose(int index) {
+  if (index == currentIndex()) {
+    Report(index);
+  } else {
+    setCurrentIndex(index);
+  }
+}
+
+void TabBar::LeaveKeys(const QList<QKeySequence>& keys) {
+  for (int index = 0; index < count(); ++index) {
+    const QString& caption = captions_[index];
+    const bool left = keys.contains(QKeySequence::mnemonic(caption));
+    const QString text = left ? PlainCaption(FromQt(caption)) : caption;
+    if (text != tabText(index)) setTabText(index, text);
+  }
 }
 
 void TabBar::Report(int index) {
@@ -82,7 +105,7 @@ void TabBar::wheelEvent(QWheelEvent* event) {
 QSize TabBar::tabSizeHint(int index) const {
   QFont bold = font();
   bold.setBold(true);
-  const int text = QFontMetrics(bold).size(Qt::TextShowMnemonic, tabText(index)).width();
+  const int text = QFontMetrics(bold).size(Qt::TextShowMnemonic, captions_[index]).width();
   return {std::max(LeastWidth, text + 2 * SidePadding), Height};
 }
 
@@ -117,7 +140,7 @@ void TabBar::DrawTab(QPainter& painter, int index) const {
   }
   painter.setPen(look::Ink);
   painter.drawText(area.adjusted(0, 2, 0, 0), Qt::AlignCenter | Qt::TextShowMnemonic,
-                   tabText(index));
+                   captions_[index]);
 }
 
 }  // namespace desktop

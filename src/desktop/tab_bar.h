@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QKeySequence>
+#include <QList>
+#include <QStringList>
 #include <QTabBar>
 #include <functional>
 
@@ -16,11 +19,19 @@ class TabBar : public QTabBar {
 
   explicit TabBar(QWidget* parent);
 
+  /// Adds a tab; gives its index.
+  int Add(const QString& caption);
+
   /// Called with the index of the tab that the user chose.
   std::function<void(int)> Chosen;
 
   /// Shows which tab is selected, without a report.
   void ShowSelected(int index);
+  /// Chooses a tab as a click would, also the one that is selected already.
+  void Choose(int index);
+  /// Leaves these keys to others: the tabs whose captions name them do not react on them. What
+  /// stands on the screen stays.
+  void LeaveKeys(const QList<QKeySequence>& keys);
 
  protected:
   bool event(QEvent* event) override;
@@ -34,6 +45,8 @@ class TabBar : public QTabBar {
   void Report(int index);
   void DrawTab(QPainter& painter, int index) const;
 
+  /// The captions of the design; the texts of the tabs lack the letters of keys that were left.
+  QStringList captions_;
   /// Reports since the start, to see whether an event was reported already.
   int reports_ = 0;
 };
