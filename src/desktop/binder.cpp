@@ -123,7 +123,9 @@ void Binder::Bind(platform::CheckBox& control, QCheckBox& widget, const QString&
   Follow(control.Value, [&] { widget.setChecked(control.Value != 0); });
   control.ForeColor.Observe(
       [&] { look::SetTextColour(widget, look::ColourOf(control.ForeColor)); });
-  QObject::connect(&widget, &QAbstractButton::clicked, &widget, [&](bool checked) {
+  QObject::connect(&widget, &QAbstractButton::toggled, &widget, [&](bool checked) {
+    const bool byProgram = checked == (control.Value != 0);
+    if (byProgram) return;
     guard_([&] { control.Value = static_cast<std::int16_t>(checked ? 1 : 0); });
   });
 }
@@ -135,8 +137,10 @@ void Binder::Bind(platform::OptionButton& control, StationChoice& widget, const 
          [&, ampersand] { widget.setText(WidgetCaption(control.Caption, ampersand)); });
   const auto show = [&] { widget.setChecked(control.Value); };
   Follow(control.Value, show);
-  QObject::connect(&widget, &QAbstractButton::clicked, &widget, [&, show] {
-    guard_([&] { control.Value = true; });
+  QObject::connect(&widget, &QAbstractButton::toggled, &widget, [&, show](bool checked) {
+    const bool byProgram = checked == control.Value;
+    if (byProgram) return;
+    if (checked) guard_([&] { control.Value = true; });
     // A click on the choice that is on already has switched its widget off.
     show();
   });
@@ -163,7 +167,8 @@ void Binder::Bind(platform::TextBox& control, TextField& widget, const QString& 
   BindControl(control, widget, name);
   Follow(control.MaxLength, [&] { widget.SetTypingLimit(control.MaxLength); });
   Follow(control.Text, [&] { widget.ShowText(ToQt(control.Text)); });
-  QObject::connect(&widget, &QLineEdit::textEdited, &widget,
+  // Whoever changes the text, also a program that assists the user, has made a change.
+  QObject::connect(&widget, &QLineEdit::textChanged, &widget,
                    [&](const QString& text) { guard_([&] { control.Text = FromQt(text); }); });
   widget.DoubleClicked = [&] { guard_([&] { control.DblClick(); }); };
   control.SetFocus = [&] { GiveFocus(widget); };

@@ -82,6 +82,13 @@ void PhasorPage::Follow() {
   const auto lay = [this] { Lay(); };
   main_.Frame2.Height.Observe(lay);
   main_.phasordiagram.Top.Observe(lay);
+  for (std::size_t i = 0; i < main_.Label6.size(); ++i) {
+    const auto describe = [this, i] {
+      table_->DescribeMagnitude(static_cast<int>(i) + 1, ToQt(main_.Label6[i].Caption));
+    };
+    main_.Label6[i].Caption.Observe(describe);
+    describe();
+  }
 }
 
 void PhasorPage::ShowColours() {

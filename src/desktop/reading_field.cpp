@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
+#include <utility>
 
 #include "desktop/activation_key.h"
 #include "desktop/look.h"
@@ -31,9 +32,9 @@ ReadingField::ReadingField(const QColor& mark, QWidget* parent) : QWidget(parent
 
 void ReadingField::SetText(const QString& text) {
   if (text == text_) return;
-  text_ = text;
+  const QString before = std::exchange(text_, text);
   if (QAccessible::isActive()) {
-    QAccessibleValueChangeEvent change(this, text_);
+    QAccessibleTextUpdateEvent change(this, 0, before, text_);
     QAccessible::updateAccessibility(&change);
   }
   update();

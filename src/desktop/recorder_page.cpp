@@ -95,11 +95,13 @@ QWidget* RecorderPage::Progress(QWidget* parent) {
   auto* line = new QWidget(parent);
   auto* row = new QHBoxLayout(line);
   row->setContentsMargins(0, Margin / 2, 0, 0);
-  for (const std::size_t part : {2U, 3U}) {
-    auto* label = new QLabel(line);
-    binder_.Bind(main_.Label10[part], *label, ArrayName("Label10", part));
-    row->addWidget(label);
-  }
+  auto* heading = new QLabel(line);
+  auto* counter = new QLabel(line);
+  // So a screen reader tells what is counted.
+  heading->setBuddy(counter);
+  binder_.Bind(main_.Label10[2], *heading, ArrayName("Label10", 2));
+  binder_.Bind(main_.Label10[3], *counter, ArrayName("Label10", 3));
+  for (QLabel* part : {heading, counter}) row->addWidget(part);
   row->addStretch(1);
   return line;
 }

@@ -11,6 +11,9 @@ namespace desktop {
 namespace {
 
 const QColor HeadText(0, 0, 255);
+constexpr int ChannelColumn = 0;
+constexpr int MagnitudeColumn = 1;
+constexpr int AngleColumn = 2;
 
 }  // namespace
 
@@ -36,8 +39,8 @@ ValueTable::ValueTable(platform::Grid<Rows, Columns>& grid, QWidget* parent)
       setItem(row, column, item);
       grid_.Cell[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)].Observe(
           [this, row, column] { ShowCell(row, column); });
-      ShowCell(row, column);
     }
+    for (int column = 0; column < Columns; ++column) ShowCell(row, column);
   }
 }
 
@@ -47,9 +50,17 @@ void ValueTable::SetGround(const QColor& ground) {
   }
 }
 
+void ValueTable::DescribeMagnitude(int row, const QString& channel) {
+  item(row, MagnitudeColumn)->setData(Qt::AccessibleDescriptionRole, channel);
+}
+
 void ValueTable::ShowCell(int row, int column) {
-  item(row, column)
-      ->setText(ToQt(grid_.Cell[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)]));
+  const QString text =
+      ToQt(grid_.Cell[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)]);
+  item(row, column)->setText(text);
+  if (row == 0 || column != ChannelColumn) return;
+  item(row, AngleColumn)
+      ->setData(Qt::AccessibleDescriptionRole, QStringLiteral("%1 / [°]").arg(text));
 }
 
 int ValueTable::NaturalWidth() const {

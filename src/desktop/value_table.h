@@ -19,6 +19,8 @@ class ValueTable : public QTableWidget {
   /// The columns' widths as the grid tells them, in pixels at a text ratio of 1.
   int NaturalWidth() const;
   void SetGround(const QColor& ground);
+  /// What a screen reader tells of the magnitude in a row: the channel and its unit.
+  void DescribeMagnitude(int row, const QString& channel);
   /// Gives the table its place; texts and columns grow with the ratio.
   void Lay(const QRect& place, double textRatio);
 

@@ -1,4 +1,3 @@
-#include <QAccessible>
 #include <QLabel>
 
 #include "desktop/reading_field.h"
@@ -171,17 +170,6 @@ TEST_F(Values, AnAmpersandInAUsersTextIsALetter) {
   auto& caption = Find<QLabel>(Member("Label6", 0));
   EXPECT_TRUE(WaitFor([&] { return caption.text() == "Bay 1 && 2 / [A]"; }));
   EXPECT_EQ(caption.buddy(), &Find<QWidget>(Member("Label5", 0)));
-}
-
-TEST_F(Values, AReadingTellsItsCaptionAndItsNumberToAScreenReader) {
-  Start();
-  GoMeasure();
-  QAccessibleInterface* reading =
-      QAccessible::queryAccessibleInterface(&Find<QWidget>(Member("Label5", 1)));
-  ASSERT_NE(reading, nullptr);
-  EXPECT_EQ(reading->role(), QAccessible::StaticText);
-  EXPECT_EQ(reading->text(QAccessible::Name), "Current Sensor B / [A]");
-  EXPECT_EQ(reading->text(QAccessible::Value), "0.0000");
 }
 
 TEST_F(Values, WithoutDataTheDialogComesAndTheButtonFallsBack) {
