@@ -25,6 +25,9 @@ constexpr std::size_t SmoothSamples = 4000;
 constexpr int SmallestZoom = 5;
 /// Half the height of the range that a flat curve stands in.
 constexpr double FlatReach = 1;
+/// A block is put on the graph in many steps, with a pump among them, and drawn by the last one.
+/// What is to be drawn soon waits for that long enough.
+constexpr int DrawMs = 30;
 
 }  // namespace
 
@@ -42,6 +45,9 @@ GraphView::GraphView(platform::CWGraph& graph, Guard& guard, QWidget* parent)
   axisRect()->setRangeDrag(Qt::Horizontal | Qt::Vertical);
   axisRect()->setRangeZoom(Qt::Horizontal | Qt::Vertical);
   for (QCPGraph*& curve : curves_) curve = addGraph();
+  drawing_.setSingleShot(true);
+  drawing_.setInterval(DrawMs);
+  drawing_.callOnTimeout(this, [this] { replot(); });
   FollowPlots();
   FollowGraph();
   TakeMouse();
@@ -59,7 +65,7 @@ void GraphView::FollowPlots() {
     plot.Y.Observe([this, i] { ShowCurve(i); });
     const auto style = [this, i] {
       ShowStyle(i);
-      replot(rpQueuedReplot);
+      DrawSoon();
     };
     plot.Visible.Observe(style);
     plot.LineColor.Observe(style);
@@ -71,15 +77,26 @@ void GraphView::FollowPlots() {
 }
 
 void GraphView::FollowGraph() {
-  graph_.XAxis.ScaleNow = [this] { ScaleX(); };
-  graph_.YAxis.ScaleNow = [this] { ScaleY(); };
+  graph_.XAxis.ScaleNow = [this] {
+    ScaleX();
+    DrawSoon();
+  };
+  graph_.YAxis.ScaleNow = [this] {
+    ScaleY();
+    DrawSoon();
+  };
   graph_.TrackMode.Observe([this] { ShowTrackMode(); });
   graph_.ScreenLook.Observe([this] { ShowBackground(); });
   graph_.Refresh = [this] {
     if (graph_.XAxis.AutoScale) ScaleX();
     if (graph_.YAxis.AutoScale) ScaleY();
+    drawing_.stop();
     replot(rpImmediateRefresh);
   };
+}
+
+void GraphView::DrawSoon() {
+  if (!drawing_.isActive()) drawing_.start();
 }
 
 void GraphView::TakeMouse() {
@@ -107,7 +124,7 @@ void GraphView::ZoomInto(const QRect& drag, Qt::MouseButton button) {
   if (button != Qt::LeftButton || !drawn) return;
   axisRect()->zoom(QRectF(rect));
   guard_([this] { graph_.ZoomFinished(); });
-  replot(rpQueuedReplot);
+  DrawSoon();
 }
 
 void GraphView::ShowAll() {
@@ -155,7 +172,7 @@ void GraphView::ShowBackground() {
   sand.setColorAt(0, SandLight);
   sand.setColorAt(1, SandDark);
   axisRect()->setBackground(graph_.ScreenLook ? QBrush(sand) : QBrush(Qt::white));
-  replot(rpQueuedReplot);
+  DrawSoon();
 }
 
 std::optional<QCPRange> GraphView::VisibleValues() const {
@@ -176,7 +193,6 @@ std::optional<QCPRange> GraphView::VisibleValues() const {
 void GraphView::ScaleX() {
   if (!VisibleValues()) return;
   xAxis->rescale(true);
-  replot(rpQueuedReplot);
 }
 
 void GraphView::ScaleY() {
@@ -187,7 +203,6 @@ void GraphView::ScaleY() {
   }
   yAxis->setRange(*values);
   yAxis->scaleRange(1 + 2 * Headroom);
-  replot(rpQueuedReplot);
 }
 
 }  // namespace desktop

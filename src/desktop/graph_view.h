@@ -2,6 +2,7 @@
 
 #include <qcustomplot.h>
 
+#include <QTimer>
 #include <array>
 #include <optional>
 
@@ -25,6 +26,8 @@ class GraphView : public QCustomPlot {
   void FollowPlots();
   void FollowGraph();
   void TakeMouse();
+  /// Draws once for all changes of a moment, unless a refresh comes first.
+  void DrawSoon();
   void ShowCurve(std::size_t plot);
   void ShowStyle(std::size_t plot);
   void ShowTrackMode();
@@ -39,6 +42,7 @@ class GraphView : public QCustomPlot {
   platform::CWGraph& graph_;
   Guard& guard_;
   std::array<QCPGraph*, 8> curves_{};
+  QTimer drawing_;
 };
 
 }  // namespace desktop

@@ -53,8 +53,9 @@ void ScopeView::PlotBlock(std::string_view mode) {
     const bool shown = main_.Check2[i].Value == 1;
     // A hidden curve is all zeros, so that no stale one takes part in a later scaling.
     if (!shown) platform::CWArray::Clear(x);
-    main_.CWGraph1.Plots[i].Visible = shown;
-    main_.CWGraph1.Plots[i].Y = std::move(x);
+    platform::Plot& plot = main_.CWGraph1.Plots[i];
+    if (plot.Visible != shown) plot.Visible = shown;
+    plot.Y = std::move(x);
   }
   if (mode == "Auto") ScaleNow(main_.CWGraph1);
   events_.Pump();

@@ -118,5 +118,88 @@ TEST_F(Waveforms, AnAmpersandInAChannelsNameIsALetterOfItsLegend) {
   EXPECT_EQ(Form().TabStrip1.SelectedTab, ValuesTab);
 }
 
+TEST_F(Waveforms, TheSamplesHaveTheColoursOfTheirMarkers) {
+  ShowBlock();
+  RightClick();
+
+  const QColor colours[] = {{0, 0, 0},   {255, 0, 0},   {0, 0, 255},   {192, 192, 192},
+                            {0, 255, 0}, {255, 0, 255}, {0, 255, 255}, {128, 128, 128}};
+  for (int i = 0; i < 8; ++i) {
+    const QCPScatterStyle marker = Graph().graph(i)->scatterStyle();
+    EXPECT_EQ(marker.pen().color(), colours[i]) << i;
+    EXPECT_EQ(marker.brush().color(), colours[i]) << i;
+  }
+  // The curve of the neutral current is darker than its samples.
+  EXPECT_EQ(Graph().graph(3)->pen().color(), QColor(96, 96, 96));
+}
+
+TEST_F(Waveforms, TheGraphStandsOnAGroundThatIsNeitherWhiteNorBlack) {
+  GoWaveforms();
+  const auto ground = [this] {
+    return Graph().grab().toImage().pixelColor(Graph().axisRect()->topLeft() + QPoint(7, 7));
+  };
+  const QColor sand = ground();
+  EXPECT_GT(sand.lightness(), 128);
+  EXPECT_LT(sand.lightness(), 230);
+  EXPECT_GT(sand.red(), sand.blue());
+
+  Form().CWGraph1.ScreenLook = false;
+
+  EXPECT_TRUE(WaitFor([&] { return ground() == QColor(Qt::white); }));
+}
+
+TEST_F(Waveforms, ABlockIsDrawnOnce) {
+  RunToABlock();
+  int drawn = 0;
+  QObject::connect(&Graph(), &QCustomPlot::afterReplot, &Graph(), [&] { ++drawn; });
+  QTest::qWait(100);
+  drawn = 0;
+  auto before = Program().State.BlockCount;
+  WaitForTwoBlocks();
+  EXPECT_EQ(drawn, Program().State.BlockCount - before);
+
+  Click("sevOption1(2)");
+  QTest::qWait(100);
+  drawn = 0;
+  before = Program().State.BlockCount;
+  WaitForTwoBlocks();
+  EXPECT_EQ(drawn, Program().State.BlockCount - before);
+}
+
+TEST_F(Waveforms, AChannelThatIsSwitchedOffIsDrawnOnceWithItsNewScale) {
+  ShowBlock();
+  for (int i = 1; i < 4; ++i) Click(Member("Check2", i));
+  QTest::qWait(100);
+  std::vector<double> tops;
+  QObject::connect(&Graph(), &QCustomPlot::afterReplot, &Graph(),
+                   [&] { tops.push_back(Y().upper); });
+
+  Click(Member("Check2", 0));
+
+  QTest::qWait(100);
+  ASSERT_EQ(tops.size(), 1U);
+  EXPECT_LT(tops[0], 63.509 * 1.41 * 1.2);
+}
+
+TEST_F(Waveforms, ARefusedFilterIsToldAndGivesTheButtonsBack) {
+  Start();
+  ClickTab(SetupTab);
+  Type(Member("Text1", 0), "and nonsense here");
+  ClickTab(WaveformsTab);
+  QString text;
+  OnDialog([&](QDialog& dialog) {
+    text = dialog.property("text").toString();
+    dialog.accept();
+  });
+
+  Click("CWButton1");
+
+  EXPECT_TRUE(text.startsWith("Can't receive packets!")) << text.toStdString();
+  EXPECT_EQ(Find<QAbstractButton>("CWButton1").text(), "RUN");
+  EXPECT_TRUE(Find<QWidget>("CWButton1").isEnabled());
+  EXPECT_TRUE(Find<QWidget>("Command1").isEnabled());
+  EXPECT_FALSE(Find<QWidget>(Member("Shape12", 2)).isVisible());
+}
+
 }  // namespace
 }  // namespace desktop
