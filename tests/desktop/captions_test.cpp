@@ -159,5 +159,15 @@ TEST_F(WindowCaptions, AShortTipStandsAsItIs) {
   EXPECT_EQ(TipShownOn(Member("Text1", 3)), "hint: use content of clipboard to get exact path");
 }
 
+TEST_F(WindowCaptions, ThePanelsOfTheStatusBarHaveTheirTips) {
+  Start();
+  const char* tips[] = {"shows actual choosen network adapter",
+                        "shows actual choosen standard printer", "shows actual state of sampling",
+                        "shows errors of ramp count"};
+  for (int panel = 1; panel <= 4; ++panel) {
+    EXPECT_EQ(TipShownOn(Member("StatusBar1.Panels", panel)), tips[panel - 1]);
+  }
+}
+
 }  // namespace
 }  // namespace desktop

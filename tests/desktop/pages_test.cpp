@@ -164,5 +164,23 @@ TEST_F(Pages, ALabelShowsTheColourAndTheWeightThatTheProgramGives) {
   EXPECT_TRUE(progress.font().bold());
 }
 
+TEST_F(Pages, TheCaptionsOfTheRecorderTakeAClick) {
+  Start();
+  MakeStorage();
+  ClickTab(RecorderTab);
+  for (const int caption : {5, 6, 9, 22, 23, 24, 28}) {
+    int clicks = 0;
+    Form().Label3[static_cast<std::size_t>(caption)].Click = [&] { ++clicks; };
+    // A caption that the program hides cannot be clicked; the user sees these.
+    Form().Frame4.Visible = true;
+    ASSERT_TRUE(Find<QWidget>(Member("Label3", caption)).isVisible()) << caption;
+
+    Click(Member("Label3", caption));
+    EXPECT_EQ(clicks, 1) << caption;
+    QTest::mouseClick(&Find<QWidget>(Member("Label3", caption)), Qt::RightButton);
+    EXPECT_EQ(clicks, 1) << caption;
+  }
+}
+
 }  // namespace
 }  // namespace desktop

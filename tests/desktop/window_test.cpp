@@ -1,4 +1,5 @@
 #include <QLabel>
+#include <QSessionManager>
 #include <QSettings>
 #include <QStackedWidget>
 #include <QTabBar>
@@ -98,13 +99,29 @@ TEST_F(Window, ClosingDuringARunningViewWaitsForItsButton) {
 }
 
 TEST_F(Window, ARequestToTerminateStopsCaptureAndEndsTheProgram) {
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+    exitCode_.reset();
+    Start();
+    GoMeasure();
+    const TerminationSignals termination([this] { program_->EndSession(); });
+    Click("CWButton4");
+    ASSERT_TRUE(Program().State.CaptureRunning);
+    std::raise(signal);
+    EXPECT_TRUE(WaitFor([&] { return exitCode_.has_value(); })) << signal;
+    EXPECT_EQ(exitCode_, 0) << signal;
+    EXPECT_FALSE(Program().State.CaptureRunning) << signal;
+    program_.reset();
+  }
+}
+
+TEST_F(Window, TheEndOfTheSessionStopsCaptureAndEndsTheProgram) {
   Start();
   GoMeasure();
-  const TerminationSignals termination([this] { program_->EndSession(); });
   Click("CWButton4");
   ASSERT_TRUE(Program().State.CaptureRunning);
-  std::raise(SIGTERM);
-  EXPECT_TRUE(WaitFor([&] { return exitCode_.has_value(); }));
+  auto* manager = qGuiApp->findChild<QSessionManager*>();
+  ASSERT_NE(manager, nullptr);
+  emit qGuiApp->commitDataRequest(*manager);
   EXPECT_EQ(exitCode_, 0);
   EXPECT_FALSE(Program().State.CaptureRunning);
 }

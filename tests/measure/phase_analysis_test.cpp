@@ -13,6 +13,7 @@
 namespace {
 
 using support::Scene;
+using testing::Contains;
 using testing::ElementsAre;
 
 /// The program with a phase analysis whose block the test fills by hand.
@@ -206,6 +207,36 @@ TEST_F(Phases, OfAStreamWithFourChannelsAreMeasuredAgainstTheAngleZero) {
 
   EXPECT_THAT(Table(2), ElementsAre("-94.500", "0.000", "0.000", "0.000", "0.000", "0.000", "0.000",
                                     "0.000"));
+}
+
+TEST_F(Phases, TheLargestChannelSetsTheScaleWhicheverItIs) {
+  for (std::size_t loud = 0; loud < 4; ++loud) {
+    for (std::size_t k = 0; k < 4; ++k) {
+      Fill(k, k == loud ? 1500 * std::numbers::sqrt2 : 20, 0);
+      Fill(k + 4, k == loud ? 450 * std::numbers::sqrt2 : 20, 0);
+    }
+    scene.PhasorPicture.Calls.clear();
+
+    phases.UpdatePhases();
+
+    EXPECT_THAT(scene.PhasorPicture.Calls, Contains("print FS current=2000 (250)A")) << loud;
+    EXPECT_THAT(scene.PhasorPicture.Calls, Contains("print FS voltage=500 (62.5)kV")) << loud;
+  }
+}
+
+TEST_F(Phases, EachCurrentIsMeasuredAgainstTheVoltageOfItsLetter) {
+  // The current of each phase lags its own voltage by another angle, the neutral as well.
+  const double voltage[] = {0, 120, -120, 50};
+  const double lag[] = {10, 20, 30, 40};
+  for (std::size_t k = 0; k < 4; ++k) {
+    Fill(k + 4, 10, voltage[k]);
+    Fill(k, 100, voltage[k] + lag[k]);
+  }
+
+  phases.UpdatePhases();
+
+  EXPECT_THAT(Table(2), ElementsAre("-10.000", "-140.000", "90.000", "-90.000", "0.000", "-120.000",
+                                    "120.000", "-50.000"));
 }
 
 }  // namespace

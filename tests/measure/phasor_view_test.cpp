@@ -287,4 +287,48 @@ TEST_F(PhasorView, DrawsItsBackgroundAloneAfterAResize) {
   EXPECT_TRUE(Printed("I1"));
 }
 
+TEST_F(PhasorView, LetsEventsInBeforeItsStartClearsThePicture) {
+  Run();
+  Block(100, 10);
+  Stop();
+  bool stood = false;
+  bool enabled = false;
+  scene.Events.AtPump(1, [&] {
+    stood = Stands("I1");
+    enabled = main.CWButton2.Enabled;
+  });
+
+  main.CWButton2.Value = true;
+
+  EXPECT_TRUE(stood);
+  EXPECT_TRUE(enabled);
+}
+
+TEST_F(PhasorView, LetsEventsInAndClearsItsFlagBeforeItsStopStopsCapture) {
+  Run();
+  scene.Receive(SvFrame().Bytes());
+  scene.Elapse(milliseconds(1000));
+  bool lookingAtHead = false;
+  bool lookingAtStop = true;
+  scene.Events.AtPump(1, [&] { lookingAtHead = scene.State.LookingForPhases; });
+  scene.Events.AtPump(2, [&] { lookingAtStop = scene.State.LookingForPhases; });
+  scene.Journal.clear();
+
+  main.CWButton2.Value = false;
+
+  EXPECT_THAT(scene.Journal, ElementsAre("pump", "stop", "pump", "clear", "pump"));
+  EXPECT_TRUE(lookingAtHead);
+  EXPECT_FALSE(lookingAtStop);
+}
+
+TEST_F(PhasorView, LetsEventsInBeforeItFreesItsScales) {
+  bool lockedAtPump = false;
+  scene.Events.AtPump(1, [&] { lockedAtPump = !main.Combo5[0].Enabled; });
+
+  main.Check6.Value = 0;
+
+  EXPECT_TRUE(lockedAtPump);
+  EXPECT_TRUE(main.Combo5[0].Enabled);
+}
+
 }  // namespace
