@@ -1,5 +1,6 @@
 #include "capture/watchdog.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <utility>
 
@@ -114,7 +115,8 @@ template <typename Pump>
 void Watchdog::Restart(bool lookingFor, const char* mode, Pump pump) {
   if (!lookingFor || state_.Leaving > 0) return;
   const std::uint32_t tabChanges = state_.TabChanges;
-  events_.WaitMs(settings_.InternalDelay);
+  // A delay below 0 is none.
+  events_.WaitMs(std::max<std::int16_t>(settings_.InternalDelay, 0));
   pump();
   if (state_.TabChanges == tabChanges) capture_.StartCapture(mode);
 }

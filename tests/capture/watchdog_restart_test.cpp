@@ -236,6 +236,17 @@ TEST_F(RestartTimer, RestartsAtOnceWithoutAnInternalDelay) {
   EXPECT_TRUE(State.CaptureRunning);
 }
 
+TEST_F(RestartTimer, TakesANegativeInternalDelayForNone) {
+  State.LookingForValues = true;
+  Settings.InternalDelay = -200;
+  const auto begin = Clock.Now();
+
+  Restart();
+
+  EXPECT_EQ(Clock.Now() - begin, 100ms);
+  EXPECT_TRUE(State.CaptureRunning);
+}
+
 TEST_F(RestartTimer, FiresOnce) {
   State.LookingForValues = true;
   Restart();

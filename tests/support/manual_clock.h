@@ -1,17 +1,21 @@
 #pragma once
 
 #include <chrono>
+#include <stdexcept>
 
 #include "platform/clock.h"
 
 namespace support {
 
-/// Time that stands still until a test moves it.
+/// Time that stands still until a test moves it, forwards only.
 class ManualClock : public platform::Clock {
  public:
   std::chrono::nanoseconds Now() const override { return now_; }
-  void Advance(std::chrono::nanoseconds time) { now_ += time; }
-  void Set(std::chrono::nanoseconds time) { now_ = time; }
+  void Advance(std::chrono::nanoseconds time) { Set(now_ + time); }
+  void Set(std::chrono::nanoseconds time) {
+    if (time < now_) throw std::logic_error("the clock was set back");
+    now_ = time;
+  }
 
  private:
   std::chrono::nanoseconds now_{1'000'000'000};
