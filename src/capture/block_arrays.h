@@ -2,19 +2,21 @@
 
 #include <cstdint>
 #include <new>
-#include <vector>
+#include <string>
+#include <utility>
 
 #include "platform/block_matrix.h"
 #include "platform/failure.h"
+#include "platform/zeroed_array.h"
 
 namespace packetroutines {
 
-/// A sequence whose cells are reached by index; failure 9 outside of it.
+/// Numbers that are reached by index; failure 9 outside of them.
 template <typename T>
 class CheckedArray {
  public:
-  void Redim(std::int32_t count) { cells_.assign(static_cast<std::size_t>(count), T{}); }
-  std::int32_t Count() const { return static_cast<std::int32_t>(cells_.size()); }
+  void Redim(std::int32_t count) { cells_.Redim(static_cast<std::size_t>(count)); }
+  std::int32_t Count() const { return static_cast<std::int32_t>(cells_.Count()); }
   T& operator()(std::int32_t index) {
     Check(index);
     return cells_[static_cast<std::size_t>(index)];
@@ -31,7 +33,7 @@ class CheckedArray {
     }
   }
 
-  std::vector<T> cells_;
+  platform::ZeroedArray<T> cells_;
 };
 
 /// Runs what needs much memory; failure 7 where the system has not enough.
@@ -47,23 +49,31 @@ void WithMemory(Work work) {
 /// One block of each stream: a row a frame, values in the chosen units (first stream) or in amperes
 /// and kilovolts (second stream), and the smpCnt of each row.
 struct BlockArrays {
-  /// The most rows that a block can have: more than forty minutes of frames.
-  static constexpr std::int32_t MaximumRows = 10'000'000;
+  /// The most rows that a block can have. With them all filled and drawn, in every view, the
+  /// program stays below half a gigabyte.
+  static constexpr std::int32_t MaximumRows = 1'000'000;
 
   platform::BlockMatrix SignalValues;
   platform::BlockMatrix SignalValues2;
   CheckedArray<std::int32_t> SampleCount;
   CheckedArray<std::int16_t> SampleCount2;
 
-  /// Makes all arrays anew and thereby empty; failure 7 where the rows do not fit into memory.
+  /// Makes all arrays anew and thereby empty; failure 7 where the rows are too many or do not fit
+  /// into memory, and all arrays stay then.
   void Rebuild(std::int32_t baseSamples) {
-    if (baseSamples > MaximumRows) throw platform::Failure(platform::failure::OutOfMemory);
+    if (baseSamples > MaximumRows) {
+      throw platform::Failure(
+          platform::failure::OutOfMemory,
+          "Out of memory: a block has at most " + std::to_string(MaximumRows) + " samplings");
+    }
+    BlockArrays fresh;
     WithMemory([&] {
-      SignalValues.Rebuild(baseSamples);
-      SignalValues2.Rebuild(baseSamples);
-      SampleCount.Redim(baseSamples);
-      SampleCount2.Redim(baseSamples);
+      fresh.SignalValues.Rebuild(baseSamples);
+      fresh.SignalValues2.Rebuild(baseSamples);
+      fresh.SampleCount.Redim(baseSamples);
+      fresh.SampleCount2.Redim(baseSamples);
     });
+    *this = std::move(fresh);
   }
 };
 

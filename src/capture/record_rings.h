@@ -20,7 +20,7 @@ struct RecordRings {
   std::array<CheckedArray<double>, 8> RecordChannel2;
 
   /// The most cells of a ring: more than forty minutes of frames.
-  static constexpr std::int32_t MaximumCells = BlockArrays::MaximumRows;
+  static constexpr std::int32_t MaximumCells = 10'000'000;
 
   /// `triggerCells` is the size that the trigger times ask for; only six rings follow it, and none
   /// gets smaller than a second. Failure 7 where it is too large.

@@ -2,9 +2,9 @@
 
 #include <cstdint>
 #include <span>
-#include <vector>
 
 #include "platform/failure.h"
+#include "platform/zeroed_array.h"
 
 namespace platform {
 
@@ -15,7 +15,7 @@ class BlockMatrix {
   static constexpr std::size_t Channels = 8;
 
   void Rebuild(std::int32_t rows) {
-    cells_.assign(static_cast<std::size_t>(rows) * Channels, 0.0);
+    cells_.Redim(static_cast<std::size_t>(rows) * Channels);
     rows_ = rows;
   }
   std::int32_t Rows() const { return rows_; }
@@ -26,7 +26,7 @@ class BlockMatrix {
   std::span<const double, Channels> Row(std::int32_t row) const {
     return std::span<const double, Channels>(&cells_[At(row)], Channels);
   }
-  std::span<const double> Cells() const { return cells_; }
+  std::span<const double> Cells() const { return cells_.All(); }
 
  private:
   std::size_t At(std::int32_t row) const {
@@ -35,7 +35,7 @@ class BlockMatrix {
   }
 
   std::int32_t rows_ = 0;
-  std::vector<double> cells_;
+  ZeroedArray<double> cells_;
 };
 
 }  // namespace platform

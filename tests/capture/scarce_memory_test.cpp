@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <new>
 
 #include "capture/record_rings.h"
@@ -11,20 +12,33 @@
 
 namespace {
 
-/// As long as it lives, no request for more than `limit` bytes is granted.
+/// As long as it lives, no request for more than `limit` bytes is granted, and of those for zeroed
+/// memory only the first `zeroed`.
 class ScarceMemory {
  public:
-  explicit ScarceMemory(std::size_t limit) { limit_ = limit; }
+  explicit ScarceMemory(std::size_t limit, std::size_t zeroed = SIZE_MAX) {
+    limit_ = limit;
+    zeroed_ = zeroed;
+  }
   ScarceMemory(const ScarceMemory&) = delete;
   ScarceMemory& operator=(const ScarceMemory&) = delete;
-  ~ScarceMemory() { limit_ = SIZE_MAX; }
+  ~ScarceMemory() { limit_ = zeroed_ = SIZE_MAX; }
 
   static void* Grant(std::size_t size) {
     return size > limit_ ? nullptr : std::malloc(size == 0 ? 1 : size);
   }
+  static void* GrantZeroed(std::size_t size) {
+    if (zeroed_ == 0) return nullptr;
+    if (zeroed_ != SIZE_MAX) --zeroed_;
+    void* memory = Grant(size);
+    // Called through a pointer, or the compiler would turn this into a call of `calloc`.
+    static void* (*volatile const clear)(void*, int, std::size_t) = std::memset;
+    return memory == nullptr ? nullptr : clear(memory, 0, size);
+  }
 
  private:
   static inline std::size_t limit_ = SIZE_MAX;
+  static inline std::size_t zeroed_ = SIZE_MAX;
 };
 
 }  // namespace
@@ -37,6 +51,9 @@ void* operator new(std::size_t size) {
 }
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
   return ScarceMemory::Grant(size);
+}
+extern "C" void* calloc(std::size_t count, std::size_t size) noexcept {
+  return ScarceMemory::GrantZeroed(count * size);
 }
 void operator delete(void* memory) noexcept {
   std::free(memory);
@@ -69,6 +86,19 @@ TEST(ScarceMemory, RefusesABlockAndLeavesTheOldOne) {
   EXPECT_EQ(block.SignalValues.Rows(), 10);
   EXPECT_EQ(block.SignalValues.Row(9)[0], 7);
   EXPECT_EQ(FailureOf([&] { block.Rebuild(400); }), 0);
+}
+
+TEST(ScarceMemory, RefusesABlockAsAWhole) {
+  packetroutines::BlockArrays block;
+  block.Rebuild(10);
+  for (const std::size_t arrays : {1U, 2U, 3U}) {
+    const ScarceMemory scarce(SIZE_MAX, arrays);
+
+    EXPECT_EQ(FailureOf([&] { block.Rebuild(400); }), OutOfMemory) << arrays;
+    EXPECT_EQ(block.SignalValues.Rows(), 10) << arrays;
+    EXPECT_EQ(block.SignalValues2.Rows(), 10) << arrays;
+    EXPECT_EQ(block.SampleCount.Count(), 10) << arrays;
+  }
 }
 
 TEST(ScarceMemory, RefusesTheRecordRings) {
