@@ -56,12 +56,12 @@ void FormLayout::FormResize() {
       },
       [&] {
         changeTab = !RunActive();
-        if (changeTab) main_.TabStrip1.SelectedTab = 1;
+        if (changeTab) PassFirstTab();
       },
       [&] { PlaceValues(); }, [&] { PlaceScope(); }, [&] { PlaceLogos(); }, [&] { PlacePhasor(); },
       [&] { PlaceInfo(); },
       [&] {
-        if (changeTab) main_.TabStrip1.SelectedTab = tab;
+        if (changeTab) ReturnToTab(tab);
       },
       [&] { main_.TabStrip1.Visible = true; });
 }

@@ -21,6 +21,9 @@ class FormLayout {
 
   void FormResize();
 
+  /// Selects the first tab for the time of the layout, and then the one before again.
+  std::function<void()> PassFirstTab;
+  std::function<void(std::int16_t)> ReturnToTab;
   /// Draws the background of the phasor diagram anew.
   std::function<void()> DrawPhasorGrid;
 

@@ -1,6 +1,7 @@
 #include "shell/tab_controller.h"
 
 #include <string>
+#include <utility>
 
 #include "config/setup_view.h"
 #include "platform/failure.h"
@@ -47,15 +48,41 @@ TabController::TabController(forms::Main& main, config::Settings& settings,
   closeTimer_.Elapsed = [this] { RetryClose(); };
 }
 
+void TabController::PassFirstTab() {
+  SelectForLayout(InfoTab);
+}
+
+void TabController::ReturnToTab(std::int16_t tab) {
+  // Where another tab was chosen in a pump of the passage, the way back is a change of its own.
+  if (tab == settings_.MainActiveTab) {
+    SelectForLayout(tab);
+  } else {
+    main_.TabStrip1.SelectedTab = tab;
+  }
+}
+
+void TabController::SelectForLayout(std::int16_t tab) {
+  forLayout_ = true;
+  main_.TabStrip1.SelectedTab = tab;
+}
+
 void TabController::TabChange() {
+  // A change inside of one of the pumps below is the user's own.
+  const bool forLayout = std::exchange(forLayout_, false);
   if (main_.TabStrip1.SelectedTab == ExitTab) {
     Exit();
     return;
   }
-  Run([&] { events_.Pump(); }, [&] { settings_.MainActiveTab = main_.TabStrip1.SelectedTab; },
-      [&] { events_.Pump(); }, [&] { file_.SaveActiveTab(); }, [&] { ++state_.Leaving; },
-      [&] { capture_.StopCapture(); }, [&] { ClearModes(); }, [&] { StopButtons(); },
-      [&] { HideViews(); }, [&] { ShowView(); }, [&] { --state_.Leaving; });
+  Run([&] { events_.Pump(); },
+      [&] {
+        if (!forLayout) settings_.MainActiveTab = main_.TabStrip1.SelectedTab;
+      },
+      [&] { events_.Pump(); },
+      [&] {
+        if (!forLayout) file_.SaveActiveTab();
+      },
+      [&] { ++state_.Leaving; }, [&] { capture_.StopCapture(); }, [&] { ClearModes(); },
+      [&] { StopButtons(); }, [&] { HideViews(); }, [&] { ShowView(); }, [&] { --state_.Leaving; });
 }
 
 Verdict TabController::OnFailure(const Failure& failure) {

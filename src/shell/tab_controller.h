@@ -42,6 +42,11 @@ class TabController : public packetroutines::TabConsumer {
                 const platform::FileSystem& files, TabViews& views, platform::TimerQueue& timers);
 
   void TabChange() override;
+  /// Selects the first tab for the time of a layout, as at any change; but it does not become the
+  /// tab in use, and the store keeps what it holds.
+  void PassFirstTab();
+  /// Selects the tab that was there before the layout.
+  void ReturnToTab(std::int16_t tab);
   /// Stops the timers and unloads every open form.
   void ShutdownForms();
 
@@ -74,6 +79,7 @@ class TabController : public packetroutines::TabConsumer {
   void CloseRequest();
   void RetryClose();
 
+  void SelectForLayout(std::int16_t tab);
   void ClearModes();
   void StopButtons();
   void GiveLockedButtonsBack();
@@ -102,6 +108,7 @@ class TabController : public packetroutines::TabConsumer {
   const platform::FileSystem& files_;
   TabViews& views_;
   platform::Timer closeTimer_;
+  bool forLayout_ = false;
   bool exitInProgress_ = false;
   bool shuttingDown_ = false;
 };

@@ -108,6 +108,33 @@ TEST_F(Layout, EndsTheInformationPictureAtItsShareOfTheWidth) {
   EXPECT_EQ(main.Picture4.Top, 15000 - 915);
 }
 
+TEST_F(Layout, EndsTheSmallLabelsAtTheSameShareOfTheWidth) {
+  main.Picture4.Height = 610;
+  main.Label3[0].Width = 2600;
+  main.Label4.Width = 1500;
+
+  Resize(20000, 15000);
+
+  EXPECT_EQ(main.Label3[0].Left, 19400 - 2600);
+  EXPECT_EQ(main.Label4.Left, 19400 - 1500);
+  EXPECT_EQ(main.Label3[0].Top, 15000 - 915 - 720);
+  EXPECT_EQ(main.Label4.Top, 15000 - 915 - 360);
+}
+
+TEST_F(Layout, IsLeftSilentlyByAnyOtherFailure) {
+  scene.Select(7);
+  main.Label5[0].FontSize.Observe([] { throw platform::Failure(platform::failure::Overflow); });
+  const auto boxes = scene.Dialogs.Shown.size();
+
+  Resize(20000, 15000);
+
+  EXPECT_FALSE(main.TabStrip1.Visible);
+  EXPECT_EQ(main.TabStrip1.SelectedTab, 1);
+  EXPECT_EQ(main.Label5[0].Width, 5332);
+  EXPECT_NE(main.Label5[7].Width, 5332);
+  EXPECT_EQ(scene.Dialogs.Shown.size(), boxes);
+}
+
 TEST_F(Layout, ComesBackToTheTab) {
   scene.Select(7);
 
@@ -127,6 +154,43 @@ TEST_F(Layout, SelectsTheFirstTabForItsTime) {
   Resize(20000, 15000);
 
   EXPECT_THAT(tabs, ::testing::ElementsAre(1, 7));
+}
+
+TEST_F(Layout, StoresNothing) {
+  scene.Select(7);
+  scene.Store.Written.clear();
+
+  Resize(20000, 15000);
+
+  EXPECT_THAT(scene.Store.Written, ::testing::IsEmpty());
+}
+
+TEST_F(Layout, LeavesTheTabInUseAsItIs) {
+  scene.Select(7);
+  std::vector<int> inUse;
+  main.TabStrip1.SelectedTab.Observe([&] {
+    // Pumps before and behind the place where a change takes the tab over.
+    for (const int n : {1, 2, 3}) {
+      scene.Events.AtPump(n, [&] { inUse.push_back(scene.Settings.MainActiveTab); });
+    }
+  });
+
+  Resize(20000, 15000);
+
+  EXPECT_THAT(inUse, ::testing::AllOf(::testing::SizeIs(6), ::testing::Each(7)));
+}
+
+TEST_F(Layout, KnowsTheTabInUseWhereAnotherIsChosenInItsMidst) {
+  for (const int pump : {1, 2, 3, 4}) {
+    scene.Select(7);
+    scene.Events.AtPump(pump, [this] { scene.Select(4); });
+
+    Resize(20000 + pump, 15000);
+
+    EXPECT_EQ(scene.Settings.MainActiveTab, main.TabStrip1.SelectedTab) << pump;
+    EXPECT_EQ(scene.Store.Texts["MainActiveTab"], std::to_string(main.TabStrip1.SelectedTab))
+        << pump;
+  }
 }
 
 TEST_F(Layout, LeavesTheTabAloneWhileCaptureRuns) {
