@@ -12,6 +12,8 @@ struct Settings {
   std::string StoragePath;
   /// 1-based position of the chosen network adapter.
   std::int16_t AdapterIndex = 1;
+  /// The name of the adapter that the user chose; it finds it again where the list has changed.
+  std::string AdapterName;
   /// Index into the list of number formats.
   std::int16_t UnitResolution = 0;
   /// 0 is "A", 1 is "mA".

@@ -16,6 +16,7 @@ void VisitSettings(config::Settings& s, Visitor&& visit) {
   visit("Used Networkadapter", s.AdapterIndex, "1");
   visit("Unit Resolution", s.UnitResolution, "0");
   visit("UnitCurrent", s.UnitCurrent, "0");
+  visit("Name of used Networkadapter", s.AdapterName, "");
   visit("UnitVoltage", s.UnitVoltage, "0");
   visit("Internal Delay", s.InternalDelay, "500");
   constexpr const char* Names[] = {"Current Sensor A", "Current Sensor B", "Current Sensor C",

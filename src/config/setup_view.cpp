@@ -43,7 +43,6 @@ SetupView::SetupView(forms::Main& main, config::Settings& settings, config::Sess
   for (const std::size_t field : {setup::Content1, setup::Content2}) {
     main_.Text1[field].DblClick = [this, field] { main_.Text1[field].Text = std::string(); };
   }
-  main_.Combo1.Click = [this] { Combo1_Click(); };
   main_.Command3.Click = [this] { Command3_Click(); };
   for (std::size_t i = 0; i < main_.Combo4.size(); ++i) {
     main_.Combo4[i].Click = [this, i] { Combo4_Click(i); };
@@ -113,11 +112,6 @@ void SetupView::FilterRule(std::size_t index, std::size_t field) {
   }
   // Emptying the field raises its change event once more, which runs this rule with the empty text.
   if (box.Text == config::NoContent) box.Text = std::string();
-}
-
-void SetupView::Combo1_Click() {
-  settings_.AdapterIndex = platform::Narrow<std::int16_t>(main_.Combo1.ListIndex + 1);
-  file_.SaveSettings();
 }
 
 void SetupView::Command3_Click() {

@@ -48,7 +48,6 @@ class SetupView {
   void Text1_Change(std::size_t field);
   bool TakeField(std::size_t field, const std::string& text);
   void FilterRule(std::size_t index, std::size_t field);
-  void Combo1_Click();
   void Command3_Click();
   void Combo4_Click(std::size_t index);
   void Option3_Click(std::size_t index);

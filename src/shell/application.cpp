@@ -25,6 +25,7 @@ Application::Application(const Platform& platform)
       phases_(Main, Settings, Session, State, Block, capture_, phasors_, platform.Events,
               platform.Numbers),
       setup_(Main, Settings, Session, file_, platform.Numbers, *this, platform.Folders),
+      adapters_(Main, Settings, file_),
       printers_(Main, Settings, file_, platform.Printers, platform.Dialogs, platform.Program),
       tabs_(Main, Settings, Session, file_, State, capture_, platform.Events, platform.Dialogs,
             platform.Program, platform.Files, *this, platform.Timers),

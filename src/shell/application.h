@@ -12,6 +12,7 @@
 #include "capture/retry_box.h"
 #include "capture/signal_builder.h"
 #include "capture/watchdog.h"
+#include "config/adapter_choice.h"
 #include "config/printer_list.h"
 #include "config/settings.h"
 #include "config/settings_file.h"
@@ -127,6 +128,7 @@ class Application : private config::SetupConsumers,
   subroutines::PhaseAnalysis phases_;
   subroutines::SetupView setup_;
   subroutines::PrinterChoices printers_;
+  subroutines::AdapterChoice adapters_;
   TabController tabs_;
   packetroutines::Watchdog watchdog_;
   InfoPages pages_;

@@ -46,8 +46,8 @@ void Application::Load() {
   Main.StatusBar1.Panels[3].Text = std::string();
   pages_.InfoPage();
   Main.Window.Visible = true;
-  capture_.FillAdapterList();
-  Main.CaptureAdvice.Caption = platform_.Capture.Advice();
+  adapters_.Restore([this] { capture_.FillAdapterList(); });
+  adapters_.ShowAdvice(platform_.Capture.Advice());
   printers_.PrinterList(true, true);
   if (Settings.PrinterChoice != 0) SelectPrinter();
   const bool known = lastTab > 0 && lastTab < TabController::ExitTab;

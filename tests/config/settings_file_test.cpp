@@ -26,6 +26,7 @@ struct Row {
 const std::vector<Row> Table = {
     {"Path of stored data", Type::Text, "c:\\StoredData"},
     {"Used Networkadapter", Type::Integer, "1"},
+    {"Name of used Networkadapter", Type::Text, ""},
     {"Unit Resolution", Type::Integer, "0"},
     {"UnitCurrent", Type::Integer, "0"},
     {"UnitVoltage", Type::Integer, "0"},
@@ -122,6 +123,7 @@ TEST_F(SettingsFile, AnAbsentStoreGivesEveryDefault) {
 TEST_F(SettingsFile, EachKeyGoesToItsVariable) {
   store.Texts = {{"Path of stored data", "d:\\data"},
                  {"Used Networkadapter", "3"},
+                 {"Name of used Networkadapter", "eth0"},
                  {"Unit Resolution", "7"},
                  {"UnitCurrent", "1"},
                  {"UnitVoltage", "2"},
@@ -145,6 +147,7 @@ TEST_F(SettingsFile, EachKeyGoesToItsVariable) {
 
   EXPECT_EQ(settings.StoragePath, "d:\\data");
   EXPECT_EQ(settings.AdapterIndex, 3);
+  EXPECT_EQ(settings.AdapterName, "eth0");
   EXPECT_EQ(settings.UnitResolution, 7);
   EXPECT_EQ(settings.UnitCurrent, 1);
   EXPECT_EQ(settings.UnitVoltage, 2);

@@ -340,6 +340,7 @@ TEST(SetupStart, LeavesEverySettingWithItsDefaultInAnEmptyStore) {
 
   const std::map<std::string, std::string> defaults = {{"Path of stored data", "c:\\StoredData"},
                                                        {"Used Networkadapter", "1"},
+                                                       {"Name of used Networkadapter", "Bus"},
                                                        {"Unit Resolution", "0"},
                                                        {"UnitCurrent", "0"},
                                                        {"UnitVoltage", "0"},

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "config/settings.h"
+#include "config/settings_file.h"
+#include "forms/main_form.h"
+
+namespace subroutines {
+
+/// The choice of the network adapter on the Setup view. A capture uses its number; beside it the
+/// store keeps its name, since a number means another adapter as soon as the list has changed. An
+/// adapter that is missing at the start keeps its name until the user makes another choice.
+class AdapterChoice {
+ public:
+  AdapterChoice(forms::Main& main, config::Settings& settings, SettingsFile& file);
+
+  /// Runs `fill`, which fills the list and selects by the number, and then goes by the name.
+  void Restore(const std::function<void()>& fill);
+  /// Shows what the capture layer advises, and before it which adapter is missing.
+  void ShowAdvice(const std::string& ofLayer);
+
+ private:
+  void Combo1_Click();
+  std::optional<std::int32_t> PlaceOfName() const;
+  std::string MissingAdapter() const;
+
+  forms::Main& main_;
+  config::Settings& settings_;
+  SettingsFile& file_;
+  std::string adviceOfLayer_;
+  bool restoring_ = false;
+};
+
+}  // namespace subroutines
