@@ -52,6 +52,7 @@ class BenchStore : public platform::SettingsStore {
   }
   void Set(const std::string&, const std::string&, const std::string&,
            const std::string&) override {}
+  std::string Place(const std::string&) const override { return {}; }
 };
 
 /// One adapter that takes every setting; the benchmark hands the frames over itself.

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "platform/dialogs.h"
+
 namespace subroutines {
 
 namespace {
@@ -12,11 +14,11 @@ constexpr const char* ChannelLetters = "ABCDEFGH";
 /// constant and never read: an old value must not resize the block arrays.
 template <typename Visitor>
 void VisitSettings(config::Settings& s, Visitor&& visit) {
-  visit("Path of stored data", s.StoragePath, "c:\\StoredData");
+  visit("Path of stored data", s.StoragePath, config::DefaultStoragePath);
   visit("Used Networkadapter", s.AdapterIndex, "1");
+  visit("Name of used Networkadapter", s.AdapterName, "");
   visit("Unit Resolution", s.UnitResolution, "0");
   visit("UnitCurrent", s.UnitCurrent, "0");
-  visit("Name of used Networkadapter", s.AdapterName, "");
   visit("UnitVoltage", s.UnitVoltage, "0");
   visit("Internal Delay", s.InternalDelay, "500");
   constexpr const char* Names[] = {"Current Sensor A", "Current Sensor B", "Current Sensor C",
@@ -45,32 +47,18 @@ void VisitSettings(config::Settings& s, Visitor&& visit) {
   visit("FileFormat", s.FileFormat, "TXT");
 }
 
-/// Converts a stored text to the type of its variable.
-class Reader {
- public:
-  Reader(const platform::SettingsStore& store, const platform::NumberText& numbers)
-      : store_(store), numbers_(numbers) {}
-
-  template <typename T>
-  void operator()(const std::string& key, T& variable, const char* fallback) const {
-    Convert(store_.Get(config::Application, config::Section, key, fallback), variable);
-  }
-
- private:
-  void Convert(const std::string& text, std::string& variable) const { variable = text; }
-  void Convert(const std::string& text, std::int16_t& variable) const {
-    variable = numbers_.ToInt16(text);
-  }
-  void Convert(const std::string& text, float& variable) const {
-    variable = numbers_.ToSingle(text);
-  }
-  void Convert(const std::string& text, bool& variable) const {
-    variable = numbers_.ToBoolean(text);
-  }
-
-  const platform::SettingsStore& store_;
-  const platform::NumberText& numbers_;
-};
+void Convert(const platform::NumberText&, const std::string& text, std::string& variable) {
+  variable = text;
+}
+void Convert(const platform::NumberText& numbers, const std::string& text, std::int16_t& variable) {
+  variable = numbers.ToInt16(text);
+}
+void Convert(const platform::NumberText& numbers, const std::string& text, float& variable) {
+  variable = numbers.ToSingle(text);
+}
+void Convert(const platform::NumberText& numbers, const std::string& text, bool& variable) {
+  variable = numbers.ToBoolean(text);
+}
 
 std::string ToText(const platform::NumberText&, const std::string& value) {
   return value;
@@ -87,7 +75,23 @@ SettingsFile::SettingsFile(platform::SettingsStore& store, const platform::Numbe
     : store_(store), numbers_(numbers), settings_(settings) {}
 
 void SettingsFile::LoadSettings() {
-  VisitSettings(settings_, Reader(store_, numbers_));
+  VisitSettings(settings_, [&](const std::string& key, auto& variable, const char* fallback) {
+    const std::string text = store_.Get(config::Application, config::Section, key, fallback);
+    try {
+      Convert(numbers_, text, variable);
+    } catch (const platform::Failure& failure) {
+      throw WithWayOut(failure, "The stored setting '" + key + "' is '" + text + "'.");
+    }
+  });
+}
+
+platform::Failure SettingsFile::WithWayOut(const platform::Failure& failure,
+                                           const std::string& cause) const {
+  using platform::Crlf;
+  return {failure.Number(), failure.Text() + Crlf + Crlf + cause + Crlf + "Settings file: " +
+                                store_.Place(config::Application) + Crlf + Crlf +
+                                "Please correct the setting there, or remove the file: the program "
+                                "then starts with its usual settings."};
 }
 
 void SettingsFile::SaveSettings() {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 #include "config/settings.h"
+#include "platform/failure.h"
 #include "platform/number_text.h"
 #include "platform/settings_store.h"
 
@@ -11,6 +13,9 @@ namespace config {
 inline constexpr const char* Application = "Vornik";
 inline constexpr const char* Section = "INI";
 inline constexpr const char* ActiveTabKey = "MainActiveTab";
+/// The data path that the store holds for a user who chose none; off Windows it stands for the
+/// platform's own.
+inline constexpr const char* DefaultStoragePath = "c:\\StoredData";
 
 }  // namespace config
 
@@ -22,12 +27,15 @@ class SettingsFile {
   SettingsFile(platform::SettingsStore& store, const platform::NumberText& numbers,
                config::Settings& settings);
 
-  /// Failure 13 or 6 where a stored text does not convert to its type.
+  /// Failure 13 or 6 where a stored text does not convert to its type, with a text that names it.
   void LoadSettings();
   /// Writes every key, then refreshes the status bar.
   void SaveSettings();
   /// Writes the tab in use alone.
   void SaveActiveTab();
+  /// A failure at the start that comes from the settings, so that it would come at every start:
+  /// with its cause, and with the place where a user can mend them.
+  platform::Failure WithWayOut(const platform::Failure& failure, const std::string& cause) const;
   /// Refreshes the status bar.
   std::function<void()> StatusUpdate;
 

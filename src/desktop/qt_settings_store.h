@@ -12,8 +12,10 @@
 
 namespace desktop {
 
-/// The settings in the user's own settings file of the platform. Changes are written as soon as the
-/// window is idle; a file that cannot be written is reported once, and the values stay in memory.
+/// The settings in the user's own settings file of the platform. A text that this program changed
+/// is written as soon as the window is idle, and only that: so two programs on one file keep each
+/// other's changes. While a file cannot be written, this is told once, and the texts stay in
+/// memory.
 class QtSettingsStore : public platform::SettingsStore {
  public:
   explicit QtSettingsStore(platform::Dialogs& dialogs);
@@ -22,6 +24,7 @@ class QtSettingsStore : public platform::SettingsStore {
                   const std::string& key, const std::string& fallback) const override;
   void Set(const std::string& application, const std::string& section, const std::string& key,
            const std::string& text) override;
+  std::string Place(const std::string& application) const override;
   /// Writes what is not written yet. It shows no box: it is for the way out, where a box would let
   /// events into a program that is ending, or keep one waiting that nobody sits at.
   void SyncQuietly();
@@ -39,11 +42,14 @@ class QtSettingsStore : public platform::SettingsStore {
 
   platform::Dialogs& dialogs_;
   mutable std::map<std::string, std::unique_ptr<QSettings>> files_;
+  /// The texts by key as this program last read or wrote them.
+  mutable std::map<std::string, std::map<QString, std::string>> known_;
   QTimer writing_;
   int holds_ = 0;
   /// Something was set that is not written yet.
   bool changed_ = false;
-  bool reported_ = false;
+  /// The files that could not be written the last time.
+  QStringList unwritten_;
 };
 
 }  // namespace desktop

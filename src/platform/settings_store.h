@@ -14,6 +14,8 @@ class SettingsStore {
   /// Writes the text and creates the key where it is missing.
   virtual void Set(const std::string& application, const std::string& section,
                    const std::string& key, const std::string& text) = 0;
+  /// The place where the settings of an application are kept, as a user finds it.
+  virtual std::string Place(const std::string& application) const = 0;
 };
 
 }  // namespace platform

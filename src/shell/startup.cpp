@@ -41,7 +41,11 @@ void Application::Load() {
   Main.TabStrip1.Visible = false;
   // Selecting tabs while the form is set up overwrites the shared value.
   const std::int16_t lastTab = Settings.MainActiveTab;
-  FormSetup();
+  try {
+    FormSetup();
+  } catch (const platform::Failure& failure) {
+    throw file_.WithWayOut(failure, "A stored setting is outside of what the program can take.");
+  }
   platform_.Events.Pump();
   Main.StatusBar1.Panels[3].Text = std::string();
   pages_.InfoPage();

@@ -211,6 +211,16 @@ TEST_F(SettingsFile, ATextThatDoesNotConvertFailsAsATypeMismatch) {
   }
 }
 
+TEST_F(SettingsFile, AFailureNamesTheKeyItsTextAndThePlace) {
+  store.Texts = {{"Internal Delay", "soon"}};
+
+  EXPECT_EQ(support::RaisedBy([&] { file.LoadSettings(); }).Text(),
+            "Type mismatch\r\n\r\nThe stored setting 'Internal Delay' is 'soon'.\r\n"
+            "Settings file: settings of Vornik\r\n\r\n"
+            "Please correct the setting there, or remove the file: the program then starts with "
+            "its usual settings.");
+}
+
 TEST_F(SettingsFile, AnEmptyTextIsNoNumber) {
   for (const Row& row : Table) {
     EXPECT_EQ(FailureOfLoading(row.Key, ""), row.Kind == Type::Text ? 0 : TypeMismatch) << row.Key;

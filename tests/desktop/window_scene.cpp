@@ -48,6 +48,11 @@ void WindowScene::MakeStorage() {
   ASSERT_TRUE(QDir(home_.path()).mkdir("StoredData"));
 }
 
+void WindowScene::Store(const QString& key, const QString& text) {
+  QSettings file(QSettings::NativeFormat, QSettings::UserScope, "Vornik", "Vornik");
+  file.setValue("INI/" + key, text);
+}
+
 QString WindowScene::Stored(const QString& key) {
   QSettings file(QSettings::NativeFormat, QSettings::UserScope, "Vornik", "Vornik");
   return file.value("INI/" + key).toString();

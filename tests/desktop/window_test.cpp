@@ -250,9 +250,7 @@ TEST_F(Window, SettingsThatCannotBeSavedAreReportedOnce) {
 }
 
 TEST_F(Window, AStoredSettingThatIsNoNumberEndsTheStartWithTheRuntimesBox) {
-  QSettings file(QSettings::NativeFormat, QSettings::UserScope, "Vornik", "Vornik");
-  file.setValue("INI/Internal Delay", "12x");
-  file.sync();
+  Store("Internal Delay", "12x");
   Build();
   QString text;
   OnDialog([&](QDialog& dialog) {
@@ -260,7 +258,12 @@ TEST_F(Window, AStoredSettingThatIsNoNumberEndsTheStartWithTheRuntimesBox) {
     dialog.accept();
   });
   program_->Load();
-  EXPECT_EQ(text, "Run-time error '13':\n\nType mismatch");
+  EXPECT_EQ(text,
+            "Run-time error '13':\n\nType mismatch\n\n"
+            "The stored setting 'Internal Delay' is '12x'.\nSettings file: " +
+                home_.filePath("Vornik/Vornik.conf") +
+                "\n\nPlease correct the setting there, or remove the file: the program then starts "
+                "with its usual settings.");
   EXPECT_EQ(exitCode_, 1);
 }
 

@@ -91,6 +91,9 @@ class FakeStore : public platform::SettingsStore {
                   const std::string& key, const std::string& fallback) const override;
   void Set(const std::string& application, const std::string& section, const std::string& key,
            const std::string& text) override;
+  std::string Place(const std::string& application) const override {
+    return "settings of " + application;
+  }
 
   /// Texts by key of application "Vornik", section "INI".
   std::map<std::string, std::string> Texts;
