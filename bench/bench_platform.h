@@ -105,7 +105,12 @@ class BenchServices : public platform::FileSystem,
  public:
   std::string Separator() const override { return "/"; }
   bool DirectoryExists(const std::string&) const override { return true; }
-  std::optional<std::string> Browse(const std::string&) override { return std::nullopt; }
+  std::string DefaultFolder() const override { return "/"; }
+  std::string Native(const std::string& path) const override { return path; }
+  void MakeFolder(const std::string&) override {}
+  std::optional<std::string> Browse(const std::string&, const std::string&) override {
+    return std::nullopt;
+  }
   std::vector<std::string> Names() const override { return {"Bench"}; }
   std::string Current() const override { return "Bench"; }
   void MakeCurrent(std::int32_t) override {}

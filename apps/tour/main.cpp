@@ -60,8 +60,6 @@ int RunWalk(int argc, char** argv) {
 /// its settings and data lie in a folder that goes with it.
 bool StartWalk(const QString& folder, const Plan& plan) {
   const QTemporaryDir home;
-  // The folder that recordings go to as long as the user chose no other.
-  if (!QDir(home.path()).mkdir("StoredData")) return false;
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
   environment.insert("HOME", home.path());
   environment.insert("XDG_CONFIG_HOME", home.filePath("config"));

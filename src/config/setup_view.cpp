@@ -115,7 +115,7 @@ void SetupView::FilterRule(std::size_t index, std::size_t field) {
 }
 
 void SetupView::Command3_Click() {
-  const auto folder = folders_.Browse("Bitte einen Ordner auswählen");
+  const auto folder = folders_.Browse("Bitte einen Ordner auswählen", settings_.StoragePath);
   if (!folder) return;
   settings_.StoragePath = *folder;
   main_.Text1[setup::StoragePath].Text = settings_.StoragePath;

@@ -13,6 +13,10 @@ std::string QtFileSystem::Separator() const {
   return "\\";
 }
 
+std::string QtFileSystem::DefaultFolder() const {
+  return "c:\\StoredData";
+}
+
 QString QtFileSystem::Resolve(const std::string& path) {
   return ToQt(path);
 }
@@ -21,6 +25,10 @@ QString QtFileSystem::Resolve(const std::string& path) {
 
 std::string QtFileSystem::Separator() const {
   return "/";
+}
+
+std::string QtFileSystem::DefaultFolder() const {
+  return FromQt(QDir::home().filePath(QStringLiteral("StoredData")));
 }
 
 QString QtFileSystem::Resolve(const std::string& path) {
@@ -39,6 +47,14 @@ QString QtFileSystem::Resolve(const std::string& path) {
 
 bool QtFileSystem::DirectoryExists(const std::string& path) const {
   return QFileInfo(Resolve(path)).isDir();
+}
+
+std::string QtFileSystem::Native(const std::string& path) const {
+  return FromQt(QDir::toNativeSeparators(Resolve(path)));
+}
+
+void QtFileSystem::MakeFolder(const std::string& path) {
+  QDir().mkpath(Resolve(path));
 }
 
 }  // namespace desktop

@@ -2,14 +2,19 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 
+#include "desktop/qt_file_system.h"
 #include "desktop/text.h"
 
 namespace desktop {
 
-std::optional<std::string> QtFolderDialog::Browse(const std::string& title) {
+std::optional<std::string> QtFolderDialog::Browse(const std::string& title,
+                                                  const std::string& present) {
   const platform::StandingBox standing(Stands);
-  QFileDialog dialog(owner_, ToQt(title), QDir::homePath());
+  const QString folder = QtFileSystem::Resolve(present);
+  const bool there = !folder.isEmpty() && QFileInfo(folder).isDir();
+  QFileDialog dialog(owner_, ToQt(title), there ? folder : QDir::homePath());
   dialog.setFileMode(QFileDialog::Directory);
   dialog.setOption(QFileDialog::ShowDirsOnly);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;

@@ -13,7 +13,7 @@ class QtFolderDialog : public platform::FolderDialog {
  public:
   void SetOwner(QWidget* owner) { owner_ = owner; }
 
-  std::optional<std::string> Browse(const std::string& title) override;
+  std::optional<std::string> Browse(const std::string& title, const std::string& present) override;
 
   platform::StandingBox::Listener Stands;
 

@@ -7,6 +7,7 @@
 
 #include "desktop/advice_note.h"
 #include "desktop/look.h"
+#include "desktop/path_field.h"
 #include "desktop/text.h"
 
 namespace desktop {
@@ -63,6 +64,10 @@ QLabel* SetupPage::Caption(std::size_t row, QWidget* parent) {
 TextField* SetupPage::Field(std::size_t index, QWidget* parent, const QString& hint) {
   auto* field = new TextField(parent);
   field->setPlaceholderText(hint);
+  return Bound(index, field);
+}
+
+TextField* SetupPage::Bound(std::size_t index, TextField* field) {
   binder_.Bind(main_.Text1[index], *field, ArrayName("Text1", index));
   return field;
 }
@@ -114,7 +119,7 @@ Card* SetupPage::StreamsCard() {
 
 Card* SetupPage::StorageCard() {
   auto* card = new Card(QStringLiteral("Storage and printing"), sheet_);
-  TextField* path = Field(setup::StoragePath, card);
+  TextField* path = Bound(setup::StoragePath, new PathField(card));
   card->AddRow(Caption(caption::StoragePath, card), path,
                Button(main_.Command3, QStringLiteral("Command3"), card));
   card->AddRow(Caption(caption::Printer, card), List(main_.Combo2, QStringLiteral("Combo2"), card));

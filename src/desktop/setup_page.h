@@ -22,6 +22,7 @@ class SetupPage : public QWidget {
  private:
   QLabel* Caption(std::size_t row, QWidget* parent);
   TextField* Field(std::size_t index, QWidget* parent, const QString& hint = QString());
+  TextField* Bound(std::size_t index, TextField* field);
   ChoiceBox* List(platform::ComboBox& control, const QString& name, QWidget* parent);
 
   Card* NetworkCard();

@@ -18,7 +18,7 @@ class TextField : public QLineEdit {
   /// 0 is no limit.
   void SetTypingLimit(int characters);
   /// Shows a text of the program; the cursor stays where it is.
-  void ShowText(const QString& text);
+  virtual void ShowText(const QString& text);
 
  protected:
   void mouseDoubleClickEvent(QMouseEvent* event) override;

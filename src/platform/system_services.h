@@ -26,14 +26,22 @@ class FileSystem {
   /// "\" on Windows, "/" elsewhere.
   virtual std::string Separator() const = 0;
   virtual bool DirectoryExists(const std::string& path) const = 0;
+  /// The folder for data as long as the user chose no other.
+  virtual std::string DefaultFolder() const = 0;
+  /// The place that a path means here, in the platform's own writing.
+  virtual std::string Native(const std::string& path) const = 0;
+  /// Makes a folder and those above it, where they are missing; what cannot be made stays missing.
+  virtual void MakeFolder(const std::string& path) = 0;
 };
 
 /// The dialog that selects a folder of the file system.
 class FolderDialog {
  public:
   virtual ~FolderDialog() = default;
-  /// The chosen folder; nothing where the user cancelled.
-  virtual std::optional<std::string> Browse(const std::string& title) = 0;
+  /// The chosen folder; nothing where the user cancelled. The dialog opens at the folder `present`,
+  /// where there is one.
+  virtual std::optional<std::string> Browse(const std::string& title,
+                                            const std::string& present) = 0;
 };
 
 /// The desktop's "open" of a document or a link.

@@ -36,9 +36,9 @@ Application::Application(const Platform& platform)
       resize_(Main, State, platform.Program) {
   file_.StatusUpdate = [this] { pages_.StatusUpdate(); };
   tabs_.OtherForms = {&Revisionhistory.Window, &DebugWindow.Window};
-  resize_.DrawPhasorGrid = [this] { phasors_.DrawPhasorGrid(); };
   resize_.PassFirstTab = [this] { tabs_.PassFirstTab(); };
   resize_.ReturnToTab = [this](std::int16_t tab) { tabs_.ReturnToTab(tab); };
+  resize_.DrawPhasorGrid = [this] { phasors_.DrawPhasorGrid(); };
   Main.Command8.Click = [this] { platform_.Program.End(); };
   capture_.aPacketX_OnPacket = [this](const platform::CapturedFrame& frame) {
     dispatcher_.aPacketX_OnPacket(frame);

@@ -50,7 +50,7 @@ struct Platform {
   platform::CaptureLayer& Capture;
   const platform::CodePage& Code;
   const platform::NumberText& Numbers;
-  const platform::FileSystem& Files;
+  platform::FileSystem& Files;
   platform::FolderDialog& Folders;
   platform::Printers& Printers;
   platform::ShellLinks& Links;
@@ -87,6 +87,7 @@ class Application : private config::SetupConsumers,
 
  private:
   void CheckScreen();
+  void PrepareStorage();
   void SelectPrinter();
   void FormSetup();
   void ReserveMemory();
@@ -127,8 +128,8 @@ class Application : private config::SetupConsumers,
   subroutines::PhasorDiagram phasors_;
   subroutines::PhaseAnalysis phases_;
   subroutines::SetupView setup_;
-  subroutines::PrinterChoices printers_;
   subroutines::AdapterChoice adapters_;
+  subroutines::PrinterChoices printers_;
   TabController tabs_;
   packetroutines::Watchdog watchdog_;
   InfoPages pages_;

@@ -37,6 +37,7 @@ void Application::Load() {
   Main.Window.Loaded = true;
   CheckScreen();
   file_.LoadSettings();
+  PrepareStorage();
   Main.Window.State = platform::WindowState::Minimized;
   Main.TabStrip1.Visible = false;
   // Selecting tabs while the form is set up overwrites the shared value.
@@ -70,6 +71,15 @@ void Application::CheckScreen() {
                               "Program will now terminate!",
                           platform::Icon::Critical});
   platform_.Program.End();
+}
+
+void Application::PrepareStorage() {
+  platform::FileSystem& files = platform_.Files;
+  if (Settings.StoragePath == config::DefaultStoragePath) {
+    Settings.StoragePath = files.DefaultFolder();
+  }
+  // Any other folder is the user's own: one that is missing may lie on a disk that is not there.
+  if (Settings.StoragePath == files.DefaultFolder()) files.MakeFolder(Settings.StoragePath);
 }
 
 void Application::SelectPrinter() {

@@ -134,7 +134,7 @@ void TabController::RefuseStoragePath() {
 
 void TabController::ShowRecorderPaths() {
   if (state_.RecordFileName.empty()) state_.RecordFileName = RecordPlaceholder;
-  const std::string folder = settings_.StoragePath + files_.Separator();
+  const std::string folder = files_.Native(settings_.StoragePath) + files_.Separator();
   main_.Label10[1].Caption = folder + RecordPlaceholder;
   main_.Label10[4].Caption = folder + "2_" + RecordPlaceholder;
   if (HasSecondStream()) main_.Label10[4].Visible = true;

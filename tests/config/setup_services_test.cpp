@@ -17,6 +17,7 @@ TEST(StoragePath, TakesTheFolderThatWasBrowsed) {
   scene.Main.Command3.Click();
 
   EXPECT_THAT(scene.Folders.Titles, ElementsAre("Bitte einen Ordner auswählen"));
+  EXPECT_THAT(scene.Folders.Presents, ElementsAre("c:\\StoredData"));
   EXPECT_EQ(scene.Settings.StoragePath, "c:\\Records");
   EXPECT_EQ(scene.Main.Text1[3].Text, "c:\\Records");
   EXPECT_EQ(scene.Store.Texts["Path of stored data"], "c:\\Records");

@@ -156,7 +156,7 @@ TEST_F(WindowCaptions, AShortTipStandsAsItIs) {
   Start();
   ClickTab(SetupTab);
 
-  EXPECT_EQ(TipShownOn(Member("Text1", 3)), "hint: use content of clipboard to get exact path");
+  EXPECT_EQ(TipShownOn(Member("Text1", 1)), "base frequency of phase shift calculation");
 }
 
 TEST_F(WindowCaptions, ThePanelsOfTheStatusBarHaveTheirTips) {

@@ -53,7 +53,6 @@ class Colours : public WindowScene {
 };
 
 TEST_F(Colours, EveryRunButtonHasItsFace) {
-  MakeStorage();
   Start();
   struct Face {
     int Tab;

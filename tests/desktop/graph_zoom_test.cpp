@@ -85,7 +85,6 @@ TEST_F(GraphZoom, AClickInZoomModeIsNoZoom) {
 }
 
 TEST_F(GraphZoom, OnTheRecordersGraphTheRightButtonSwitchesBetweenZoomAndPan) {
-  MakeStorage();
   Start();
   ClickTab(RecorderTab);
   Form().CWGraph2.Plots[0].Y = {0, 10, -10, 5};

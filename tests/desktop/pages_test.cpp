@@ -64,7 +64,8 @@ TEST_F(Pages, TheControlsHaveTheirTips) {
        "please check help of WinPcap or wireshark to get filter conditions ('ether proto 0x88ba' "
        "is fixed integrated)"},
       {"Text1(1)", "base frequency of phase shift calculation"},
-      {"Text1(3)", "hint: use content of clipboard to get exact path"},
+      {"Text1(3)",
+       "hint: use content of clipboard to get exact path\n" + home_.filePath("StoredData")},
       {"Text1(12)", "i.e. Station ID, can be set to blank by double click"},
       {"Text1(13)",
        "delay between RMS calculation of one sample set (i.e. 500ms is a good choice)"},
@@ -112,7 +113,6 @@ TEST_F(Pages, AnAmpersandOfTheInformationPageIsPrintedOnce) {
 
 TEST_F(Pages, NothingOfAViewReachesBeyondItsPage) {
   Start();
-  MakeStorage();
   for (const QSize size : {QSize(1024, 768), QSize(1366, 768), QSize(1920, 1080)}) {
     ResizeFrame(size);
     for (int tab = 1; tab <= 7; ++tab) {

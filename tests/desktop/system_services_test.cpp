@@ -18,6 +18,15 @@ TEST(Files, AFolderIsFoundByItsPath) {
   EXPECT_FALSE(files.DirectoryExists(folder.filePath("missing").toStdString()));
 }
 
+TEST(Files, AFolderIsMadeWithThoseAboveIt) {
+  const QTemporaryDir folder;
+  QtFileSystem files;
+
+  files.MakeFolder(folder.filePath("a/b").toStdString());
+
+  EXPECT_TRUE(QDir(folder.filePath("a/b")).exists());
+}
+
 #ifndef Q_OS_WIN
 TEST(Files, APathWithADriveLiesInTheHome) {
   const QTemporaryDir home;
@@ -29,6 +38,8 @@ TEST(Files, APathWithADriveLiesInTheHome) {
   EXPECT_TRUE(files.DirectoryExists("c:\\StoredData\\a"));
   EXPECT_EQ(QtFileSystem::Resolve("c:\\StoredData"), home.filePath("StoredData"));
   EXPECT_EQ(QtFileSystem::Resolve("c:\\"), home.path());
+  EXPECT_EQ(files.Native("c:\\StoredData"), home.filePath("StoredData").toStdString());
+  EXPECT_EQ(files.DefaultFolder(), home.filePath("StoredData").toStdString());
   EXPECT_EQ(QtFileSystem::Resolve("/a/b\\c"), "/a/b\\c");
 }
 #endif

@@ -1,7 +1,6 @@
 #include "window_scene.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QSettings>
 #include <QTabBar>
 #include <QTimer>
@@ -44,18 +43,14 @@ void WindowScene::ResizeFrame(QSize size) {
   window.resize(size - (window.frameGeometry().size() - window.size()));
 }
 
-void WindowScene::MakeStorage() {
-  ASSERT_TRUE(QDir(home_.path()).mkdir("StoredData"));
+QString WindowScene::Stored(const QString& key) {
+  QSettings file(QSettings::NativeFormat, QSettings::UserScope, "Vornik", "Vornik");
+  return file.value("INI/" + key).toString();
 }
 
 void WindowScene::Store(const QString& key, const QString& text) {
   QSettings file(QSettings::NativeFormat, QSettings::UserScope, "Vornik", "Vornik");
   file.setValue("INI/" + key, text);
-}
-
-QString WindowScene::Stored(const QString& key) {
-  QSettings file(QSettings::NativeFormat, QSettings::UserScope, "Vornik", "Vornik");
-  return file.value("INI/" + key).toString();
 }
 
 void WindowScene::GoMeasure(const char* firstFilter) {

@@ -52,12 +52,10 @@ class WindowScene : public testing::Test {
   static bool WaitFor(const std::function<bool()>& condition) {
     return QTest::qWaitFor(condition, PatienceMs);
   }
-  /// Makes the folder that recordings go to as long as the user chose no other.
-  void MakeStorage();
-  /// Writes a text to the settings file, for a program that is yet to be built.
-  void Store(const QString& key, const QString& text);
   /// The text that the settings file holds under a key.
   QString Stored(const QString& key);
+  /// Writes a text to the settings file, for a program that is yet to be built.
+  void Store(const QString& key, const QString& text);
   /// Works once on the next dialog that opens.
   void OnDialog(std::function<void(QDialog&)> work);
 

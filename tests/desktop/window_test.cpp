@@ -18,7 +18,6 @@ class Window : public WindowScene {
 };
 
 TEST_F(Window, AClickOnATabSelectsItAndBringsItsPageUp) {
-  MakeStorage();
   Start();
   for (int tab = 2; tab <= 7; ++tab) {
     ClickTab(tab);
@@ -50,7 +49,6 @@ TEST_F(Window, ATabsKeySelectsItAlsoWhenItIsSelectedAlready) {
 }
 
 TEST_F(Window, TheArrowKeysStopBeforeTheTabThatEndsTheProgram) {
-  MakeStorage();
   Start();
   Tabs().setFocus();
   for (int i = 0; i < 10; ++i) QTest::keyClick(&Tabs(), Qt::Key_Right);
@@ -139,7 +137,6 @@ TEST_F(Window, EveryTabHasItsKey) {
   ClickTab(ValuesTab);
   QTest::keyClick(&program_->Window(), Qt::Key_I, Qt::AltModifier);
   EXPECT_EQ(Form().TabStrip1.SelectedTab, InfoTab);
-  MakeStorage();
   QTest::keyClick(&program_->Window(), Qt::Key_R, Qt::AltModifier);
   EXPECT_EQ(Form().TabStrip1.SelectedTab, RecorderTab);
   ClickTab(InfoTab);
@@ -179,6 +176,7 @@ TEST_F(Window, AResizeKeepsTheViewAndItsFocus) {
 }
 
 TEST_F(Window, TheRecorderWithoutItsFolderAsksAndGoesToTheField) {
+  Store("Path of stored data", home_.filePath("gone"));
   Start();
   QString text;
   OnDialog([&](QDialog& dialog) {

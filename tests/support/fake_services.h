@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <optional>
 #include <set>
 #include <string>
@@ -13,27 +14,50 @@
 
 namespace support {
 
-/// Folders that exist by name.
+/// Folders that exist by name. The platform is Windows until a scene moves it elsewhere.
 class FakeFiles : public platform::FileSystem {
  public:
   std::string Separator() const override { return SeparatorText; }
   bool DirectoryExists(const std::string& path) const override { return Folders.count(path) > 0; }
 
+  std::string DefaultFolder() const override { return Default; }
+  std::string Native(const std::string& path) const override {
+    const auto native = NativePaths.find(path);
+    return native == NativePaths.end() ? path : native->second;
+  }
+  void MakeFolder(const std::string& path) override {
+    Made.push_back(path);
+    Folders.insert(path);
+  }
+  /// A platform with "/" and no drives, and a user named "user".
+  void LeaveWindows() {
+    SeparatorText = "/";
+    Default = "/home/user/StoredData";
+    Folders.clear();
+  }
+
   std::string SeparatorText = "\\";
+  std::string Default = "c:\\StoredData";
+  /// The native writing of paths that have another one.
+  std::map<std::string, std::string> NativePaths;
+  std::vector<std::string> Made;
   std::set<std::string> Folders{"c:\\StoredData"};
 };
 
 /// A folder dialog that answers with what the test set.
 class FakeFolders : public platform::FolderDialog {
  public:
-  std::optional<std::string> Browse(const std::string& title) override {
+  std::optional<std::string> Browse(const std::string& title, const std::string& present) override {
     Titles.push_back(title);
+    Presents.push_back(present);
     const platform::StandingBox standing(Stands);
     if (WhileOpen) WhileOpen();
     return Answer;
   }
 
   std::vector<std::string> Titles;
+  /// The folders that the dialog was to open at.
+  std::vector<std::string> Presents;
   std::optional<std::string> Answer;
   /// Runs while the dialog stands open.
   std::function<void()> WhileOpen;
@@ -45,6 +69,7 @@ class FakePrinters : public platform::Printers {
  public:
   std::vector<std::string> Names() const override { return List; }
   std::string Current() const override {
+    if (ReadFailure) throw platform::Failure(*ReadFailure);
     if (List.empty()) throw platform::Failure(platform::failure::NoPrinter);
     return List[Chosen];
   }
@@ -52,6 +77,8 @@ class FakePrinters : public platform::Printers {
 
   std::vector<std::string> List{"Office", "Control room"};
   std::size_t Chosen = 0;
+  /// Raised when the current printer is asked for.
+  std::optional<platform::Failure> ReadFailure;
 };
 
 /// Links that were opened.
