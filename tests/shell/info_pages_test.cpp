@@ -66,6 +66,18 @@ TEST(InformationPage, GivesTheRowsTheirFonts) {
   EXPECT_FLOAT_EQ(rows[19].FontSize, 10.0F);
 }
 
+TEST(InformationPage, GivesTheStepsThePlainFont) {
+  Scene scene;
+
+  scene.App.Load();
+
+  for (std::size_t row = 7; row <= 13; ++row) {
+    EXPECT_FLOAT_EQ(scene.Main.Label1[row].FontSize, 10.0F) << row;
+    EXPECT_FALSE(scene.Main.Label1[row].FontBold) << row;
+    EXPECT_FALSE(scene.Main.Label1[row].FontUnderline) << row;
+  }
+}
+
 TEST(InformationPage, StandsInRowsOf300Twips) {
   Scene scene;
 
@@ -150,6 +162,20 @@ TEST(StatusBar, WithoutAPrinterShowsTwoBlanks) {
 
   EXPECT_EQ(scene.Main.StatusBar1.Panels[1].Text, "Standard printer:  ");
   EXPECT_EQ(scene.Main.StatusBar1.Panels[2].Text, "RMS base: 400 samples");
+}
+
+TEST(StatusBar, KeepsItsPrinterWhereThatCannotBeAskedFor) {
+  Scene scene;
+  scene.Start();
+  ASSERT_EQ(scene.Main.StatusBar1.Panels[1].Text, "Standard printer: Office ");
+  scene.Printers.ReadFailure = platform::Failure(platform::failure::DeviceIo);
+  scene.Printers.Chosen = 1;
+
+  scene.Main.Text1[2].Text = "800";
+
+  EXPECT_EQ(scene.Main.StatusBar1.Panels[1].Text, "Standard printer: Office ");
+  EXPECT_EQ(scene.Main.StatusBar1.Panels[2].Text, "RMS base: 800 samples");
+  EXPECT_TRUE(scene.Dialogs.Shown.empty());
 }
 
 TEST(Links, OfTheSupportAddressBelongToTheWholeArray) {
