@@ -19,6 +19,7 @@ TEST(StartUpOrder, LooksAtTheScreenBeforeItReadsTheSettings) {
 
   EXPECT_THROW(scene.App.Load(), support::SceneEnded);
 
+  ASSERT_EQ(scene.Dialogs.Shown.size(), 1U);
   EXPECT_THAT(scene.LastBox().Text, HasSubstr("resolution of the screen"));
 }
 
