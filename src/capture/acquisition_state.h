@@ -5,6 +5,8 @@
 #include <limits>
 #include <string>
 
+#include "capture/run_counters.h"
+
 namespace packetroutines {
 
 /// Counts one more row or block, but not beyond the end of the number: rows that lie behind a block
@@ -39,8 +41,12 @@ struct AcquisitionState {
   std::array<std::int16_t, 2> SampleCountOffset{};
   /// Per stream: 1-based position of the first byte of seqData.
   std::array<std::int16_t, 2> ValueOffset{};
+  /// Per stream: the last scan found seqData. Where it did not, older offsets stay in use.
+  std::array<bool, 2> SamplesLocated{};
   /// Transmitted channels, the length of seqData over 8; shared by both streams.
   std::int16_t ChannelCount = 0;
+
+  RunCounters Counters;
 
   /// Counts the tab changes. A tab change ends every run, also one whose next burst is about to
   /// start: a start that finds the count changed behind one of its pumps is dropped.

@@ -19,6 +19,9 @@ Flow PacketDispatcher::CompleteBlock(bool signalOk) {
   const std::uint32_t station = state_.StationChanges;
   const auto current = [&] { return signalOk && state_.StationChanges == station; };
   return Run([&] { frameIndex_[0] = 0; }, [&] { Advance(state_.BlockCount); },
+             [&] {
+               if (!signalOk) ++state_.Counters.SilentBlocks;
+             },
              [&] { services_.Events.Pump(); },
              [&] {
                return state_.LookingForScope ? ShowBlock(current, [&] { PlotBlock(); })
@@ -27,6 +30,10 @@ Flow PacketDispatcher::CompleteBlock(bool signalOk) {
              [&] {
                return state_.LookingForValues && !state_.RealTimeMode ? BlockForValues(current)
                                                                       : Flow::Next;
+             },
+             [&] {
+               // The real-time value was shown frame by frame.
+               if (state_.LookingForValues && state_.RealTimeMode) consumers_.Views.BlockShown();
              },
              [&] { return state_.LookingForRecording ? BlockForRecording() : Flow::Next; },
              [&] {
@@ -40,7 +47,9 @@ template <typename Current, typename Show>
 Flow PacketDispatcher::ShowBlock(Current current, Show show) {
   return Run([&] { capture_.StopCapture(); },
              [&] {
-               if (current()) show();
+               if (!current()) return;
+               show();
+               consumers_.Views.BlockShown();
              },
              [&] { services_.Events.Pump(); },
              [&] {
@@ -67,6 +76,7 @@ Flow PacketDispatcher::BlockForRecording() {
     const auto samples = static_cast<double>(state_.BlockCount) * session_.BaseSamples;
     main_.Label10[3].Caption = services_.Numbers.General(samples / DisplayRate) + "s / " +
                                services_.Numbers.General(samples) + " samples";
+    consumers_.Views.BlockShown();
   });
 }
 

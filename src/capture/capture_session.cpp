@@ -199,6 +199,7 @@ void CaptureSession::StopCapture() {
       },
       [&] { events_.Pump(); }, [&] { EndWhatBegan(starts); },
       [&] { state_.CaptureRunning = false; });
+  Stopped();
 }
 
 void CaptureSession::EndWhatBegan(std::uint32_t starts) {

@@ -39,6 +39,8 @@ class CaptureSession {
 
   /// One received frame, on the program's thread.
   std::function<void(const platform::CapturedFrame&)> aPacketX_OnPacket;
+  /// Capture rests: a burst or a run has ended, or one is about to begin.
+  platform::Event<> Stopped;
 
  private:
   void Begin();

@@ -16,6 +16,8 @@ class BlockConsumers {
   virtual void CalculateValues() = 0;
   virtual void ClearValues() = 0;
   virtual void UpdatePhases() = 0;
+  /// A block has reached the user: a view shows it, or the recording went on by it.
+  virtual void BlockShown() = 0;
 };
 
 /// What the packet event asks of the recorder.

@@ -35,6 +35,7 @@ void FrameLayout::FindDataOffsets(const PacketBytes& bytes, std::int16_t packetL
 }
 
 void FrameLayout::Scan(const PacketBytes& bytes, std::int16_t packetLength, std::size_t stream) {
+  state_.SamplesLocated[stream] = false;
   for (std::int32_t i = 1; i <= packetLength - ScanMargin; ++i) {
     const std::uint8_t tag = bytes(i);
     const std::uint8_t length = bytes(i + 1);
@@ -42,6 +43,7 @@ void FrameLayout::Scan(const PacketBytes& bytes, std::int16_t packetLength, std:
     if (tag == SmpCntTag && length == 2) state_.SampleCountOffset[stream] = content;
     if (tag == SeqDataTag && (length == 32 || length == 64 || length == 96)) {
       state_.ValueOffset[stream] = content;
+      state_.SamplesLocated[stream] = true;
       state_.ChannelCount = length / BytesPerChannel;
     }
   }

@@ -41,6 +41,7 @@ void PacketDispatcher::aPacketX_OnPacket(const CapturedFrame& pPacket) {
   bool first = false;
   bool second = false;
   Run([&] { bytes_.ClearText(); }, [&] { return state_.CaptureRunning ? Flow::Next : Flow::Leave; },
+      [&] { ++state_.Counters.Frames; },
       [&] { return state_.PacketLengthPending ? MeasureLength(pPacket) : Flow::Next; },
       [&] { bytes_.Redim(packetLength_); },
       [&] { return state_.ReportRequested ? ServeReport(pPacket) : Flow::Next; },
@@ -89,7 +90,9 @@ void PacketDispatcher::ReportFrame(const CapturedFrame& pPacket) {
 Flow PacketDispatcher::CopyFrame(const CapturedFrame& pPacket) {
   bytes_.Copy(pPacket.Bytes);
   // A frame longer than expected is dropped as a whole.
-  return pPacket.Length > static_cast<std::size_t>(bytes_.Upper()) ? Flow::Leave : Flow::Next;
+  if (pPacket.Length <= static_cast<std::size_t>(bytes_.Upper())) return Flow::Next;
+  ++state_.Counters.TooLong;
+  return Flow::Leave;
 }
 
 Flow PacketDispatcher::ServeFinder() {
@@ -107,10 +110,15 @@ Flow PacketDispatcher::FirstStream() {
       [&] {
         if (!state_.OffsetsKnown[0]) LocateFirst();
       },
-      [&] { return ExtractFirst(signalOk); },
+      [&] { CountFirst(); }, [&] { return ExtractFirst(signalOk); },
       [&] {
         return frameIndex_[0] == session_.BaseSamples ? CompleteBlock(signalOk) : Flow::Next;
       });
+}
+
+void PacketDispatcher::CountFirst() {
+  ++state_.Counters.HeldId;
+  if (!state_.SamplesLocated[0]) ++state_.Counters.NotLocated;
 }
 
 void PacketDispatcher::FindDataOffsets(std::size_t stream) {
@@ -140,7 +148,7 @@ Flow PacketDispatcher::ExtractFirst(bool& signalOk) {
   // The block that fills the ring is not counted, and the frame is not looked at for the second
   // stream; the recorder allows for both.
   Run([&] { ringIndex_[0] = 0; }, [&] { frameIndex_[0] = 0; },
-      [&] { consumers_.Recorder.WriteRecordBlock(0); });
+      [&] { consumers_.Recorder.WriteRecordBlock(0); }, [&] { consumers_.Views.BlockShown(); });
   return Flow::Leave;
 }
 

@@ -62,6 +62,7 @@ class PacketDispatcher {
   void ReportFrame(const platform::CapturedFrame& pPacket);
 
   platform::Flow FirstStream();
+  void CountFirst();
   void FindDataOffsets(std::size_t stream);
   void LocateFirst();
   platform::Flow ExtractFirst(bool& signalOk);

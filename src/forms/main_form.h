@@ -9,6 +9,7 @@
 #include "platform/grid.h"
 #include "platform/label.h"
 #include "platform/option_button.h"
+#include "platform/quiet_line.h"
 #include "platform/status_bar.h"
 #include "platform/tab_strip.h"
 #include "platform/text_box.h"
@@ -59,6 +60,15 @@ inline constexpr std::size_t Content2 = 14;
 inline constexpr std::size_t Count = 15;
 }  // namespace setup_field
 
+/// The rows of `Main.QuietLine`: the views that have one.
+namespace quiet_line {
+inline constexpr std::size_t Values = 0;
+inline constexpr std::size_t Phasor = 1;
+inline constexpr std::size_t Waveforms = 2;
+inline constexpr std::size_t Recorder = 3;
+inline constexpr std::size_t Count = 4;
+}  // namespace quiet_line
+
 /// The main window: its controls with the captions, tips and states of the design. Index and number
 /// of a control have meaning: channel i is `Label5[i]`, an even `Option3` is the first stream.
 class Main {
@@ -86,6 +96,9 @@ class Main {
   std::array<platform::Shape, 4> Shape12;
   /// Logos: Waveforms, Recorder, Report, Setup, Values, Phasor.
   std::array<platform::PictureBox, 6> Picture1;
+
+  /// Why a view shows nothing, beside its run button.
+  std::array<platform::QuietLine, quiet_line::Count> QuietLine;
 
   // Information page. Label3 also holds captions of the Recorder view.
   std::array<platform::Label, 20> Label1;

@@ -43,6 +43,8 @@ class TimerQueue {
  public:
   explicit TimerQueue(const Clock& clock) : clock_(clock) {}
 
+  /// The time that the timers go by.
+  std::chrono::nanoseconds Now() const { return clock_.Now(); }
   std::optional<std::chrono::nanoseconds> NextDue() const;
   /// Raises the events of the timers that are due now, the earliest first, each once at most.
   void FireDue();

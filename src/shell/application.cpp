@@ -31,6 +31,7 @@ Application::Application(const Platform& platform)
             platform.Program, platform.Files, *this, platform.Timers),
       watchdog_(State, Settings, Main, capture_, tabs_, *this, platform.Events, platform.Dialogs,
                 platform.Program),
+      waiting_(State, Settings, Session, Main, platform.Timers, platform.Numbers),
       pages_(Main, Revisionhistory, Settings, Session, platform.Numbers, platform.Printers,
              platform.Links, platform.Program),
       resize_(Main, State, platform.Program) {
@@ -43,6 +44,7 @@ Application::Application(const Platform& platform)
   capture_.aPacketX_OnPacket = [this](const platform::CapturedFrame& frame) {
     dispatcher_.aPacketX_OnPacket(frame);
   };
+  capture_.Stopped = [this] { waiting_.CaptureStopped(); };
 }
 
 void Application::EndSession() {
@@ -75,6 +77,10 @@ void Application::CalculateValues() {
 }
 void Application::ClearValues() {
   values_.ClearValues();
+}
+
+void Application::BlockShown() {
+  waiting_.BlockShown();
 }
 
 void Application::PlotBlock(const char* mode) {

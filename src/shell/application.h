@@ -11,6 +11,7 @@
 #include "capture/record_rings.h"
 #include "capture/retry_box.h"
 #include "capture/signal_builder.h"
+#include "capture/waiting_line.h"
 #include "capture/watchdog.h"
 #include "config/adapter_choice.h"
 #include "config/printer_list.h"
@@ -109,6 +110,7 @@ class Application : private config::SetupConsumers,
   void CalculateValues() override;
   void ClearValues() override;
   void UpdatePhases() override;
+  void BlockShown() override;
   void WriteRecordBlock(std::int16_t stream) override;
   std::string ReportAnalyse(const packetroutines::PacketBytes& bytes) override;
   void AddStreamToList(const std::string& id) override;
@@ -132,6 +134,7 @@ class Application : private config::SetupConsumers,
   subroutines::PrinterChoices printers_;
   TabController tabs_;
   packetroutines::Watchdog watchdog_;
+  packetroutines::WaitingLine waiting_;
   InfoPages pages_;
   FormLayout resize_;
 };

@@ -21,6 +21,7 @@ class MockViews : public packetroutines::BlockConsumers {
   MOCK_METHOD(void, CalculateValues, (), (override));
   MOCK_METHOD(void, ClearValues, (), (override));
   MOCK_METHOD(void, UpdatePhases, (), (override));
+  MOCK_METHOD(void, BlockShown, (), (override));
 };
 
 class MockRecorder : public packetroutines::RecordConsumer {
