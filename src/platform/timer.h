@@ -43,8 +43,8 @@ class TimerQueue {
  public:
   explicit TimerQueue(const Clock& clock) : clock_(clock) {}
 
-  /// The time that the timers go by.
-  std::chrono::nanoseconds Now() const { return clock_.Now(); }
+  /// The time that the timers go by: that of the clock without what was held.
+  std::chrono::nanoseconds Now() const;
   std::optional<std::chrono::nanoseconds> NextDue() const;
   /// Raises the events of the timers that are due now, the earliest first, each once at most.
   void FireDue();
@@ -60,8 +60,6 @@ class TimerQueue {
   void Add(Timer& timer);
   void Remove(Timer& timer);
   void Announce() const;
-  /// The time of the timers: that of the clock without what was held.
-  std::chrono::nanoseconds Now() const;
   Timer* EarliestDue(std::chrono::nanoseconds now) const;
 
   const Clock& clock_;
