@@ -94,6 +94,11 @@ void Binder::Bind(platform::Label& control, ReadingField& widget, const QString&
   widget.Clicked = [&] { guard_([&] { control.Click(); }); };
 }
 
+void Binder::Bind(platform::QuietLine& control, QuietLine& widget, const QString& name) {
+  BindControl(control, widget, name);
+  FollowLater(control.Caption, [&] { widget.Say(ToQt(control.Caption)); });
+}
+
 void Binder::Bind(platform::CWButton& control, RunButton& widget, const QString& name) {
   BindControl(control, widget, name);
   const auto showFaces = [&] { widget.SetFaces(ToQt(control.OffText), ToQt(control.OnText)); };

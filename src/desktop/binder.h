@@ -9,6 +9,7 @@
 #include "desktop/choice_box.h"
 #include "desktop/click_label.h"
 #include "desktop/guard.h"
+#include "desktop/quiet_line.h"
 #include "desktop/reading_field.h"
 #include "desktop/repaint_queue.h"
 #include "desktop/run_button.h"
@@ -20,6 +21,7 @@
 #include "platform/combo_box.h"
 #include "platform/label.h"
 #include "platform/option_button.h"
+#include "platform/quiet_line.h"
 #include "platform/status_bar.h"
 #include "platform/text_box.h"
 
@@ -40,6 +42,7 @@ class Binder {
             Ampersand ampersand = Ampersand::Mnemonic);
   void Bind(platform::Label& control, ClickLabel& widget, const QString& name);
   void Bind(platform::Label& control, ReadingField& widget, const QString& name);
+  void Bind(platform::QuietLine& control, QuietLine& widget, const QString& name);
   void Bind(platform::CWButton& control, RunButton& widget, const QString& name);
   void Bind(platform::CommandButton& control, QPushButton& widget, const QString& name);
   void Bind(platform::CheckBox& control, QCheckBox& widget, const QString& name,

@@ -33,6 +33,7 @@ PhasorPage::PhasorPage(forms::Main& main, Binder& binder, PicturePad& picture, Q
       indicator_(new RunIndicator(frame_)),
       run_(new RunButton(frame_)),
       stationHeading_(new QLabel(frame_)),
+      quiet_(new QuietLine(this)),
       scalesFrame_(new QFrame(frame_)),
       scalesHeading_(new QLabel(scalesFrame_)),
       automatic_(new QCheckBox(scalesFrame_)) {
@@ -56,6 +57,8 @@ void PhasorPage::BindControls(Binder& binder) {
     binder.Bind(main_.Option3[i + 4], *stations_[i], ArrayName("Option3", i + 4),
                 Ampersand::Letter);
   }
+  binder.Bind(main_.QuietLine[forms::quiet_line::Phasor], *quiet_,
+              ArrayName("QuietLine", forms::quiet_line::Phasor));
   scalesHeading_->setText(ToQt(main_.Frame3.Caption));
   binder.Bind(main_.Check6, *automatic_, QStringLiteral("Check6"));
   const char* captions[] = {"FS current:", "FS voltage"};
@@ -153,6 +156,12 @@ void PhasorPage::Lay() {
     station->setFont(look::TextFont(scaled(look::TextSize)));
     station->setGeometry(controlsLeft, y, half - Gap / 2, scaled(Line));
   }
+  quiet_->setFont(look::TextFont(scaled(look::TextSize)));
+  // Below the frame, from under the table to the logo.
+  const int quietTop = frame_->geometry().bottom() + Gap / 2;
+  const int quietLeft = frame_->x() + tableLeft;
+  quiet_->setGeometry(quietLeft, quietTop, Pixels(main_.Picture1[5].Left) - Gap - quietLeft,
+                      height() - quietTop);
 }
 
 void PhasorPage::LayScales(QPoint corner, int width, double textRatio) {

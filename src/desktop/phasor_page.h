@@ -8,6 +8,7 @@
 #include "desktop/binder.h"
 #include "desktop/choice_box.h"
 #include "desktop/picture_pad.h"
+#include "desktop/quiet_line.h"
 #include "desktop/run_button.h"
 #include "desktop/run_indicator.h"
 #include "desktop/station_choice.h"
@@ -43,6 +44,7 @@ class PhasorPage : public QWidget {
   RunButton* run_;
   QLabel* stationHeading_;
   std::array<StationChoice*, 2> stations_{};
+  QuietLine* quiet_;
   QFrame* scalesFrame_;
   QLabel* scalesHeading_;
   QCheckBox* automatic_;

@@ -6,6 +6,7 @@
 
 #include "desktop/look.h"
 #include "desktop/path_label.h"
+#include "desktop/quiet_line.h"
 #include "desktop/text.h"
 
 namespace desktop {
@@ -114,7 +115,11 @@ QWidget* RecorderPage::RunPanel() {
   binder_.Bind(main_.CWButton3, *run, QStringLiteral("CWButton3"));
   panel->Grid().setColumnMinimumWidth(0, 0);
   panel->AddWide(run);
-  panel->Grid().setRowStretch(panel->Grid().rowCount(), 1);
+  auto* quiet = new QuietLine(panel);
+  binder_.Bind(main_.QuietLine[forms::quiet_line::Recorder], *quiet,
+               ArrayName("QuietLine", forms::quiet_line::Recorder));
+  panel->AddWide(quiet);
+  panel->Grid().setRowStretch(panel->Grid().rowCount() - 1, 1);
   return panel;
 }
 

@@ -42,7 +42,8 @@ ValuesPage::ValuesPage(forms::Main& main, Binder& binder, QWidget* parent)
       indicator_(new RunIndicator(this)),
       run_(new RunButton(this)),
       stationHeading_(new QLabel(this)),
-      realTime_(new QCheckBox(this)) {
+      realTime_(new QCheckBox(this)),
+      quiet_(new QuietLine(this)) {
   BindReadings(binder);
   BindControls(binder);
   OrderTabs();
@@ -78,6 +79,8 @@ void ValuesPage::BindControls(Binder& binder) {
     binder.Bind(main_.Option3[i], *stations_[i], ArrayName("Option3", i), Ampersand::Letter);
   }
   binder.Bind(main_.Check5, *realTime_, QStringLiteral("Check5"));
+  binder.Bind(main_.QuietLine[forms::quiet_line::Values], *quiet_,
+              ArrayName("QuietLine", forms::quiet_line::Values));
 }
 
 void ValuesPage::OrderTabs() {
@@ -161,6 +164,10 @@ void ValuesPage::LayControls(double ratioX, double ratioY) {
   realTime_->setFont(Scaled(look::TextSize, ratioX, ratioY));
   realTime_->setGeometry(Rounded(left + padding, y, inner, line));
   panel_ = QRectF(left, top, width, y + line + padding * 0.8 - top);
+  quiet_->setFont(Scaled(look::TextSize, ratioX, ratioY));
+  const double below = panel_.bottom() + padding / 2;
+  quiet_->setGeometry(
+      Rounded(left + padding, below, inner, Place(main_.Picture1[4]).top() - below));
 }
 
 void ValuesPage::paintEvent(QPaintEvent*) {

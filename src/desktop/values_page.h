@@ -6,6 +6,7 @@
 #include <array>
 
 #include "desktop/binder.h"
+#include "desktop/quiet_line.h"
 #include "desktop/reading_field.h"
 #include "desktop/run_button.h"
 #include "desktop/run_indicator.h"
@@ -49,6 +50,7 @@ class ValuesPage : public QWidget {
   QLabel* stationHeading_;
   std::array<StationChoice*, 2> stations_{};
   QCheckBox* realTime_;
+  QuietLine* quiet_;
   QRectF panel_;
 };
 

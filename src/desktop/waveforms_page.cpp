@@ -16,6 +16,8 @@ constexpr int ButtonHeight = 60;
 /// Room at the foot of the frame for the logo.
 constexpr int LogoRoom = 60;
 constexpr int Gap = 12;
+/// Between the window's left edge and the axis of the graph.
+constexpr int AxisLeft = 36;
 
 using twips::Pixels;
 
@@ -35,6 +37,7 @@ WaveformsPage::WaveformsPage(forms::Main& main, Binder& binder, Guard& guard, QW
       indicator_(new RunIndicator(frame_)),
       run_(new RunButton(frame_)),
       print_(new QPushButton(frame_)),
+      quiet_(new QuietLine(this)),
       modesHeading_(Heading(QStringLiteral("Graph Modes:"), frame_)),
       stationHeading_(Heading(QStringLiteral("Shown Station ID:"), frame_)) {
   main_.Frame1.Width = FrameWidth;
@@ -54,6 +57,8 @@ void WaveformsPage::BindControls(Binder& binder) {
   binder.Bind(main_.Shape12[2], *indicator_, ArrayName("Shape12", 2));
   binder.Bind(main_.CWButton1, *run_, QStringLiteral("CWButton1"));
   binder.Bind(main_.Command1, *print_, QStringLiteral("Command1"));
+  binder.Bind(main_.QuietLine[forms::quiet_line::Waveforms], *quiet_,
+              ArrayName("QuietLine", forms::quiet_line::Waveforms));
   for (std::size_t i = 0; i < legend_.size(); ++i) {
     legend_[i] = new LegendBox(frame_);
     legend_[i]->setFont(look::BoldFont(look::TextSize));
@@ -115,6 +120,10 @@ void WaveformsPage::Lay() {
   place(*frame_, main_.Frame1);
   frame_->layout()->activate();
   indicator_->CentreOn(*run_);
+  // The frame is full in the smallest window, but there is a strip below it and the graph.
+  quiet_->setFont(look::TextFont(look::TextSize));
+  const int below = frame_->geometry().bottom() + Gap / 4;
+  quiet_->setGeometry(AxisLeft, below, frame_->geometry().right() - AxisLeft, height() - below);
 }
 
 }  // namespace desktop

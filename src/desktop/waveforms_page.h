@@ -10,6 +10,7 @@
 #include "desktop/graph_view.h"
 #include "desktop/guard.h"
 #include "desktop/legend_box.h"
+#include "desktop/quiet_line.h"
 #include "desktop/run_button.h"
 #include "desktop/run_indicator.h"
 #include "desktop/station_choice.h"
@@ -44,6 +45,7 @@ class WaveformsPage : public QWidget {
   RunButton* run_;
   QPushButton* print_;
   std::array<LegendBox*, 8> legend_{};
+  QuietLine* quiet_;
   QLabel* modesHeading_;
   std::array<StationChoice*, 3> modes_{};
   QLabel* stationHeading_;

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QLabel>
+
+namespace desktop {
+
+/// The one quiet line of a page that gives the reason where nothing else happens there. It wraps
+/// within the room that the page gives it, also a word that is too long, and asks for none itself:
+/// its coming and going moves nothing.
+class QuietLine : public QLabel {
+  Q_OBJECT
+
+ public:
+  explicit QuietLine(QWidget* parent);
+
+  /// Shows a text; the first one behind none is also told to a screen reader.
+  void Say(const QString& words);
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace desktop
