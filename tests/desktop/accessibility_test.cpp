@@ -87,7 +87,6 @@ TEST_F(Accessibility, TheNumbersOfTheTableTellTheirChannelsAndUnits) {
 
 TEST_F(Accessibility, TheProgressOfTheRecorderTellsWhatItCounts) {
   Start();
-  MakeStorage();
   ClickTab(RecorderTab);
   Form().Label10[3].Caption = "12 s / 48000 samples";
   const QAccessibleInterface& counter = Of(Member("Label10", 3));

@@ -166,7 +166,6 @@ TEST_F(Pages, ALabelShowsTheColourAndTheWeightThatTheProgramGives) {
 
 TEST_F(Pages, TheCaptionsOfTheRecorderTakeAClick) {
   Start();
-  MakeStorage();
   ClickTab(RecorderTab);
   for (const int caption : {5, 6, 9, 22, 23, 24, 28}) {
     int clicks = 0;

@@ -45,7 +45,6 @@ class QuietLines : public WindowScene {
 };
 
 TEST_F(QuietLines, StandClearOfEverythingAndMoveNothing) {
-  MakeStorage();
   Start();
   Form().Text1[3].Text = home_.path().toStdString();
   GoMeasure();

@@ -113,6 +113,31 @@ TEST_F(SettingsStore, IsReportedAnewAfterItCouldBeWrittenInBetween) {
   EXPECT_TRUE(WaitForBoxes(2));
 }
 
+TEST_F(SettingsStore, WaitsWithItsReportUntilTheBoxThatStandsIsGone) {
+  Block();
+  Set("Frequency", "60");
+  store.Hold();
+  Set("Frequency", "50");
+  Idle();
+  EXPECT_THAT(boxes.Texts, IsEmpty());
+
+  store.Release();
+
+  EXPECT_TRUE(WaitForBoxes(1));
+}
+
+TEST_F(SettingsStore, IsWrittenOnTheWayOutAlsoBehindABox) {
+  Block();
+  Set("Frequency", "60");
+  store.Hold();
+  EXPECT_THAT(TellAtExit(), HasSubstr("Vornik.conf"));
+
+  store.Release();
+  Idle();
+
+  EXPECT_THAT(boxes.Texts, IsEmpty());
+}
+
 TEST_F(SettingsStore, OfADamagedFileIsWrittenWithoutAComplaint) {
   Put("[INI\nno equals sign\n\x01=%zz\n");
   ASSERT_EQ(Get("Frequency"), "absent");
@@ -228,27 +253,6 @@ TEST(TwoInstances, OnOneFileLeaveItToTheLastChangeOfAKey) {
 
   EXPECT_TRUE(QFile::link(home.filePath("real"), home.filePath("third")));
   EXPECT_EQ(Instance(home.filePath("third")).Settings.FilterString, "and vlan 12");
-}
-
-TEST_F(UnwritableStore, WaitsWithItsReportUntilTheBoxThatStandsIsGone) {
-  Change("60");
-  store.Hold();
-  Change("50");
-  QTest::qWait(50);
-  EXPECT_EQ(boxes.Count, 0);
-
-  store.Release();
-  EXPECT_TRUE(QTest::qWaitFor([this] { return boxes.Count > 0; }, 8000));
-}
-
-TEST_F(UnwritableStore, IsWrittenOnTheWayOutAlsoBehindABox) {
-  Change("60");
-  store.Hold();
-  store.SyncQuietly();
-  store.Release();
-  QTest::qWait(50);
-
-  EXPECT_EQ(boxes.Count, 0);
 }
 
 }  // namespace

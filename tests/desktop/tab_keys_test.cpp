@@ -18,7 +18,6 @@ class TabKeysScene : public WindowScene {
   static constexpr const char* Letters = "IVPWRESX";
 
   void StartWithStorage() {
-    MakeStorage();
     Start();
     // What opens other windows is not pressed here.
     for (platform::CommandButton* button : {&Form().Command3, &Form().Command7}) {
