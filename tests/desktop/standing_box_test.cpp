@@ -111,6 +111,7 @@ TEST_F(Boxes, TheFolderDialogHoldsTheProgramToo) {
 
 TEST_F(Boxes, SettingsThatCannotBeSavedAreReportedWhenTheBoxIsGone) {
   Start();
+  EXPECT_TRUE(QDir(home_.filePath("StoredData")).removeRecursively());
   QStringList texts;
   const auto close = [&](QDialog& dialog) {
     QTest::qWait(200);
