@@ -52,6 +52,8 @@ TEST_F(WaitingView, IsQuietWhileBlocksComeWithTheLongestPause) {
     bool said = false;
     main.QuietLine[forms::quiet_line::Values].Visible.Observe([&] { said = true; });
     scene.ReceiveBlock([](int i) { return SineFrame(i, 100, 10); });
+    ASSERT_TRUE(scene.State.CaptureRunning);
+    scene.Elapse(1s);
     EXPECT_FALSE(said);
   }
 }
