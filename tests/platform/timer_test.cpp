@@ -249,9 +249,12 @@ TEST_F(Timer, TheQueueTellsWheneverItsNextTimeMayHaveChanged) {
 
 TEST_F(Timer, AHeldQueueFiresNothing) {
   Run(timer, 100);
+  Run(other, 500);
+  Busy(100);
 
   platform.Timers.Hold();
   EXPECT_FALSE(platform.Timers.NextDue());
+  platform.Timers.FireDue();
   Busy(1000);
   platform.Timers.FireDue();
 
