@@ -108,6 +108,7 @@ TEST_F(ScopeOrder, ARefusedFilterGivesTheButtonsBackBeforeItsBox) {
   scene.Capture.StartFailure.reset();
   Run();
   Block();
+  ASSERT_THAT(main.CWGraph1.Plots[0].Y.Get(), SizeIs(400));
   EXPECT_NEAR(main.CWGraph1.Plots[0].Y.Get()[20], 141.421, 0.001);
 }
 
