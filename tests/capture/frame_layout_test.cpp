@@ -305,7 +305,8 @@ TEST(FrameLayout, ScansTheFrameAtHandWhereItsBlockBeganARunWithLongerFrames) {
   bench.RunWithLength("LookingForValues", PlainFrame(0));
   bench.Events.AtPump(1, [&] {
     bench.State.PacketLengthPending = true;
-    bench.Receive(FrameBytes(300));
+    // Longer than the cells that its own length frame leaves.
+    bench.Receive(FrameBytes(700));
   });
 
   bench.Receive(PlainFrame(1));

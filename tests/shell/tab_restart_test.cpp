@@ -140,9 +140,13 @@ TEST_P(PauseThatEndsOnTheWayOut, StartsNothingBehindTheEndOfTheSession) {
   RunTheView();
   LetThePauseEndInThePump();
 
+  scene.Journal.clear();
+
   EXPECT_THROW(scene.App.EndSession(), support::SceneEnded);
 
   ExpectNothingRuns();
+  // Nor does the pause of the user's choice hold up the end.
+  EXPECT_THAT(scene.Journal, testing::Not(testing::Contains("wait 500")));
 }
 
 INSTANTIATE_TEST_SUITE_P(Views, PauseThatEndsOnTheWayOut,
@@ -168,6 +172,22 @@ TEST_F(TabRestart, StartsNothingForAPressInsideAChangeOfTab) {
   scene.Elapse(1000ms);
   EXPECT_FALSE(main.CWButton1.Value);
   EXPECT_TRUE(main.CWButton1.Enabled);
+}
+
+TEST_F(TabRestart, StartsNothingForAPressInTheStopPathOfTheViewThatIsLeft) {
+  RunABlock(4, main.CWButton1);
+  scene.Elapse(1000ms);
+  bool pressed = false;
+  // Behind the two pumps of the change and the two of its stop comes that of the button.
+  scene.Events.AtPump(5, [&] {
+    pressed = true;
+    main.CWButton1.Value = true;
+  });
+
+  scene.Select(7);
+
+  ASSERT_TRUE(pressed);
+  ExpectNoRun();
 }
 
 TEST_F(TabRestart, LetsARunStartBehindAChangeOfTab) {
