@@ -61,7 +61,9 @@ int RunWalk(int argc, char** argv) {
 bool StartWalk(const QString& folder, const Plan& plan) {
   const QTemporaryDir home;
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  environment.insert("HOME", home.path());
+  // The pictures show the end of the data path.
+  QDir(home.path()).mkpath("home/engineer");
+  environment.insert("HOME", home.filePath("home/engineer"));
   environment.insert("XDG_CONFIG_HOME", home.filePath("config"));
   environment.insert("XDG_DATA_HOME", home.filePath("data"));
   environment.insert("QT_SCALE_FACTOR", plan.Scale);
