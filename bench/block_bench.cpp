@@ -11,7 +11,7 @@ namespace {
 void BlockComplete(benchmark::State& state) {
   bench::BenchScene scene("MU_ALPHA", "");
   formroutines::Application& app = scene.App;
-  subroutines::SettingsFile file(scene.Store, scene.Numbers, app.Settings);
+  subroutines::StoredSettings file(scene.Store, scene.Numbers, app.Settings);
   packetroutines::CaptureSession capture(scene.Capture, app.Main, app.Settings, app.State,
                                          scene.Events, scene.Dialogs, scene.Program);
   subroutines::ValuesView values(app.Main, app.Settings, app.Session, file, app.State, app.Block,

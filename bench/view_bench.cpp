@@ -41,7 +41,7 @@ struct ViewParts {
       : File(scene.Store, scene.Numbers, scene.App.Settings),
         Capture(scene.Capture, scene.App.Main, scene.App.Settings, scene.App.State, scene.Events,
                 scene.Dialogs, scene.Program) {}
-  subroutines::SettingsFile File;
+  subroutines::StoredSettings File;
   packetroutines::CaptureSession Capture;
 };
 

@@ -68,16 +68,6 @@ struct AcquisitionState {
   std::int16_t RealTimeChannel = 1;
   /// Latest AC estimate of each channel, in the chosen units.
   std::array<double, 8> RmsValues{};
-
-  /// Clears the mode flags.
-  void ClearModes() {
-    ReportRequested = false;
-    LookingForScope = false;
-    LookingForValues = false;
-    LookingForPhases = false;
-    LookingForRecording = false;
-    LookingForID = false;
-  }
 };
 
 }  // namespace packetroutines

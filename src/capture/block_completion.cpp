@@ -53,8 +53,8 @@ Flow PacketDispatcher::ShowBlock(Current current, Show show) {
              },
              [&] { services_.Events.Pump(); },
              [&] {
-               main_.Timer2.Interval = BlockPause;
-               main_.Timer2.Enabled = true;
+               controls_.Timers.Timer2.Interval = BlockPause;
+               controls_.Timers.Timer2.Enabled = true;
              });
 }
 
@@ -74,8 +74,9 @@ Flow PacketDispatcher::BlockForValues(Current current) {
 Flow PacketDispatcher::BlockForRecording() {
   return Run([&] {
     const auto samples = static_cast<double>(state_.BlockCount) * session_.BaseSamples;
-    main_.Label10[3].Caption = services_.Numbers.General(samples / DisplayRate) + "s / " +
-                               services_.Numbers.General(samples) + " samples";
+    controls_.Recorder.Label10[forms::record_line::Progress].Caption =
+        services_.Numbers.General(samples / DisplayRate) + "s / " +
+        services_.Numbers.General(samples) + " samples";
     consumers_.Views.BlockShown();
   });
 }

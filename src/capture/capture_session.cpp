@@ -1,6 +1,5 @@
 #include "capture/capture_session.h"
 
-#include <array>
 #include <string>
 
 #include "platform/failure.h"
@@ -19,34 +18,17 @@ namespace {
 
 constexpr const char* FixedFilter = "ether proto 0x88ba";
 
-struct Mode {
-  std::string_view Name;
-  std::int32_t TimerInterval;
-  bool AcquisitionState::*Flag;
-};
-
-constexpr std::array<Mode, 6> Modes = {{
-    {"Report", 4000, &AcquisitionState::ReportRequested},
-    {"LookingForScope", 2000, &AcquisitionState::LookingForScope},
-    {"LookingForValues", 2000, &AcquisitionState::LookingForValues},
-    {"LookingForPhases", 2000, &AcquisitionState::LookingForPhases},
-    {"LookingForRecording", 2000, &AcquisitionState::LookingForRecording},
-    {"LookingForID", 2000, &AcquisitionState::LookingForID},
-}};
-
 }  // namespace
 
-CaptureSession::CaptureSession(platform::CaptureLayer& layer, forms::Main& main,
+CaptureSession::CaptureSession(platform::CaptureLayer& layer, const CaptureControls& controls,
                                config::Settings& settings, AcquisitionState& state,
-                               platform::EventQueue& events, platform::Dialogs& dialogs,
-                               platform::Program& program)
+                               PacketConsumer& packets, const platform::Services& services)
     : layer_(layer),
-      main_(main),
+      controls_(controls),
       settings_(settings),
       state_(state),
-      events_(events),
-      dialogs_(dialogs),
-      program_(program) {}
+      packets_(packets),
+      services_(services) {}
 
 platform::CaptureObject& CaptureSession::aPacketX() {
   if (!aPacketX_) throw Failure(platform::failure::ObjectNotSet);
@@ -55,23 +37,23 @@ platform::CaptureObject& CaptureSession::aPacketX() {
 
 void CaptureSession::FillAdapterList() {
   RunSteps(
-      program_,
+      services_.Program,
       [this](const Failure& failure, int attempt) {
         return OnAdapterListFailure(failure, attempt);
       },
       [&] {
         aPacketX_ = layer_.NewCaptureObject();
         aPacketX_->OnPacket = [this](const platform::CapturedFrame& frame) {
-          aPacketX_OnPacket(frame);
+          packets_.aPacketX_OnPacket(frame);
         };
       },
       [&] {
         for (std::int32_t i = 1; i <= aPacketX().AdapterCount(); ++i) {
           const platform::CaptureAdapter& adapter = aPacketX().Adapters(i);
-          if (adapter.IsGood()) main_.Combo1.AddItem(adapter.Description());
+          if (adapter.IsGood()) controls_.Setup.Combo1.AddItem(adapter.Description());
         }
       },
-      [&] { main_.Combo1.ListIndex = settings_.AdapterIndex - 1; });
+      [&] { controls_.Setup.Combo1.ListIndex = settings_.AdapterIndex - 1; });
 }
 
 Verdict CaptureSession::OnAdapterListFailure(const Failure& failure, int attempt) {
@@ -80,7 +62,7 @@ Verdict CaptureSession::OnAdapterListFailure(const Failure& failure, int attempt
     settings_.AdapterIndex = 1;
     return Verdict::RetryStep;
   }
-  const auto answer = dialogs_.Show(
+  const auto answer = services_.Dialogs.Show(
       {"Attention",
        std::string("In a correct environment this error should not happen!") + Crlf + Crlf +
            "Maybe WinPcap or PacketX is not installed. Therefore no networkadapter was found." +
@@ -91,7 +73,7 @@ Verdict CaptureSession::OnAdapterListFailure(const Failure& failure, int attempt
 
 void CaptureSession::SetupAdapter(std::int32_t buffSize) {
   RunSteps(
-      program_, [this](const Failure& failure) { return OnSetupFailure(failure); },
+      services_.Program, [this](const Failure& failure) { return OnSetupFailure(failure); },
       [&] { aPacketX().SetAdapter(aPacketX().Adapters(settings_.AdapterIndex)); },
       [&] { aPacketX().Adapter().Set(property::BufferSize, buffSize); },
       [&] { aPacketX().Adapter().Set(property::BytesToGather, 0); },
@@ -106,20 +88,20 @@ std::string CaptureSession::FilterExpression() const {
 }
 
 Verdict CaptureSession::OnSetupFailure(const Failure& failure) {
-  dialogs_.Show({"unknown exception",
-                 std::string("unknown error") + Crlf + failure.Text() + Crlf +
-                     "This happens while initialization of network adapters." + Crlf + Crlf +
-                     "Please check first, if your setup is complete." + Crlf +
-                     "Second, if the installation is complete (WinPcap/PacketX).",
-                 Icon::Critical});
+  services_.Dialogs.Show({"unknown exception",
+                          std::string("unknown error") + Crlf + failure.Text() + Crlf +
+                              "This happens while initialization of network adapters." + Crlf +
+                              Crlf + "Please check first, if your setup is complete." + Crlf +
+                              "Second, if the installation is complete (WinPcap/PacketX).",
+                          Icon::Critical});
   return Verdict::LeaveRoutine;
 }
 
-void CaptureSession::StartCapture(std::string_view mode) {
+void CaptureSession::StartCapture(ModeName mode) {
   if (state_.Leaving > 0) return;
   const std::uint32_t tabChanges = state_.TabChanges;
   RunSteps(
-      program_, [this](const Failure& failure) { return OnStartFailure(failure); },
+      services_.Program, [this](const Failure& failure) { return OnStartFailure(failure); },
       [&] { SetMode(mode); }, [&] { StopCapture(); },
       [&] { return state_.TabChanges == tabChanges ? Flow::Next : Flow::Leave; },
       [&] {
@@ -134,43 +116,41 @@ void CaptureSession::Begin() {
   aPacketX().Start();
 }
 
-void CaptureSession::SetMode(std::string_view name) {
-  for (const Mode& mode : Modes) {
-    if (mode.Name != name) continue;
-    main_.Timer1.Interval = mode.TimerInterval;
-    main_.Timer1.Enabled = true;
-    state_.*mode.Flag = true;
-    return;
-  }
+void CaptureSession::SetMode(ModeName name) {
+  const Mode* mode = FindMode(name.Text());
+  if (mode == nullptr) return;
+  controls_.Timers.Timer1.Interval = mode->TimeOut;
+  controls_.Timers.Timer1.Enabled = true;
+  state_.*mode->Flag = true;
 }
 
 void CaptureSession::ShowIndicators(bool visible) {
-  for (platform::Shape& indicator : main_.Shape12) indicator.Visible = visible;
+  for (platform::Shape& indicator : controls_.Shared.Shape12) indicator.Visible = visible;
 }
 
 Verdict CaptureSession::OnStartFailure(const Failure& failure) {
   if (failure.Number() != platform::failure::FilterRefused) {
-    dialogs_.Show({"Attention",
-                   std::string("Unknown error!") + Crlf + Crlf +
-                       "Can't handle network connection!" + Crlf + Crlf + "Reason:" + Crlf +
-                       "- setup isn't correct",
-                   Icon::Exclamation});
+    services_.Dialogs.Show({"Attention",
+                            std::string("Unknown error!") + Crlf + Crlf +
+                                "Can't handle network connection!" + Crlf + Crlf +
+                                "Reason:" + Crlf + "- setup isn't correct",
+                            Icon::Exclamation});
     return Verdict::EndProgram;
   }
   ShowIndicators(false);
   state_.OffsetsKnown[0] = false;
   state_.OffsetsKnown[1] = false;
-  main_.Timer1.Enabled = false;
-  main_.Command2.Enabled = true;
-  main_.CWButton1.Value = false;
-  main_.CWButton3.Value = false;
-  main_.CWButton4.Value = false;
-  main_.CWButton4.Enabled = true;
+  controls_.Timers.Timer1.Enabled = false;
+  controls_.Buttons.Command2.Enabled = true;
+  controls_.Buttons.CWButton1.Value = false;
+  controls_.Buttons.CWButton3.Value = false;
+  controls_.Buttons.CWButton4.Value = false;
+  controls_.Buttons.CWButton4.Enabled = true;
   GiveButtonsBack();
-  dialogs_.Show({"Attention",
-                 std::string("Can't receive packets!") + Crlf + Crlf + "Reason:" + Crlf +
-                     "- filter setup ('Packet filter condition') isn't correct",
-                 Icon::Exclamation});
+  services_.Dialogs.Show({"Attention",
+                          std::string("Can't receive packets!") + Crlf + Crlf + "Reason:" + Crlf +
+                              "- filter setup ('Packet filter condition') isn't correct",
+                          Icon::Exclamation});
   return Verdict::LeaveRoutine;
 }
 
@@ -179,9 +159,9 @@ void CaptureSession::GiveButtonsBack() {
   // frame to unlock it.
   state_.LookingForValues = false;
   state_.LookingForPhases = false;
-  main_.CWButton2.Value = false;
-  if (!main_.CWButton2.Enabled) main_.Timer3.Enabled = true;
-  main_.ShowIdleTips();
+  controls_.Buttons.CWButton2.Value = false;
+  if (!controls_.Buttons.CWButton2.Enabled) controls_.Timers.Timer3.Enabled = true;
+  controls_.Buttons.ShowIdleTips();
 }
 
 void CaptureSession::StopCapture() {
@@ -191,13 +171,13 @@ void CaptureSession::StopCapture() {
                                                                : Verdict::LeaveRoutine;
   };
   RunSteps(
-      program_, trap, [&] { ShowIndicators(false); }, [&] { aPacketX().Stop(); },
-      [&] { events_.Pump(); },
+      services_.Program, trap, [&] { ShowIndicators(false); }, [&] { aPacketX().Stop(); },
+      [&] { services_.Events.Pump(); },
       [&] {
         if (!oPacketColl_) oPacketColl_ = layer_.NewPacketCollection();
         oPacketColl_->Clear();
       },
-      [&] { events_.Pump(); }, [&] { EndWhatBegan(starts); },
+      [&] { services_.Events.Pump(); }, [&] { EndWhatBegan(starts); },
       [&] { state_.CaptureRunning = false; });
   Stopped();
 }

@@ -2,15 +2,17 @@
 
 #include <cstdint>
 #include <memory>
-#include <string_view>
 
 #include "capture/acquisition_state.h"
+#include "capture/consumers.h"
+#include "capture/modes.h"
 #include "config/settings.h"
-#include "forms/main_form.h"
+#include "forms/run_buttons.h"
+#include "forms/setup_controls.h"
+#include "forms/shared_controls.h"
+#include "forms/window_controls.h"
 #include "platform/capture_object.h"
-#include "platform/dialogs.h"
-#include "platform/event_queue.h"
-#include "platform/program.h"
+#include "platform/services.h"
 #include "platform/trap.h"
 
 namespace packetroutines {
@@ -19,33 +21,39 @@ namespace packetroutines {
 inline constexpr std::int32_t LiveBuffer = 262144;
 inline constexpr std::int32_t RecordingBuffer = 33554432;
 
+/// What a start and a stop of capture show and lock on the form.
+struct CaptureControls {
+  forms::SetupControls& Setup;
+  forms::SharedControls& Shared;
+  forms::TimerControls& Timers;
+  forms::RunButtons Buttons;
+};
+
 /// The program's one capture channel: lists the adapters, selects one, starts and stops reception
 /// and sets the acquisition mode. A live view starts and stops it several times a second.
 class CaptureSession {
  public:
-  CaptureSession(platform::CaptureLayer& layer, forms::Main& main, config::Settings& settings,
-                 AcquisitionState& state, platform::EventQueue& events, platform::Dialogs& dialogs,
-                 platform::Program& program);
+  /// `packets` gets every received frame, on the program's thread.
+  CaptureSession(platform::CaptureLayer& layer, const CaptureControls& controls,
+                 config::Settings& settings, AcquisitionState& state, PacketConsumer& packets,
+                 const platform::Services& services);
 
   /// Creates the capture object and fills the adapter list; once, at start-up.
   void FillAdapterList();
   /// Takes over the chosen adapter with a driver buffer of `buffSize` bytes and the capture filter.
   void SetupAdapter(std::int32_t buffSize);
-  /// Begins a burst. `mode` is "Report", "LookingForScope", "LookingForValues", "LookingForPhases",
-  /// "LookingForRecording" or "LookingForID"; any other text starts capture without a mode.
-  void StartCapture(std::string_view mode);
+  /// Begins a burst; a name that is no mode's starts capture without a mode.
+  void StartCapture(ModeName mode);
   /// Ends a burst; legal when idle. What starts capture anew in its pumps is ended with it.
   void StopCapture();
 
-  /// One received frame, on the program's thread.
-  std::function<void(const platform::CapturedFrame&)> aPacketX_OnPacket;
   /// Capture rests: a burst or a run has ended, or one is about to begin.
   platform::Event<> Stopped;
 
  private:
   void Begin();
   void EndWhatBegan(std::uint32_t starts);
-  void SetMode(std::string_view mode);
+  void SetMode(ModeName name);
   void ShowIndicators(bool visible);
   void GiveButtonsBack();
   std::string FilterExpression() const;
@@ -55,12 +63,11 @@ class CaptureSession {
   platform::Verdict OnStartFailure(const platform::Failure& failure);
 
   platform::CaptureLayer& layer_;
-  forms::Main& main_;
+  CaptureControls controls_;
   config::Settings& settings_;
   AcquisitionState& state_;
-  platform::EventQueue& events_;
-  platform::Dialogs& dialogs_;
-  platform::Program& program_;
+  PacketConsumer& packets_;
+  platform::Services services_;
   /// Counts the starts of the capture object.
   std::uint32_t starts_ = 0;
   std::unique_ptr<platform::CaptureObject> aPacketX_;

@@ -4,8 +4,17 @@
 #include <string>
 
 #include "capture/packet_bytes.h"
+#include "platform/capture_object.h"
 
 namespace packetroutines {
+
+/// What the capture session hands the received frames to.
+class PacketConsumer {
+ public:
+  virtual ~PacketConsumer() = default;
+  /// One received frame, on the program's thread.
+  virtual void aPacketX_OnPacket(const platform::CapturedFrame& pPacket) = 0;
+};
 
 /// What the packet event asks of the live views when a block is complete.
 class BlockConsumers {
@@ -28,12 +37,18 @@ class RecordConsumer {
   virtual void WriteRecordBlock(std::int16_t stream) = 0;
 };
 
-/// What the packet event and the watchdog ask of the report and of the stream finder.
+/// What the packet event asks of the report.
 class ReportConsumer {
  public:
   virtual ~ReportConsumer() = default;
   /// Reads the frame into the report; the result is the frame's stream ID.
   virtual std::string ReportAnalyse(const PacketBytes& bytes) = 0;
+};
+
+/// What the packet event and the watchdog ask of the stream finder.
+class FinderConsumer {
+ public:
+  virtual ~FinderConsumer() = default;
   virtual void AddStreamToList(const std::string& id) = 0;
   /// Closes the stream finder.
   virtual void UnloadIDlook() = 0;

@@ -22,14 +22,14 @@ constexpr std::int32_t FinderPause = 500;
 }  // namespace
 
 PacketDispatcher::PacketDispatcher(AcquisitionState& state, const config::Settings& settings,
-                                   const config::Session& session, forms::Main& main,
+                                   const config::Session& session, const PacketControls& controls,
                                    CaptureSession& capture, FrameLayout& layout,
                                    SignalBuilder& builder, PacketConsumers consumers,
                                    PacketServices services)
     : state_(state),
       settings_(settings),
       session_(session),
-      main_(main),
+      controls_(controls),
       capture_(capture),
       layout_(layout),
       builder_(builder),
@@ -76,15 +76,16 @@ Flow PacketDispatcher::ServeReport(const CapturedFrame& pPacket) {
 }
 
 void PacketDispatcher::ReportFrame(const CapturedFrame& pPacket) {
-  Run([&] { main_.Command2.Value = false; }, [&] { services_.Events.Pump(); },
+  Run([&] { controls_.Report.Command2.Value = false; }, [&] { services_.Events.Pump(); },
       [&] {
         if (pPacket.Length > static_cast<std::size_t>(bytes_.Upper())) {
           throw Failure(platform::failure::SubscriptOutOfRange);
         }
         bytes_.Copy(pPacket.Bytes);
       },
-      [&] { consumers_.Report.ReportAnalyse(bytes_); }, [&] { main_.Command2.Visible = true; },
-      [&] { main_.Command4.Enabled = true; });
+      [&] { consumers_.Report.ReportAnalyse(bytes_); },
+      [&] { controls_.Report.Command2.Visible = true; },
+      [&] { controls_.Report.Command4.Enabled = true; });
 }
 
 Flow PacketDispatcher::CopyFrame(const CapturedFrame& pPacket) {
@@ -97,10 +98,11 @@ Flow PacketDispatcher::CopyFrame(const CapturedFrame& pPacket) {
 
 Flow PacketDispatcher::ServeFinder() {
   std::string id;
-  Run([&] { capture_.StopCapture(); }, [&] { main_.Timer1.Enabled = false; },
-      [&] { main_.Timer2.Interval = FinderPause; },
-      [&] { id = consumers_.Report.ReportAnalyse(bytes_); }, [&] { main_.Timer2.Enabled = true; },
-      [&] { consumers_.Report.AddStreamToList(id); });
+  Run([&] { capture_.StopCapture(); }, [&] { controls_.Timers.Timer1.Enabled = false; },
+      [&] { controls_.Timers.Timer2.Interval = FinderPause; },
+      [&] { id = consumers_.Report.ReportAnalyse(bytes_); },
+      [&] { controls_.Timers.Timer2.Enabled = true; },
+      [&] { consumers_.Finder.AddStreamToList(id); });
   return Flow::Leave;
 }
 
@@ -130,13 +132,12 @@ void PacketDispatcher::FindDataOffsets(std::size_t stream) {
 void PacketDispatcher::LocateFirst() {
   Run([&] { FindDataOffsets(0); }, [&] { layout_.FindQualitySettings(bytes_, 0); },
       [&] { frameIndex_[0] = 0; }, [&] { ringIndex_[0] = 0; },
-      [&] { state_.OffsetsKnown[0] = true; }, [&] { main_.Timer1.Enabled = false; },
-      [&] { main_.Timer3.Enabled = true; });
+      [&] { state_.OffsetsKnown[0] = true; }, [&] { controls_.Timers.Timer1.Enabled = false; },
+      [&] { controls_.Timers.Timer3.Enabled = true; });
 }
 
 Flow PacketDispatcher::ExtractFirst(bool& signalOk) {
-  if (state_.LookingForValues || state_.LookingForScope || state_.LookingForRecording ||
-      state_.LookingForPhases) {
+  if (AnyModeSet(state_, TakesSamples)) {
     builder_.BuildingSignals(frameIndex_[0], bytes_, signalOk);
     Advance(frameIndex_[0]);
     if (state_.LookingForRecording) {
@@ -170,7 +171,7 @@ void PacketDispatcher::LocateSecond() {
   // restarts.
   Run([&] { FindDataOffsets(1); }, [&] { layout_.FindQualitySettings(bytes_, 0); },
       [&] { frameIndex_[0] = 0; }, [&] { ringIndex_[1] = 0; },
-      [&] { state_.OffsetsKnown[1] = true; }, [&] { main_.Timer1.Enabled = false; });
+      [&] { state_.OffsetsKnown[1] = true; }, [&] { controls_.Timers.Timer1.Enabled = false; });
 }
 
 Flow PacketDispatcher::ExtractSecond() {

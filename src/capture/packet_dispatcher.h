@@ -14,7 +14,9 @@
 #include "capture/retry_box.h"
 #include "capture/signal_builder.h"
 #include "config/settings.h"
-#include "forms/main_form.h"
+#include "forms/recorder_controls.h"
+#include "forms/report_controls.h"
+#include "forms/window_controls.h"
 #include "platform/capture_object.h"
 #include "platform/code_page.h"
 #include "platform/dialogs.h"
@@ -30,6 +32,14 @@ struct PacketConsumers {
   BlockConsumers& Views;
   RecordConsumer& Recorder;
   ReportConsumer& Report;
+  FinderConsumer& Finder;
+};
+
+/// What the packet event shows and switches on the form.
+struct PacketControls {
+  forms::TimerControls& Timers;
+  forms::RecorderControls& Recorder;
+  forms::ReportControls& Report;
 };
 
 /// What the platform lends to the packet event.
@@ -44,14 +54,14 @@ struct PacketServices {
 
 /// The packet event: decides for each received frame what it is for, extracts its values, counts
 /// blocks and hands them to the live view. Everything happens inside the event, frame by frame.
-class PacketDispatcher {
+class PacketDispatcher : public PacketConsumer {
  public:
   PacketDispatcher(AcquisitionState& state, const config::Settings& settings,
-                   const config::Session& session, forms::Main& main, CaptureSession& capture,
-                   FrameLayout& layout, SignalBuilder& builder, PacketConsumers consumers,
-                   PacketServices services);
+                   const config::Session& session, const PacketControls& controls,
+                   CaptureSession& capture, FrameLayout& layout, SignalBuilder& builder,
+                   PacketConsumers consumers, PacketServices services);
 
-  void aPacketX_OnPacket(const platform::CapturedFrame& pPacket);
+  void aPacketX_OnPacket(const platform::CapturedFrame& pPacket) override;
 
  private:
   platform::Flow MeasureLength(const platform::CapturedFrame& pPacket);
@@ -95,7 +105,7 @@ class PacketDispatcher {
   AcquisitionState& state_;
   const config::Settings& settings_;
   const config::Session& session_;
-  forms::Main& main_;
+  PacketControls controls_;
   CaptureSession& capture_;
   FrameLayout& layout_;
   SignalBuilder& builder_;

@@ -56,14 +56,14 @@ std::int32_t CountAt(const PacketBytes& bytes, std::int32_t position) {
 }  // namespace
 
 SignalBuilder::SignalBuilder(AcquisitionState& state, BlockArrays& block, RecordRings& rings,
-                             const config::Session& session, forms::Main& main,
+                             const config::Session& session, forms::ValuesControls& values,
                              const platform::NumberText& numbers, RetryBox& trouble,
                              platform::Program& program)
     : state_(state),
       block_(block),
       rings_(rings),
       session_(session),
-      main_(main),
+      values_(values),
       numbers_(numbers),
       trouble_(trouble),
       program_(program) {}
@@ -122,7 +122,7 @@ void SignalBuilder::RealTimeValue() {
   const auto channel = static_cast<std::size_t>(state_.RealTimeChannel - 1);
   const auto column = array_.Column(block_.SignalValues, channel);
   state_.RmsValues[channel] = platform::CWDSP::AcDcEstimate(column).Ac;
-  main_.Label5[channel].Caption = numbers_.Format(state_.RmsValues[channel], session_.UnitFormat);
+  values_.Label5[channel].Caption = numbers_.Format(state_.RmsValues[channel], session_.UnitFormat);
 }
 
 void SignalBuilder::BuildingSignals2(std::int32_t row, const PacketBytes& bytes, bool&) {

@@ -8,7 +8,7 @@
 #include "capture/record_rings.h"
 #include "capture/retry_box.h"
 #include "config/settings.h"
-#include "forms/main_form.h"
+#include "forms/values_controls.h"
 #include "platform/analysis.h"
 #include "platform/number_text.h"
 #include "platform/program.h"
@@ -20,7 +20,7 @@ namespace packetroutines {
 class SignalBuilder {
  public:
   SignalBuilder(AcquisitionState& state, BlockArrays& block, RecordRings& rings,
-                const config::Session& session, forms::Main& main,
+                const config::Session& session, forms::ValuesControls& values,
                 const platform::NumberText& numbers, RetryBox& trouble, platform::Program& program);
 
   /// Writes row `row` of the first stream. `signalOk` becomes False where the block is silent, that
@@ -42,7 +42,7 @@ class SignalBuilder {
   BlockArrays& block_;
   RecordRings& rings_;
   const config::Session& session_;
-  forms::Main& main_;
+  forms::ValuesControls& values_;
   const platform::NumberText& numbers_;
   RetryBox& trouble_;
   platform::Program& program_;

@@ -1,7 +1,6 @@
 #include "capture/waiting_line.h"
 
-#include <array>
-
+#include "capture/modes.h"
 #include "config/setup_view.h"
 
 namespace packetroutines {
@@ -13,28 +12,17 @@ constexpr std::int32_t LookInterval = 500;
 /// A run may go this long without a block before a word is said.
 constexpr std::chrono::seconds Patience{2};
 
-struct View {
-  bool AcquisitionState::*Flag;
-  platform::CWButton forms::Main::*Button;
-  std::size_t Line;
-};
-
-constexpr std::array<View, forms::quiet_line::Count> Views = {{
-    {&AcquisitionState::LookingForValues, &forms::Main::CWButton4, forms::quiet_line::Values},
-    {&AcquisitionState::LookingForPhases, &forms::Main::CWButton2, forms::quiet_line::Phasor},
-    {&AcquisitionState::LookingForScope, &forms::Main::CWButton1, forms::quiet_line::Waveforms},
-    {&AcquisitionState::LookingForRecording, &forms::Main::CWButton3, forms::quiet_line::Recorder},
-}};
-
 }  // namespace
 
 WaitingLine::WaitingLine(AcquisitionState& state, const config::Settings& settings,
-                         const config::Session& session, forms::Main& main,
-                         platform::TimerQueue& timers, const platform::NumberText& numbers)
+                         const config::Session& session, forms::SharedControls& shared,
+                         const forms::RunButtons& buttons, platform::TimerQueue& timers,
+                         const platform::NumberText& numbers)
     : state_(state),
       settings_(settings),
       session_(session),
-      main_(main),
+      shared_(shared),
+      buttons_(buttons),
       timers_(timers),
       numbers_(numbers),
       timer_(timers) {
@@ -44,8 +32,9 @@ WaitingLine::WaitingLine(AcquisitionState& state, const config::Settings& settin
 
 platform::QuietLine* WaitingLine::LineOfRun() const {
   if (state_.Leaving > 0) return nullptr;
-  for (const View& view : Views) {
-    if (state_.*view.Flag && (main_.*view.Button).Value) return &main_.QuietLine[view.Line];
+  for (const Mode& mode : Modes) {
+    if (mode.QuietLine == NoLine || !(state_.*mode.Flag)) continue;
+    if (mode.RunButton(buttons_).Value) return &shared_.QuietLine[mode.QuietLine];
   }
   return nullptr;
 }

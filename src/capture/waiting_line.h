@@ -5,7 +5,8 @@
 
 #include "capture/acquisition_state.h"
 #include "config/settings.h"
-#include "forms/main_form.h"
+#include "forms/run_buttons.h"
+#include "forms/shared_controls.h"
 #include "platform/number_text.h"
 #include "platform/quiet_line.h"
 #include "platform/timer.h"
@@ -17,7 +18,8 @@ namespace packetroutines {
 class WaitingLine {
  public:
   WaitingLine(AcquisitionState& state, const config::Settings& settings,
-              const config::Session& session, forms::Main& main, platform::TimerQueue& timers,
+              const config::Session& session, forms::SharedControls& shared,
+              const forms::RunButtons& buttons, platform::TimerQueue& timers,
               const platform::NumberText& numbers);
 
   /// Capture rests: a run begins or has ended, or a burst of it.
@@ -40,7 +42,8 @@ class WaitingLine {
   AcquisitionState& state_;
   const config::Settings& settings_;
   const config::Session& session_;
-  forms::Main& main_;
+  forms::SharedControls& shared_;
+  forms::RunButtons buttons_;
   platform::TimerQueue& timers_;
   const platform::NumberText& numbers_;
   platform::Timer timer_;

@@ -8,36 +8,37 @@
 
 namespace subroutines {
 
-AdapterChoice::AdapterChoice(forms::Main& main, config::Settings& settings, SettingsFile& file)
-    : main_(main), settings_(settings), file_(file) {
-  main_.Combo1.Click = [this] { Combo1_Click(); };
+AdapterChoice::AdapterChoice(forms::SetupControls& setup, config::Settings& settings,
+                             StoredSettings& file)
+    : setup_(setup), settings_(settings), file_(file) {
+  setup_.Combo1.Click = [this] { Combo1_Click(); };
 }
 
 void AdapterChoice::Restore(const std::function<void()>& fill) {
   restoring_ = true;
   fill();
   const auto place = PlaceOfName();
-  if (place && *place != main_.Combo1.ListIndex) main_.Combo1.ListIndex = *place;
+  if (place && *place != setup_.Combo1.ListIndex) setup_.Combo1.ListIndex = *place;
   restoring_ = false;
 }
 
 void AdapterChoice::ShowAdvice(const std::string& ofLayer) {
   adviceOfLayer_ = ofLayer;
-  main_.CaptureAdvice.Caption = MissingAdapter() + adviceOfLayer_;
+  setup_.CaptureAdvice.Caption = MissingAdapter() + adviceOfLayer_;
 }
 
 void AdapterChoice::Combo1_Click() {
-  settings_.AdapterIndex = platform::Narrow<std::int16_t>(main_.Combo1.ListIndex + 1);
+  settings_.AdapterIndex = platform::Narrow<std::int16_t>(setup_.Combo1.ListIndex + 1);
   // What the start selects is no choice of the user; only a store that knows no name takes one.
-  if (!restoring_ || settings_.AdapterName.empty()) settings_.AdapterName = main_.Combo1.Text();
+  if (!restoring_ || settings_.AdapterName.empty()) settings_.AdapterName = setup_.Combo1.Text();
   file_.SaveSettings();
   if (!restoring_) ShowAdvice(adviceOfLayer_);
 }
 
 /// The place in the list that bears the stored name: the selected one, where several do.
 std::optional<std::int32_t> AdapterChoice::PlaceOfName() const {
-  if (main_.Combo1.Text() == settings_.AdapterName) return main_.Combo1.ListIndex;
-  const std::vector<std::string>& names = main_.Combo1.List;
+  if (setup_.Combo1.Text() == settings_.AdapterName) return setup_.Combo1.ListIndex;
+  const std::vector<std::string>& names = setup_.Combo1.List;
   const auto found = std::find(names.begin(), names.end(), settings_.AdapterName);
   if (found == names.end()) return std::nullopt;
   return static_cast<std::int32_t>(found - names.begin());
@@ -48,7 +49,7 @@ std::string AdapterChoice::MissingAdapter() const {
   return "The chosen network adapter is missing or cannot capture: " + settings_.AdapterName +
          ". Until it is back at a start of the program, or another one is chosen, the adapter in "
          "use is: " +
-         main_.Combo1.Text() + ".\n";
+         setup_.Combo1.Text() + ".\n";
 }
 
 }  // namespace subroutines

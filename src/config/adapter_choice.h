@@ -6,8 +6,8 @@
 #include <string>
 
 #include "config/settings.h"
-#include "config/settings_file.h"
-#include "forms/main_form.h"
+#include "config/stored_settings.h"
+#include "forms/setup_controls.h"
 
 namespace subroutines {
 
@@ -16,7 +16,7 @@ namespace subroutines {
 /// adapter that is missing at the start keeps its name until the user makes another choice.
 class AdapterChoice {
  public:
-  AdapterChoice(forms::Main& main, config::Settings& settings, SettingsFile& file);
+  AdapterChoice(forms::SetupControls& setup, config::Settings& settings, StoredSettings& file);
 
   /// Runs `fill`, which fills the list and selects by the number, and then goes by the name.
   void Restore(const std::function<void()>& fill);
@@ -28,9 +28,9 @@ class AdapterChoice {
   std::optional<std::int32_t> PlaceOfName() const;
   std::string MissingAdapter() const;
 
-  forms::Main& main_;
+  forms::SetupControls& setup_;
   config::Settings& settings_;
-  SettingsFile& file_;
+  StoredSettings& file_;
   std::string adviceOfLayer_;
   bool restoring_ = false;
 };

@@ -12,16 +12,18 @@ namespace subroutines {
 using platform::Failure;
 using platform::Verdict;
 
-PrinterChoices::PrinterChoices(forms::Main& main, config::Settings& settings, SettingsFile& file,
+PrinterChoices::PrinterChoices(forms::SetupControls& setup, forms::WaveformsControls& scope,
+                               config::Settings& settings, StoredSettings& file,
                                platform::Printers& printers, platform::Dialogs& dialogs,
                                platform::Program& program)
-    : main_(main),
+    : setup_(setup),
+      scope_(scope),
       settings_(settings),
       file_(file),
       printers_(printers),
       dialogs_(dialogs),
       program_(program) {
-  main_.Combo2.Click = [this] { Combo2_Click(); };
+  setup_.Combo2.Click = [this] { Combo2_Click(); };
 }
 
 void PrinterChoices::PrinterList(bool markDefault, bool selectDefault) {
@@ -34,7 +36,7 @@ void PrinterChoices::PrinterList(bool markDefault, bool selectDefault) {
                        std::string("There is no printer available") + platform::Crlf +
                            "Therefore printing is disabled.",
                        platform::Icon::None});
-        main_.Command1.Enabled = false;
+        scope_.Command1.Enabled = false;
         return Verdict::LeaveRoutine;
       },
       [&] { current = printers_.Current(); }, [&] { Fill(current, markDefault, selectDefault); });
@@ -49,16 +51,16 @@ void PrinterChoices::Fill(const std::string& current, bool markDefault, bool sel
     if (isCurrent) noted = static_cast<std::int32_t>(entries.size());
     entries.push_back(isCurrent && markDefault ? name + "*" : name);
   }
-  main_.Combo2.Clear();
-  main_.Combo2.List = entries;
+  setup_.Combo2.Clear();
+  setup_.Combo2.List = entries;
   // Showing the current printer is no choice of the user: the click that a selection raises would
   // store its place, and 0 in the store is what leaves the choice to the system.
-  if (selectDefault && noted >= 0) main_.Combo2.ListIndex.Store(noted);
+  if (selectDefault && noted >= 0) setup_.Combo2.ListIndex.Store(noted);
 }
 
 void PrinterChoices::Combo2_Click() {
-  settings_.PrinterChoice = platform::Narrow<std::int16_t>(main_.Combo2.ListIndex.Get());
-  printers_.MakeCurrent(main_.Combo2.ListIndex);
+  settings_.PrinterChoice = platform::Narrow<std::int16_t>(setup_.Combo2.ListIndex.Get());
+  printers_.MakeCurrent(setup_.Combo2.ListIndex);
   file_.SaveSettings();
 }
 

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "config/settings.h"
-#include "config/settings_file.h"
-#include "forms/main_form.h"
+#include "config/stored_settings.h"
+#include "forms/setup_controls.h"
+#include "forms/waveforms_controls.h"
 #include "platform/dialogs.h"
 #include "platform/program.h"
 #include "platform/system_services.h"
@@ -12,9 +13,9 @@ namespace subroutines {
 /// The list of printers on the Setup view and the choice of the program's printer.
 class PrinterChoices {
  public:
-  PrinterChoices(forms::Main& main, config::Settings& settings, SettingsFile& file,
-                 platform::Printers& printers, platform::Dialogs& dialogs,
-                 platform::Program& program);
+  PrinterChoices(forms::SetupControls& setup, forms::WaveformsControls& scope,
+                 config::Settings& settings, StoredSettings& file, platform::Printers& printers,
+                 platform::Dialogs& dialogs, platform::Program& program);
 
   /// Fills the list. The current printer is marked by "*" behind its name and selected, each where
   /// it is asked for.
@@ -24,9 +25,10 @@ class PrinterChoices {
   void Fill(const std::string& current, bool markDefault, bool selectDefault);
   void Combo2_Click();
 
-  forms::Main& main_;
+  forms::SetupControls& setup_;
+  forms::WaveformsControls& scope_;
   config::Settings& settings_;
-  SettingsFile& file_;
+  StoredSettings& file_;
   platform::Printers& printers_;
   platform::Dialogs& dialogs_;
   platform::Program& program_;

@@ -27,40 +27,43 @@ bool PathExists(const platform::FileSystem& files, const std::string& path) {
   return !folder.empty() && files.DirectoryExists(folder);
 }
 
-SetupView::SetupView(forms::Main& main, config::Settings& settings, config::Session& session,
-                     SettingsFile& file, const platform::NumberText& numbers,
+SetupView::SetupView(const SetupParts& parts, config::Settings& settings, config::Session& session,
+                     StoredSettings& file, const platform::NumberText& numbers,
                      config::SetupConsumers& consumers, platform::FolderDialog& folders)
-    : main_(main),
+    : parts_(parts),
       settings_(settings),
       session_(session),
       file_(file),
       numbers_(numbers),
       consumers_(consumers),
       folders_(folders) {
-  for (std::size_t field = 0; field < main_.Text1.size(); ++field) {
-    main_.Text1[field].Change = [this, field] { Text1_Change(field); };
+  for (std::size_t field = 0; field < parts_.Setup.Text1.size(); ++field) {
+    parts_.Setup.Text1[field].Change = [this, field] { Text1_Change(field); };
   }
   for (const std::size_t field : {setup::Content1, setup::Content2}) {
-    main_.Text1[field].DblClick = [this, field] { main_.Text1[field].Text = std::string(); };
+    parts_.Setup.Text1[field].DblClick = [this, field] {
+      parts_.Setup.Text1[field].Text = std::string();
+    };
   }
-  main_.Command3.Click = [this] { Command3_Click(); };
-  for (std::size_t i = 0; i < main_.Combo4.size(); ++i) {
-    main_.Combo4[i].Click = [this, i] { Combo4_Click(i); };
+  parts_.Setup.Command3.Click = [this] { Command3_Click(); };
+  for (std::size_t i = 0; i < parts_.Setup.Combo4.size(); ++i) {
+    parts_.Setup.Combo4[i].Click = [this, i] { Combo4_Click(i); };
   }
-  for (std::size_t i = 0; i < main_.Option3.size(); ++i) {
-    main_.Option3[i].Click = [this, i] { Option3_Click(i); };
+  for (std::size_t i = 0; i < parts_.Shared.Option3.size(); ++i) {
+    parts_.Shared.Option3[i].Click = [this, i] { Option3_Click(i); };
   }
 }
 
 void SetupView::FillUnitLists() {
-  for (const char* unit : {"A", "mA"}) main_.Combo4[0].AddItem(unit);
-  main_.Combo4[0].ListIndex = settings_.UnitCurrent;
-  for (const char* unit : {"kV", "V", "mV"}) main_.Combo4[1].AddItem(unit);
-  main_.Combo4[1].ListIndex = settings_.UnitVoltage;
+  for (const char* unit : {"A", "mA"}) parts_.Setup.Combo4[forms::unit_list::Current].AddItem(unit);
+  parts_.Setup.Combo4[forms::unit_list::Current].ListIndex = settings_.UnitCurrent;
+  for (const char* unit : {"kV", "V", "mV"})
+    parts_.Setup.Combo4[forms::unit_list::Voltage].AddItem(unit);
+  parts_.Setup.Combo4[forms::unit_list::Voltage].ListIndex = settings_.UnitVoltage;
 }
 
 void SetupView::Text1_Change(std::size_t field) {
-  if (!TakeField(field, main_.Text1[field].Text)) return;
+  if (!TakeField(field, parts_.Setup.Text1[field].Text)) return;
   file_.SaveSettings();
   consumers_.RebuildBlockArrays(session_.BaseSamples);
 }
@@ -91,7 +94,7 @@ bool SetupView::TakeField(std::size_t field, const std::string& text) {
       break;
     default:
       settings_.ChannelName[field - setup::FirstName] = text;
-      main_.Check2[field - setup::FirstName].Caption = text;
+      parts_.Scope.Check2[field - setup::FirstName].Caption = text;
       consumers_.ShowChannelNames();
       break;
   }
@@ -99,7 +102,7 @@ bool SetupView::TakeField(std::size_t field, const std::string& text) {
 }
 
 void SetupView::FilterRule(std::size_t index, std::size_t field) {
-  platform::TextBox& box = main_.Text1[field];
+  platform::TextBox& box = parts_.Setup.Text1[field];
   std::string value = box.Text;
   if (value.empty()) {
     value = config::NoContent;
@@ -107,8 +110,8 @@ void SetupView::FilterRule(std::size_t index, std::size_t field) {
     session_.StreamCount = static_cast<std::int16_t>(index + 1);
   }
   settings_.FilterContent[index] = value;
-  for (std::size_t station = index; station < main_.Option3.size(); station += 2) {
-    main_.Option3[station].Caption = value;
+  for (std::size_t station = index; station < parts_.Shared.Option3.size(); station += 2) {
+    parts_.Shared.Option3[station].Caption = value;
   }
   // Emptying the field raises its change event once more, which runs this rule with the empty text.
   if (box.Text == config::NoContent) box.Text = std::string();
@@ -118,17 +121,19 @@ void SetupView::Command3_Click() {
   const auto folder = folders_.Browse("Bitte einen Ordner auswählen", settings_.StoragePath);
   if (!folder) return;
   settings_.StoragePath = *folder;
-  main_.Text1[setup::StoragePath].Text = settings_.StoragePath;
+  parts_.Setup.Text1[setup::StoragePath].Text = settings_.StoragePath;
   file_.SaveSettings();
 }
 
 void SetupView::Combo4_Click(std::size_t index) {
   // The names come first: their captions read the unit from the lists, which hold it already.
   consumers_.ShowChannelNames();
-  const auto chosen = platform::Narrow<std::int16_t>(main_.Combo4[index].ListIndex.Get());
+  const auto chosen = platform::Narrow<std::int16_t>(parts_.Setup.Combo4[index].ListIndex.Get());
   (index == 0 ? settings_.UnitCurrent : settings_.UnitVoltage) = chosen;
-  session_.CurrentUnitFactor = FactorOf(CurrentFactors, main_.Combo4[0]);
-  session_.VoltageUnitFactor = FactorOf(VoltageFactors, main_.Combo4[1]);
+  session_.CurrentUnitFactor =
+      FactorOf(CurrentFactors, parts_.Setup.Combo4[forms::unit_list::Current]);
+  session_.VoltageUnitFactor =
+      FactorOf(VoltageFactors, parts_.Setup.Combo4[forms::unit_list::Voltage]);
   file_.SaveSettings();
 }
 
@@ -136,8 +141,8 @@ void SetupView::Option3_Click(std::size_t index) {
   if (index > 5) return;
   // The first filter slot holds the chosen stream, the second the other one.
   const bool second = index % 2 == 1;
-  settings_.FilterContent[second ? 1 : 0] = main_.Text1[setup::Content1].Text;
-  settings_.FilterContent[second ? 0 : 1] = main_.Text1[setup::Content2].Text;
+  settings_.FilterContent[second ? 1 : 0] = parts_.Setup.Text1[setup::Content1].Text;
+  settings_.FilterContent[second ? 0 : 1] = parts_.Setup.Text1[setup::Content2].Text;
   session_.ActiveStream = second ? 2 : 1;
   consumers_.StationChosen();
 }

@@ -4,8 +4,10 @@
 #include <string>
 
 #include "config/settings.h"
-#include "config/settings_file.h"
-#include "forms/main_form.h"
+#include "config/stored_settings.h"
+#include "forms/setup_controls.h"
+#include "forms/shared_controls.h"
+#include "forms/waveforms_controls.h"
 #include "platform/number_text.h"
 #include "platform/system_services.h"
 
@@ -33,12 +35,20 @@ namespace subroutines {
 /// True for an existing directory, with or without a separator at its end.
 bool PathExists(const platform::FileSystem& files, const std::string& path);
 
+/// What the Setup view edits: its own fields, the captions of the stations, and the legend of the
+/// scope.
+struct SetupParts {
+  forms::SetupControls& Setup;
+  forms::SharedControls& Shared;
+  forms::WaveformsControls& Scope;
+};
+
 /// The Setup view: each change goes at once to its variable, to the store and to what is derived
 /// from it. There is no apply button and no validation; a text that does not convert is a failure.
 class SetupView {
  public:
-  SetupView(forms::Main& main, config::Settings& settings, config::Session& session,
-            SettingsFile& file, const platform::NumberText& numbers,
+  SetupView(const SetupParts& parts, config::Settings& settings, config::Session& session,
+            StoredSettings& file, const platform::NumberText& numbers,
             config::SetupConsumers& consumers, platform::FolderDialog& folders);
 
   /// Fills the unit lists and selects the stored units.
@@ -52,10 +62,10 @@ class SetupView {
   void Combo4_Click(std::size_t index);
   void Option3_Click(std::size_t index);
 
-  forms::Main& main_;
+  SetupParts parts_;
   config::Settings& settings_;
   config::Session& session_;
-  SettingsFile& file_;
+  StoredSettings& file_;
   const platform::NumberText& numbers_;
   config::SetupConsumers& consumers_;
   platform::FolderDialog& folders_;

@@ -20,21 +20,24 @@ const QPoint Origin(0, TabBar::Height);
 
 }  // namespace
 
-InfoPage::InfoPage(forms::Main& main, Binder& binder, QWidget* parent)
+InfoPage::InfoPage(forms::InformationControls& page, forms::SharedControls& shared,
+                   forms::WindowControls& strip, Binder& binder, QWidget* parent)
     : QWidget(parent),
-      main_(main),
+      page_(page),
+      shared_(shared),
+      strip_(strip),
       rows_(binder, *this, Origin),
-      logo_(new LogoView(main.Picture4, LogoWidth, Origin, this)),
+      logo_(new LogoView(page.Picture4, LogoWidth, Origin, this)),
       support_(new LinkLabel(this)),
       history_(new LinkLabel(this)) {
-  for (std::size_t i = 0; i < main.Label1.size(); ++i) {
-    rows_.Add(main.Label1[i], ArrayName("Label1", i), Ampersand::Mnemonic);
+  for (std::size_t i = 0; i < page.Label1.size(); ++i) {
+    rows_.Add(page.Label1[i], ArrayName("Label1", i), Ampersand::Mnemonic);
   }
-  binder.Bind(main.Picture4, *logo_, QStringLiteral("Picture4"));
-  binder.Bind(main.Label3[0], *support_, ArrayName("Label3", 0));
-  binder.Bind(main.Label4, *history_, QStringLiteral("Label4"));
-  AddLink(main.Label3[0], *support_);
-  AddLink(main.Label4, *history_);
+  binder.Bind(page.Picture4, *logo_, QStringLiteral("Picture4"));
+  binder.Bind(shared.Label3[forms::side_caption::Support], *support_, ArrayName("Label3", 0));
+  binder.Bind(page.Label4, *history_, QStringLiteral("Label4"));
+  AddLink(shared.Label3[forms::side_caption::Support], *support_);
+  AddLink(page.Label4, *history_);
 }
 
 void InfoPage::AddLink(platform::Label& control, LinkLabel& link) {
@@ -52,8 +55,8 @@ void InfoPage::PlaceLinks() {
     link.move(twips::Pixels(control.Left),
               twips::Pixels(control.Top) - Origin.y() - logo_->Raised());
   };
-  place(main_.Label3[0], *support_);
-  place(main_.Label4, *history_);
+  place(shared_.Label3[forms::side_caption::Support], *support_);
+  place(page_.Label4, *history_);
 }
 
 void InfoPage::resizeEvent(QResizeEvent*) {
@@ -72,7 +75,7 @@ void InfoPage::paintEvent(QPaintEvent*) {
   painter.setBrush(look::Card);
   painter.drawRoundedRect(card, look::Corner + 2, look::Corner + 2);
   painter.setPen(Qt::NoPen);
-  painter.setBrush(look::ColourOf(main_.TabStrip1.ColorTo));
+  painter.setBrush(look::ColourOf(strip_.TabStrip1.ColorTo));
   painter.drawRoundedRect(QRectF(card.left(), card.top() + 2 * look::Corner, BarWidth,
                                  card.height() - 4 * look::Corner),
                           BarWidth / 2, BarWidth / 2);

@@ -6,7 +6,9 @@
 #include "desktop/link_label.h"
 #include "desktop/logo_view.h"
 #include "desktop/rich_rows.h"
-#include "forms/main_form.h"
+#include "forms/information_controls.h"
+#include "forms/shared_controls.h"
+#include "forms/window_controls.h"
 
 namespace desktop {
 
@@ -16,7 +18,8 @@ class InfoPage : public QWidget {
   Q_OBJECT
 
  public:
-  InfoPage(forms::Main& main, Binder& binder, QWidget* parent);
+  InfoPage(forms::InformationControls& page, forms::SharedControls& shared,
+           forms::WindowControls& strip, Binder& binder, QWidget* parent);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -26,7 +29,9 @@ class InfoPage : public QWidget {
   void AddLink(platform::Label& control, LinkLabel& link);
   void PlaceLinks();
 
-  forms::Main& main_;
+  forms::InformationControls& page_;
+  forms::SharedControls& shared_;
+  forms::WindowControls& strip_;
   RichRows rows_;
   LogoView* logo_;
   LinkLabel* support_;

@@ -24,7 +24,6 @@ namespace desktop {
 
 namespace {
 
-constexpr int ExitTab = 8;
 constexpr int StripPadding = 12;
 constexpr int WrapTipsFrom = 60;
 constexpr QSize UsualSize(1280, 860);
@@ -95,13 +94,13 @@ void MainWindow::FillTabs() {
 }
 
 void MainWindow::FillPages(PicturePad& picture) {
-  auto* waveforms = new WaveformsPage(main_, binder_, guard_, pages_);
-  pages_->addWidget(new InfoPage(main_, binder_, pages_));
-  pages_->addWidget(new ValuesPage(main_, binder_, pages_));
-  pages_->addWidget(new PhasorPage(main_, binder_, picture, pages_));
+  auto* waveforms = new WaveformsPage(main_, main_, binder_, guard_, pages_);
+  pages_->addWidget(new InfoPage(main_, main_, main_, binder_, pages_));
+  pages_->addWidget(new ValuesPage(main_, main_, binder_, pages_));
+  pages_->addWidget(new PhasorPage(main_, main_, main_, binder_, picture, pages_));
   pages_->addWidget(waveforms);
-  pages_->addWidget(new RecorderPage(main_, binder_, guard_, pages_));
-  pages_->addWidget(new ReportPage(main_, binder_, pages_));
+  pages_->addWidget(new RecorderPage(main_, main_, binder_, guard_, pages_));
+  pages_->addWidget(new ReportPage(main_, main_, binder_, pages_));
   pages_->addWidget(new SetupPage(main_, binder_, pages_));
   AddLogos(waveforms->Frame());
 }
@@ -124,7 +123,7 @@ void MainWindow::ShowTab() {
   const int tab = main_.TabStrip1.SelectedTab.Get();
   tabs_->ShowSelected(tab - 1);
   // The last tab has no view of its own.
-  if (tab < ExitTab) pages_->setCurrentIndex(tab - 1);
+  if (tab < forms::tab::Exit) pages_->setCurrentIndex(tab - 1);
 }
 
 void MainWindow::Select(int tab) {

@@ -23,13 +23,17 @@ using twips::Pixels;
 
 }  // namespace
 
-PhasorPage::PhasorPage(forms::Main& main, Binder& binder, PicturePad& picture, QWidget* parent)
+PhasorPage::PhasorPage(forms::PhasorControls& phasor, forms::ValuesControls& values,
+                       forms::SharedControls& shared, Binder& binder, PicturePad& picture,
+                       QWidget* parent)
     : QWidget(parent),
-      main_(main),
+      phasor_(phasor),
+      values_(values),
+      shared_(shared),
       frame_(new QFrame(this)),
       heading_(new QLabel(frame_)),
       picture_(picture),
-      table_(new ValueTable(main.Grid1, frame_)),
+      table_(new ValueTable(phasor.Grid1, frame_)),
       indicator_(new RunIndicator(frame_)),
       run_(new RunButton(frame_)),
       stationHeading_(new QLabel(frame_)),
@@ -48,25 +52,24 @@ PhasorPage::PhasorPage(forms::Main& main, Binder& binder, PicturePad& picture, Q
 }
 
 void PhasorPage::BindControls(Binder& binder) {
-  heading_->setText(ToQt(main_.Frame2.Caption));
-  binder.Bind(main_.Shape12[1], *indicator_, ArrayName("Shape12", 1));
-  binder.Bind(main_.CWButton2, *run_, QStringLiteral("CWButton2"));
-  binder.Bind(main_.Label17, *stationHeading_, QStringLiteral("Label17"));
+  heading_->setText(ToQt(phasor_.Frame2.Caption));
+  binder.Bind(shared_.Shape12[forms::indicator::Phasor], *indicator_, ArrayName("Shape12", 1));
+  binder.Bind(phasor_.CWButton2, *run_, QStringLiteral("CWButton2"));
+  binder.Bind(phasor_.Label17, *stationHeading_, QStringLiteral("Label17"));
   for (std::size_t i = 0; i < stations_.size(); ++i) {
     stations_[i] = new StationChoice(frame_);
-    binder.Bind(main_.Option3[i + 4], *stations_[i], ArrayName("Option3", i + 4),
-                Ampersand::Letter);
+    binder.Bind(shared_.Option3[i + forms::station::Phasor], *stations_[i],
+                ArrayName("Option3", i + 4), Ampersand::Letter);
   }
-  binder.Bind(main_.QuietLine[forms::quiet_line::Phasor], *quiet_,
+  binder.Bind(shared_.QuietLine[forms::quiet_line::Phasor], *quiet_,
               ArrayName("QuietLine", forms::quiet_line::Phasor));
-  scalesHeading_->setText(ToQt(main_.Frame3.Caption));
-  binder.Bind(main_.Check6, *automatic_, QStringLiteral("Check6"));
-  const char* captions[] = {"FS current:", "FS voltage"};
+  scalesHeading_->setText(ToQt(phasor_.Frame3.Caption));
+  binder.Bind(phasor_.Check6, *automatic_, QStringLiteral("Check6"));
   for (std::size_t i = 0; i < scales_.size(); ++i) {
-    scaleCaptions_[i] = new QLabel(QLatin1String(captions[i]), scalesFrame_);
+    scaleCaptions_[i] = new QLabel(ToQt(phasor_.ScaleCaptions[i].Caption), scalesFrame_);
     scales_[i] = new ChoiceBox(scalesFrame_);
     scaleCaptions_[i]->setBuddy(scales_[i]);
-    binder.Bind(main_.Combo5[i], *scales_[i], ArrayName("Combo5", i));
+    binder.Bind(phasor_.Combo5[i], *scales_[i], ArrayName("Combo5", i));
   }
   setTabOrder(run_, stations_[0]);
   setTabOrder(stations_[0], stations_[1]);
@@ -76,20 +79,20 @@ void PhasorPage::BindControls(Binder& binder) {
 }
 
 void PhasorPage::Follow() {
-  main_.Frame2.Visible.Observe([this] { frame_->setVisible(main_.Frame2.Visible); });
-  frame_->setVisible(main_.Frame2.Visible);
+  phasor_.Frame2.Visible.Observe([this] { frame_->setVisible(phasor_.Frame2.Visible); });
+  frame_->setVisible(phasor_.Frame2.Visible);
   const auto colours = [this] { ShowColours(); };
-  main_.Frame2.BackColor.Observe(colours);
-  main_.Frame3.BackColor.Observe(colours);
+  phasor_.Frame2.BackColor.Observe(colours);
+  phasor_.Frame3.BackColor.Observe(colours);
   ShowColours();
   const auto lay = [this] { Lay(); };
-  main_.Frame2.Height.Observe(lay);
-  main_.phasordiagram.Top.Observe(lay);
-  for (std::size_t i = 0; i < main_.Label6.size(); ++i) {
+  phasor_.Frame2.Height.Observe(lay);
+  phasor_.phasordiagram.Top.Observe(lay);
+  for (std::size_t i = 0; i < values_.Label6.size(); ++i) {
     const auto describe = [this, i] {
-      table_->DescribeMagnitude(static_cast<int>(i) + 1, ToQt(main_.Label6[i].Caption));
+      table_->DescribeMagnitude(static_cast<int>(i) + 1, ToQt(values_.Label6[i].Caption));
     };
-    main_.Label6[i].Caption.Observe(describe);
+    values_.Label6[i].Caption.Observe(describe);
     describe();
   }
 }
@@ -102,8 +105,8 @@ void PhasorPage::ShowColours() {
                             .arg(frame.objectName(), ground.name(), look::Edge.name()));
     return ground;
   };
-  table_->SetGround(show(*frame_, main_.Frame2));
-  const QColor ground = show(*scalesFrame_, main_.Frame3);
+  table_->SetGround(show(*frame_, phasor_.Frame2));
+  const QColor ground = show(*scalesFrame_, phasor_.Frame3);
   for (ChoiceBox* scale : scales_) {
     QPalette colours = scale->palette();
     colours.setColor(QPalette::Base, ground);
@@ -118,13 +121,13 @@ void PhasorPage::resizeEvent(QResizeEvent*) {
 void PhasorPage::Lay() {
   const double textRatio = look::TextRatio(*this);
   const auto scaled = [textRatio](int pixels) { return static_cast<int>(pixels * textRatio); };
-  const int frameWidth = Pixels(main_.Frame2.Width);
-  const int frameHeight = Pixels(main_.Frame2.Height);
+  const int frameWidth = Pixels(phasor_.Frame2.Width);
+  const int frameHeight = Pixels(phasor_.Frame2.Height);
   frame_->setGeometry((width() - frameWidth) / 2, std::max(Gap, (height() - frameHeight) / 3),
                       frameWidth, frameHeight);
-  const int side = Pixels(main_.phasordiagram.Width);
-  const int left = Pixels(main_.phasordiagram.Left);
-  const int top = Pixels(main_.phasordiagram.Top);
+  const int side = Pixels(phasor_.phasordiagram.Width);
+  const int left = Pixels(phasor_.phasordiagram.Left);
+  const int top = Pixels(phasor_.phasordiagram.Top);
   QFont bold = look::BoldFont(scaled(look::HeadingSize));
   heading_->setFont(bold);
   heading_->adjustSize();
@@ -160,7 +163,7 @@ void PhasorPage::Lay() {
   // Below the frame, from under the table to the logo.
   const int quietTop = frame_->geometry().bottom() + Gap / 2;
   const int quietLeft = frame_->x() + tableLeft;
-  quiet_->setGeometry(quietLeft, quietTop, Pixels(main_.Picture1[5].Left) - Gap - quietLeft,
+  quiet_->setGeometry(quietLeft, quietTop, Pixels(shared_.Picture1[5].Left) - Gap - quietLeft,
                       height() - quietTop);
 }
 

@@ -13,7 +13,9 @@
 #include "desktop/run_indicator.h"
 #include "desktop/station_choice.h"
 #include "desktop/value_table.h"
-#include "forms/main_form.h"
+#include "forms/phasor_controls.h"
+#include "forms/shared_controls.h"
+#include "forms/values_controls.h"
 
 namespace desktop {
 
@@ -23,7 +25,8 @@ class PhasorPage : public QWidget {
   Q_OBJECT
 
  public:
-  PhasorPage(forms::Main& main, Binder& binder, PicturePad& picture, QWidget* parent);
+  PhasorPage(forms::PhasorControls& phasor, forms::ValuesControls& values,
+             forms::SharedControls& shared, Binder& binder, PicturePad& picture, QWidget* parent);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -35,7 +38,10 @@ class PhasorPage : public QWidget {
   void ShowColours();
   void LayScales(QPoint corner, int width, double textRatio);
 
-  forms::Main& main_;
+  forms::PhasorControls& phasor_;
+  /// The table names the unit of each channel as the readings do.
+  forms::ValuesControls& values_;
+  forms::SharedControls& shared_;
   QFrame* frame_;
   QLabel* heading_;
   PicturePad& picture_;

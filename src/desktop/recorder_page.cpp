@@ -32,8 +32,9 @@ void MakeHeading(QLabel& label) {
 
 }  // namespace
 
-RecorderPage::RecorderPage(forms::Main& main, Binder& binder, Guard& guard, QWidget* parent)
-    : QWidget(parent), main_(main), binder_(binder) {
+RecorderPage::RecorderPage(forms::RecorderControls& recorder, forms::SharedControls& shared,
+                           Binder& binder, Guard& guard, QWidget* parent)
+    : QWidget(parent), recorder_(recorder), shared_(shared), binder_(binder) {
   auto* all = new QGridLayout(this);
   all->setContentsMargins(Margin, Margin, Margin, 0);
   all->setSpacing(Margin);
@@ -41,11 +42,11 @@ RecorderPage::RecorderPage(forms::Main& main, Binder& binder, Guard& guard, QWid
   all->addWidget(RunPanel(), 0, 1);
   all->addWidget(TriggerCard(), 1, 0);
   all->addWidget(PauseCard(), 1, 1);
-  auto* graph = new GraphView(main.CWGraph2, guard, this);
+  auto* graph = new GraphView(recorder.CWGraph2, guard, this);
   graph->setObjectName(QStringLiteral("CWGraph2"));
   graph->setAccessibleName(QStringLiteral("Quick view of the recording"));
-  const auto show = [&main, graph] { graph->setVisible(main.CWGraph2.Visible); };
-  main.CWGraph2.Visible.Observe(show);
+  const auto show = [&recorder, graph] { graph->setVisible(recorder.CWGraph2.Visible); };
+  recorder.CWGraph2.Visible.Observe(show);
   show();
   KeepRoom(*graph);
   all->addWidget(graph, 2, 0, 1, 2);
@@ -58,7 +59,7 @@ RecorderPage::RecorderPage(forms::Main& main, Binder& binder, Guard& guard, QWid
 ClickLabel* RecorderPage::Caption(std::size_t row, QWidget* parent, QWidget* field) {
   auto* label = new ClickLabel(parent);
   label->setBuddy(field);
-  binder_.Bind(main_.Label3[row], *label, ArrayName("Label3", row));
+  binder_.Bind(shared_.Label3[row], *label, ArrayName("Label3", row));
   return label;
 }
 
@@ -66,7 +67,7 @@ TextField* RecorderPage::Field(std::size_t index, QWidget* parent, const QString
   auto* field = new TextField(parent);
   field->setMaximumWidth(ShortField);
   field->setAccessibleName(accessibleName);
-  binder_.Bind(main_.Text3[index], *field, ArrayName("Text3", index));
+  binder_.Bind(recorder_.Text3[index], *field, ArrayName("Text3", index));
   return field;
 }
 
@@ -74,18 +75,18 @@ Card* RecorderPage::RecordingCard() {
   auto* card = new Card(QString(), this);
   auto* heading = new QLabel(card);
   MakeHeading(*heading);
-  binder_.Bind(main_.Label10[0], *heading, ArrayName("Label10", 0));
+  binder_.Bind(recorder_.Label10[forms::record_line::Heading], *heading, ArrayName("Label10", 0));
   card->AddWide(heading);
-  for (std::size_t i = 0; i < main_.Option2.size(); ++i) {
+  for (std::size_t i = 0; i < recorder_.Option2.size(); ++i) {
     auto* format = new StationChoice(card);
-    binder_.Bind(main_.Option2[i], *format, ArrayName("Option2", i));
+    binder_.Bind(recorder_.Option2[i], *format, ArrayName("Option2", i));
     card->AddWide(format);
   }
   card->Grid().setRowMinimumHeight(card->Grid().rowCount(), Margin / 2);
   for (const std::size_t path : {1U, 4U}) {
     auto* label = new PathLabel(card);
     KeepRoom(*label);
-    binder_.Bind(main_.Label10[path], *label, ArrayName("Label10", path), Ampersand::Letter);
+    binder_.Bind(recorder_.Label10[path], *label, ArrayName("Label10", path), Ampersand::Letter);
     card->AddWide(label);
   }
   card->AddWide(Progress(card));
@@ -100,8 +101,8 @@ QWidget* RecorderPage::Progress(QWidget* parent) {
   auto* counter = new QLabel(line);
   // So a screen reader tells what is counted.
   heading->setBuddy(counter);
-  binder_.Bind(main_.Label10[2], *heading, ArrayName("Label10", 2));
-  binder_.Bind(main_.Label10[3], *counter, ArrayName("Label10", 3));
+  binder_.Bind(recorder_.Label10[2], *heading, ArrayName("Label10", 2));
+  binder_.Bind(recorder_.Label10[3], *counter, ArrayName("Label10", 3));
   for (QLabel* part : {heading, counter}) row->addWidget(part);
   row->addStretch(1);
   return line;
@@ -112,11 +113,11 @@ QWidget* RecorderPage::RunPanel() {
   auto* run = new RunButton(panel);
   run->setFixedHeight(ButtonHeight);
   KeepRoom(*run);
-  binder_.Bind(main_.CWButton3, *run, QStringLiteral("CWButton3"));
+  binder_.Bind(recorder_.CWButton3, *run, QStringLiteral("CWButton3"));
   panel->Grid().setColumnMinimumWidth(0, 0);
   panel->AddWide(run);
   auto* quiet = new QuietLine(panel);
-  binder_.Bind(main_.QuietLine[forms::quiet_line::Recorder], *quiet,
+  binder_.Bind(shared_.QuietLine[forms::quiet_line::Recorder], *quiet,
                ArrayName("QuietLine", forms::quiet_line::Recorder));
   panel->AddWide(quiet);
   panel->Grid().setRowStretch(panel->Grid().rowCount() - 1, 1);
@@ -125,7 +126,7 @@ QWidget* RecorderPage::RunPanel() {
 
 Card* RecorderPage::TriggerCard() {
   auto* card = new Card(QString(), this);
-  binder_.Bind(main_.Shape9, *card, QStringLiteral("Shape9"));
+  binder_.Bind(recorder_.Shape9, *card, QStringLiteral("Shape9"));
   KeepRoom(*card);
   TextField* current = Field(2, card, QStringLiteral("overflow value of the currents"));
   TextField* voltage = Field(3, card, QStringLiteral("overflow value of the voltages"));
@@ -149,11 +150,11 @@ Card* RecorderPage::TriggerCard() {
 
 Card* RecorderPage::PauseCard() {
   auto* card = new Card(QString(), this);
-  binder_.Bind(main_.Frame4, *card, QStringLiteral("Frame4"));
+  binder_.Bind(recorder_.Frame4, *card, QStringLiteral("Frame4"));
   card->Grid().setColumnMinimumWidth(0, 0);
-  for (std::size_t i = 0; i < main_.Option1.size(); ++i) {
+  for (std::size_t i = 0; i < recorder_.Option1.size(); ++i) {
     auto* kind = new StationChoice(card);
-    binder_.Bind(main_.Option1[i], *kind, ArrayName("Option1", i));
+    binder_.Bind(recorder_.Option1[i], *kind, ArrayName("Option1", i));
     card->AddWide(kind);
   }
   TextField* pause = Field(8, card, QStringLiteral("seconds pause after trigger event"));
@@ -170,7 +171,7 @@ QWidget* RecorderPage::Foot() {
   auto* row = new QHBoxLayout(foot);
   row->setContentsMargins(0, 0, 0, Margin);
   auto* log = new QPushButton(foot);
-  binder_.Bind(main_.Command9, *log, QStringLiteral("Command9"));
+  binder_.Bind(recorder_.Command9, *log, QStringLiteral("Command9"));
   KeepRoom(*log);
   row->addWidget(log);
   row->addStretch(1);

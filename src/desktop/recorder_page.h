@@ -7,7 +7,8 @@
 #include "desktop/card.h"
 #include "desktop/graph_view.h"
 #include "desktop/guard.h"
-#include "forms/main_form.h"
+#include "forms/recorder_controls.h"
+#include "forms/shared_controls.h"
 
 namespace desktop {
 
@@ -17,7 +18,8 @@ class RecorderPage : public QWidget {
   Q_OBJECT
 
  public:
-  RecorderPage(forms::Main& main, Binder& binder, Guard& guard, QWidget* parent);
+  RecorderPage(forms::RecorderControls& recorder, forms::SharedControls& shared, Binder& binder,
+               Guard& guard, QWidget* parent);
 
  private:
   Card* RecordingCard();
@@ -29,7 +31,8 @@ class RecorderPage : public QWidget {
   ClickLabel* Caption(std::size_t row, QWidget* parent, QWidget* field = nullptr);
   TextField* Field(std::size_t index, QWidget* parent, const QString& accessibleName);
 
-  forms::Main& main_;
+  forms::RecorderControls& recorder_;
+  forms::SharedControls& shared_;
   Binder& binder_;
 };
 

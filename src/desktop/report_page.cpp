@@ -28,41 +28,44 @@ constexpr double Line = 32;
 
 }  // namespace
 
-ReportPage::ReportPage(forms::Main& main, Binder& binder, QWidget* parent)
+ReportPage::ReportPage(forms::ReportControls& report, forms::SharedControls& shared, Binder& binder,
+                       QWidget* parent)
     : QWidget(parent),
       rows_(binder, *this, QPoint(0, TabBar::Height)),
       indicator_(new RunIndicator(this)),
       run_(new RunButton(this)),
       stationHeading_(new QLabel(this)),
       print_(new QPushButton(this)) {
-  AddRows(main);
-  BindControls(main, binder);
+  AddRows(report);
+  BindControls(report, shared, binder);
 }
 
-void ReportPage::AddRows(forms::Main& main) {
+void ReportPage::AddRows(forms::ReportControls& report) {
   const auto place = [](platform::Label& row, std::size_t number, std::int32_t left,
                         std::int32_t width) {
     row.Left = left;
     row.Top = RowTop + static_cast<std::int32_t>(number) * formroutines::RowPitch;
     row.Width = width;
   };
-  for (std::size_t i = 0; i < main.Label7.size(); ++i) {
-    place(main.Label7[i], i, TitleLeft, TitleWidth);
-    place(main.Label8[i], i, ValueLeft, ValueWidth);
-    rows_.Add(main.Label7[i], ArrayName("Label7", i), Ampersand::Mnemonic);
-    rows_.Add(main.Label8[i], ArrayName("Label8", i), Ampersand::Letter);
+  for (std::size_t i = 0; i < report.Label7.size(); ++i) {
+    place(report.Label7[i], i, TitleLeft, TitleWidth);
+    place(report.Label8[i], i, ValueLeft, ValueWidth);
+    rows_.Add(report.Label7[i], ArrayName("Label7", i), Ampersand::Mnemonic);
+    rows_.Add(report.Label8[i], ArrayName("Label8", i), Ampersand::Letter);
   }
 }
 
-void ReportPage::BindControls(forms::Main& main, Binder& binder) {
-  binder.Bind(main.Shape12[3], *indicator_, ArrayName("Shape12", 3));
-  binder.Bind(main.Command2, *run_, QStringLiteral("Command2"));
-  binder.Bind(main.sevLabel4, *stationHeading_, QStringLiteral("sevLabel4"));
+void ReportPage::BindControls(forms::ReportControls& report, forms::SharedControls& shared,
+                              Binder& binder) {
+  binder.Bind(shared.Shape12[forms::indicator::Report], *indicator_, ArrayName("Shape12", 3));
+  binder.Bind(report.Command2, *run_, QStringLiteral("Command2"));
+  binder.Bind(report.sevLabel4, *stationHeading_, QStringLiteral("sevLabel4"));
   for (std::size_t i = 0; i < stations_.size(); ++i) {
     stations_[i] = new StationChoice(this);
-    binder.Bind(main.Option3[i + 6], *stations_[i], ArrayName("Option3", i + 6), Ampersand::Letter);
+    binder.Bind(shared.Option3[i + forms::station::Report], *stations_[i],
+                ArrayName("Option3", i + 6), Ampersand::Letter);
   }
-  binder.Bind(main.Command4, *print_, QStringLiteral("Command4"));
+  binder.Bind(report.Command4, *print_, QStringLiteral("Command4"));
   setTabOrder(run_, stations_[0]);
   setTabOrder(stations_[0], stations_[1]);
   setTabOrder(stations_[1], print_);

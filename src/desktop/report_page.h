@@ -10,7 +10,8 @@
 #include "desktop/run_button.h"
 #include "desktop/run_indicator.h"
 #include "desktop/station_choice.h"
-#include "forms/main_form.h"
+#include "forms/report_controls.h"
+#include "forms/shared_controls.h"
 
 namespace desktop {
 
@@ -19,15 +20,16 @@ class ReportPage : public QWidget {
   Q_OBJECT
 
  public:
-  ReportPage(forms::Main& main, Binder& binder, QWidget* parent);
+  ReportPage(forms::ReportControls& report, forms::SharedControls& shared, Binder& binder,
+             QWidget* parent);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  void AddRows(forms::Main& main);
-  void BindControls(forms::Main& main, Binder& binder);
+  void AddRows(forms::ReportControls& report);
+  void BindControls(forms::ReportControls& report, forms::SharedControls& shared, Binder& binder);
   void LayControls(double ratio);
 
   RichRows rows_;

@@ -25,8 +25,8 @@ constexpr const char* StationHint = "station ID, e.g. VORNIK-SIM-%1";
 
 }  // namespace
 
-SetupPage::SetupPage(forms::Main& main, Binder& binder, QWidget* parent)
-    : QWidget(parent), main_(main), binder_(binder), sheet_(new QWidget) {
+SetupPage::SetupPage(forms::SetupControls& setup, Binder& binder, QWidget* parent)
+    : QWidget(parent), setup_(setup), binder_(binder), sheet_(new QWidget) {
   auto* left = new QVBoxLayout;
   auto* right = new QVBoxLayout;
   for (Card* card : {NetworkCard(), StreamsCard(), StorageCard(), SpecialCard()}) {
@@ -57,7 +57,7 @@ SetupPage::SetupPage(forms::Main& main, Binder& binder, QWidget* parent)
 
 QLabel* SetupPage::Caption(std::size_t row, QWidget* parent) {
   auto* label = new QLabel(parent);
-  binder_.Bind(main_.Label2[row], *label, ArrayName("Label2", row));
+  binder_.Bind(setup_.Label2[row], *label, ArrayName("Label2", row));
   return label;
 }
 
@@ -68,7 +68,7 @@ TextField* SetupPage::Field(std::size_t index, QWidget* parent, const QString& h
 }
 
 TextField* SetupPage::Bound(std::size_t index, TextField* field) {
-  binder_.Bind(main_.Text1[index], *field, ArrayName("Text1", index));
+  binder_.Bind(setup_.Text1[index], *field, ArrayName("Text1", index));
   return field;
 }
 
@@ -88,17 +88,18 @@ QPushButton* SetupPage::Button(platform::CommandButton& control, const QString& 
 QLabel* SetupPage::ProgramLine() {
   auto* line = new QLabel(sheet_);
   look::SetTextColour(*line, look::QuietText);
-  binder_.Bind(main_.Label13, *line, QStringLiteral("Label13"));
+  binder_.Bind(setup_.Label13, *line, QStringLiteral("Label13"));
   return line;
 }
 
 Card* SetupPage::NetworkCard() {
   auto* card = new Card(QStringLiteral("Network"), sheet_);
-  card->AddRow(Caption(caption::Adapter, card), List(main_.Combo1, QStringLiteral("Combo1"), card));
+  card->AddRow(Caption(caption::Adapter, card),
+               List(setup_.Combo1, QStringLiteral("Combo1"), card));
   auto* advice = new AdviceNote(card);
   advice->setObjectName(QStringLiteral("CaptureAdvice"));
-  const auto show = [this, advice] { advice->SetAdvice(ToQt(main_.CaptureAdvice.Caption)); };
-  main_.CaptureAdvice.Caption.Observe(show);
+  const auto show = [this, advice] { advice->SetAdvice(ToQt(setup_.CaptureAdvice.Caption)); };
+  setup_.CaptureAdvice.Caption.Observe(show);
   show();
   card->AddWide(advice);
   card->AddRow(Caption(caption::FilterCondition, card),
@@ -112,7 +113,7 @@ Card* SetupPage::StreamsCard() {
                Field(setup::Content1, card, QString::fromLatin1(StationHint).arg(1)));
   card->AddRow(Caption(caption::Content2, card),
                Field(setup::Content2, card, QString::fromLatin1(StationHint).arg(2)));
-  QPushButton* find = Button(main_.Command7, QStringLiteral("Command7"), card);
+  QPushButton* find = Button(setup_.Command7, QStringLiteral("Command7"), card);
   card->Grid().addWidget(find, card->Grid().rowCount(), 1, Qt::AlignLeft);
   return card;
 }
@@ -121,27 +122,28 @@ Card* SetupPage::StorageCard() {
   auto* card = new Card(QStringLiteral("Storage and printing"), sheet_);
   TextField* path = Bound(setup::StoragePath, new PathField(card));
   card->AddRow(Caption(caption::StoragePath, card), path,
-               Button(main_.Command3, QStringLiteral("Command3"), card));
-  card->AddRow(Caption(caption::Printer, card), List(main_.Combo2, QStringLiteral("Combo2"), card));
+               Button(setup_.Command3, QStringLiteral("Command3"), card));
+  card->AddRow(Caption(caption::Printer, card),
+               List(setup_.Combo2, QStringLiteral("Combo2"), card));
   return card;
 }
 
 Card* SetupPage::ValuesCard() {
   auto* card = new Card(QStringLiteral("Measured values"), sheet_);
   card->AddRow(Caption(caption::Decimals, card),
-               List(main_.Combo3, QStringLiteral("Combo3"), card));
+               List(setup_.Combo3, QStringLiteral("Combo3"), card));
   TextField* interval = Field(setup::Interval, card);
   TextField* frequency = Field(setup::BaseFrequency, card);
   for (TextField* field : {interval, frequency}) field->setMaximumWidth(ShortField);
-  ChoiceBox* current = List(main_.Combo4[0], ArrayName("Combo4", 0), card);
-  ChoiceBox* voltage = List(main_.Combo4[1], ArrayName("Combo4", 1), card);
+  ChoiceBox* current = List(setup_.Combo4[0], ArrayName("Combo4", 0), card);
+  ChoiceBox* voltage = List(setup_.Combo4[1], ArrayName("Combo4", 1), card);
   for (ChoiceBox* unit : {current, voltage}) unit->setMaximumWidth(ShortField);
   card->AddRow(Caption(caption::Interval, card), interval, Caption(caption::IntervalUnit, card));
   card->AddRow(Caption(caption::Frequency, card), frequency, Caption(caption::FrequencyUnit, card));
   card->AddRow(Caption(caption::CurrentUnit, card), current);
   card->AddRow(Caption(caption::VoltageUnit, card), voltage);
   auto* offset = new QCheckBox(card);
-  binder_.Bind(main_.Check4, *offset, QStringLiteral("Check4"));
+  binder_.Bind(setup_.Check4, *offset, QStringLiteral("Check4"));
   card->AddWide(offset);
   return card;
 }
@@ -168,8 +170,8 @@ void SetupPage::AddNames(Card& card, int column, std::size_t captionRow, std::si
 }
 
 Card* SetupPage::SpecialCard() {
-  auto* card = new Card(ToQt(main_.Frame5.Caption), sheet_);
-  binder_.Bind(main_.Frame5, *card, QStringLiteral("Frame5"));
+  auto* card = new Card(ToQt(setup_.Frame5.Caption), sheet_);
+  binder_.Bind(setup_.Frame5, *card, QStringLiteral("Frame5"));
   TextField* samplings = Field(setup::Samplings, card);
   samplings->setMaximumWidth(ShortField);
   card->AddRow(Caption(caption::Samplings, card), samplings);

@@ -7,7 +7,7 @@
 
 #include "desktop/binder.h"
 #include "desktop/card.h"
-#include "forms/main_form.h"
+#include "forms/setup_controls.h"
 
 namespace desktop {
 
@@ -17,7 +17,7 @@ class SetupPage : public QWidget {
   Q_OBJECT
 
  public:
-  SetupPage(forms::Main& main, Binder& binder, QWidget* parent);
+  SetupPage(forms::SetupControls& setup, Binder& binder, QWidget* parent);
 
  private:
   QLabel* Caption(std::size_t row, QWidget* parent);
@@ -35,7 +35,7 @@ class SetupPage : public QWidget {
   QLabel* ProgramLine();
   void AddNames(Card& card, int column, std::size_t captionRow, std::size_t firstField);
 
-  forms::Main& main_;
+  forms::SetupControls& setup_;
   Binder& binder_;
   /// The content, which scrolls where a window is too low for it.
   QWidget* sheet_;

@@ -36,9 +36,11 @@ QFont Scaled(double pixels, double ratioX, double ratioY) {
 
 }  // namespace
 
-ValuesPage::ValuesPage(forms::Main& main, Binder& binder, QWidget* parent)
+ValuesPage::ValuesPage(forms::ValuesControls& values, forms::SharedControls& shared, Binder& binder,
+                       QWidget* parent)
     : QWidget(parent),
-      main_(main),
+      values_(values),
+      shared_(shared),
       indicator_(new RunIndicator(this)),
       run_(new RunButton(this)),
       stationHeading_(new QLabel(this)),
@@ -60,26 +62,26 @@ void ValuesPage::BindReadings(Binder& binder) {
     dcValues_[i] = new QLabel(readings_[i]);
     dcValues_[i]->setAttribute(Qt::WA_TransparentForMouseEvents);
     look::SetTextColour(*dcValues_[i], look::QuietText);
-    binder.Bind(main_.Label5[i], *readings_[i], ArrayName("Label5", i));
-    binder.Bind(main_.Label6[i], *captions_[i], ArrayName("Label6", i), Ampersand::Letter);
-    binder.Bind(main_.Label12[i + Channels], *dcValues_[i], ArrayName("Label12", i + Channels));
+    binder.Bind(values_.Label5[i], *readings_[i], ArrayName("Label5", i));
+    binder.Bind(values_.Label6[i], *captions_[i], ArrayName("Label6", i), Ampersand::Letter);
+    binder.Bind(values_.Label12[i + Channels], *dcValues_[i], ArrayName("Label12", i + Channels));
   }
   for (std::size_t i = 0; i < qualities_.size(); ++i) {
     qualities_[i] = new QLabel(this);
-    binder.Bind(main_.Label12[i], *qualities_[i], ArrayName("Label12", i));
+    binder.Bind(values_.Label12[i], *qualities_[i], ArrayName("Label12", i));
   }
 }
 
 void ValuesPage::BindControls(Binder& binder) {
-  binder.Bind(main_.Shape12[0], *indicator_, ArrayName("Shape12", 0));
-  binder.Bind(main_.CWButton4, *run_, QStringLiteral("CWButton4"));
-  binder.Bind(main_.Label16, *stationHeading_, QStringLiteral("Label16"));
+  binder.Bind(shared_.Shape12[forms::indicator::Values], *indicator_, ArrayName("Shape12", 0));
+  binder.Bind(values_.CWButton4, *run_, QStringLiteral("CWButton4"));
+  binder.Bind(values_.Label16, *stationHeading_, QStringLiteral("Label16"));
   for (std::size_t i = 0; i < stations_.size(); ++i) {
     stations_[i] = new StationChoice(this);
-    binder.Bind(main_.Option3[i], *stations_[i], ArrayName("Option3", i), Ampersand::Letter);
+    binder.Bind(shared_.Option3[i], *stations_[i], ArrayName("Option3", i), Ampersand::Letter);
   }
-  binder.Bind(main_.Check5, *realTime_, QStringLiteral("Check5"));
-  binder.Bind(main_.QuietLine[forms::quiet_line::Values], *quiet_,
+  binder.Bind(values_.Check5, *realTime_, QStringLiteral("Check5"));
+  binder.Bind(shared_.QuietLine[forms::quiet_line::Values], *quiet_,
               ArrayName("QuietLine", forms::quiet_line::Values));
 }
 
@@ -101,8 +103,8 @@ void ValuesPage::Follow() {
   const auto lay = [this] { Lay(); };
   for (std::size_t i = 0; i < Channels; ++i) {
     // The font's size is the last that the layout rules give to a reading.
-    main_.Label5[i].FontSize.Observe(lay);
-    main_.Label12[i + Channels].Top.Observe(lay);
+    values_.Label5[i].FontSize.Observe(lay);
+    values_.Label12[i + Channels].Top.Observe(lay);
   }
 }
 
@@ -119,15 +121,15 @@ void ValuesPage::Lay() {
 }
 
 void ValuesPage::LayReading(std::size_t channel, double ratioX, double ratioY) {
-  const platform::Label& title = main_.Label6[channel];
-  const platform::Label& value = main_.Label5[channel];
+  const platform::Label& title = values_.Label6[channel];
+  const platform::Label& value = values_.Label5[channel];
   const QRect field = Place(value);
   captions_[channel]->setFont(Scaled(look::TextSize, ratioX, ratioY));
   captions_[channel]->setGeometry(
       Place(title).adjusted(0, 0, 0, -static_cast<int>(CaptionGap * ratioY)));
   readings_[channel]->setGeometry(field);
   readings_[channel]->SetDigitSize(twips::PointPixels(static_cast<double>(value.FontSize)));
-  const platform::Label& dc = main_.Label12[channel + Channels];
+  const platform::Label& dc = values_.Label12[channel + Channels];
   const int inset = twips::Pixels(dc.Left - value.Left);
   dcValues_[channel]->setFont(look::TextFont(static_cast<int>(DcSize * ratioY)));
   dcValues_[channel]->setGeometry(Rounded(inset, twips::Pixels(dc.Top - value.Top),
@@ -141,7 +143,7 @@ void ValuesPage::LayReading(std::size_t channel, double ratioX, double ratioY) {
 
 void ValuesPage::LayControls(double ratioX, double ratioY) {
   const double textRatio = look::TextRatio(ratioX, ratioY);
-  const double top = Place(main_.Label5[0]).top();
+  const double top = Place(values_.Label5[0]).top();
   const double left = PanelLeft * ratioX;
   const double width = PanelWidth * ratioX;
   const double padding = PanelPadding * textRatio;
@@ -167,7 +169,7 @@ void ValuesPage::LayControls(double ratioX, double ratioY) {
   quiet_->setFont(Scaled(look::TextSize, ratioX, ratioY));
   const double below = panel_.bottom() + padding / 2;
   quiet_->setGeometry(
-      Rounded(left + padding, below, inner, Place(main_.Picture1[4]).top() - below));
+      Rounded(left + padding, below, inner, Place(shared_.Picture1[4]).top() - below));
 }
 
 void ValuesPage::paintEvent(QPaintEvent*) {

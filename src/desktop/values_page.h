@@ -11,7 +11,8 @@
 #include "desktop/run_button.h"
 #include "desktop/run_indicator.h"
 #include "desktop/station_choice.h"
-#include "forms/main_form.h"
+#include "forms/shared_controls.h"
+#include "forms/values_controls.h"
 
 namespace desktop {
 
@@ -21,7 +22,8 @@ class ValuesPage : public QWidget {
   Q_OBJECT
 
  public:
-  ValuesPage(forms::Main& main, Binder& binder, QWidget* parent);
+  ValuesPage(forms::ValuesControls& values, forms::SharedControls& shared, Binder& binder,
+             QWidget* parent);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -39,7 +41,8 @@ class ValuesPage : public QWidget {
   void LayReading(std::size_t channel, double ratioX, double ratioY);
   void LayControls(double ratioX, double ratioY);
 
-  forms::Main& main_;
+  forms::ValuesControls& values_;
+  forms::SharedControls& shared_;
   std::array<ReadingField*, Channels> readings_{};
   std::array<QLabel*, Channels> captions_{};
   std::array<QLabel*, Channels> dcValues_{};

@@ -29,49 +29,51 @@ QLabel* Heading(const QString& words, QWidget* parent) {
 
 }  // namespace
 
-WaveformsPage::WaveformsPage(forms::Main& main, Binder& binder, Guard& guard, QWidget* parent)
+WaveformsPage::WaveformsPage(forms::WaveformsControls& scope, forms::SharedControls& shared,
+                             Binder& binder, Guard& guard, QWidget* parent)
     : QWidget(parent),
-      main_(main),
-      graph_(new GraphView(main.CWGraph1, guard, this)),
+      scope_(scope),
+      shared_(shared),
+      graph_(new GraphView(scope.CWGraph1, guard, this)),
       frame_(new QFrame(this)),
       indicator_(new RunIndicator(frame_)),
       run_(new RunButton(frame_)),
       print_(new QPushButton(frame_)),
       quiet_(new QuietLine(this)),
-      modesHeading_(Heading(QStringLiteral("Graph Modes:"), frame_)),
-      stationHeading_(Heading(QStringLiteral("Shown Station ID:"), frame_)) {
-  main_.Frame1.Width = FrameWidth;
+      modesHeading_(Heading(ToQt(scope.ModesHeading.Caption), frame_)),
+      stationHeading_(Heading(ToQt(scope.StationHeading.Caption), frame_)) {
+  scope_.Frame1.Width = FrameWidth;
   frame_->setObjectName(QStringLiteral("Frame1"));
   frame_->setStyleSheet(QStringLiteral("#Frame1 { background: %1; border: 1px solid %2; "
                                        "border-radius: 7px; }")
                             .arg(look::Card.name(), look::Edge.name()));
   graph_->setObjectName(QStringLiteral("CWGraph1"));
   graph_->setAccessibleName(QStringLiteral("Waveforms"));
-  graph_->setToolTip(ToQt(main_.CWGraph1.ToolTipText));
+  graph_->setToolTip(ToQt(scope_.CWGraph1.ToolTipText));
   BindControls(binder);
   FillFrame();
   Follow();
 }
 
 void WaveformsPage::BindControls(Binder& binder) {
-  binder.Bind(main_.Shape12[2], *indicator_, ArrayName("Shape12", 2));
-  binder.Bind(main_.CWButton1, *run_, QStringLiteral("CWButton1"));
-  binder.Bind(main_.Command1, *print_, QStringLiteral("Command1"));
-  binder.Bind(main_.QuietLine[forms::quiet_line::Waveforms], *quiet_,
+  binder.Bind(shared_.Shape12[forms::indicator::Waveforms], *indicator_, ArrayName("Shape12", 2));
+  binder.Bind(scope_.CWButton1, *run_, QStringLiteral("CWButton1"));
+  binder.Bind(scope_.Command1, *print_, QStringLiteral("Command1"));
+  binder.Bind(shared_.QuietLine[forms::quiet_line::Waveforms], *quiet_,
               ArrayName("QuietLine", forms::quiet_line::Waveforms));
   for (std::size_t i = 0; i < legend_.size(); ++i) {
     legend_[i] = new LegendBox(frame_);
     legend_[i]->setFont(look::BoldFont(look::TextSize));
-    binder.Bind(main_.Check2[i], *legend_[i], ArrayName("Check2", i), Ampersand::Letter);
+    binder.Bind(scope_.Check2[i], *legend_[i], ArrayName("Check2", i), Ampersand::Letter);
   }
   for (std::size_t i = 0; i < modes_.size(); ++i) {
     modes_[i] = new StationChoice(frame_);
-    binder.Bind(main_.sevOption1[i], *modes_[i], ArrayName("sevOption1", i));
+    binder.Bind(scope_.sevOption1[i], *modes_[i], ArrayName("sevOption1", i));
   }
   for (std::size_t i = 0; i < stations_.size(); ++i) {
     stations_[i] = new StationChoice(frame_);
-    binder.Bind(main_.Option3[i + 2], *stations_[i], ArrayName("Option3", i + 2),
-                Ampersand::Letter);
+    binder.Bind(shared_.Option3[i + forms::station::Waveforms], *stations_[i],
+                ArrayName("Option3", i + 2), Ampersand::Letter);
   }
 }
 
@@ -96,11 +98,11 @@ void WaveformsPage::FillFrame() {
 }
 
 void WaveformsPage::Follow() {
-  main_.Frame1.Visible.Observe([this] { frame_->setVisible(main_.Frame1.Visible); });
-  main_.CWGraph1.Visible.Observe([this] { graph_->setVisible(main_.CWGraph1.Visible); });
-  frame_->setVisible(main_.Frame1.Visible);
-  graph_->setVisible(main_.CWGraph1.Visible);
-  main_.CWGraph1.Height.Observe([this] { Lay(); });
+  scope_.Frame1.Visible.Observe([this] { frame_->setVisible(scope_.Frame1.Visible); });
+  scope_.CWGraph1.Visible.Observe([this] { graph_->setVisible(scope_.CWGraph1.Visible); });
+  frame_->setVisible(scope_.Frame1.Visible);
+  graph_->setVisible(scope_.CWGraph1.Visible);
+  scope_.CWGraph1.Height.Observe([this] { Lay(); });
 }
 
 void WaveformsPage::resizeEvent(QResizeEvent*) {
@@ -109,15 +111,15 @@ void WaveformsPage::resizeEvent(QResizeEvent*) {
 
 void WaveformsPage::Lay() {
   // Before the first layout the graph has no size to draw in.
-  if (main_.CWGraph1.Width <= 0 || main_.CWGraph1.Height <= 0) return;
+  if (scope_.CWGraph1.Width <= 0 || scope_.CWGraph1.Height <= 0) return;
   // Places count from the window's top, above the row of tabs.
   const int above = mapTo(window(), QPoint(0, 0)).y();
   const auto place = [above](QWidget& widget, const platform::Control& control) {
     widget.setGeometry(Pixels(control.Left), Pixels(control.Top) - above, Pixels(control.Width),
                        Pixels(control.Height));
   };
-  place(*graph_, main_.CWGraph1);
-  place(*frame_, main_.Frame1);
+  place(*graph_, scope_.CWGraph1);
+  place(*frame_, scope_.Frame1);
   frame_->layout()->activate();
   indicator_->CentreOn(*run_);
   // The frame is full in the smallest window, but there is a strip below it and the graph.

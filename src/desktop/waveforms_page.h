@@ -14,7 +14,8 @@
 #include "desktop/run_button.h"
 #include "desktop/run_indicator.h"
 #include "desktop/station_choice.h"
-#include "forms/main_form.h"
+#include "forms/shared_controls.h"
+#include "forms/waveforms_controls.h"
 
 namespace desktop {
 
@@ -24,7 +25,8 @@ class WaveformsPage : public QWidget {
   Q_OBJECT
 
  public:
-  WaveformsPage(forms::Main& main, Binder& binder, Guard& guard, QWidget* parent);
+  WaveformsPage(forms::WaveformsControls& scope, forms::SharedControls& shared, Binder& binder,
+                Guard& guard, QWidget* parent);
 
   /// The frame; the view's logo stands at its foot.
   QWidget& Frame() { return *frame_; }
@@ -38,7 +40,8 @@ class WaveformsPage : public QWidget {
   void Follow();
   void Lay();
 
-  forms::Main& main_;
+  forms::WaveformsControls& scope_;
+  forms::SharedControls& shared_;
   GraphView* graph_;
   QFrame* frame_;
   RunIndicator* indicator_;

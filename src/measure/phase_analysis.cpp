@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "forms/run_tips.h"
 #include "platform/failure.h"
 
 namespace subroutines {
@@ -31,35 +32,23 @@ double PhiOf(double sine, double cosine, double substitute) {
 
 }  // namespace
 
-PhaseAnalysis::PhaseAnalysis(forms::Main& main, const config::Settings& settings,
-                             const config::Session& session,
-                             packetroutines::AcquisitionState& state,
-                             const packetroutines::BlockArrays& block,
-                             packetroutines::CaptureSession& capture, PhasorDiagram& diagram,
-                             platform::EventQueue& events, const platform::NumberText& numbers)
-    : main_(main),
-      settings_(settings),
-      session_(session),
-      state_(state),
-      block_(block),
-      capture_(capture),
-      diagram_(diagram),
-      events_(events),
-      numbers_(numbers) {
-  main_.CWButton2.ValueChanged = [this] { CWButton2_ValueChanged(); };
-  main_.Check6.Click = [this] { Check6_Click(); };
+PhaseAnalysis::PhaseAnalysis(forms::PhasorControls& phasor, PhasorDiagram& diagram,
+                             const ViewContext& context)
+    : phasor_(phasor), diagram_(diagram), context_(context) {
+  phasor_.CWButton2.ValueChanged = [this] { CWButton2_ValueChanged(); };
+  phasor_.Check6.Click = [this] { Check6_Click(); };
 }
 
 void PhaseAnalysis::UpdatePhases() {
   diagram_.DrawPhasorGrid();
   float peakCurrent = 0;
   float peakVoltage = 0;
-  for (std::size_t i = 0; i < state_.RmsValues.size(); ++i) {
-    const auto column = array_.Column(block_.SignalValues, i);
-    state_.RmsValues[i] = platform::CWDSP::AcDcEstimate(column).Ac;
+  for (std::size_t i = 0; i < context_.State.RmsValues.size(); ++i) {
+    const auto column = array_.Column(context_.Block.SignalValues, i);
+    context_.State.RmsValues[i] = platform::CWDSP::AcDcEstimate(column).Ac;
     float& peak = i < Currents ? peakCurrent : peakVoltage;
-    if (static_cast<double>(peak) < state_.RmsValues[i]) {
-      peak = static_cast<float>(state_.RmsValues[i]);
+    if (static_cast<double>(peak) < context_.State.RmsValues[i]) {
+      peak = static_cast<float>(context_.State.RmsValues[i]);
     }
   }
   PhaseShifts shifts;
@@ -71,8 +60,8 @@ void PhaseAnalysis::UpdatePhases() {
   shifts.ShiftUC = PhaseShift(4, 6);
   shifts.ShiftUN = PhaseShift(4, 7);
   if (!autoRange_) {
-    peakCurrent = numbers_.ToSingle(main_.Combo5[0].Text());
-    peakVoltage = numbers_.ToSingle(main_.Combo5[1].Text());
+    peakCurrent = context_.Numbers.ToSingle(phasor_.Combo5[forms::full_scale::Current].Text());
+    peakVoltage = context_.Numbers.ToSingle(phasor_.Combo5[forms::full_scale::Voltage].Text());
   }
   diagram_.DrawPhasors(peakCurrent, peakVoltage, shifts);
 }
@@ -81,13 +70,13 @@ double PhaseAnalysis::PhaseShift(std::size_t reference, std::size_t other) const
   std::vector<double> sines;
   std::vector<double> cosines;
   BuildReference(sines, cosines);
-  const double n = session_.BaseSamples;
+  const double n = context_.Session.BaseSamples;
   double sinA = 0;
   double cosA = 0;
   double sinB = 0;
   double cosB = 0;
-  for (std::int32_t i = 0; i < session_.BaseSamples; ++i) {
-    const auto row = block_.SignalValues.Row(i);
+  for (std::int32_t i = 0; i < context_.Session.BaseSamples; ++i) {
+    const auto row = context_.Block.SignalValues.Row(i);
     const auto k = static_cast<std::size_t>(i);
     sinA += sines[k] * row[reference] / n;
     cosA += cosines[k] * row[reference] / n;
@@ -103,9 +92,9 @@ double PhaseAnalysis::PhaseShift(std::size_t reference, std::size_t other) const
 }
 
 void PhaseAnalysis::BuildReference(std::vector<double>& sines, std::vector<double>& cosines) const {
-  const double frequency = settings_.BaseFrequency;
+  const double frequency = context_.Settings.BaseFrequency;
   if (frequency == 0) throw platform::Failure(platform::failure::DivisionByZero);
-  const auto n = static_cast<std::size_t>(session_.BaseSamples);
+  const auto n = static_cast<std::size_t>(context_.Session.BaseSamples);
   sines.resize(n);
   cosines.resize(n);
   double t = 0;
@@ -118,11 +107,11 @@ void PhaseAnalysis::BuildReference(std::vector<double>& sines, std::vector<doubl
 }
 
 void PhaseAnalysis::CWButton2_ValueChanged() {
-  const std::uint32_t tabChanges = state_.TabChanges;
-  events_.Pump();
+  const std::uint32_t tabChanges = context_.State.TabChanges;
+  context_.Events.Pump();
   // A view that is left by now keeps this button where it is, and must not start behind the other.
-  if (!main_.CWButton2.Enabled || state_.TabChanges != tabChanges) return;
-  if (main_.CWButton2.Value) {
+  if (!phasor_.CWButton2.Enabled || context_.State.TabChanges != tabChanges) return;
+  if (phasor_.CWButton2.Value) {
     BeginRun();
   } else {
     EndRun();
@@ -131,31 +120,31 @@ void PhaseAnalysis::CWButton2_ValueChanged() {
 
 void PhaseAnalysis::BeginRun() {
   diagram_.DrawPhasorGrid();
-  main_.CWButton2.Enabled = false;
-  main_.Check6.Enabled = true;
-  main_.CWButton2.ToolTipText = forms::StopTip;
-  state_.PacketLengthPending = true;
-  capture_.SetupAdapter(packetroutines::LiveBuffer);
-  capture_.StartCapture("LookingForPhases");
+  phasor_.CWButton2.Enabled = false;
+  phasor_.Check6.Enabled = true;
+  phasor_.CWButton2.ToolTipText = forms::StopTip;
+  context_.State.PacketLengthPending = true;
+  context_.Capture.SetupAdapter(packetroutines::LiveBuffer);
+  context_.Capture.StartCapture("LookingForPhases");
 }
 
 void PhaseAnalysis::EndRun() {
-  main_.CWButton2.ToolTipText = forms::RunPhasesTip;
-  main_.CWButton2.Enabled = false;
+  phasor_.CWButton2.ToolTipText = forms::RunPhasesTip;
+  phasor_.CWButton2.Enabled = false;
   EnableScales();
-  main_.Timer3.Enabled = true;
-  state_.LookingForPhases = false;
-  capture_.StopCapture();
+  context_.Timers.Timer3.Enabled = true;
+  context_.State.LookingForPhases = false;
+  context_.Capture.StopCapture();
 }
 
 void PhaseAnalysis::Check6_Click() {
-  autoRange_ = main_.Check6.Value != 0;
-  events_.Pump();
+  autoRange_ = phasor_.Check6.Value != 0;
+  context_.Events.Pump();
   EnableScales();
 }
 
 void PhaseAnalysis::EnableScales() {
-  for (platform::ComboBox& scale : main_.Combo5) scale.Enabled = !autoRange_;
+  for (platform::ComboBox& scale : phasor_.Combo5) scale.Enabled = !autoRange_;
 }
 
 }  // namespace subroutines

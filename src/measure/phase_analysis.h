@@ -3,15 +3,10 @@
 #include <cstddef>
 #include <vector>
 
-#include "capture/acquisition_state.h"
-#include "capture/block_arrays.h"
-#include "capture/capture_session.h"
-#include "config/settings.h"
-#include "forms/main_form.h"
+#include "forms/phasor_controls.h"
 #include "measure/phasor_diagram.h"
+#include "measure/view_context.h"
 #include "platform/analysis.h"
-#include "platform/event_queue.h"
-#include "platform/number_text.h"
 
 namespace subroutines {
 
@@ -19,10 +14,7 @@ namespace subroutines {
 /// the choice of the diagram's scales. Voltage A is the reference of everything shown.
 class PhaseAnalysis {
  public:
-  PhaseAnalysis(forms::Main& main, const config::Settings& settings, const config::Session& session,
-                packetroutines::AcquisitionState& state, const packetroutines::BlockArrays& block,
-                packetroutines::CaptureSession& capture, PhasorDiagram& diagram,
-                platform::EventQueue& events, const platform::NumberText& numbers);
+  PhaseAnalysis(forms::PhasorControls& phasor, PhasorDiagram& diagram, const ViewContext& context);
 
   /// Computes and draws one block.
   void UpdatePhases();
@@ -38,15 +30,9 @@ class PhaseAnalysis {
   void Check6_Click();
   void EnableScales();
 
-  forms::Main& main_;
-  const config::Settings& settings_;
-  const config::Session& session_;
-  packetroutines::AcquisitionState& state_;
-  const packetroutines::BlockArrays& block_;
-  packetroutines::CaptureSession& capture_;
+  forms::PhasorControls& phasor_;
   PhasorDiagram& diagram_;
-  platform::EventQueue& events_;
-  const platform::NumberText& numbers_;
+  ViewContext context_;
   platform::CWArray array_;
   bool autoRange_ = true;
 };

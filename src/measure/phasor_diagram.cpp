@@ -60,10 +60,10 @@ bool IsNeutral(std::size_t channel) {
 
 }  // namespace
 
-PhasorDiagram::PhasorDiagram(forms::Main& main, Canvas& canvas,
+PhasorDiagram::PhasorDiagram(forms::PhasorControls& phasor, Canvas& canvas,
                              const packetroutines::AcquisitionState& state,
                              const config::Session& session, const platform::NumberText& numbers)
-    : main_(main), canvas_(canvas), state_(state), session_(session), numbers_(numbers) {}
+    : phasor_(phasor), canvas_(canvas), state_(state), session_(session), numbers_(numbers) {}
 
 void PhasorDiagram::DrawPhasorGrid() {
   canvas_.Clear();
@@ -155,7 +155,7 @@ void PhasorDiagram::DrawPhasor(std::int16_t fullScale, double angle1, std::size_
     canvas_.ForeColor(Black);
     canvas_.Print((current ? "I" : "U") + std::to_string(channel % Currents + 1));
   }
-  auto& row = main_.Grid1.Cell[channel + 1];
+  auto& row = phasor_.Grid1.Cell[channel + 1];
   row[1] = numbers_.Format(state_.RmsValues[channel], session_.UnitFormat);
   row[2] = numbers_.Format(-a, "0.000");
 }

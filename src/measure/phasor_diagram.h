@@ -5,7 +5,7 @@
 
 #include "capture/acquisition_state.h"
 #include "config/settings.h"
-#include "forms/main_form.h"
+#include "forms/phasor_controls.h"
 #include "platform/canvas.h"
 #include "platform/number_text.h"
 
@@ -28,7 +28,7 @@ struct PhaseShifts {
 /// The circle diagram with eight vectors, and the table of magnitudes and angles beside it.
 class PhasorDiagram {
  public:
-  PhasorDiagram(forms::Main& main, platform::Canvas& canvas,
+  PhasorDiagram(forms::PhasorControls& phasor, platform::Canvas& canvas,
                 const packetroutines::AcquisitionState& state, const config::Session& session,
                 const platform::NumberText& numbers);
 
@@ -47,7 +47,7 @@ class PhasorDiagram {
   void DrawPhasor(std::int16_t fullScale, double angle1, std::size_t channel, double angle2);
   void DrawHead(double angle, platform::Rgb colour);
 
-  forms::Main& main_;
+  forms::PhasorControls& phasor_;
   platform::Canvas& canvas_;
   const packetroutines::AcquisitionState& state_;
   const config::Session& session_;

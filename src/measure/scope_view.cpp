@@ -8,8 +8,6 @@ using platform::CWGraph;
 
 namespace {
 
-constexpr std::size_t ZoomOption = 1;
-constexpr std::size_t AutoscaleOption = 2;
 /// A marker at every point.
 constexpr std::int16_t SampleMarker = 15;
 
@@ -20,76 +18,68 @@ void ScaleNow(const CWGraph& graph) {
 
 }  // namespace
 
-ScopeView::ScopeView(forms::Main& main, config::Settings& settings, const config::Session& session,
-                     SettingsFile& file, packetroutines::AcquisitionState& state,
-                     const packetroutines::BlockArrays& block,
-                     packetroutines::CaptureSession& capture, platform::EventQueue& events)
-    : main_(main),
-      settings_(settings),
-      session_(session),
-      file_(file),
-      state_(state),
-      block_(block),
-      capture_(capture),
-      events_(events) {
-  main_.CWButton1.ValueChanged = [this] { CWButton1_ValueChanged(); };
-  for (std::size_t i = 0; i < main_.Check2.size(); ++i) {
-    main_.Check2[i].Click = [this, i] { Check2_Click(i); };
+ScopeView::ScopeView(forms::WaveformsControls& scope, forms::RecorderControls& recorder,
+                     StoredSettings& stored, const ViewContext& context)
+    : scope_(scope), recorder_(recorder), stored_(stored), context_(context) {
+  scope_.CWButton1.ValueChanged = [this] { CWButton1_ValueChanged(); };
+  for (std::size_t i = 0; i < scope_.Check2.size(); ++i) {
+    scope_.Check2[i].Click = [this, i] { Check2_Click(i); };
   }
-  for (std::size_t i = 0; i < main_.sevOption1.size(); ++i) {
-    main_.sevOption1[i].Click = [this, i] { sevOption1_Click(i); };
+  for (std::size_t i = 0; i < scope_.sevOption1.size(); ++i) {
+    scope_.sevOption1[i].Click = [this, i] { sevOption1_Click(i); };
   }
-  main_.CWGraph1.DblClick = [this] { ScaleNow(main_.CWGraph1); };
-  main_.CWGraph1.MouseDown = [this](std::int16_t button) { CWGraph1_MouseDown(button); };
-  main_.CWGraph1.ZoomFinished = [this] { CWGraph1_ZoomFinished(); };
-  main_.CWGraph2.DblClick = [this] { ScaleNow(main_.CWGraph2); };
-  main_.CWGraph2.MouseDown = [this](std::int16_t button) { CWGraph2_MouseDown(button); };
+  scope_.CWGraph1.DblClick = [this] { ScaleNow(scope_.CWGraph1); };
+  scope_.CWGraph1.MouseDown = [this](std::int16_t button) { CWGraph1_MouseDown(button); };
+  scope_.CWGraph1.ZoomFinished = [this] { CWGraph1_ZoomFinished(); };
+  recorder_.CWGraph2.DblClick = [this] { ScaleNow(recorder_.CWGraph2); };
+  recorder_.CWGraph2.MouseDown = [this](std::int16_t button) { CWGraph2_MouseDown(button); };
 }
 
 void ScopeView::PlotBlock(std::string_view mode) {
-  for (std::size_t i = 0; i < main_.CWGraph1.Plots.size(); ++i) {
-    const auto column = array_.Column(block_.SignalValues, i);
+  for (std::size_t i = 0; i < scope_.CWGraph1.Plots.size(); ++i) {
+    const auto column = array_.Column(context_.Block.SignalValues, i);
     std::vector<double> x(column.begin(), column.end());
-    const bool shown = main_.Check2[i].Value == 1;
+    const bool shown = scope_.Check2[i].Value == 1;
     // A hidden curve is all zeros, so that no stale one takes part in a later scaling.
     if (!shown) platform::CWArray::Clear(x);
-    platform::Plot& plot = main_.CWGraph1.Plots[i];
+    platform::Plot& plot = scope_.CWGraph1.Plots[i];
     if (plot.Visible != shown) plot.Visible = shown;
     plot.Y = std::move(x);
   }
-  if (mode == "Auto") ScaleNow(main_.CWGraph1);
-  events_.Pump();
-  main_.CWGraph1.Refresh();
+  if (mode == "Auto") ScaleNow(scope_.CWGraph1);
+  context_.Events.Pump();
+  scope_.CWGraph1.Refresh();
 }
 
 void ScopeView::Check2_Click(std::size_t channel) {
   // While the form loads the boxes get their stored values, and no format is set yet.
-  if (!session_.UnitFormat.empty()) PlotBlock("Auto");
-  settings_.SensorEnabled[channel] = main_.Check2[channel].Value;
-  file_.SaveSettings();
+  if (!context_.Session.UnitFormat.empty()) PlotBlock("Auto");
+  context_.Settings.SensorEnabled[channel] = scope_.Check2[channel].Value;
+  stored_.SaveSettings();
 }
 
 void ScopeView::sevOption1_Click(std::size_t mode) {
-  CWGraph& graph = main_.CWGraph1;
+  CWGraph& graph = scope_.CWGraph1;
   graph.XAxis.AutoScale = false;
   graph.YAxis.AutoScale = false;
-  if (mode == AutoscaleOption) {
+  if (mode == forms::graph_mode::Autoscale) {
     graph.XAxis.AutoScale = true;
     graph.YAxis.AutoScale = true;
     ScaleNow(graph);
   } else {
-    graph.TrackMode = mode == ZoomOption ? CWGraph::ZoomMode : CWGraph::PanMode;
+    graph.TrackMode = mode == forms::graph_mode::Zoom ? CWGraph::ZoomMode : CWGraph::PanMode;
   }
 }
 
 void ScopeView::CWGraph1_ZoomFinished() {
-  if (main_.sevOption1[ZoomOption].Value) main_.sevOption1[0].Value = true;
+  if (scope_.sevOption1[forms::graph_mode::Zoom].Value)
+    scope_.sevOption1[forms::graph_mode::Pan].Value = true;
 }
 
 void ScopeView::CWGraph1_MouseDown(std::int16_t button) {
   if (button != CWGraph::RightButton) return;
   samplesShown_ = !samplesShown_;
-  for (platform::Plot& plot : main_.CWGraph1.Plots) {
+  for (platform::Plot& plot : scope_.CWGraph1.Plots) {
     plot.LineStyle = static_cast<std::int16_t>(samplesShown_ ? 0 : 1);
     plot.PointStyle = samplesShown_ ? SampleMarker : std::int16_t{0};
     plot.LineWidth = 2;
@@ -98,25 +88,25 @@ void ScopeView::CWGraph1_MouseDown(std::int16_t button) {
 
 void ScopeView::CWGraph2_MouseDown(std::int16_t button) {
   if (button != CWGraph::RightButton) return;
-  main_.CWGraph2.TrackMode = recorderZoomMode_ ? CWGraph::PanMode : CWGraph::ZoomMode;
+  recorder_.CWGraph2.TrackMode = recorderZoomMode_ ? CWGraph::PanMode : CWGraph::ZoomMode;
   recorderZoomMode_ = !recorderZoomMode_;
 }
 
 void ScopeView::CWButton1_ValueChanged() {
-  events_.Pump();
-  if (main_.CWButton1.Value) {
-    main_.CWButton1.Enabled = false;
-    main_.Command1.Enabled = false;
-    state_.PacketLengthPending = true;
-    state_.BlockCount = 0;
-    state_.BlockCount2 = 0;
-    capture_.SetupAdapter(packetroutines::LiveBuffer);
-    capture_.StartCapture("LookingForScope");
+  context_.Events.Pump();
+  if (scope_.CWButton1.Value) {
+    scope_.CWButton1.Enabled = false;
+    scope_.Command1.Enabled = false;
+    context_.State.PacketLengthPending = true;
+    context_.State.BlockCount = 0;
+    context_.State.BlockCount2 = 0;
+    context_.Capture.SetupAdapter(packetroutines::LiveBuffer);
+    context_.Capture.StartCapture("LookingForScope");
   } else {
-    state_.LookingForScope = false;
-    capture_.StopCapture();
-    main_.CWButton1.Enabled = true;
-    main_.Command1.Enabled = true;
+    context_.State.LookingForScope = false;
+    context_.Capture.StopCapture();
+    scope_.CWButton1.Enabled = true;
+    scope_.Command1.Enabled = true;
   }
 }
 

@@ -2,14 +2,11 @@
 
 #include <string_view>
 
-#include "capture/acquisition_state.h"
-#include "capture/block_arrays.h"
-#include "capture/capture_session.h"
-#include "config/settings.h"
-#include "config/settings_file.h"
-#include "forms/main_form.h"
+#include "config/stored_settings.h"
+#include "forms/recorder_controls.h"
+#include "forms/waveforms_controls.h"
+#include "measure/view_context.h"
 #include "platform/analysis.h"
-#include "platform/event_queue.h"
 
 namespace subroutines {
 
@@ -17,10 +14,8 @@ namespace subroutines {
 /// autoscaling, and the mouse behaviour of the recorder's graph.
 class ScopeView {
  public:
-  ScopeView(forms::Main& main, config::Settings& settings, const config::Session& session,
-            SettingsFile& file, packetroutines::AcquisitionState& state,
-            const packetroutines::BlockArrays& block, packetroutines::CaptureSession& capture,
-            platform::EventQueue& events);
+  ScopeView(forms::WaveformsControls& scope, forms::RecorderControls& recorder,
+            StoredSettings& stored, const ViewContext& context);
 
   /// Draws the block; with the mode "Auto" both axes are scaled to it once, with "Manuell" they
   /// stay.
@@ -34,14 +29,11 @@ class ScopeView {
   void CWGraph1_MouseDown(std::int16_t button);
   void CWGraph2_MouseDown(std::int16_t button);
 
-  forms::Main& main_;
-  config::Settings& settings_;
-  const config::Session& session_;
-  SettingsFile& file_;
-  packetroutines::AcquisitionState& state_;
-  const packetroutines::BlockArrays& block_;
-  packetroutines::CaptureSession& capture_;
-  platform::EventQueue& events_;
+  forms::WaveformsControls& scope_;
+  /// The recorder's graph is of the same family.
+  forms::RecorderControls& recorder_;
+  StoredSettings& stored_;
+  ViewContext context_;
   platform::CWArray array_;
   /// Curves are shown as sample markers instead of lines.
   bool samplesShown_ = false;

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "forms/run_tips.h"
+
 namespace subroutines {
 
 namespace {
@@ -16,76 +18,69 @@ constexpr const char* Formats[] = {"###,###,##0.0000",
                                    "0.00",
                                    "0.0",
                                    "0"};
-constexpr std::size_t FirstDcLabel = 8;
 constexpr std::size_t Currents = 4;
 
 }  // namespace
 
-ValuesView::ValuesView(forms::Main& main, config::Settings& settings, config::Session& session,
-                       SettingsFile& file, packetroutines::AcquisitionState& state,
-                       const packetroutines::BlockArrays& block,
-                       packetroutines::CaptureSession& capture, platform::EventQueue& events,
-                       const platform::NumberText& numbers)
-    : main_(main),
-      settings_(settings),
-      session_(session),
-      file_(file),
-      state_(state),
-      block_(block),
-      capture_(capture),
-      events_(events),
-      numbers_(numbers) {
-  main_.CWButton4.ValueChanged = [this] { CWButton4_ValueChanged(); };
-  main_.Check5.Click = [this] { Check5_Click(); };
-  main_.Check4.Click = [this] { Check4_Click(); };
-  main_.Combo3.Click = [this] { Combo3_Click(); };
-  for (std::size_t i = 0; i < main_.Label5.size(); ++i) {
-    main_.Label5[i].Click = [this, i] { Label5_Click(i); };
+ValuesView::ValuesView(forms::ValuesControls& values, forms::SetupControls& names,
+                       forms::PhasorControls& table, StoredSettings& stored,
+                       const ViewContext& context)
+    : values_(values), setup_(names), table_(table), stored_(stored), context_(context) {
+  values_.CWButton4.ValueChanged = [this] { CWButton4_ValueChanged(); };
+  values_.Check5.Click = [this] { Check5_Click(); };
+  setup_.Check4.Click = [this] { Check4_Click(); };
+  setup_.Combo3.Click = [this] { Combo3_Click(); };
+  for (std::size_t i = 0; i < values_.Label5.size(); ++i) {
+    values_.Label5[i].Click = [this, i] { Label5_Click(i); };
   }
 }
 
 void ValuesView::ClearValues() {
-  for (std::size_t i = 0; i < main_.Label5.size(); ++i) {
-    main_.Label5[i].Caption = numbers_.Format(0, session_.UnitFormat);
-    main_.Label12[i + FirstDcLabel].Caption = std::string();
+  for (std::size_t i = 0; i < values_.Label5.size(); ++i) {
+    values_.Label5[i].Caption = context_.Numbers.Format(0, context_.Session.UnitFormat);
+    values_.Label12[i + forms::small_label::FirstDc].Caption = std::string();
   }
 }
 
 void ValuesView::CalculateValues() {
-  for (std::size_t i = 0; i < main_.Label5.size(); ++i) {
-    const auto [ac, dc] = platform::CWDSP::AcDcEstimate(array_.Column(block_.SignalValues, i));
-    state_.RmsValues[i] = ac;
-    main_.Label12[i + FirstDcLabel].Caption =
-        settings_.ACDC ? "DC:" + numbers_.Format(dc, session_.UnitFormat) : std::string();
-    main_.Label5[i].Caption = numbers_.Format(state_.RmsValues[i], session_.UnitFormat);
+  for (std::size_t i = 0; i < values_.Label5.size(); ++i) {
+    const auto [ac, dc] =
+        platform::CWDSP::AcDcEstimate(array_.Column(context_.Block.SignalValues, i));
+    context_.State.RmsValues[i] = ac;
+    values_.Label12[i + forms::small_label::FirstDc].Caption =
+        context_.Settings.ACDC ? "DC:" + context_.Numbers.Format(dc, context_.Session.UnitFormat)
+                               : std::string();
+    values_.Label5[i].Caption =
+        context_.Numbers.Format(context_.State.RmsValues[i], context_.Session.UnitFormat);
   }
 }
 
 void ValuesView::FillFormatList() {
-  for (const char* format : Formats) main_.Combo3.AddItem(format);
+  for (const char* format : Formats) setup_.Combo3.AddItem(format);
   // Counting down never reaches the list from below.
-  if (settings_.UnitResolution < 0) settings_.UnitResolution = 0;
-  while (settings_.UnitResolution >= main_.Combo3.ListCount()) --settings_.UnitResolution;
-  main_.Combo3.ListIndex = settings_.UnitResolution;
+  if (context_.Settings.UnitResolution < 0) context_.Settings.UnitResolution = 0;
+  while (context_.Settings.UnitResolution >= setup_.Combo3.ListCount())
+    --context_.Settings.UnitResolution;
+  setup_.Combo3.ListIndex = context_.Settings.UnitResolution;
 }
 
 void ValuesView::ShowChannelNames() {
   // Writing a name field raises its change event, which asks for the names again.
   if (showingNames_) return;
   showingNames_ = true;
-  for (std::size_t i = 0; i < main_.Label6.size(); ++i) {
-    main_.Text1[i + forms::setup_field::FirstName].Text = settings_.ChannelName[i];
-    const std::string unit = main_.Combo4[i < Currents ? 0 : 1].Text();
-    main_.Label6[i].Caption = settings_.ChannelName[i] + " / [" + unit + "]";
-    main_.Grid1.Cell[i + 1][0] = settings_.ChannelName[i];
+  for (std::size_t i = 0; i < values_.Label6.size(); ++i) {
+    setup_.Text1[i + forms::setup_field::FirstName].Text = context_.Settings.ChannelName[i];
+    const std::string unit = setup_.Combo4[i < Currents ? 0 : 1].Text();
+    values_.Label6[i].Caption = context_.Settings.ChannelName[i] + " / [" + unit + "]";
+    table_.Grid1.Cell[i + 1][0] = context_.Settings.ChannelName[i];
   }
   showingNames_ = false;
 }
 
 void ValuesView::CWButton4_ValueChanged() {
-  events_.Pump();
-  if (!main_.CWButton4.Enabled) return;
-  if (main_.CWButton4.Value) {
+  context_.Events.Pump();
+  if (!values_.CWButton4.Enabled) return;
+  if (values_.CWButton4.Value) {
     BeginRun();
   } else {
     EndRun();
@@ -94,44 +89,44 @@ void ValuesView::CWButton4_ValueChanged() {
 
 void ValuesView::BeginRun() {
   ClearValues();
-  state_.BlockCount = 0;
-  state_.BlockCount2 = 0;
-  main_.CWButton4.Enabled = false;
-  main_.CWButton4.ToolTipText = forms::StopTip;
-  state_.PacketLengthPending = true;
-  capture_.SetupAdapter(packetroutines::LiveBuffer);
-  capture_.StartCapture("LookingForValues");
+  context_.State.BlockCount = 0;
+  context_.State.BlockCount2 = 0;
+  values_.CWButton4.Enabled = false;
+  values_.CWButton4.ToolTipText = forms::StopTip;
+  context_.State.PacketLengthPending = true;
+  context_.Capture.SetupAdapter(packetroutines::LiveBuffer);
+  context_.Capture.StartCapture("LookingForValues");
 }
 
 void ValuesView::EndRun() {
-  main_.CWButton4.ToolTipText = forms::RunValuesTip;
-  main_.CWButton4.Enabled = false;
-  main_.Timer3.Enabled = true;
-  state_.LookingForValues = false;
-  capture_.StopCapture();
+  values_.CWButton4.ToolTipText = forms::RunValuesTip;
+  values_.CWButton4.Enabled = false;
+  context_.Timers.Timer3.Enabled = true;
+  context_.State.LookingForValues = false;
+  context_.Capture.StopCapture();
 }
 
 void ValuesView::Check5_Click() {
-  events_.Pump();
+  context_.Events.Pump();
   ClearValues();
-  if (main_.Check5.Value == 1) state_.RealTimeMode = true;
-  if (main_.Check5.Value == 0) state_.RealTimeMode = false;
+  if (values_.Check5.Value == 1) context_.State.RealTimeMode = true;
+  if (values_.Check5.Value == 0) context_.State.RealTimeMode = false;
 }
 
 void ValuesView::Label5_Click(std::size_t channel) {
-  state_.RealTimeChannel = static_cast<std::int16_t>(channel + 1);
-  if (state_.RealTimeMode) ClearValues();
+  context_.State.RealTimeChannel = static_cast<std::int16_t>(channel + 1);
+  if (context_.State.RealTimeMode) ClearValues();
 }
 
 void ValuesView::Check4_Click() {
-  settings_.ACDC = main_.Check4.Value != 0;
-  file_.SaveSettings();
+  context_.Settings.ACDC = setup_.Check4.Value != 0;
+  stored_.SaveSettings();
 }
 
 void ValuesView::Combo3_Click() {
-  settings_.UnitResolution = platform::Narrow<std::int16_t>(main_.Combo3.ListIndex.Get());
-  session_.UnitFormat = main_.Combo3.Text();
-  file_.SaveSettings();
+  context_.Settings.UnitResolution = platform::Narrow<std::int16_t>(setup_.Combo3.ListIndex.Get());
+  context_.Session.UnitFormat = setup_.Combo3.Text();
+  stored_.SaveSettings();
 }
 
 }  // namespace subroutines

@@ -1,14 +1,11 @@
 #pragma once
 
-#include "capture/acquisition_state.h"
-#include "capture/block_arrays.h"
-#include "capture/capture_session.h"
-#include "config/settings.h"
-#include "config/settings_file.h"
-#include "forms/main_form.h"
+#include "config/stored_settings.h"
+#include "forms/phasor_controls.h"
+#include "forms/setup_controls.h"
+#include "forms/values_controls.h"
+#include "measure/view_context.h"
 #include "platform/analysis.h"
-#include "platform/event_queue.h"
-#include "platform/number_text.h"
 
 namespace subroutines {
 
@@ -17,10 +14,10 @@ namespace subroutines {
 /// channel captions.
 class ValuesView {
  public:
-  ValuesView(forms::Main& main, config::Settings& settings, config::Session& session,
-             SettingsFile& file, packetroutines::AcquisitionState& state,
-             const packetroutines::BlockArrays& block, packetroutines::CaptureSession& capture,
-             platform::EventQueue& events, const platform::NumberText& numbers);
+  /// `names` are the fields of the channel names and the lists of units and formats; `table` shows
+  /// the names on the Phasor view.
+  ValuesView(forms::ValuesControls& values, forms::SetupControls& names,
+             forms::PhasorControls& table, StoredSettings& stored, const ViewContext& context);
 
   /// Sets all numbers to the formatted 0 and empties the DC labels.
   void ClearValues();
@@ -41,15 +38,11 @@ class ValuesView {
   void Check4_Click();
   void Combo3_Click();
 
-  forms::Main& main_;
-  config::Settings& settings_;
-  config::Session& session_;
-  SettingsFile& file_;
-  packetroutines::AcquisitionState& state_;
-  const packetroutines::BlockArrays& block_;
-  packetroutines::CaptureSession& capture_;
-  platform::EventQueue& events_;
-  const platform::NumberText& numbers_;
+  forms::ValuesControls& values_;
+  forms::SetupControls& setup_;
+  forms::PhasorControls& table_;
+  StoredSettings& stored_;
+  ViewContext context_;
   platform::CWArray array_;
   bool showingNames_ = false;
 };

@@ -8,42 +8,42 @@ namespace formroutines {
 Application::Application(const Platform& platform)
     : Main(platform.Timers),
       platform_(platform),
-      file_(platform.Store, platform.Numbers, Settings),
-      capture_(platform.Capture, Main, Settings, State, platform.Events, platform.Dialogs,
-               platform.Program),
+      services_{platform.Events, platform.Dialogs, platform.Program},
+      stored_(platform.Store, platform.Numbers, Settings),
+      capture_(platform.Capture, {Main, Main, Main, Main.Buttons()}, Settings, State, dispatcher_,
+               services_),
       trouble_(platform.Dialogs, tabs_),
       layout_(State, trouble_, platform.Program),
       builder_(State, Block, Rings, Session, Main, platform.Numbers, trouble_, platform.Program),
-      dispatcher_(State, Settings, Session, Main, capture_, layout_, builder_,
-                  {*this, *this, *this},
+      dispatcher_(State, Settings, Session, {Main, Main, Main}, capture_, layout_, builder_,
+                  {*this, *this, *this, *this},
                   {platform.Numbers, platform.Code, platform.Events, platform.Dialogs, trouble_,
                    platform.Program}),
-      values_(Main, Settings, Session, file_, State, Block, capture_, platform.Events,
-              platform.Numbers),
-      scope_(Main, Settings, Session, file_, State, Block, capture_, platform.Events),
+      context_{Settings, Session, State, Block, capture_, Main, platform.Events, platform.Numbers},
+      values_(Main, Main, Main, stored_, context_),
+      scope_(Main, Main, stored_, context_),
       phasors_(Main, platform.PhasorPicture, State, Session, platform.Numbers),
-      phases_(Main, Settings, Session, State, Block, capture_, phasors_, platform.Events,
-              platform.Numbers),
-      setup_(Main, Settings, Session, file_, platform.Numbers, *this, platform.Folders),
-      adapters_(Main, Settings, file_),
-      printers_(Main, Settings, file_, platform.Printers, platform.Dialogs, platform.Program),
-      tabs_(Main, Settings, Session, file_, State, capture_, platform.Events, platform.Dialogs,
-            platform.Program, platform.Files, *this, platform.Timers),
-      watchdog_(State, Settings, Main, capture_, tabs_, *this, platform.Events, platform.Dialogs,
+      phases_(Main, phasors_, context_),
+      setup_({Main, Main, Main}, Settings, Session, stored_, platform.Numbers, *this,
+             platform.Folders),
+      adapters_(Main, Settings, stored_),
+      printers_(Main, Main, Settings, stored_, platform.Printers, platform.Dialogs,
                 platform.Program),
-      waiting_(State, Settings, Session, Main, platform.Timers, platform.Numbers),
-      pages_(Main, Revisionhistory, Settings, Session, platform.Numbers, platform.Printers,
-             platform.Links, platform.Program),
+      tabs_(Main, Settings, Session, stored_, State, capture_, services_, platform.Files, *this,
+            platform.Timers),
+      watchdog_(State, Main, Main.Buttons(), capture_, tabs_, *this, services_),
+      restart_(State, Settings, Main, Main.Buttons(), capture_, platform.Events),
+      release_(Main, Main.Buttons()),
+      waiting_(State, Settings, Session, Main, Main.Buttons(), platform.Timers, platform.Numbers),
+      pages_({Main, Main, Main, Main}, Revisionhistory, Settings, Session, platform.Numbers,
+             platform.Printers, platform.Links, platform.Program),
       resize_(Main, State, platform.Program) {
-  file_.StatusUpdate = [this] { pages_.StatusUpdate(); };
+  stored_.StatusUpdate = [this] { pages_.StatusUpdate(); };
   tabs_.OtherForms = {&Revisionhistory.Window, &DebugWindow.Window};
   resize_.PassFirstTab = [this] { tabs_.PassFirstTab(); };
   resize_.ReturnToTab = [this](std::int16_t tab) { tabs_.ReturnToTab(tab); };
   resize_.DrawPhasorGrid = [this] { phasors_.DrawPhasorGrid(); };
   Main.Command8.Click = [this] { platform_.Program.End(); };
-  capture_.aPacketX_OnPacket = [this](const platform::CapturedFrame& frame) {
-    dispatcher_.aPacketX_OnPacket(frame);
-  };
   capture_.Stopped = [this] { waiting_.CaptureStopped(); };
 }
 
@@ -52,7 +52,7 @@ void Application::EndSession() {
   ++State.Leaving;
   platform::RunSteps(
       platform_.Program, [](const platform::Failure&) { return platform::Verdict::SkipStep; },
-      [this] { capture_.StopCapture(); }, [this] { State.ClearModes(); });
+      [this] { capture_.StopCapture(); }, [this] { packetroutines::ClearModes(State); });
   platform_.Program.End();
 }
 
@@ -60,8 +60,8 @@ void Application::RebuildBlockArrays(std::int32_t baseSamples) {
   Block.Rebuild(baseSamples);
 }
 void Application::StationChosen() {
-  const bool running = State.CaptureRunning || State.LookingForValues || State.LookingForPhases ||
-                       State.LookingForScope;
+  const bool running =
+      State.CaptureRunning || packetroutines::AnyModeSet(State, packetroutines::IsLiveView);
   if (!running) return;
   // The other station has its samples elsewhere in its frames, and may have fewer of them: nothing
   // of the block that the old one began may stay in it.

@@ -4,20 +4,22 @@
 
 #include "capture/acquisition_state.h"
 #include "capture/block_arrays.h"
+#include "capture/button_release.h"
 #include "capture/capture_session.h"
 #include "capture/consumers.h"
 #include "capture/frame_layout.h"
+#include "capture/no_data_watchdog.h"
 #include "capture/packet_dispatcher.h"
 #include "capture/record_rings.h"
 #include "capture/retry_box.h"
 #include "capture/signal_builder.h"
+#include "capture/view_restart.h"
 #include "capture/waiting_line.h"
-#include "capture/watchdog.h"
 #include "config/adapter_choice.h"
 #include "config/printer_list.h"
 #include "config/settings.h"
-#include "config/settings_file.h"
 #include "config/setup_view.h"
+#include "config/stored_settings.h"
 #include "forms/debug_window.h"
 #include "forms/main_form.h"
 #include "forms/revision_history.h"
@@ -32,6 +34,7 @@
 #include "platform/event_queue.h"
 #include "platform/number_text.h"
 #include "platform/program.h"
+#include "platform/services.h"
 #include "platform/settings_store.h"
 #include "platform/system_services.h"
 #include "platform/timer.h"
@@ -66,6 +69,7 @@ class Application : private config::SetupConsumers,
                     private packetroutines::BlockConsumers,
                     private packetroutines::RecordConsumer,
                     private packetroutines::ReportConsumer,
+                    private packetroutines::FinderConsumer,
                     private TabViews {
  public:
   explicit Application(const Platform& platform);
@@ -119,12 +123,14 @@ class Application : private config::SetupConsumers,
   void ReportLayout() override;
 
   Platform platform_;
-  subroutines::SettingsFile file_;
+  platform::Services services_;
+  subroutines::StoredSettings stored_;
   packetroutines::CaptureSession capture_;
   packetroutines::RetryBox trouble_;
   packetroutines::FrameLayout layout_;
   packetroutines::SignalBuilder builder_;
   packetroutines::PacketDispatcher dispatcher_;
+  subroutines::ViewContext context_;
   subroutines::ValuesView values_;
   subroutines::ScopeView scope_;
   subroutines::PhasorDiagram phasors_;
@@ -133,7 +139,9 @@ class Application : private config::SetupConsumers,
   subroutines::AdapterChoice adapters_;
   subroutines::PrinterChoices printers_;
   TabController tabs_;
-  packetroutines::Watchdog watchdog_;
+  packetroutines::NoDataWatchdog watchdog_;
+  packetroutines::ViewRestart restart_;
+  packetroutines::ButtonRelease release_;
   packetroutines::WaitingLine waiting_;
   InfoPages pages_;
   FormLayout resize_;

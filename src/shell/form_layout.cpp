@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "capture/modes.h"
 #include "platform/failure.h"
 #include "platform/trap.h"
 
@@ -77,10 +78,10 @@ void FormLayout::KeepMinimumHeight() {
 bool FormLayout::RunActive() const {
   // Between two blocks of a live view capture rests, but the run goes on; a tab change would end
   // it.
-  return state_.CaptureRunning || (state_.LookingForValues && main_.CWButton4.Value) ||
-         (state_.LookingForPhases && main_.CWButton2.Value) ||
-         (state_.LookingForScope && main_.CWButton1.Value) || state_.LookingForRecording ||
-         state_.LookingForID || state_.ReportRequested;
+  return state_.CaptureRunning ||
+         packetroutines::AnyModeSet(state_, [this](const packetroutines::Mode& mode) {
+           return !packetroutines::IsLiveView(mode) || mode.RunButton(main_.Buttons()).Value;
+         });
 }
 
 void FormLayout::PlaceValues() {
@@ -94,7 +95,8 @@ void FormLayout::PlaceValues() {
     main_.Label5[i].Width = Twips(ratioX_ * 4095);
     main_.Label5[i].Height = Twips(ratioY_ * 975);
     main_.Label5[i].FontSize = static_cast<float>(ratioY_ * 36);
-    Place(main_.Label12[i + 8], main_.Label5[i].Left + 50.0, main_.Label5[i].Top + 50.0);
+    Place(main_.Label12[i + forms::small_label::FirstDc], main_.Label5[i].Left + 50.0,
+          main_.Label5[i].Top + 50.0);
   }
 }
 
@@ -105,7 +107,7 @@ void FormLayout::PlaceScope() {
   Place(main_.CWGraph1, 0, 800);
   main_.CWGraph1.Width = main_.Frame1.Left.Get();
   main_.CWGraph1.Height = height;
-  platform::PictureBox& logo = main_.Picture1[0];
+  platform::PictureBox& logo = main_.Picture1[forms::logo::Waveforms];
   Place(logo, (main_.Frame1.Width - logo.Width) / 2.0, height - 200 - logo.Height);
 }
 
@@ -130,7 +132,8 @@ void FormLayout::PlaceInfo() {
   const double right = 0.97 * main_.TabStrip1.Width;
   const double top = main_.TabStrip1.Height - 1.5 * main_.Picture4.Height;
   Place(main_.Picture4, right - main_.Picture4.Width, top);
-  Place(main_.Label3[0], right - main_.Label3[0].Width, top - 2.0 * RowGap);
+  Place(main_.Label3[forms::side_caption::Support],
+        right - main_.Label3[forms::side_caption::Support].Width, top - 2.0 * RowGap);
   Place(main_.Label4, right - main_.Label4.Width, top - RowGap);
 }
 

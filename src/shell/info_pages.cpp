@@ -63,11 +63,11 @@ std::string FirstCharacters(const std::string& text, std::size_t count) {
 
 }  // namespace
 
-InfoPages::InfoPages(forms::Main& main, forms::Revisionhistory& history,
+InfoPages::InfoPages(const InfoParts& parts, forms::Revisionhistory& history,
                      const config::Settings& settings, const config::Session& session,
                      const platform::NumberText& numbers, const platform::Printers& printers,
                      platform::ShellLinks& links, platform::Program& program)
-    : main_(main),
+    : parts_(parts),
       history_(history),
       settings_(settings),
       session_(session),
@@ -75,9 +75,9 @@ InfoPages::InfoPages(forms::Main& main, forms::Revisionhistory& history,
       printers_(printers),
       links_(links),
       program_(program) {
-  main_.Label3[0].Caption = config::SupportAddress;
-  main_.Label4.Click = [this] { OpenHistory(); };
-  for (platform::Label& caption : main_.Label3) {
+  parts_.Shared.Label3[forms::side_caption::Support].Caption = config::SupportAddress;
+  parts_.Page.Label4.Click = [this] { OpenHistory(); };
+  for (platform::Label& caption : parts_.Shared.Label3) {
     // The handler belongs to the whole array, whichever of its captions is clicked.
     caption.Click = [this] {
       links_.Open(
@@ -85,15 +85,15 @@ InfoPages::InfoPages(forms::Main& main, forms::Revisionhistory& history,
           "?subject=Support question for Vornik IEC61850.9.2LE version: " + config::ProgramVersion);
     };
   }
-  main_.Picture2.Click = [this] { links_.Open(config::WebSite); };
+  parts_.Window.Picture2.Click = [this] { links_.Open(config::WebSite); };
   history_.cmdOK.Click = [this] { history_.Window.Unload(); };
 }
 
 void InfoPages::InfoPage() {
   std::array<std::string_view, PageRows.size()> lines = PageRows;
   if (!settings_.SetupDone) lines[RowOfFirstStep] = FirstSetupRow;
-  main_.TabStrip1.SelectedTab = 1;
-  ShowRows(main_.Label1, lines, FirstPlace);
+  parts_.Window.TabStrip1.SelectedTab = forms::tab::Info;
+  ShowRows(parts_.Page.Label1, lines, FirstPlace);
 }
 
 void InfoPages::OpenHistory() {
@@ -102,7 +102,7 @@ void InfoPages::OpenHistory() {
 }
 
 void InfoPages::StatusUpdate() {
-  auto& panels = main_.StatusBar1.Panels;
+  auto& panels = parts_.Window.StatusBar1.Panels;
   platform::RunSteps(
       program_,
       [&](const Failure& failure) {
@@ -111,7 +111,7 @@ void InfoPages::StatusUpdate() {
         }
         return Verdict::SkipStep;
       },
-      [&] { panels[0].Text = FirstCharacters(main_.Combo1.Text(), PanelCharacters); },
+      [&] { panels[0].Text = FirstCharacters(parts_.Setup.Combo1.Text(), PanelCharacters); },
       [&] { panels[1].Text = "Standard printer: " + printers_.Current() + " "; },
       [&] { panels[2].Text = "RMS base: " + numbers_.General(session_.BaseSamples) + " samples"; });
 }

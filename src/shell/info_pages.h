@@ -1,8 +1,11 @@
 #pragma once
 
 #include "config/settings.h"
-#include "forms/main_form.h"
+#include "forms/information_controls.h"
 #include "forms/revision_history.h"
+#include "forms/setup_controls.h"
+#include "forms/shared_controls.h"
+#include "forms/window_controls.h"
 #include "platform/number_text.h"
 #include "platform/program.h"
 #include "platform/system_services.h"
@@ -10,14 +13,23 @@
 
 namespace formroutines {
 
+/// Where the static face shows: the page itself, the tab strip and the status bar, the support
+/// address, and the list whose choice the status bar names.
+struct InfoParts {
+  forms::InformationControls& Page;
+  forms::WindowControls& Window;
+  forms::SharedControls& Shared;
+  forms::SetupControls& Setup;
+};
+
 /// The static face of the program: the information page, the status bar, the revision history
 /// window and the links.
 class InfoPages {
  public:
-  InfoPages(forms::Main& main, forms::Revisionhistory& history, const config::Settings& settings,
-            const config::Session& session, const platform::NumberText& numbers,
-            const platform::Printers& printers, platform::ShellLinks& links,
-            platform::Program& program);
+  InfoPages(const InfoParts& parts, forms::Revisionhistory& history,
+            const config::Settings& settings, const config::Session& session,
+            const platform::NumberText& numbers, const platform::Printers& printers,
+            platform::ShellLinks& links, platform::Program& program);
 
   /// Fills the information page, once at start.
   void InfoPage();
@@ -27,7 +39,7 @@ class InfoPages {
  private:
   void OpenHistory();
 
-  forms::Main& main_;
+  InfoParts parts_;
   forms::Revisionhistory& history_;
   const config::Settings& settings_;
   const config::Session& session_;

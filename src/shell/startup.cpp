@@ -36,7 +36,7 @@ void Hide(std::initializer_list<platform::Control*> controls) {
 void Application::Load() {
   Main.Window.Loaded = true;
   CheckScreen();
-  file_.LoadSettings();
+  stored_.LoadSettings();
   PrepareStorage();
   Main.Window.State = platform::WindowState::Minimized;
   Main.TabStrip1.Visible = false;
@@ -45,7 +45,7 @@ void Application::Load() {
   try {
     FormSetup();
   } catch (const platform::Failure& failure) {
-    throw file_.WithWayOut(failure, "A stored setting is outside of what the program can take.");
+    throw stored_.WithWayOut(failure, "A stored setting is outside of what the program can take.");
   }
   platform_.Events.Pump();
   Main.StatusBar1.Panels[3].Text = std::string();
@@ -55,7 +55,7 @@ void Application::Load() {
   adapters_.ShowAdvice(platform_.Capture.Advice());
   printers_.PrinterList(true, true);
   if (Settings.PrinterChoice != 0) SelectPrinter();
-  const bool known = lastTab > 0 && lastTab < TabController::ExitTab;
+  const bool known = lastTab > 0 && lastTab < forms::tab::Exit;
   if (known) Main.TabStrip1.SelectedTab = lastTab;
   tabs_.TabChange();
   Main.TabStrip1.Visible = true;
@@ -125,7 +125,7 @@ void Application::SetColours() {
   Main.TabStrip1.ColorTo = Rgb{52, 153, 254};
   Main.TabStrip1.Left = 0;
   Main.TabStrip1.Top = 0;
-  Main.TabStrip1.SelectedTab = TabController::InfoTab;
+  Main.TabStrip1.SelectedTab = forms::tab::Info;
   Main.Frame2.BackColor = FrameColour;
   Main.Frame3.BackColor = FrameColour;
   Main.CWButton2.BackColor = FrameColour;
@@ -156,7 +156,7 @@ void Application::SetFields() {
   Session.BaseSamples = DefaultBaseSamples;
   Main.Text1[forms::setup_field::Samplings].Text = platform_.Numbers.General(DefaultBaseSamples);
   Hide({&Main.Check5, &Main.CWButton4});
-  Main.Option1[2].Value = true;
+  Main.Option1[forms::trigger_kind::Immediate].Value = true;
   Main.Check4.Value = Settings.ACDC ? 1 : 0;
   Main.Check6.Value = 1;
   for (platform::Shape& indicator : Main.Shape12) indicator.Visible = false;
@@ -173,11 +173,12 @@ void Application::FillLists() {
   Main.Grid1.ColumnWidth[1] = 1300;
   Main.Grid1.ColumnWidth[2] = 1300;
   for (const char* scale : {"100", "200", "500", "1000", "2000", "5000", "10000"}) {
-    Main.Combo5[0].AddItem(scale);
+    Main.Combo5[forms::full_scale::Current].AddItem(scale);
   }
-  Main.Combo5[0].ListIndex = 3;
-  for (const char* scale : {"150", "200", "400", "500", "1000"}) Main.Combo5[1].AddItem(scale);
-  Main.Combo5[1].ListIndex = 2;
+  Main.Combo5[forms::full_scale::Current].ListIndex = 3;
+  for (const char* scale : {"150", "200", "400", "500", "1000"})
+    Main.Combo5[forms::full_scale::Voltage].AddItem(scale);
+  Main.Combo5[forms::full_scale::Voltage].ListIndex = 2;
   for (platform::ComboBox& scale : Main.Combo5) scale.Enabled = false;
   values_.ShowChannelNames();
   setup_.FillUnitLists();
@@ -186,8 +187,8 @@ void Application::FillLists() {
 
 void Application::SetDerived() {
   Main.Combo3.ListIndex = Settings.UnitResolution;
-  Main.Combo4[0].ListIndex = Settings.UnitCurrent;
-  Main.Combo4[1].ListIndex = Settings.UnitVoltage;
+  Main.Combo4[forms::unit_list::Current].ListIndex = Settings.UnitCurrent;
+  Main.Combo4[forms::unit_list::Voltage].ListIndex = Settings.UnitVoltage;
   Session.UnitFormat = Main.Combo3.Text();
   values_.ClearValues();
   Main.Timer3.Enabled = false;
@@ -210,21 +211,25 @@ void Application::SetFlags() {
 }
 
 void Application::SetTriggerFields() {
-  Main.Text3[2].Text = platform_.Numbers.General(Settings.CurrentTriggerWave);
-  Main.Text3[3].Text = platform_.Numbers.General(Settings.VoltageTriggerWave);
-  Main.Text3[4].Text = platform_.Numbers.General(Settings.BeforeTriggerWaveTime);
-  Main.Text3[5].Text = platform_.Numbers.General(Settings.AfterTriggerWaveTime);
-  Main.Text3[8].Text = platform_.Numbers.General(Settings.TriggerPause);
+  Main.Text3[forms::trigger_field::Current].Text =
+      platform_.Numbers.General(Settings.CurrentTriggerWave);
+  Main.Text3[forms::trigger_field::Voltage].Text =
+      platform_.Numbers.General(Settings.VoltageTriggerWave);
+  Main.Text3[forms::trigger_field::Before].Text =
+      platform_.Numbers.General(Settings.BeforeTriggerWaveTime);
+  Main.Text3[forms::trigger_field::After].Text =
+      platform_.Numbers.General(Settings.AfterTriggerWaveTime);
+  Main.Text3[forms::trigger_field::Pause].Text = platform_.Numbers.General(Settings.TriggerPause);
   ShowFileFormat();
   switch (Settings.SingleTrigger) {
     case 1:
-      Main.Option1[1].Value = true;
+      Main.Option1[forms::trigger_kind::Continuous].Value = true;
       break;
     case 0:
-      Main.Option1[0].Value = true;
+      Main.Option1[forms::trigger_kind::Single].Value = true;
       break;
     case -1:
-      Main.Option1[2].Value = true;
+      Main.Option1[forms::trigger_kind::Immediate].Value = true;
       break;
     default:
       break;
@@ -234,7 +239,7 @@ void Application::SetTriggerFields() {
 void Application::SelectStations() {
   for (std::size_t pair = 0; pair < Main.Option3.size(); pair += 2) Main.Option3[pair].Value = true;
   Session.ActiveStream = 1;
-  Main.sevOption1[0].Value = true;
+  Main.sevOption1[forms::trigger_kind::Single].Value = true;
 }
 
 }  // namespace formroutines

@@ -24,21 +24,18 @@ constexpr std::int32_t CaptureWait = 10;
 }  // namespace
 
 TabController::TabController(forms::Main& main, config::Settings& settings,
-                             const config::Session& session, subroutines::SettingsFile& file,
+                             const config::Session& session, subroutines::StoredSettings& stored,
                              packetroutines::AcquisitionState& state,
-                             packetroutines::CaptureSession& capture, platform::EventQueue& events,
-                             platform::Dialogs& dialogs, platform::Program& program,
-                             const platform::FileSystem& files, TabViews& views,
-                             platform::TimerQueue& timers)
+                             packetroutines::CaptureSession& capture,
+                             const platform::Services& services, const platform::FileSystem& files,
+                             TabViews& views, platform::TimerQueue& timers)
     : main_(main),
       settings_(settings),
       session_(session),
-      file_(file),
+      stored_(stored),
       state_(state),
       capture_(capture),
-      events_(events),
-      dialogs_(dialogs),
-      program_(program),
+      services_(services),
       files_(files),
       views_(views),
       closeTimer_(timers) {
@@ -49,7 +46,7 @@ TabController::TabController(forms::Main& main, config::Settings& settings,
 }
 
 void TabController::PassFirstTab() {
-  SelectForLayout(InfoTab);
+  SelectForLayout(forms::tab::Info);
 }
 
 void TabController::ReturnToTab(std::int16_t tab) {
@@ -69,17 +66,17 @@ void TabController::SelectForLayout(std::int16_t tab) {
 void TabController::TabChange() {
   // A change inside of one of the pumps below is the user's own.
   const bool forLayout = std::exchange(forLayout_, false);
-  if (main_.TabStrip1.SelectedTab == ExitTab) {
+  if (main_.TabStrip1.SelectedTab == forms::tab::Exit) {
     Exit();
     return;
   }
-  Run([&] { events_.Pump(); },
+  Run([&] { services_.Events.Pump(); },
       [&] {
         if (!forLayout) settings_.MainActiveTab = main_.TabStrip1.SelectedTab;
       },
-      [&] { events_.Pump(); },
+      [&] { services_.Events.Pump(); },
       [&] {
-        if (!forLayout) file_.SaveActiveTab();
+        if (!forLayout) stored_.SaveActiveTab();
       },
       [&] { ++state_.Leaving; }, [&] { capture_.StopCapture(); }, [&] { ClearModes(); },
       [&] { StopButtons(); }, [&] { HideViews(); }, [&] { ShowView(); }, [&] { --state_.Leaving; });
@@ -87,16 +84,16 @@ void TabController::TabChange() {
 
 Verdict TabController::OnFailure(const Failure& failure) {
   if (failure.Number() == platform::failure::HarmlessStop) return Verdict::SkipStep;
-  dialogs_.Show({"unknown...",
-                 std::string("unknown error. ") + Crlf + failure.Text() + Crlf +
-                     "this happens while changing tabs",
-                 platform::Icon::Critical});
+  services_.Dialogs.Show({"unknown...",
+                          std::string("unknown error. ") + Crlf + failure.Text() + Crlf +
+                              "this happens while changing tabs",
+                          platform::Icon::Critical});
   return Verdict::EndProgram;
 }
 
 void TabController::Exit() {
   platform::RunSteps(
-      program_, [](const Failure&) { return Verdict::SkipStep; },
+      services_.Program, [](const Failure&) { return Verdict::SkipStep; },
       [&] {
         // A start or a stop is still in progress: back to the view, nothing is closed.
         if (!RunButtonLocked()) return Flow::Next;
@@ -104,31 +101,25 @@ void TabController::Exit() {
         return Flow::Leave;
       },
       [&] { ++state_.Leaving; }, [&] { ++state_.TabChanges; }, [&] { capture_.StopCapture(); },
-      [&] { AwaitEndOfCapture(); }, [&] { ClearModes(); }, [&] { events_.Pump(); },
-      [&] { exitInProgress_ = true; }, [&] { ShutdownForms(); }, [&] { events_.Pump(); },
+      [&] { AwaitEndOfCapture(); }, [&] { ClearModes(); }, [&] { services_.Events.Pump(); },
+      [&] { exitInProgress_ = true; }, [&] { ShutdownForms(); }, [&] { services_.Events.Pump(); },
       [&] { main_.Window.Unload(); });
 }
 
 bool TabController::RunButtonLocked() const {
-  switch (settings_.MainActiveTab) {
-    case ValuesTab:
-      return !main_.CWButton4.Enabled;
-    case PhasorTab:
-      return !main_.CWButton2.Enabled;
-    case WaveformsTab:
-      return !main_.CWButton1.Enabled;
-    case RecorderTab:
-      return !main_.CWButton3.Enabled;
-    default:
-      return false;
+  for (const packetroutines::Mode& mode : packetroutines::Modes) {
+    // A report does not hold up the end of the program.
+    if (mode.Kind == packetroutines::ModeKind::SingleFrame) continue;
+    if (mode.Tab == settings_.MainActiveTab) return !mode.RunButton(main_.Buttons()).Enabled;
   }
+  return false;
 }
 
 void TabController::AwaitEndOfCapture() {
   // Only a stop that failed leaves capture running; it is tried again rather than waited for
   // without an end.
   for (int i = 0; state_.CaptureRunning && i < CaptureWaits; ++i) {
-    events_.WaitMs(CaptureWait);
+    services_.Events.WaitMs(CaptureWait);
     capture_.StopCapture();
   }
 }
@@ -138,18 +129,18 @@ void TabController::ShutdownForms() {
   shuttingDown_ = true;
   const auto skip = [](const Failure&) { return Verdict::SkipStep; };
   platform::RunSteps(
-      program_, skip, [&] { main_.Timer1.Enabled = false; }, [&] { main_.Timer2.Enabled = false; },
-      [&] { main_.Timer3.Enabled = false; });
+      services_.Program, skip, [&] { main_.Timer1.Enabled = false; },
+      [&] { main_.Timer2.Enabled = false; }, [&] { main_.Timer3.Enabled = false; });
   for (platform::Window* form : OtherForms) {
-    platform::RunSteps(program_, skip, [&] { form->Unload(); });
+    platform::RunSteps(services_.Program, skip, [&] { form->Unload(); });
   }
-  platform::RunSteps(program_, skip, [&] { main_.Window.Unload(); });
+  platform::RunSteps(services_.Program, skip, [&] { main_.Window.Unload(); });
   shuttingDown_ = false;
 }
 
 void TabController::CloseRequest() {
   if (exitInProgress_) return;
-  main_.TabStrip1.SelectedTab = ExitTab;
+  main_.TabStrip1.SelectedTab = forms::tab::Exit;
   // The request stands: it is served as soon as the run button is free again.
   if (!exitInProgress_) closeTimer_.Enabled = true;
 }
@@ -162,7 +153,7 @@ void TabController::RetryClose() {
 
 void TabController::ClearModes() {
   ++state_.TabChanges;
-  state_.ClearModes();
+  packetroutines::ClearModes(state_);
 }
 
 void TabController::StopButtons() {
@@ -179,7 +170,7 @@ void TabController::GiveLockedButtonsBack() {
   const bool locked =
       !main_.CWButton4.Enabled || !main_.CWButton2.Enabled || !main_.CWButton1.Enabled;
   if (locked) main_.Timer3.Enabled = true;
-  main_.ShowIdleTips();
+  main_.Buttons().ShowIdleTips();
 }
 
 bool TabController::HasSecondStream() const {

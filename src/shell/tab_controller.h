@@ -7,12 +7,11 @@
 #include "capture/acquisition_state.h"
 #include "capture/capture_session.h"
 #include "capture/consumers.h"
+#include "capture/modes.h"
 #include "config/settings.h"
-#include "config/settings_file.h"
+#include "config/stored_settings.h"
 #include "forms/main_form.h"
-#include "platform/dialogs.h"
-#include "platform/event_queue.h"
-#include "platform/program.h"
+#include "platform/services.h"
 #include "platform/system_services.h"
 #include "platform/timer.h"
 #include "platform/trap.h"
@@ -36,9 +35,8 @@ class TabViews {
 class TabController : public packetroutines::TabConsumer {
  public:
   TabController(forms::Main& main, config::Settings& settings, const config::Session& session,
-                subroutines::SettingsFile& file, packetroutines::AcquisitionState& state,
-                packetroutines::CaptureSession& capture, platform::EventQueue& events,
-                platform::Dialogs& dialogs, platform::Program& program,
+                subroutines::StoredSettings& stored, packetroutines::AcquisitionState& state,
+                packetroutines::CaptureSession& capture, const platform::Services& services,
                 const platform::FileSystem& files, TabViews& views, platform::TimerQueue& timers);
 
   void TabChange() override;
@@ -53,22 +51,13 @@ class TabController : public packetroutines::TabConsumer {
   /// The forms other than the main window.
   std::vector<platform::Window*> OtherForms;
 
-  static constexpr std::int16_t InfoTab = 1;
-  static constexpr std::int16_t ValuesTab = 2;
-  static constexpr std::int16_t PhasorTab = 3;
-  static constexpr std::int16_t WaveformsTab = 4;
-  static constexpr std::int16_t RecorderTab = 5;
-  static constexpr std::int16_t ReportTab = 6;
-  static constexpr std::int16_t SetupTab = 7;
-  static constexpr std::int16_t ExitTab = 8;
-
  private:
   /// Runs steps under the trap of a tab change. A statement that lets events in is a step of its
   /// own, so that what fails in an event does not keep the statements behind it from running.
   template <typename... Steps>
   void Run(Steps... steps) {
     platform::RunSteps(
-        program_, [this](const platform::Failure& failure) { return OnFailure(failure); },
+        services_.Program, [this](const platform::Failure& failure) { return OnFailure(failure); },
         std::move(steps)...);
   }
   platform::Verdict OnFailure(const platform::Failure& failure);
@@ -99,12 +88,10 @@ class TabController : public packetroutines::TabConsumer {
   forms::Main& main_;
   config::Settings& settings_;
   const config::Session& session_;
-  subroutines::SettingsFile& file_;
+  subroutines::StoredSettings& stored_;
   packetroutines::AcquisitionState& state_;
   packetroutines::CaptureSession& capture_;
-  platform::EventQueue& events_;
-  platform::Dialogs& dialogs_;
-  platform::Program& program_;
+  platform::Services services_;
   const platform::FileSystem& files_;
   TabViews& views_;
   platform::Timer closeTimer_;

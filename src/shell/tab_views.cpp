@@ -34,26 +34,26 @@ void TabController::HideViews() {
 
 void TabController::ShowView() {
   switch (main_.TabStrip1.SelectedTab) {
-    case InfoTab:
+    case forms::tab::Info:
       main_.Picture4.Visible = true;
       break;
-    case ValuesTab:
+    case forms::tab::Values:
       ShowValues();
       break;
-    case PhasorTab:
+    case forms::tab::Phasor:
       ShowPhasor();
       break;
-    case WaveformsTab:
+    case forms::tab::Waveforms:
       ShowWaveforms();
       break;
-    case RecorderTab:
+    case forms::tab::Recorder:
       ShowRecorder();
       break;
-    case ReportTab:
+    case forms::tab::Report:
       ShowReport();
       break;
-    case SetupTab:
-      main_.Picture1[3].Visible = true;
+    case forms::tab::Setup:
+      main_.Picture1[forms::logo::Setup].Visible = true;
       break;
     default:
       break;
@@ -68,11 +68,11 @@ void TabController::ChooseStation(std::size_t first) {
 
 void TabController::ShowValues() {
   for (platform::Label& value : main_.Label5) value.Visible = true;
-  main_.Picture1[4].Visible = true;
+  main_.Picture1[forms::logo::Values].Visible = true;
   main_.Check5.Visible = true;
   main_.CWButton4.Visible = true;
   main_.Label16.Visible = true;
-  ChooseStation(0);
+  ChooseStation(forms::station::Values);
 }
 
 void TabController::ShowPhasor() {
@@ -80,22 +80,22 @@ void TabController::ShowPhasor() {
   Run([&] { main_.CWButton2.Value = false; },
       [&] {
         main_.Frame2.Visible = true;
-        main_.Picture1[5].Visible = true;
+        main_.Picture1[forms::logo::Phasor].Visible = true;
         state_.RecorderBusy = false;
         main_.Label17.Visible = true;
       },
-      [&] { ChooseStation(4); });
+      [&] { ChooseStation(forms::station::Phasor); });
 }
 
 void TabController::ShowWaveforms() {
   main_.CWGraph1.Visible = true;
   main_.Frame1.Visible = true;
-  main_.Picture1[0].Visible = true;
-  ChooseStation(2);
+  main_.Picture1[forms::logo::Waveforms].Visible = true;
+  ChooseStation(forms::station::Waveforms);
 }
 
 void TabController::ShowRecorder() {
-  main_.Picture1[1].Visible = true;
+  main_.Picture1[forms::logo::Recorder].Visible = true;
   main_.CWButton3.Visible = true;
   state_.RecorderBusy = true;
   Run([&] { main_.CWButton3.Value = false; },
@@ -114,37 +114,37 @@ void TabController::ShowRecorder() {
 }
 
 void TabController::ResetProgress() {
-  main_.Label10[4].Visible = false;
-  main_.Label10[3].ForeColor = platform::Rgb{0, 0, 0};
-  main_.Label10[3].FontBold = false;
-  main_.Label10[3].Caption = "0s / 0 samples";
+  main_.Label10[forms::record_line::SecondPath].Visible = false;
+  main_.Label10[forms::record_line::Progress].ForeColor = platform::Rgb{0, 0, 0};
+  main_.Label10[forms::record_line::Progress].FontBold = false;
+  main_.Label10[forms::record_line::Progress].Caption = "0s / 0 samples";
 }
 
 void TabController::RefuseStoragePath() {
-  Run([&] { events_.Pump(); },
+  Run([&] { services_.Events.Pump(); },
       [&] {
-        dialogs_.Show({"Attention",
-                       std::string("The given path under 'Setup' is not available!") + Crlf +
-                           "Please check the specified path for errors.",
-                       platform::Icon::Exclamation});
+        services_.Dialogs.Show({"Attention",
+                                std::string("The given path under 'Setup' is not available!") +
+                                    Crlf + "Please check the specified path for errors.",
+                                platform::Icon::Exclamation});
       },
       [&] { main_.Text1[forms::setup_field::StoragePath].SetFocus(); },
-      [&] { main_.TabStrip1.SelectedTab = SetupTab; }, [&] { TabChange(); });
+      [&] { main_.TabStrip1.SelectedTab = forms::tab::Setup; }, [&] { TabChange(); });
 }
 
 void TabController::ShowRecorderPaths() {
   if (state_.RecordFileName.empty()) state_.RecordFileName = RecordPlaceholder;
   const std::string folder = files_.Native(settings_.StoragePath) + files_.Separator();
-  main_.Label10[1].Caption = folder + RecordPlaceholder;
-  main_.Label10[4].Caption = folder + "2_" + RecordPlaceholder;
-  if (HasSecondStream()) main_.Label10[4].Visible = true;
+  main_.Label10[forms::record_line::FirstPath].Caption = folder + RecordPlaceholder;
+  main_.Label10[forms::record_line::SecondPath].Caption = folder + "2_" + RecordPlaceholder;
+  if (HasSecondStream()) main_.Label10[forms::record_line::SecondPath].Visible = true;
 }
 
 void TabController::ShowReport() {
   main_.Command2.Visible = true;
   main_.Command4.Visible = true;
-  Run([&] { ChooseStation(6); }, [&] { views_.ReportLayout(); },
-      [&] { main_.Picture1[2].Visible = true; });
+  Run([&] { ChooseStation(forms::station::Report); }, [&] { views_.ReportLayout(); },
+      [&] { main_.Picture1[forms::logo::Report].Visible = true; });
 }
 
 }  // namespace formroutines

@@ -42,7 +42,7 @@ class ModeTable : public testing::TestWithParam<ModeRow> {};
 TEST_P(ModeTable, ArmsTheWatchdogAndSetsOneFlag) {
   CaptureBench bench;
 
-  bench.Acquisition.StartCapture(GetParam().Mode);
+  bench.Acquisition.StartCapture(packetroutines::ModeName::Any(GetParam().Mode));
 
   EXPECT_EQ(bench.Main.Timer1.Interval, GetParam().Interval);
   EXPECT_TRUE(bench.Main.Timer1.Enabled);
@@ -65,7 +65,7 @@ TEST_P(UnknownMode, StartsCaptureWithoutFlagAndWatchdog) {
   CaptureBench bench;
   bench.Main.Timer1.Interval = 77;
 
-  bench.Acquisition.StartCapture(GetParam());
+  bench.Acquisition.StartCapture(packetroutines::ModeName::Any(GetParam()));
 
   EXPECT_THAT(FlagsOf(bench.State), IsEmpty());
   EXPECT_FALSE(bench.Main.Timer1.Enabled);
@@ -279,7 +279,7 @@ TEST_P(RefusedFilter, TurnsTheIndicatorsOffBeforeTheBox) {
   bench.Capture.AtStart = [&] { litAtStart = lit(); };
   bench.Dialogs.WhileOpen = [&] { litAtBox = lit(); };
 
-  bench.Acquisition.StartCapture(GetParam());
+  bench.Acquisition.StartCapture(packetroutines::ModeName::Any(GetParam()));
 
   EXPECT_EQ(litAtStart, 4);
   EXPECT_EQ(litAtBox, 0);
@@ -355,8 +355,10 @@ class NoCaptureObject : public testing::Test {
   }
 
   CaptureBench bench;
-  packetroutines::CaptureSession session{bench.Capture, bench.Main,    bench.Settings, bench.State,
-                                         bench.Events,  bench.Dialogs, bench.Runtime};
+  packetroutines::CaptureSession session{
+      bench.Capture,    {bench.Main, bench.Main, bench.Main, bench.Main.Buttons()},
+      bench.Settings,   bench.State,
+      bench.Dispatcher, bench.Services};
 };
 
 TEST_F(NoCaptureObject, ReportsTheSetupAndGoesOn) {

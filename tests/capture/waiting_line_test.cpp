@@ -47,8 +47,9 @@ class WaitingLineScene : public testing::Test {
   AcquisitionState& state = bench.State;
 
  private:
-  WaitingLine waiting_{state,      bench.Settings, bench.Session,
-                       bench.Main, bench.Timers,   bench.Numbers};
+  WaitingLine waiting_{state,        bench.Settings,       bench.Session,
+                       bench.Main,   bench.Main.Buttons(), bench.Timers,
+                       bench.Numbers};
 };
 
 TEST_F(WaitingLineScene, SaysThatNoFrameComes) {

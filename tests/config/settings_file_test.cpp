@@ -1,7 +1,6 @@
-#include "config/settings_file.h"
-
 #include <gmock/gmock.h>
 
+#include "config/stored_settings.h"
 #include "support/failures.h"
 #include "support/fake_platform.h"
 
@@ -81,7 +80,7 @@ class WatchedStore : public support::FakeStore {
   mutable std::vector<std::string> Read;
 };
 
-class SettingsFile : public testing::Test {
+class StoredSettings : public testing::Test {
  protected:
   /// What loading does where a key holds this text.
   std::int32_t FailureOfLoading(const std::string& key, const std::string& text) {
@@ -92,16 +91,16 @@ class SettingsFile : public testing::Test {
   WatchedStore store;
   platform::NumberText numbers;
   config::Settings settings;
-  subroutines::SettingsFile file{store, numbers, settings};
+  subroutines::StoredSettings file{store, numbers, settings};
 };
 
-TEST_F(SettingsFile, ReadsEveryKeyInItsOrder) {
+TEST_F(StoredSettings, ReadsEveryKeyInItsOrder) {
   file.LoadSettings();
 
   EXPECT_THAT(store.Read, ElementsAreArray(Keys()));
 }
 
-TEST_F(SettingsFile, WritesEveryKeyInItsOrderAndTheNumberOfSamplesLast) {
+TEST_F(StoredSettings, WritesEveryKeyInItsOrderAndTheNumberOfSamplesLast) {
   file.LoadSettings();
 
   file.SaveSettings();
@@ -111,7 +110,7 @@ TEST_F(SettingsFile, WritesEveryKeyInItsOrderAndTheNumberOfSamplesLast) {
   EXPECT_THAT(store.Written, ElementsAreArray(keys));
 }
 
-TEST_F(SettingsFile, AnAbsentStoreGivesEveryDefault) {
+TEST_F(StoredSettings, AnAbsentStoreGivesEveryDefault) {
   file.LoadSettings();
   EXPECT_THAT(store.Texts, IsEmpty());
 
@@ -120,7 +119,7 @@ TEST_F(SettingsFile, AnAbsentStoreGivesEveryDefault) {
   for (const Row& row : Table) EXPECT_EQ(store.Texts[row.Key], row.Default) << row.Key;
 }
 
-TEST_F(SettingsFile, EachKeyGoesToItsVariable) {
+TEST_F(StoredSettings, EachKeyGoesToItsVariable) {
   store.Texts = {{"Path of stored data", "d:\\data"},
                  {"Used Networkadapter", "3"},
                  {"Name of used Networkadapter", "eth0"},
@@ -168,7 +167,7 @@ TEST_F(SettingsFile, EachKeyGoesToItsVariable) {
   EXPECT_EQ(settings.FileFormat, "COMTRADE");
 }
 
-TEST_F(SettingsFile, EachChannelHasItsNameAndItsSensor) {
+TEST_F(StoredSettings, EachChannelHasItsNameAndItsSensor) {
   const std::string letters = "ABCDEFGH";
   for (std::size_t i = 0; i < letters.size(); ++i) {
     store.Texts[std::string("DataName ") + letters[i]] = "name " + std::to_string(i);
@@ -182,7 +181,7 @@ TEST_F(SettingsFile, EachChannelHasItsNameAndItsSensor) {
   EXPECT_THAT(settings.SensorEnabled, ElementsAre(10, 11, 12, 13, 14, 15, 16, 17));
 }
 
-TEST_F(SettingsFile, TheDoneMarkHasItsOwnKey) {
+TEST_F(StoredSettings, TheDoneMarkHasItsOwnKey) {
   store.Texts["SetupDone"] = "True";
 
   file.LoadSettings();
@@ -191,7 +190,7 @@ TEST_F(SettingsFile, TheDoneMarkHasItsOwnKey) {
   EXPECT_FALSE(settings.ACDC);
 }
 
-TEST_F(SettingsFile, TheNumberOfSamplesIsWrittenAsThree) {
+TEST_F(StoredSettings, TheNumberOfSamplesIsWrittenAsThree) {
   store.Texts["Number of samples"] = "800";
 
   file.LoadSettings();
@@ -200,18 +199,18 @@ TEST_F(SettingsFile, TheNumberOfSamplesIsWrittenAsThree) {
   EXPECT_EQ(store.Texts["Number of samples"], "3");
 }
 
-TEST_F(SettingsFile, TheNumberOfSamplesHasNoEffectWhateverItHolds) {
+TEST_F(StoredSettings, TheNumberOfSamplesHasNoEffectWhateverItHolds) {
   EXPECT_EQ(FailureOfLoading("Number of samples", "no number"), 0);
 }
 
-TEST_F(SettingsFile, ATextThatDoesNotConvertFailsAsATypeMismatch) {
+TEST_F(StoredSettings, ATextThatDoesNotConvertFailsAsATypeMismatch) {
   for (const Row& row : Table) {
     EXPECT_EQ(FailureOfLoading(row.Key, "5O0"), row.Kind == Type::Text ? 0 : TypeMismatch)
         << row.Key;
   }
 }
 
-TEST_F(SettingsFile, AFailureNamesTheKeyItsTextAndThePlace) {
+TEST_F(StoredSettings, AFailureNamesTheKeyItsTextAndThePlace) {
   store.Texts = {{"Internal Delay", "soon"}};
 
   EXPECT_EQ(support::RaisedBy([&] { file.LoadSettings(); }).Text(),
@@ -221,13 +220,13 @@ TEST_F(SettingsFile, AFailureNamesTheKeyItsTextAndThePlace) {
             "its usual settings.");
 }
 
-TEST_F(SettingsFile, AnEmptyTextIsNoNumber) {
+TEST_F(StoredSettings, AnEmptyTextIsNoNumber) {
   for (const Row& row : Table) {
     EXPECT_EQ(FailureOfLoading(row.Key, ""), row.Kind == Type::Text ? 0 : TypeMismatch) << row.Key;
   }
 }
 
-TEST_F(SettingsFile, AnIntegerBeyondSixteenBitsOverflows) {
+TEST_F(StoredSettings, AnIntegerBeyondSixteenBitsOverflows) {
   for (const Row& row : Table) {
     const std::int32_t expected = row.Kind == Type::Integer ? Overflow : 0;
     EXPECT_EQ(FailureOfLoading(row.Key, "40000"), expected) << row.Key;
@@ -235,11 +234,11 @@ TEST_F(SettingsFile, AnIntegerBeyondSixteenBitsOverflows) {
   }
 }
 
-TEST_F(SettingsFile, AFloatBeyondItsRangeOverflows) {
+TEST_F(StoredSettings, AFloatBeyondItsRangeOverflows) {
   EXPECT_EQ(FailureOfLoading("Frequency", "1E+39"), Overflow);
 }
 
-TEST_F(SettingsFile, BooleansAreStoredAsWords) {
+TEST_F(StoredSettings, BooleansAreStoredAsWords) {
   settings.ACDC = true;
 
   file.SaveSettings();
@@ -248,7 +247,7 @@ TEST_F(SettingsFile, BooleansAreStoredAsWords) {
   EXPECT_EQ(store.Texts["SetupDone"], "False");
 }
 
-TEST_F(SettingsFile, FloatsAreStoredAsTheirShortestText) {
+TEST_F(StoredSettings, FloatsAreStoredAsTheirShortestText) {
   settings.BaseFrequency = 0.1F;
   settings.CurrentTriggerWave = 18.75F;
   settings.VoltageTriggerWave = 16.666666F;
@@ -260,7 +259,7 @@ TEST_F(SettingsFile, FloatsAreStoredAsTheirShortestText) {
   EXPECT_EQ(store.Texts["VoltageTriggerWave"], "16.666666");
 }
 
-TEST_F(SettingsFile, FloatsAreStoredWithTheSeparatorOfTheLocale) {
+TEST_F(StoredSettings, FloatsAreStoredWithTheSeparatorOfTheLocale) {
   numbers = platform::NumberText({',', '.'});
   settings.BaseFrequency = 49.95F;
   file.SaveSettings();
@@ -271,7 +270,7 @@ TEST_F(SettingsFile, FloatsAreStoredWithTheSeparatorOfTheLocale) {
   EXPECT_EQ(settings.BaseFrequency, 49.95F);
 }
 
-TEST_F(SettingsFile, AFloatOfAnotherLocaleChangesItsValue) {
+TEST_F(StoredSettings, AFloatOfAnotherLocaleChangesItsValue) {
   store.Texts["Frequency"] = "49,95";
 
   file.LoadSettings();
@@ -279,7 +278,7 @@ TEST_F(SettingsFile, AFloatOfAnotherLocaleChangesItsValue) {
   EXPECT_EQ(settings.BaseFrequency, 4995.0F);
 }
 
-TEST_F(SettingsFile, ASaveRefreshesTheStatusBarAfterItsLastKey) {
+TEST_F(StoredSettings, ASaveRefreshesTheStatusBarAfterItsLastKey) {
   std::string lastKey;
   file.StatusUpdate = [&] { lastKey = store.Written.back(); };
 
@@ -288,7 +287,7 @@ TEST_F(SettingsFile, ASaveRefreshesTheStatusBarAfterItsLastKey) {
   EXPECT_EQ(lastKey, "Number of samples");
 }
 
-TEST_F(SettingsFile, TheActiveTabCanBeStoredAlone) {
+TEST_F(StoredSettings, TheActiveTabCanBeStoredAlone) {
   settings.MainActiveTab = 7;
   bool refreshed = false;
   file.StatusUpdate = [&] { refreshed = true; };

@@ -60,9 +60,9 @@ TEST(PrinterChoice, FollowsTheListAndIsStored) {
 class PrinterListing : public ::testing::Test {
  protected:
   Scene scene;
-  subroutines::SettingsFile file{scene.Store, scene.Numbers, scene.Settings};
-  subroutines::PrinterChoices choices{scene.Main,     scene.Settings, file,
-                                      scene.Printers, scene.Dialogs,  scene.Runtime};
+  subroutines::StoredSettings file{scene.Store, scene.Numbers, scene.Settings};
+  subroutines::PrinterChoices choices{scene.Main,     scene.Main,    scene.Settings, file,
+                                      scene.Printers, scene.Dialogs, scene.Runtime};
 };
 
 TEST_F(PrinterListing, MarksAndSelectsTheCurrentPrinterWhereAskedTo) {
@@ -86,8 +86,8 @@ TEST_F(PrinterListing, EndsTheProgramOnAnyOtherFailure) {
    public:
     std::vector<std::string> Names() const override { throw platform::Failure(57); }
   } broken;
-  subroutines::PrinterChoices list{scene.Main, scene.Settings, file,
-                                   broken,     scene.Dialogs,  scene.Runtime};
+  subroutines::PrinterChoices list{scene.Main, scene.Main,    scene.Settings, file,
+                                   broken,     scene.Dialogs, scene.Runtime};
 
   EXPECT_THROW(list.PrinterList(true, true), support::SceneEnded);
 }

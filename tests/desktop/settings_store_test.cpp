@@ -6,7 +6,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "config/settings_file.h"
+#include "config/stored_settings.h"
 #include "desktop/qt_settings_store.h"
 
 namespace desktop {
@@ -212,7 +212,7 @@ struct Instance {
   QtSettingsStore Store{Boxes};
   platform::NumberText Numbers;
   config::Settings Settings;
-  subroutines::SettingsFile File{Store, Numbers, Settings};
+  subroutines::StoredSettings File{Store, Numbers, Settings};
 };
 
 TEST(TwoInstances, OnOneFileKeepEachOthersChanges) {

@@ -50,14 +50,20 @@ class Phases : public ::testing::Test {
   }
 
   Scene scene;
-  subroutines::SettingsFile file{scene.Store, scene.Numbers, scene.Settings};
-  packetroutines::CaptureSession capture{scene.Capture, scene.Main,    scene.Settings, scene.State,
-                                         scene.Events,  scene.Dialogs, scene.Runtime};
+  subroutines::StoredSettings file{scene.Store, scene.Numbers, scene.Settings};
+  struct NoPackets : packetroutines::PacketConsumer {
+    void aPacketX_OnPacket(const platform::CapturedFrame&) override {}
+  } packets;
+  packetroutines::CaptureSession capture{
+      scene.Capture,  {scene.Main, scene.Main, scene.Main, scene.Main.Buttons()},
+      scene.Settings, scene.State,
+      packets,        {scene.Events, scene.Dialogs, scene.Runtime}};
   subroutines::PhasorDiagram diagram{scene.Main, scene.PhasorPicture, scene.State, scene.Session,
                                      scene.Numbers};
-  subroutines::PhaseAnalysis phases{scene.Main,  scene.Settings, scene.Session,
-                                    scene.State, scene.Block,    capture,
-                                    diagram,     scene.Events,   scene.Numbers};
+  subroutines::PhaseAnalysis phases{scene.Main,
+                                    diagram,
+                                    {scene.Settings, scene.Session, scene.State, scene.Block,
+                                     capture, scene.Main, scene.Events, scene.Numbers}};
 };
 
 TEST_F(Phases, OfTwoIdenticalChannelsAreNotShifted) {

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "config/settings_file.h"
+#include "config/stored_settings.h"
 #include "shell/tab_controller.h"
 #include "support/capture_bench.h"
 #include "support/scene.h"
@@ -40,12 +40,12 @@ class TabBench : public ::testing::Test, private formroutines::TabViews {
     if (AtReportLayout) AtReportLayout();
   }
 
-  subroutines::SettingsFile file_{bench.Store, bench.Numbers, bench.Settings};
+  subroutines::StoredSettings file_{bench.Store, bench.Numbers, bench.Settings};
 
  protected:
-  formroutines::TabController tabs{bench.Main,    bench.Settings,    bench.Session, file_,
-                                   bench.State,   bench.Acquisition, bench.Events,  bench.Dialogs,
-                                   bench.Runtime, bench.Files,       *this,         bench.Timers};
+  formroutines::TabController tabs{bench.Main,  bench.Settings,    bench.Session,  file_,
+                                   bench.State, bench.Acquisition, bench.Services, bench.Files,
+                                   *this,       bench.Timers};
 };
 
 }  // namespace shell_tests

@@ -11,9 +11,6 @@ CaptureBench::CaptureBench() {
   Main.Timer3.Interval = 1000;
   Block.Rebuild(Session.BaseSamples);
   Rings.Reserve(packetroutines::RecordRings::Cells);
-  Acquisition.aPacketX_OnPacket = [this](const platform::CapturedFrame& frame) {
-    Dispatcher.aPacketX_OnPacket(frame);
-  };
   Acquisition.FillAdapterList();
 
   const auto write = [this](const std::string& line) { Journal.push_back(line); };
@@ -38,7 +35,7 @@ CaptureBench::CaptureBench() {
 void CaptureBench::Run(const std::string& mode) {
   State.PacketLengthPending = true;
   Acquisition.SetupAdapter(262144);
-  Acquisition.StartCapture(mode);
+  Acquisition.StartCapture(packetroutines::ModeName::Any(mode));
 }
 
 void CaptureBench::RunWithLength(const std::string& mode, const FrameBytes& first) {

@@ -9,6 +9,7 @@
 
 #include "capture/capture_session.h"
 #include "capture/packet_dispatcher.h"
+#include "forms/main_form.h"
 #include "support/fake_platform.h"
 #include "support/sv_frame.h"
 #include "support/watch.h"
@@ -29,7 +30,7 @@ class MockRecorder : public packetroutines::RecordConsumer {
   MOCK_METHOD(void, WriteRecordBlock, (std::int16_t stream), (override));
 };
 
-class MockReport : public packetroutines::ReportConsumer {
+class MockReport : public packetroutines::ReportConsumer, public packetroutines::FinderConsumer {
  public:
   MOCK_METHOD(std::string, ReportAnalyse, (const packetroutines::PacketBytes& bytes), (override));
   MOCK_METHOD(void, AddStreamToList, (const std::string& id), (override));
@@ -67,8 +68,9 @@ class CaptureBench : public FakePlatform {
   testing::NiceMock<MockViews> Views;
   testing::NiceMock<MockRecorder> Recorder;
   testing::NiceMock<MockReport> Report;
-  packetroutines::CaptureSession Acquisition{Capture, Main,    Settings, State,
-                                             Events,  Dialogs, Runtime};
+  platform::Services Services{Events, Dialogs, Runtime};
+  packetroutines::CaptureSession Acquisition{
+      Capture, {Main, Main, Main, Main.Buttons()}, Settings, State, Dispatcher, Services};
   BenchTabs Tabs{Journal};
   packetroutines::RetryBox Trouble{Dialogs, Tabs};
   packetroutines::FrameLayout Layout{State, Trouble, Runtime};
@@ -77,11 +79,11 @@ class CaptureBench : public FakePlatform {
   packetroutines::PacketDispatcher Dispatcher{State,
                                               Settings,
                                               Session,
-                                              Main,
+                                              {Main, Main, Main},
                                               Acquisition,
                                               Layout,
                                               Builder,
-                                              {Views, Recorder, Report},
+                                              {Views, Recorder, Report, Report},
                                               {Numbers, Code, Events, Dialogs, Trouble, Runtime}};
 
   /// The start path of a view: the next frame sets the frame length, the adapter is set up and

@@ -4,7 +4,9 @@
 #include <optional>
 #include <string>
 
-#include "capture/watchdog.h"
+#include "capture/button_release.h"
+#include "capture/no_data_watchdog.h"
+#include "capture/view_restart.h"
 #include "support/capture_bench.h"
 
 namespace support {
@@ -58,8 +60,10 @@ class WatchdogBench : public CaptureBench, public packetroutines::TabConsumer {
     if (ConsumerFailure) throw platform::Failure(*ConsumerFailure);
   }
 
-  packetroutines::Watchdog watchdog_{State,  Settings, Main,    Acquisition, *this,
-                                     Report, Events,   Dialogs, Runtime};
+  packetroutines::NoDataWatchdog watchdog_{State, Main,   Main.Buttons(), Acquisition,
+                                           *this, Report, Services};
+  packetroutines::ViewRestart restart_{State, Settings, Main, Main.Buttons(), Acquisition, Events};
+  packetroutines::ButtonRelease release_{Main, Main.Buttons()};
 };
 
 }  // namespace support

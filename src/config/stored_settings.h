@@ -22,10 +22,10 @@ inline constexpr const char* DefaultStoragePath = "c:\\StoredData";
 namespace subroutines {
 
 /// Reads and writes the settings, each key in its order, as locale text.
-class SettingsFile {
+class StoredSettings {
  public:
-  SettingsFile(platform::SettingsStore& store, const platform::NumberText& numbers,
-               config::Settings& settings);
+  StoredSettings(platform::SettingsStore& store, const platform::NumberText& numbers,
+                 config::Settings& settings);
 
   /// Failure 13 or 6 where a stored text does not convert to its type, with a text that names it.
   void LoadSettings();

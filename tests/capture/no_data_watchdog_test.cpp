@@ -1,4 +1,4 @@
-#include "capture/watchdog.h"
+#include "capture/no_data_watchdog.h"
 
 #include <gmock/gmock.h>
 

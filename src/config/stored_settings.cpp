@@ -1,4 +1,4 @@
-#include "config/settings_file.h"
+#include "config/stored_settings.h"
 
 #include <string>
 
@@ -70,11 +70,11 @@ std::string ToText(const platform::NumberText& numbers, const T& value) {
 
 }  // namespace
 
-SettingsFile::SettingsFile(platform::SettingsStore& store, const platform::NumberText& numbers,
-                           config::Settings& settings)
+StoredSettings::StoredSettings(platform::SettingsStore& store, const platform::NumberText& numbers,
+                               config::Settings& settings)
     : store_(store), numbers_(numbers), settings_(settings) {}
 
-void SettingsFile::LoadSettings() {
+void StoredSettings::LoadSettings() {
   VisitSettings(settings_, [&](const std::string& key, auto& variable, const char* fallback) {
     const std::string text = store_.Get(config::Application, config::Section, key, fallback);
     try {
@@ -85,8 +85,8 @@ void SettingsFile::LoadSettings() {
   });
 }
 
-platform::Failure SettingsFile::WithWayOut(const platform::Failure& failure,
-                                           const std::string& cause) const {
+platform::Failure StoredSettings::WithWayOut(const platform::Failure& failure,
+                                             const std::string& cause) const {
   using platform::Crlf;
   return {failure.Number(), failure.Text() + Crlf + Crlf + cause + Crlf + "Settings file: " +
                                 store_.Place(config::Application) + Crlf + Crlf +
@@ -94,7 +94,7 @@ platform::Failure SettingsFile::WithWayOut(const platform::Failure& failure,
                                 "then starts with its usual settings."};
 }
 
-void SettingsFile::SaveSettings() {
+void StoredSettings::SaveSettings() {
   VisitSettings(settings_, [this](const std::string& key, const auto& value, const char*) {
     store_.Set(config::Application, config::Section, key, ToText(numbers_, value));
   });
@@ -102,7 +102,7 @@ void SettingsFile::SaveSettings() {
   if (StatusUpdate) StatusUpdate();
 }
 
-void SettingsFile::SaveActiveTab() {
+void StoredSettings::SaveActiveTab() {
   store_.Set(config::Application, config::Section, config::ActiveTabKey,
              numbers_.General(settings_.MainActiveTab));
 }

@@ -1,39 +1,42 @@
-// The captions, tips and limits of the Setup view.
-
-#include "forms/main_form.h"
+#include "forms/setup_controls.h"
 
 namespace forms {
 
-void Main::DescribeSetup() {
-  using namespace setup_caption;
-  Label2[Adapter].Caption = "&Network adapter:";
-  Label2[FilterCondition].Caption = "P&acket filter condition:";
-  Label2[FilterCondition].ToolTipText =
+SetupControls::SetupControls() {
+  DescribeCaptions();
+  DescribeTips();
+}
+
+void SetupControls::DescribeCaptions() {
+  Label2[setup_caption::Adapter].Caption = "&Network adapter:";
+  Label2[setup_caption::FilterCondition].Caption = "P&acket filter condition:";
+  Label2[setup_caption::FilterCondition].ToolTipText =
       "filter condition for all packets, receiving network adapter";
-  Label2[StoragePath].Caption = "Data path for storin&g data:";
-  Label2[Printer].Caption = "Stan&dard printer:";
-  Label2[Content1].Caption = "Packet content filter #&1:";
-  Label2[Content1].ToolTipText = "additional filter";
-  Label2[Content2].Caption = "Packet content filter #&2:";
-  Label2[Content2].ToolTipText = "additional filter";
-  Label2[Decimals].Caption = "Decimal p&oint for values:";
-  Label2[Interval].Caption = "&Interval for refreshing data:";
-  Label2[IntervalUnit].Caption = "in ms";
-  Label2[Frequency].Caption = "Base fre&quency:";
-  Label2[FrequencyUnit].Caption = "in Hz";
-  Label2[CurrentUnit].Caption = "&Unit for current:";
-  Label2[VoltageUnit].Caption = "Unit for voltage:";
-  Label2[FirstNames].Caption = "Names of first group of 4 data sources:";
-  Label2[SecondNames].Caption = "Names of second group of 4 data sources:";
-  Label2[Samplings].Caption = "&Samplings:";
-  Label2[SamplingsNote].Caption = "After changing please adjust the interval for refreshing data!";
+  Label2[setup_caption::StoragePath].Caption = "Data path for storin&g data:";
+  Label2[setup_caption::Printer].Caption = "Stan&dard printer:";
+  Label2[setup_caption::Content1].Caption = "Packet content filter #&1:";
+  Label2[setup_caption::Content1].ToolTipText = "additional filter";
+  Label2[setup_caption::Content2].Caption = "Packet content filter #&2:";
+  Label2[setup_caption::Content2].ToolTipText = "additional filter";
+  Label2[setup_caption::Decimals].Caption = "Decimal p&oint for values:";
+  Label2[setup_caption::Interval].Caption = "&Interval for refreshing data:";
+  Label2[setup_caption::IntervalUnit].Caption = "in ms";
+  Label2[setup_caption::Frequency].Caption = "Base fre&quency:";
+  Label2[setup_caption::FrequencyUnit].Caption = "in Hz";
+  Label2[setup_caption::CurrentUnit].Caption = "&Unit for current:";
+  Label2[setup_caption::VoltageUnit].Caption = "Unit for voltage:";
+  Label2[setup_caption::FirstNames].Caption = "Names of first group of 4 data sources:";
+  Label2[setup_caption::SecondNames].Caption = "Names of second group of 4 data sources:";
+  Label2[setup_caption::Samplings].Caption = "&Samplings:";
+  Label2[setup_caption::SamplingsNote].Caption =
+      "After changing please adjust the interval for refreshing data!";
   Frame5.Caption = "Special functions:";
   Command3.Caption = "&Browse";
   Command7.Caption = "&Find streams";
   Check4.Caption = "estimate DC &offset";
 }
 
-void Main::DescribeSetupTips() {
+void SetupControls::DescribeTips() {
   Combo1.ToolTipText = "choose the adapter which is connected to the IEC61850.9.2LE bus";
   Combo2.ToolTipText = "the choosen printer is standard printer while program is running";
   Text1[setup_field::FilterCondition].ToolTipText =

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "capture/acquisition_state.h"
+#include "capture/capture_session.h"
+#include "config/settings.h"
+#include "forms/run_buttons.h"
+#include "forms/window_controls.h"
+#include "platform/event_queue.h"
+
+namespace packetroutines {
+
+/// `Timer2`: starts the next burst of a live view or of the stream finder after its block.
+class ViewRestart {
+ public:
+  ViewRestart(const AcquisitionState& state, const config::Settings& settings,
+              forms::TimerControls& timers, const forms::RunButtons& buttons,
+              CaptureSession& capture, platform::EventQueue& events);
+
+ private:
+  void Timer2_Timer();
+  /// The button of a live view that is on was released.
+  bool ViewEnded() const;
+  /// Starts the next burst of a mode that is on, after the user's delay.
+  void Restart(bool AcquisitionState::*flag, ModeName mode, bool pump);
+
+  const AcquisitionState& state_;
+  const config::Settings& settings_;
+  forms::TimerControls& timers_;
+  forms::RunButtons buttons_;
+  CaptureSession& capture_;
+  platform::EventQueue& events_;
+};
+
+}  // namespace packetroutines

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <array>
+
+#include "platform/buttons.h"
+#include "platform/cw_graph.h"
+#include "platform/label.h"
+#include "platform/option_button.h"
+#include "platform/text_box.h"
+
+namespace forms {
+
+/// `Option2`: the file formats.
+namespace record_format {
+inline constexpr std::size_t Text = 0;
+inline constexpr std::size_t Worksheet = 1;
+inline constexpr std::size_t Comtrade = 2;
+inline constexpr std::size_t Count = 3;
+}  // namespace record_format
+
+/// `Label10`: the lines that tell what is recorded and where to.
+namespace record_line {
+inline constexpr std::size_t Heading = 0;
+inline constexpr std::size_t FirstPath = 1;
+inline constexpr std::size_t ProgressHeading = 2;
+inline constexpr std::size_t Progress = 3;
+inline constexpr std::size_t SecondPath = 4;
+inline constexpr std::size_t Count = 5;
+}  // namespace record_line
+
+/// `Text3`: the trigger settings.
+namespace trigger_field {
+inline constexpr std::size_t Current = 2;
+inline constexpr std::size_t Voltage = 3;
+inline constexpr std::size_t Before = 4;
+inline constexpr std::size_t After = 5;
+inline constexpr std::size_t Pause = 8;
+inline constexpr std::size_t Count = 9;
+}  // namespace trigger_field
+
+/// `Option1`: when a recording is triggered.
+namespace trigger_kind {
+inline constexpr std::size_t Single = 0;
+inline constexpr std::size_t Continuous = 1;
+inline constexpr std::size_t Immediate = 2;
+inline constexpr std::size_t Count = 3;
+}  // namespace trigger_kind
+
+/// The controls of the Recorder view.
+struct RecorderControls {
+  RecorderControls();
+
+  platform::CWButton CWButton3;
+  std::array<platform::OptionButton, record_format::Count> Option2;
+  std::array<platform::Label, record_line::Count> Label10;
+  platform::CWGraph CWGraph2;
+  platform::CommandButton Command9;
+  std::array<platform::TextBox, trigger_field::Count> Text3;
+  platform::Shape Shape9;
+  platform::Frame Frame4;
+  std::array<platform::OptionButton, trigger_kind::Count> Option1;
+};
+
+}  // namespace forms

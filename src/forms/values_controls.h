@@ -1,0 +1,32 @@
+#pragma once
+
+#include <array>
+
+#include "platform/buttons.h"
+#include "platform/check_box.h"
+#include "platform/label.h"
+
+namespace forms {
+
+/// `Label12`: the marks of quality bits, which stay empty, and the DC labels of the eight channels.
+namespace small_label {
+inline constexpr std::size_t Qualities = 2;
+inline constexpr std::size_t FirstDc = 8;
+inline constexpr std::size_t Count = 16;
+}  // namespace small_label
+
+/// The controls of the Values view: channel i is `Label5[i]`, its caption `Label6[i]`.
+struct ValuesControls {
+  ValuesControls();
+
+  platform::CWButton CWButton4;
+  /// Real-time value.
+  platform::CheckBox Check5;
+  std::array<platform::Label, 8> Label5;
+  std::array<platform::Label, 8> Label6;
+  std::array<platform::Label, small_label::Count> Label12;
+  /// Heading of the station choice.
+  platform::Label Label16;
+};
+
+}  // namespace forms

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+
+#include "platform/buttons.h"
+#include "platform/label.h"
+#include "platform/status_bar.h"
+#include "platform/tab_strip.h"
+#include "platform/timer.h"
+#include "platform/window.h"
+
+namespace forms {
+
+/// The numbers of the tabs.
+namespace tab {
+inline constexpr std::int16_t Info = 1;
+inline constexpr std::int16_t Values = 2;
+inline constexpr std::int16_t Phasor = 3;
+inline constexpr std::int16_t Waveforms = 4;
+inline constexpr std::int16_t Recorder = 5;
+inline constexpr std::int16_t Report = 6;
+inline constexpr std::int16_t Setup = 7;
+/// Ends the program.
+inline constexpr std::int16_t Exit = 8;
+}  // namespace tab
+
+/// The window as a whole, and what has no view of its own.
+struct WindowControls {
+  WindowControls();
+
+  platform::Window Window;
+  platform::TabStrip TabStrip1;
+  platform::StatusBar StatusBar1;
+
+  platform::PictureBox Picture2;
+  platform::PictureBox Picture3;
+  platform::PictureBox Picture5;
+  platform::PictureBox Picture6;
+  /// A leftover that nothing shows.
+  platform::CommandButton Command8;
+
+ private:
+  void DescribeTabs();
+  void DescribeStatusBar();
+};
+
+/// The timers of the burst cycle.
+struct TimerControls {
+  explicit TimerControls(platform::TimerQueue& timers)
+      : Timer1(timers), Timer2(timers), Timer3(timers) {}
+
+  /// The no-data watchdog.
+  platform::Timer Timer1;
+  /// Restarts capture after a block.
+  platform::Timer Timer2;
+  /// Gives the run buttons back.
+  platform::Timer Timer3;
+};
+
+}  // namespace forms

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "capture/acquisition_state.h"
+#include "capture/block_arrays.h"
+#include "capture/capture_session.h"
+#include "config/settings.h"
+#include "forms/window_controls.h"
+#include "platform/event_queue.h"
+#include "platform/number_text.h"
+
+namespace subroutines {
+
+/// What every live view works with: the settings, the state and the last block of the acquisition,
+/// the capture that it starts and stops, and the platform's event queue and number texts.
+struct ViewContext {
+  config::Settings& Settings;
+  config::Session& Session;
+  packetroutines::AcquisitionState& State;
+  const packetroutines::BlockArrays& Block;
+  packetroutines::CaptureSession& Capture;
+  forms::TimerControls& Timers;
+  platform::EventQueue& Events;
+  const platform::NumberText& Numbers;
+};
+
+}  // namespace subroutines
