@@ -4,7 +4,7 @@
 
 #include <cstdlib>
 
-#include "adapters/pcap_source.h"
+#include "adapters/interfaces/pcap_source.h"
 #include "live/wire.h"
 #include "platform/failure.h"
 

@@ -7,10 +7,10 @@
 #include <numbers>
 
 #include "bench_platform.h"
-#include "desktop/graph_view.h"
-#include "desktop/guard.h"
-#include "desktop/picture_pad.h"
-#include "desktop/qt_program.h"
+#include "desktop/binding/graph_view.h"
+#include "desktop/binding/guard.h"
+#include "desktop/services/qt_program.h"
+#include "desktop/widgets/picture_pad.h"
 #include "measure/phase_analysis.h"
 #include "measure/scope_view.h"
 

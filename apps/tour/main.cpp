@@ -12,7 +12,7 @@
 #include "adapters/steady_clock.h"
 #include "adapters/system_capture_layer.h"
 #include "adapters/windows1252.h"
-#include "desktop/look.h"
+#include "desktop/look/look.h"
 #include "walk.h"
 
 namespace {

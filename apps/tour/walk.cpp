@@ -7,9 +7,9 @@
 #include <QTest>
 #include <cmath>
 
-#include "desktop/program_ended.h"
-#include "desktop/reading_field.h"
-#include "desktop/run_button.h"
+#include "desktop/binding/program_ended.h"
+#include "desktop/widgets/reading_field.h"
+#include "desktop/widgets/run_button.h"
 
 namespace tour {
 

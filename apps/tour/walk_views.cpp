@@ -4,8 +4,8 @@
 #include <QTableWidget>
 #include <QTest>
 
-#include "desktop/graph_view.h"
-#include "desktop/run_button.h"
+#include "desktop/binding/graph_view.h"
+#include "desktop/widgets/run_button.h"
 #include "walk.h"
 
 namespace tour {

@@ -9,8 +9,8 @@
 #include "adapters/system_capture_layer.h"
 #include "adapters/windows1252.h"
 #include "desktop/desktop_program.h"
-#include "desktop/look.h"
-#include "desktop/termination_signals.h"
+#include "desktop/look/look.h"
+#include "desktop/services/termination_signals.h"
 
 namespace {
 

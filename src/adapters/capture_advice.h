@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "adapters/network_interface.h"
+#include "adapters/interfaces/network_interface.h"
 
 namespace adapters {
 

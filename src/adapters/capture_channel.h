@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "adapters/source_adapter.h"
-#include "platform/capture_object.h"
+#include "platform/services/capture_object.h"
 
 namespace adapters {
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/capture_object.h"
+#include "platform/services/capture_object.h"
 
 namespace adapters {
 

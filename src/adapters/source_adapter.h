@@ -6,8 +6,8 @@
 
 #include "adapters/first_frames.h"
 #include "adapters/frame_source.h"
-#include "platform/capture_object.h"
 #include "platform/clock.h"
+#include "platform/services/capture_object.h"
 
 namespace adapters {
 

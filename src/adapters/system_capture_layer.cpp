@@ -5,9 +5,9 @@
 #include <system_error>
 #include <utility>
 
-#include "adapters/file_source.h"
-#include "adapters/pcap_source.h"
-#include "adapters/simulated_bus.h"
+#include "adapters/files/file_source.h"
+#include "adapters/interfaces/pcap_source.h"
+#include "adapters/simulated/simulated_bus.h"
 
 namespace adapters {
 

@@ -8,9 +8,9 @@
 
 #include "adapters/capture_advice.h"
 #include "adapters/capture_channel.h"
-#include "adapters/network_interface.h"
-#include "platform/capture_object.h"
+#include "adapters/interfaces/network_interface.h"
 #include "platform/clock.h"
+#include "platform/services/capture_object.h"
 
 namespace adapters {
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "platform/code_page.h"
+#include "platform/services/code_page.h"
 
 namespace adapters {
 

@@ -11,8 +11,8 @@
 #include "forms/setup_controls.h"
 #include "forms/shared_controls.h"
 #include "forms/window_controls.h"
-#include "platform/capture_object.h"
-#include "platform/services.h"
+#include "platform/services/capture_object.h"
+#include "platform/services/services.h"
 #include "platform/trap.h"
 
 namespace packetroutines {

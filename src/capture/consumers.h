@@ -4,7 +4,7 @@
 #include <string>
 
 #include "capture/packet_bytes.h"
-#include "platform/capture_object.h"
+#include "platform/services/capture_object.h"
 
 namespace packetroutines {
 

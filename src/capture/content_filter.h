@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/code_page.h"
+#include "platform/services/code_page.h"
 
 namespace packetroutines {
 

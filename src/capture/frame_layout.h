@@ -5,7 +5,7 @@
 #include "capture/acquisition_state.h"
 #include "capture/packet_bytes.h"
 #include "capture/retry_box.h"
-#include "platform/program.h"
+#include "platform/services/program.h"
 
 namespace packetroutines {
 

@@ -7,7 +7,7 @@
 #include "capture/consumers.h"
 #include "forms/run_buttons.h"
 #include "forms/window_controls.h"
-#include "platform/services.h"
+#include "platform/services/services.h"
 #include "platform/trap.h"
 
 namespace packetroutines {

@@ -17,12 +17,12 @@
 #include "forms/recorder_controls.h"
 #include "forms/report_controls.h"
 #include "forms/window_controls.h"
-#include "platform/capture_object.h"
-#include "platform/code_page.h"
-#include "platform/dialogs.h"
-#include "platform/event_queue.h"
 #include "platform/number_text.h"
-#include "platform/program.h"
+#include "platform/services/capture_object.h"
+#include "platform/services/code_page.h"
+#include "platform/services/dialogs.h"
+#include "platform/services/event_queue.h"
+#include "platform/services/program.h"
 #include "platform/trap.h"
 
 namespace packetroutines {

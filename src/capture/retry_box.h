@@ -1,7 +1,7 @@
 #pragma once
 
 #include "capture/consumers.h"
-#include "platform/dialogs.h"
+#include "platform/services/dialogs.h"
 #include "platform/trap.h"
 
 namespace packetroutines {

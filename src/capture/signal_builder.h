@@ -11,7 +11,7 @@
 #include "forms/values_controls.h"
 #include "platform/analysis.h"
 #include "platform/number_text.h"
-#include "platform/program.h"
+#include "platform/services/program.h"
 
 namespace packetroutines {
 

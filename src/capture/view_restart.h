@@ -5,7 +5,7 @@
 #include "config/settings.h"
 #include "forms/run_buttons.h"
 #include "forms/window_controls.h"
-#include "platform/event_queue.h"
+#include "platform/services/event_queue.h"
 
 namespace packetroutines {
 

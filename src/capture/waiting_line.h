@@ -7,9 +7,9 @@
 #include "config/settings.h"
 #include "forms/run_buttons.h"
 #include "forms/shared_controls.h"
+#include "platform/controls/quiet_line.h"
+#include "platform/controls/timer.h"
 #include "platform/number_text.h"
-#include "platform/quiet_line.h"
-#include "platform/timer.h"
 
 namespace packetroutines {
 

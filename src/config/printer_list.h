@@ -4,9 +4,9 @@
 #include "config/stored_settings.h"
 #include "forms/setup_controls.h"
 #include "forms/waveforms_controls.h"
-#include "platform/dialogs.h"
-#include "platform/program.h"
-#include "platform/system_services.h"
+#include "platform/services/dialogs.h"
+#include "platform/services/program.h"
+#include "platform/services/system_services.h"
 
 namespace subroutines {
 

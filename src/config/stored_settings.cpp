@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/dialogs.h"
+#include "platform/services/dialogs.h"
 
 namespace subroutines {
 

@@ -6,7 +6,7 @@
 #include "config/settings.h"
 #include "platform/failure.h"
 #include "platform/number_text.h"
-#include "platform/settings_store.h"
+#include "platform/services/settings_store.h"
 
 namespace config {
 

@@ -4,8 +4,8 @@
 #include <QScreen>
 #include <utility>
 
-#include "desktop/system_locale.h"
-#include "desktop/twips.h"
+#include "desktop/look/twips.h"
+#include "desktop/services/system_locale.h"
 
 namespace desktop {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/text_box.h"
-#include "platform/window.h"
+#include "platform/controls/text_box.h"
+#include "platform/controls/window.h"
 
 namespace forms {
 

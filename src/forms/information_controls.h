@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "platform/label.h"
+#include "platform/controls/label.h"
 
 namespace forms {
 

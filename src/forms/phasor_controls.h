@@ -2,11 +2,11 @@
 
 #include <array>
 
-#include "platform/buttons.h"
-#include "platform/check_box.h"
-#include "platform/combo_box.h"
-#include "platform/grid.h"
-#include "platform/label.h"
+#include "platform/controls/buttons.h"
+#include "platform/controls/check_box.h"
+#include "platform/controls/combo_box.h"
+#include "platform/controls/grid.h"
+#include "platform/controls/label.h"
 
 namespace forms {
 

@@ -2,11 +2,11 @@
 
 #include <array>
 
-#include "platform/buttons.h"
-#include "platform/cw_graph.h"
-#include "platform/label.h"
-#include "platform/option_button.h"
-#include "platform/text_box.h"
+#include "platform/controls/buttons.h"
+#include "platform/controls/cw_graph.h"
+#include "platform/controls/label.h"
+#include "platform/controls/option_button.h"
+#include "platform/controls/text_box.h"
 
 namespace forms {
 

@@ -2,8 +2,8 @@
 
 #include <array>
 
-#include "platform/buttons.h"
-#include "platform/label.h"
+#include "platform/controls/buttons.h"
+#include "platform/controls/label.h"
 
 namespace forms {
 

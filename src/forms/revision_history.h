@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/buttons.h"
-#include "platform/text_box.h"
-#include "platform/window.h"
+#include "platform/controls/buttons.h"
+#include "platform/controls/text_box.h"
+#include "platform/controls/window.h"
 
 namespace forms {
 

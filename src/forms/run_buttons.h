@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/buttons.h"
+#include "platform/controls/buttons.h"
 
 namespace forms {
 

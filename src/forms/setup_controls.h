@@ -2,11 +2,11 @@
 
 #include <array>
 
-#include "platform/buttons.h"
-#include "platform/check_box.h"
-#include "platform/combo_box.h"
-#include "platform/label.h"
-#include "platform/text_box.h"
+#include "platform/controls/buttons.h"
+#include "platform/controls/check_box.h"
+#include "platform/controls/combo_box.h"
+#include "platform/controls/label.h"
+#include "platform/controls/text_box.h"
 
 namespace forms {
 

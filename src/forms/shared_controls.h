@@ -2,9 +2,9 @@
 
 #include <array>
 
-#include "platform/label.h"
-#include "platform/option_button.h"
-#include "platform/quiet_line.h"
+#include "platform/controls/label.h"
+#include "platform/controls/option_button.h"
+#include "platform/controls/quiet_line.h"
 
 namespace forms {
 

@@ -2,9 +2,9 @@
 
 #include <array>
 
-#include "platform/buttons.h"
-#include "platform/check_box.h"
-#include "platform/label.h"
+#include "platform/controls/buttons.h"
+#include "platform/controls/check_box.h"
+#include "platform/controls/label.h"
 
 namespace forms {
 

@@ -2,12 +2,12 @@
 
 #include <cstdint>
 
-#include "platform/buttons.h"
-#include "platform/label.h"
-#include "platform/status_bar.h"
-#include "platform/tab_strip.h"
-#include "platform/timer.h"
-#include "platform/window.h"
+#include "platform/controls/buttons.h"
+#include "platform/controls/label.h"
+#include "platform/controls/status_bar.h"
+#include "platform/controls/tab_strip.h"
+#include "platform/controls/timer.h"
+#include "platform/controls/window.h"
 
 namespace forms {
 

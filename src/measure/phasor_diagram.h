@@ -6,7 +6,7 @@
 #include "capture/acquisition_state.h"
 #include "config/settings.h"
 #include "forms/phasor_controls.h"
-#include "platform/canvas.h"
+#include "platform/controls/canvas.h"
 #include "platform/number_text.h"
 
 namespace subroutines {

@@ -5,8 +5,8 @@
 #include "capture/capture_session.h"
 #include "config/settings.h"
 #include "forms/window_controls.h"
-#include "platform/event_queue.h"
 #include "platform/number_text.h"
+#include "platform/services/event_queue.h"
 
 namespace subroutines {
 

@@ -4,7 +4,7 @@
 #include <type_traits>
 
 #include "platform/failure.h"
-#include "platform/program.h"
+#include "platform/services/program.h"
 
 namespace platform {
 

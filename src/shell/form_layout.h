@@ -4,7 +4,7 @@
 
 #include "capture/acquisition_state.h"
 #include "forms/main_form.h"
-#include "platform/program.h"
+#include "platform/services/program.h"
 
 namespace formroutines {
 

@@ -7,8 +7,8 @@
 #include "forms/shared_controls.h"
 #include "forms/window_controls.h"
 #include "platform/number_text.h"
-#include "platform/program.h"
-#include "platform/system_services.h"
+#include "platform/services/program.h"
+#include "platform/services/system_services.h"
 #include "shell/rich_row.h"
 
 namespace formroutines {

@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-#include "platform/label.h"
+#include "platform/controls/label.h"
 
 namespace formroutines {
 

@@ -11,11 +11,11 @@
 #include "config/settings.h"
 #include "config/stored_settings.h"
 #include "forms/main_form.h"
-#include "platform/services.h"
-#include "platform/system_services.h"
-#include "platform/timer.h"
+#include "platform/controls/timer.h"
+#include "platform/controls/window.h"
+#include "platform/services/services.h"
+#include "platform/services/system_services.h"
 #include "platform/trap.h"
-#include "platform/window.h"
 
 namespace formroutines {
 

@@ -1,4 +1,4 @@
-#include "adapters/file_source.h"
+#include "adapters/files/file_source.h"
 
 #include <gtest/gtest.h>
 

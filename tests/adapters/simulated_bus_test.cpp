@@ -1,4 +1,4 @@
-#include "adapters/simulated_bus.h"
+#include "adapters/simulated/simulated_bus.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 #include <QTableWidget>
 #include <cstdlib>
 
-#include "desktop/picture_pad.h"
+#include "desktop/widgets/picture_pad.h"
 #include "window_scene.h"
 
 namespace desktop {

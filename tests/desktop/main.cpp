@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <QTemporaryFile>
 
-#include "desktop/look.h"
+#include "desktop/look/look.h"
 
 int main(int argc, char** argv) {
   // Listing the tests needs a window system as little as running them does; the screen is one that

@@ -5,8 +5,8 @@
 #include <numbers>
 #include <optional>
 
-#include "desktop/choice_box.h"
-#include "desktop/picture_pad.h"
+#include "desktop/widgets/choice_box.h"
+#include "desktop/widgets/picture_pad.h"
 #include "window_scene.h"
 
 namespace desktop {

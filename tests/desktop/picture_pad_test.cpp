@@ -1,4 +1,4 @@
-#include "desktop/picture_pad.h"
+#include "desktop/widgets/picture_pad.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
-#include "desktop/quiet_line.h"
+#include "desktop/widgets/quiet_line.h"
 
 #include <QAccessible>
 #include <QStackedWidget>
 #include <map>
 
-#include "desktop/look.h"
+#include "desktop/look/look.h"
 #include "window_scene.h"
 
 namespace desktop {

@@ -10,15 +10,15 @@
 #include <functional>
 
 #include "adapters/steady_clock.h"
-#include "desktop/frame_driver.h"
-#include "desktop/look.h"
-#include "desktop/qt_dialogs.h"
-#include "desktop/qt_event_queue.h"
-#include "desktop/repaint_queue.h"
-#include "desktop/system_locale.h"
-#include "desktop/text.h"
-#include "desktop/timed_dialog.h"
-#include "desktop/timer_driver.h"
+#include "desktop/binding/frame_driver.h"
+#include "desktop/binding/qt_event_queue.h"
+#include "desktop/binding/repaint_queue.h"
+#include "desktop/binding/timer_driver.h"
+#include "desktop/look/look.h"
+#include "desktop/look/text.h"
+#include "desktop/services/qt_dialogs.h"
+#include "desktop/services/system_locale.h"
+#include "desktop/services/timed_dialog.h"
 
 namespace desktop {
 namespace {

@@ -7,7 +7,7 @@
 #include <QTest>
 
 #include "config/stored_settings.h"
-#include "desktop/qt_settings_store.h"
+#include "desktop/services/qt_settings_store.h"
 
 namespace desktop {
 namespace {

@@ -2,7 +2,7 @@
 #include <QLabel>
 #include <QLineEdit>
 
-#include "desktop/qt_printers.h"
+#include "desktop/services/qt_printers.h"
 #include "window_scene.h"
 
 namespace desktop {

@@ -8,7 +8,7 @@
 #include <QSessionManager>
 #include <csignal>
 
-#include "desktop/termination_signals.h"
+#include "desktop/services/termination_signals.h"
 #include "platform/failure.h"
 #include "window_scene.h"
 

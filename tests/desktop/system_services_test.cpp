@@ -3,9 +3,9 @@
 #include <QDir>
 #include <QTemporaryDir>
 
-#include "desktop/qt_file_system.h"
-#include "desktop/qt_printers.h"
-#include "desktop/qt_shell_links.h"
+#include "desktop/services/qt_file_system.h"
+#include "desktop/services/qt_printers.h"
+#include "desktop/services/qt_shell_links.h"
 #include "platform/failure.h"
 
 namespace desktop {

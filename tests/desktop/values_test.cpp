@@ -1,7 +1,7 @@
 #include <QLabel>
 
-#include "desktop/reading_field.h"
-#include "desktop/run_button.h"
+#include "desktop/widgets/reading_field.h"
+#include "desktop/widgets/run_button.h"
 #include "window_scene.h"
 
 namespace desktop {

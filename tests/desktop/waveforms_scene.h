@@ -2,7 +2,7 @@
 
 #include <QTest>
 
-#include "desktop/graph_view.h"
+#include "desktop/binding/graph_view.h"
 #include "window_scene.h"
 
 namespace desktop {

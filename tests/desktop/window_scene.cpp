@@ -6,8 +6,8 @@
 #include <QTimer>
 #include <utility>
 
-#include "desktop/program_ended.h"
-#include "desktop/reading_field.h"
+#include "desktop/binding/program_ended.h"
+#include "desktop/widgets/reading_field.h"
 
 namespace desktop {
 

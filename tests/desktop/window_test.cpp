@@ -5,7 +5,7 @@
 #include <QTabBar>
 #include <csignal>
 
-#include "desktop/termination_signals.h"
+#include "desktop/services/termination_signals.h"
 #include "window_scene.h"
 
 namespace desktop {

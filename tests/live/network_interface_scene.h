@@ -8,7 +8,7 @@
 #include <thread>
 #include <vector>
 
-#include "adapters/pcap_source.h"
+#include "adapters/interfaces/pcap_source.h"
 #include "live/wire.h"
 
 namespace live {

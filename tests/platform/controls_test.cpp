@@ -1,11 +1,11 @@
 #include <gmock/gmock.h>
 
-#include "platform/buttons.h"
-#include "platform/check_box.h"
-#include "platform/combo_box.h"
-#include "platform/option_button.h"
-#include "platform/tab_strip.h"
-#include "platform/text_box.h"
+#include "platform/controls/buttons.h"
+#include "platform/controls/check_box.h"
+#include "platform/controls/combo_box.h"
+#include "platform/controls/option_button.h"
+#include "platform/controls/tab_strip.h"
+#include "platform/controls/text_box.h"
 #include "support/failures.h"
 
 namespace {

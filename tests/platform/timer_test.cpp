@@ -1,4 +1,4 @@
-#include "platform/timer.h"
+#include "platform/controls/timer.h"
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-#include "platform/window.h"
+#include "platform/controls/window.h"
 
 #include <gmock/gmock.h>
 

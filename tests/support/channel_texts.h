@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/grid.h"
+#include "platform/controls/grid.h"
 
 namespace support {
 

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/capture_object.h"
 #include "platform/failure.h"
+#include "platform/services/capture_object.h"
 #include "support/journal.h"
 
 namespace support {

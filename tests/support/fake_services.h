@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "platform/failure.h"
-#include "platform/standing_box.h"
-#include "platform/system_services.h"
+#include "platform/services/standing_box.h"
+#include "platform/services/system_services.h"
 #include "support/journal.h"
 
 namespace support {

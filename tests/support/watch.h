@@ -3,7 +3,7 @@
 #include <sstream>
 #include <string>
 
-#include "platform/property.h"
+#include "platform/controls/property.h"
 #include "support/journal.h"
 
 namespace support {

@@ -11,8 +11,8 @@
 #include <string>
 #include <utility>
 
-#include "desktop/reading_field.h"
-#include "desktop/run_button.h"
+#include "desktop/widgets/reading_field.h"
+#include "desktop/widgets/run_button.h"
 #include "live/publisher.h"
 #include "live/wire.h"
 #include "window_scene.h"

@@ -1,0 +1,113 @@
+#include "adapters/files/file_source.h"
+
+#include <utility>
+
+namespace adapters {
+
+using platform::Failure;
+using std::chrono::nanoseconds;
+namespace failure = platform::failure;
+
+FileSource::FileSource(std::filesystem::path file, const platform::Clock& clock)
+    : file_(std::move(file)), clock_(clock) {}
+
+void FileSource::Prepare(const SourceSettings& settings) {
+  running_ = false;
+  settings_ = settings;
+  Open();
+  ReportDamage();
+}
+
+void FileSource::Open() {
+  if (reader_) return;
+  ForgetDamage();
+  reader_.emplace(file_);
+  pace_ = {};
+  Fetch();
+  if (waiting_) return;
+  reader_.reset();
+  throw Unplayable();
+}
+
+void FileSource::Start() {
+  if (!filter_ || filterText_ != settings_.Filter) {
+    filter_.emplace(settings_.Filter);
+    filterText_ = settings_.Filter;
+  }
+  if (running_) return;
+  if (!waiting_) Fetch();
+  // The first frame after a start is due at once.
+  due_ = clock_.Now();
+  running_ = true;
+}
+
+std::optional<platform::CapturedFrame> FileSource::Next() {
+  if (!running_) return std::nullopt;
+  const nanoseconds now = clock_.Now();
+  // Begun anew a second time, the file has been searched as a whole, and beginning it is dear.
+  const std::uint64_t lastPass = passes_ + 1;
+  for (int passedOver = 0; passedOver < MostPassedOver; ++passedOver) {
+    if (!waiting_) Fetch();
+    if (!waiting_ || due_ > now || passes_ > lastPass) return std::nullopt;
+    const platform::CapturedFrame frame = waiting_->Frame;
+    waiting_.reset();
+    if (filter_->Selects(frame.Bytes, frame.Length)) return frame;
+  }
+  return std::nullopt;
+}
+
+void FileSource::Fetch() {
+  if (!reader_) return;
+  waiting_ = reader_->Next();
+  if (waiting_) {
+    due_ += pace_.GapBefore(waiting_->Time);
+    return;
+  }
+  NoteDamage();
+  waiting_ = FetchFromBeginning();
+  if (!waiting_) return;
+  due_ += pace_.GapAtSeam(waiting_->Time);
+  ++passes_;
+}
+
+std::optional<RecordedFrame> FileSource::FetchFromBeginning() {
+  const bool playable = reader_->FramesRead() > 0;
+  try {
+    if (playable) {
+      if (!reader_->Rewind()) ForgetDamage();
+      if (std::optional<RecordedFrame> frame = reader_->Next()) return frame;
+    }
+  } catch (const Failure&) {
+    // The file was taken away while it played; the next opening tells so.
+  }
+  reader_.reset();
+  return std::nullopt;
+}
+
+void FileSource::NoteDamage() {
+  if (reader_->Damage().empty() || !damage_.empty()) return;
+  damage_ =
+      "The capture file " + file_.string() + " is damaged behind frame " +
+      std::to_string(reader_->FramesRead()) + ": " + reader_->Damage() +
+      ". The frames up to there are played over and over. Please copy or record the file anew.";
+}
+
+void FileSource::ForgetDamage() {
+  damage_.clear();
+  damageReported_ = false;
+}
+
+void FileSource::ReportDamage() {
+  if (damage_.empty() || damageReported_) return;
+  damageReported_ = true;
+  throw Failure(failure::DeviceIo, damage_);
+}
+
+Failure FileSource::Unplayable() const {
+  return {failure::DeviceIo, "The capture file " + file_.string() +
+                                 " holds no frame that can be read. Please put a sound Ethernet "
+                                 "capture in its place, or choose another network adapter in the "
+                                 "Setup."};
+}
+
+}  // namespace adapters

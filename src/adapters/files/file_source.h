@@ -1,0 +1,62 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "adapters/files/capture_file_reader.h"
+#include "adapters/files/file_pace.h"
+#include "adapters/frame_source.h"
+#include "adapters/wire_filter.h"
+#include "platform/clock.h"
+#include "platform/failure.h"
+
+namespace adapters {
+
+/// Plays a capture file at the pace of its time stamps, over and over.
+/// A start goes on where the last stop left off; a damaged file plays as far as it can be read.
+class FileSource : public FrameSource {
+ public:
+  FileSource(std::filesystem::path file, const platform::Clock& clock);
+
+  void Prepare(const SourceSettings& settings) override;
+  void Start() override;
+  void Stop() override { running_ = false; }
+  /// The file stays open, for its place to go on from.
+  void Release() override { running_ = false; }
+  std::optional<platform::CapturedFrame> Next() override;
+
+ private:
+  void Open();
+  /// Puts the next frame of the file into `waiting_` with the time when it is due.
+  void Fetch();
+  /// Begins the file anew; there is no more to play where this does not give a frame.
+  std::optional<RecordedFrame> FetchFromBeginning();
+  void NoteDamage();
+  void ForgetDamage();
+  /// Tells about a damage of a file once, because the user cannot do more about it than know of it.
+  void ReportDamage();
+  platform::Failure Unplayable() const;
+
+  std::filesystem::path file_;
+  const platform::Clock& clock_;
+  SourceSettings settings_;
+  std::optional<CaptureFileReader> reader_;
+  std::optional<WireFilter> filter_;
+  std::string filterText_;
+  bool running_ = false;
+
+  std::optional<RecordedFrame> waiting_;
+  /// When the waiting frame is due; before it is fetched, when the frame before it was due.
+  std::chrono::nanoseconds due_{};
+  FilePace pace_;
+  /// How often the file has begun anew.
+  std::uint64_t passes_ = 0;
+
+  std::string damage_;
+  bool damageReported_ = false;
+};
+
+}  // namespace adapters

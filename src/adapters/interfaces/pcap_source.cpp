@@ -1,0 +1,142 @@
+#include "adapters/interfaces/pcap_source.h"
+
+#include <pcap/pcap.h>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "adapters/interfaces/network_interface.h"
+#include "adapters/vlan_term.h"
+
+namespace adapters {
+
+namespace {
+
+/// The longest Ethernet frame without an offload: 1500 bytes of data, addresses, type, tag,
+/// checksum.
+constexpr int WholeFrameBytes = 1522;
+/// What the driver's ring takes for such a frame: the frame, 68 bytes of heads in front of it,
+/// rounded up. Two of these slots fill a page, so a frame costs 2048 bytes of memory.
+constexpr int SlotBytes = 1600;
+/// A setting counts bytes of frames at the usual size of a sampled values frame, rounded to 128;
+/// the ring gets a slot for each, but no more than fit into 64 MiB.
+constexpr int UsualFrameBytes = 128;
+constexpr int FewestSlots = 2048;
+constexpr int MostSlots = 32768;
+
+int RingBytes(std::int32_t bufferBytes) {
+  return std::clamp(bufferBytes / UsualFrameBytes, FewestSlots, MostSlots) * SlotBytes;
+}
+
+/// Lets nothing pass.
+bpf_program RejectEverything() {
+  static std::array<bpf_insn, 1> code{BPF_STMT(BPF_RET | BPF_K, 0)};
+  return {static_cast<u_int>(code.size()), code.data()};
+}
+
+}  // namespace
+
+PcapSource::PcapSource(std::string interfaceName, std::string programPath)
+    : name_(std::move(interfaceName)), programPath_(std::move(programPath)) {}
+
+bool PcapSource::FitsOpenHandle(const SourceSettings& settings) const {
+  return handle_ && !lost_ && settings.Promiscuous == settings_.Promiscuous &&
+         RingBytes(settings.BufferBytes) == RingBytes(settings_.BufferBytes);
+}
+
+void PcapSource::Prepare(const SourceSettings& settings) {
+  Stop();
+  if (handle_) Drain();
+  if (!FitsOpenHandle(settings)) Open(settings);
+  settings_ = settings;
+  DemandUp();
+}
+
+void PcapSource::Open(const SourceSettings& settings) {
+  Release();
+  OpenResult opened = OpenInterface(
+      name_, {WholeFrameBytes, RingBytes(settings.BufferBytes), settings.Promiscuous});
+  if (opened.State != Reach::Ready) {
+    throw InterfaceFailure(name_, opened.State, opened.Words, programPath_);
+  }
+  handle_ = std::move(opened.Handle);
+  RejectAll();
+}
+
+void PcapSource::DemandUp() {
+  const Reach state = PresentState(name_);
+  if (state == Reach::Ready) return;
+  // An interface that is down keeps its handle and goes on when it is switched on again.
+  if (state == Reach::Missing) Release();
+  throw InterfaceFailure(name_, state, {}, programPath_);
+}
+
+void PcapSource::Drain() {
+  pcap_pkthdr* header = nullptr;
+  const u_char* bytes = nullptr;
+  int read = 1;
+  while (read == 1) read = pcap_next_ex(handle_.get(), &header, &bytes);
+  if (read < 0) lost_ = true;
+}
+
+void PcapSource::CompileFilter() {
+  if (program_ && programText_ == settings_.Filter) return;
+  const bool testsTag = FindVlanTerm(settings_.Filter).has_value();
+  program_.emplace(*handle_, settings_.Filter, settings_.Filter,
+                   testsTag ? FilterProgram::Effort::Plain : FilterProgram::Effort::Optimised);
+  programText_ = settings_.Filter;
+}
+
+void PcapSource::Start() {
+  if (handle_) Listen();
+  running_ = true;
+}
+
+void PcapSource::Listen() {
+  CompileFilter();
+  if (running_) return;
+  Drain();
+  // An interface that went away between two bursts yields nothing, like one that goes away in a
+  // burst.
+  if (!lost_ && pcap_setfilter(handle_.get(), &program_->Code()) != 0) {
+    throw RefusedFilter(settings_.Filter, pcap_geterr(handle_.get()));
+  }
+}
+
+void PcapSource::Stop() {
+  if (running_ && handle_) RejectAll();
+  running_ = false;
+}
+
+void PcapSource::RejectAll() {
+  // What comes while stopped would only fill the ring and count as lost. Where the interface is
+  // gone this may fail, and nothing comes any more.
+  bpf_program reject = RejectEverything();
+  pcap_setfilter(handle_.get(), &reject);
+}
+
+void PcapSource::Release() {
+  running_ = false;
+  lost_ = false;
+  program_.reset();
+  handle_.reset();
+}
+
+std::optional<platform::CapturedFrame> PcapSource::Next() {
+  if (!running_ || !handle_ || lost_) return std::nullopt;
+  pcap_pkthdr* header = nullptr;
+  const u_char* bytes = nullptr;
+  const int read = pcap_next_ex(handle_.get(), &header, &bytes);
+  if (read < 0) lost_ = true;
+  if (read != 1) return std::nullopt;
+  return platform::CapturedFrame{{bytes, header->caplen}, header->len};
+}
+
+PcapSource::Statistics PcapSource::Counters() const {
+  pcap_stat counted{};
+  if (!handle_ || pcap_stats(handle_.get(), &counted) != 0) return {};
+  return {counted.ps_recv, counted.ps_drop};
+}
+
+}  // namespace adapters

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QString>
+#include <QWidget>
+
+#include "desktop/binding/guard.h"
+#include "desktop/binding/repaint_queue.h"
+#include "desktop/widgets/choice_box.h"
+#include "desktop/widgets/click_label.h"
+#include "desktop/widgets/quiet_line.h"
+#include "desktop/widgets/reading_field.h"
+#include "desktop/widgets/run_button.h"
+#include "desktop/widgets/station_choice.h"
+#include "desktop/widgets/text_area.h"
+#include "desktop/widgets/text_field.h"
+#include "platform/controls/buttons.h"
+#include "platform/controls/check_box.h"
+#include "platform/controls/combo_box.h"
+#include "platform/controls/label.h"
+#include "platform/controls/option_button.h"
+#include "platform/controls/quiet_line.h"
+#include "platform/controls/status_bar.h"
+#include "platform/controls/text_box.h"
+
+namespace desktop {
+
+/// What an ampersand in a caption means: the key of the control, or just itself where the caption
+/// is a text of the user's.
+enum class Ampersand { Mnemonic, Letter };
+
+/// Ties the controls of a form to widgets: what the program sets flows to the widget, what the user
+/// does comes back as an assignment or an event of the control. The widget gets the control's name
+/// and never decides anything.
+class Binder {
+ public:
+  Binder(Guard& guard, RepaintQueue& repaints);
+
+  void Bind(platform::Label& control, QLabel& widget, const QString& name,
+            Ampersand ampersand = Ampersand::Mnemonic);
+  void Bind(platform::Label& control, ClickLabel& widget, const QString& name);
+  void Bind(platform::Label& control, ReadingField& widget, const QString& name);
+  void Bind(platform::QuietLine& control, QuietLine& widget, const QString& name);
+  void Bind(platform::CWButton& control, RunButton& widget, const QString& name);
+  void Bind(platform::CommandButton& control, QPushButton& widget, const QString& name);
+  void Bind(platform::CheckBox& control, QCheckBox& widget, const QString& name,
+            Ampersand ampersand = Ampersand::Mnemonic);
+  void Bind(platform::OptionButton& control, StationChoice& widget, const QString& name,
+            Ampersand ampersand = Ampersand::Mnemonic);
+  void Bind(platform::ComboBox& control, ChoiceBox& widget, const QString& name);
+  void Bind(platform::TextBox& control, TextField& widget, const QString& name);
+  void Bind(platform::TextBox& control, TextArea& widget, const QString& name);
+  void Bind(platform::Frame& control, QWidget& widget, const QString& name);
+  void Bind(platform::PictureBox& control, QWidget& widget, const QString& name);
+  void Bind(platform::Shape& control, QWidget& widget, const QString& name);
+  void Bind(platform::Panel& panel, QLabel& widget, const QString& name);
+
+ private:
+  void BindControl(platform::Control& control, QWidget& widget, const QString& name);
+  template <typename T, typename Show>
+  void FollowLater(platform::Property<T>& property, Show show);
+
+  Guard& guard_;
+  RepaintQueue& repaints_;
+};
+
+/// The name of a member of a control array, such as "Label5(3)".
+QString ArrayName(const char* array, std::size_t index);
+
+}  // namespace desktop

@@ -1,0 +1,208 @@
+#include "desktop/binding/graph_view.h"
+
+#include <algorithm>
+
+#include "desktop/look/look.h"
+
+namespace desktop {
+
+namespace {
+
+// Black, the greys and the saturated colours of the curves, from light cyan to dark blue, must all
+// stand out from the ground. A sand tone of medium lightness does that; white and black do not.
+const QColor SandLight(214, 191, 153);
+const QColor SandDark(200, 176, 138);
+const QColor GridColour(90, 74, 50, 70);
+const QColor ZeroColour(90, 74, 50, 170);
+constexpr std::int16_t NoLine = 0;
+constexpr std::int16_t NoPoints = 0;
+constexpr double MarkerSize = 5;
+/// What is left free above and below the curves, as a share of their height.
+constexpr double Headroom = 0.05;
+constexpr double InitialSamples = 399;
+constexpr std::size_t SmoothSamples = 4000;
+/// The smallest side of a rectangle to zoom into, in pixels.
+constexpr int SmallestZoom = 5;
+/// Half the height of the range that a flat curve stands in.
+constexpr double FlatReach = 1;
+/// A block is put on the graph in many steps, with a pump among them, and drawn by the last one.
+/// What is to be drawn soon waits for that long enough.
+constexpr int DrawMs = 30;
+
+}  // namespace
+
+GraphView::GraphView(platform::CWGraph& graph, Guard& guard, QWidget* parent)
+    : QCustomPlot(parent), graph_(graph), guard_(guard) {
+  setBackground(QBrush(look::Page));
+  setPlottingHint(QCP::phFastPolylines);
+  xAxis->setRange(0, InitialSamples);
+  yAxis->setRange(-1, 1);
+  for (QCPAxis* axis : {xAxis, yAxis}) {
+    axis->grid()->setPen(QPen(GridColour, 1));
+    axis->grid()->setZeroLinePen(QPen(ZeroColour, 1));
+    axis->setTickLabelFont(font());
+  }
+  axisRect()->setRangeDrag(Qt::Horizontal | Qt::Vertical);
+  axisRect()->setRangeZoom(Qt::Horizontal | Qt::Vertical);
+  for (QCPGraph*& curve : curves_) curve = addGraph();
+  drawing_.setSingleShot(true);
+  drawing_.setInterval(DrawMs);
+  drawing_.callOnTimeout(this, [this] { replot(); });
+  FollowPlots();
+  FollowGraph();
+  TakeMouse();
+  ShowAll();
+}
+
+void GraphView::resizeEvent(QResizeEvent* event) {
+  // A page that was not laid out yet leaves no room, and nothing can be painted on nothing.
+  if (!event->size().isEmpty()) QCustomPlot::resizeEvent(event);
+}
+
+void GraphView::FollowPlots() {
+  for (std::size_t i = 0; i < curves_.size(); ++i) {
+    platform::Plot& plot = graph_.Plots[i];
+    plot.Y.Observe([this, i] { ShowCurve(i); });
+    const auto style = [this, i] {
+      ShowStyle(i);
+      DrawSoon();
+    };
+    plot.Visible.Observe(style);
+    plot.LineColor.Observe(style);
+    plot.PointColor.Observe(style);
+    plot.LineStyle.Observe(style);
+    plot.PointStyle.Observe(style);
+    plot.LineWidth.Observe(style);
+  }
+}
+
+void GraphView::FollowGraph() {
+  graph_.XAxis.ScaleNow = [this] {
+    ScaleX();
+    DrawSoon();
+  };
+  graph_.YAxis.ScaleNow = [this] {
+    ScaleY();
+    DrawSoon();
+  };
+  graph_.TrackMode.Observe([this] { ShowTrackMode(); });
+  graph_.ScreenLook.Observe([this] { ShowBackground(); });
+  graph_.Refresh = [this] {
+    if (graph_.XAxis.AutoScale) ScaleX();
+    if (graph_.YAxis.AutoScale) ScaleY();
+    drawing_.stop();
+    replot(rpImmediateRefresh);
+  };
+}
+
+void GraphView::DrawSoon() {
+  if (!drawing_.isActive()) drawing_.start();
+}
+
+void GraphView::TakeMouse() {
+  connect(this, &QCustomPlot::mousePress, this, [this](QMouseEvent* event) {
+    const std::int16_t button = event->button() == Qt::RightButton ? platform::CWGraph::RightButton
+                                : event->button() == Qt::LeftButton
+                                    ? platform::CWGraph::LeftButton
+                                    : platform::CWGraph::MiddleButton;
+    guard_([this, button] { graph_.MouseDown(button); });
+  });
+  connect(this, &QCustomPlot::mouseDoubleClick, this, [this](QMouseEvent* event) {
+    // The second of two quick presses of the right button is a press like the first.
+    if (event->button() == Qt::RightButton)
+      guard_([this] { graph_.MouseDown(platform::CWGraph::RightButton); });
+    if (event->button() == Qt::LeftButton) guard_([this] { graph_.DblClick(); });
+  });
+  connect(selectionRect(), &QCPSelectionRect::accepted, this,
+          [this](const QRect& rect, QMouseEvent* event) { ZoomInto(rect, event->button()); });
+}
+
+void GraphView::ZoomInto(const QRect& drag, Qt::MouseButton button) {
+  // A rectangle may be drawn from any of its corners; a click without a drag is none.
+  const QRect rect = drag.normalized();
+  const bool drawn = rect.width() >= SmallestZoom && rect.height() >= SmallestZoom;
+  if (button != Qt::LeftButton || !drawn) return;
+  axisRect()->zoom(QRectF(rect));
+  guard_([this] { graph_.ZoomFinished(); });
+  DrawSoon();
+}
+
+void GraphView::ShowAll() {
+  for (std::size_t i = 0; i < curves_.size(); ++i) {
+    ShowStyle(i);
+    ShowCurve(i);
+  }
+  ShowTrackMode();
+  ShowBackground();
+}
+
+void GraphView::ShowCurve(std::size_t plot) {
+  const std::vector<double>& y = graph_.Plots[plot].Y;
+  QVector<QCPGraphData> points(static_cast<qsizetype>(y.size()));
+  for (std::size_t i = 0; i < y.size(); ++i) {
+    points[static_cast<qsizetype>(i)] = QCPGraphData(static_cast<double>(i), y[i]);
+  }
+  curves_[plot]->data()->set(points, true);
+  // Where many samples share a pixel, smooth edges would cost more than they show.
+  curves_[plot]->setAntialiased(y.size() <= SmoothSamples);
+}
+
+void GraphView::ShowStyle(std::size_t plot) {
+  const platform::Plot& state = graph_.Plots[plot];
+  QCPGraph& curve = *curves_[plot];
+  curve.setVisible(state.Visible);
+  curve.setPen(QPen(look::ColourOf(state.LineColor), state.LineWidth));
+  curve.setLineStyle(state.LineStyle == NoLine ? QCPGraph::lsNone : QCPGraph::lsLine);
+  const QColor point = look::ColourOf(state.PointColor);
+  curve.setScatterStyle(state.PointStyle == NoPoints
+                            ? QCPScatterStyle(QCPScatterStyle::ssNone)
+                            : QCPScatterStyle(QCPScatterStyle::ssDisc, point, point, MarkerSize));
+}
+
+void GraphView::ShowTrackMode() {
+  const bool zoom = graph_.TrackMode == platform::CWGraph::ZoomMode;
+  setInteractions(zoom ? QCP::Interactions(QCP::iRangeZoom) : QCP::iRangeDrag | QCP::iRangeZoom);
+  setSelectionRectMode(zoom ? QCP::srmCustom : QCP::srmNone);
+  setCursor(zoom ? Qt::CrossCursor : Qt::OpenHandCursor);
+}
+
+void GraphView::ShowBackground() {
+  QLinearGradient sand(0, 0, 0, 1);
+  sand.setCoordinateMode(QGradient::ObjectMode);
+  sand.setColorAt(0, SandLight);
+  sand.setColorAt(1, SandDark);
+  axisRect()->setBackground(graph_.ScreenLook ? QBrush(sand) : QBrush(Qt::white));
+  DrawSoon();
+}
+
+std::optional<QCPRange> GraphView::VisibleValues() const {
+  std::optional<QCPRange> values;
+  for (const QCPGraph* curve : curves_) {
+    bool found = false;
+    const QCPRange range = curve->getValueRange(found);
+    if (!found || !curve->visible()) continue;
+    if (values) {
+      values->expand(range);
+    } else {
+      values = range;
+    }
+  }
+  return values;
+}
+
+void GraphView::ScaleX() {
+  if (!VisibleValues()) return;
+  xAxis->rescale(true);
+}
+
+void GraphView::ScaleY() {
+  std::optional<QCPRange> values = VisibleValues();
+  if (!values) return;
+  if (values->size() <= 0) {
+    values = QCPRange(values->center() - FlatReach, values->center() + FlatReach);
+  }
+  yAxis->setRange(*values);
+  yAxis->scaleRange(1 + 2 * Headroom);
+}
+
+}  // namespace desktop

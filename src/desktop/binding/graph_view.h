@@ -1,0 +1,48 @@
+#pragma once
+
+#include <qcustomplot.h>
+
+#include <QTimer>
+#include <array>
+#include <optional>
+
+#include "desktop/binding/guard.h"
+#include "platform/controls/cw_graph.h"
+
+namespace desktop {
+
+/// A graph control on the screen: eight curves over the index of their samples. It draws what the
+/// control holds and passes the mouse on; which mode a drag works in is the control's to say.
+class GraphView : public QCustomPlot {
+  Q_OBJECT
+
+ public:
+  GraphView(platform::CWGraph& graph, Guard& guard, QWidget* parent);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void FollowPlots();
+  void FollowGraph();
+  void TakeMouse();
+  /// Draws once for all changes of a moment, unless a refresh comes first.
+  void DrawSoon();
+  void ShowCurve(std::size_t plot);
+  void ShowStyle(std::size_t plot);
+  void ShowTrackMode();
+  void ShowBackground();
+  void ScaleX();
+  void ScaleY();
+  void ZoomInto(const QRect& drag, Qt::MouseButton button);
+  void ShowAll();
+  /// The range of the values that the visible curves hold; nothing where none is visible.
+  std::optional<QCPRange> VisibleValues() const;
+
+  platform::CWGraph& graph_;
+  Guard& guard_;
+  std::array<QCPGraph*, 8> curves_{};
+  QTimer drawing_;
+};
+
+}  // namespace desktop

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QGridLayout>
+#include <QWidget>
+
+#include "desktop/binding/binder.h"
+#include "desktop/binding/graph_view.h"
+#include "desktop/binding/guard.h"
+#include "desktop/widgets/card.h"
+#include "forms/recorder_controls.h"
+#include "forms/shared_controls.h"
+
+namespace desktop {
+
+/// The Recorder view: what is recorded and where to, the trigger settings, and the quick view of
+/// the finished recording. What comes and goes keeps its room, so that nothing jumps.
+class RecorderPage : public QWidget {
+  Q_OBJECT
+
+ public:
+  RecorderPage(forms::RecorderControls& recorder, forms::SharedControls& shared, Binder& binder,
+               Guard& guard, QWidget* parent);
+
+ private:
+  Card* RecordingCard();
+  Card* TriggerCard();
+  Card* PauseCard();
+  QWidget* RunPanel();
+  QWidget* Progress(QWidget* parent);
+  QWidget* Foot();
+  ClickLabel* Caption(std::size_t row, QWidget* parent, QWidget* field = nullptr);
+  TextField* Field(std::size_t index, QWidget* parent, const QString& accessibleName);
+
+  forms::RecorderControls& recorder_;
+  forms::SharedControls& shared_;
+  Binder& binder_;
+};
+
+}  // namespace desktop

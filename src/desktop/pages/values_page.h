@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QWidget>
+#include <array>
+
+#include "desktop/binding/binder.h"
+#include "desktop/widgets/quiet_line.h"
+#include "desktop/widgets/reading_field.h"
+#include "desktop/widgets/run_button.h"
+#include "desktop/widgets/run_indicator.h"
+#include "desktop/widgets/station_choice.h"
+#include "forms/shared_controls.h"
+#include "forms/values_controls.h"
+
+namespace desktop {
+
+/// The Values view: eight big readings in two columns where the layout rules put them, and at their
+/// right what controls them.
+class ValuesPage : public QWidget {
+  Q_OBJECT
+
+ public:
+  ValuesPage(forms::ValuesControls& values, forms::SharedControls& shared, Binder& binder,
+             QWidget* parent);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  static constexpr std::size_t Channels = 8;
+  static constexpr std::size_t Rows = 4;
+
+  void BindReadings(Binder& binder);
+  void BindControls(Binder& binder);
+  void OrderTabs();
+  void Follow();
+  void Lay();
+  void LayReading(std::size_t channel, double ratioX, double ratioY);
+  void LayControls(double ratioX, double ratioY);
+
+  forms::ValuesControls& values_;
+  forms::SharedControls& shared_;
+  std::array<ReadingField*, Channels> readings_{};
+  std::array<QLabel*, Channels> captions_{};
+  std::array<QLabel*, Channels> dcValues_{};
+  /// Marks for the quality of the measured neutrals.
+  std::array<QLabel*, 2> qualities_{};
+  RunIndicator* indicator_;
+  RunButton* run_;
+  QLabel* stationHeading_;
+  std::array<StationChoice*, 2> stations_{};
+  QCheckBox* realTime_;
+  QuietLine* quiet_;
+  QRectF panel_;
+};
+
+}  // namespace desktop

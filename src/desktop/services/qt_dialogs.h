@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+#include "platform/services/dialogs.h"
+#include "platform/services/standing_box.h"
+
+namespace desktop {
+
+/// Shows the program's boxes, modal to the main window where there is one.
+class QtDialogs : public platform::Dialogs {
+ public:
+  void SetOwner(QWidget* owner) { owner_ = owner; }
+
+  platform::Answer Show(const platform::Message& message) override;
+  void ShowTimed(const platform::TimedMessage& message) override;
+
+  platform::StandingBox::Listener Stands;
+
+ private:
+  /// A box belongs to the window only once that can be seen.
+  QWidget* Parent() const;
+
+  QPointer<QWidget> owner_;
+};
+
+}  // namespace desktop

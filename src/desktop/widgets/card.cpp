@@ -1,0 +1,55 @@
+#include "desktop/widgets/card.h"
+
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include "desktop/look/look.h"
+
+namespace desktop {
+
+namespace {
+
+constexpr int Padding = 16;
+constexpr int RowGap = 8;
+constexpr int ColumnGap = 10;
+constexpr int CaptionWidth = 196;
+
+}  // namespace
+
+Card::Card(const QString& heading, QWidget* parent) : QFrame(parent), grid_(new QGridLayout) {
+  auto* title = new QLabel(heading, this);
+  title->setFont(look::BoldFont(look::HeadingSize));
+  title->setVisible(!heading.isEmpty());
+  grid_->setHorizontalSpacing(ColumnGap);
+  grid_->setVerticalSpacing(RowGap);
+  grid_->setColumnMinimumWidth(0, CaptionWidth);
+  grid_->setColumnStretch(1, 1);
+  auto* all = new QVBoxLayout(this);
+  all->setContentsMargins(Padding, Padding - 4, Padding, Padding);
+  all->setSpacing(RowGap + 2);
+  all->addWidget(title);
+  all->addLayout(grid_);
+}
+
+void Card::AddRow(QLabel* caption, QWidget* field, QWidget* behind) {
+  const int row = grid_->rowCount();
+  caption->setBuddy(field);
+  grid_->addWidget(caption, row, 0);
+  grid_->addWidget(field, row, 1, 1, behind != nullptr ? 1 : 2);
+  if (behind != nullptr) grid_->addWidget(behind, row, 2);
+}
+
+void Card::AddWide(QWidget* content) {
+  grid_->addWidget(content, grid_->rowCount(), 0, 1, 3);
+}
+
+void Card::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(look::Edge, 1));
+  painter.setBrush(look::Card);
+  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), look::Corner + 2,
+                          look::Corner + 2);
+}
+
+}  // namespace desktop

@@ -1,0 +1,16 @@
+#include "desktop/widgets/click_label.h"
+
+#include <QMouseEvent>
+
+namespace desktop {
+
+void ClickLabel::mousePressEvent(QMouseEvent* event) {
+  event->setAccepted(event->button() == Qt::LeftButton);
+}
+
+void ClickLabel::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton || !rect().contains(event->position().toPoint())) return;
+  if (Clicked) Clicked();
+}
+
+}  // namespace desktop

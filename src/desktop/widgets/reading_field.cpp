@@ -1,0 +1,110 @@
+#include "desktop/widgets/reading_field.h"
+
+#include <QAccessible>
+#include <QFontMetricsF>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <algorithm>
+#include <utility>
+
+#include "desktop/look/look.h"
+#include "desktop/widgets/activation_key.h"
+#include "desktop/widgets/reading_accessible.h"
+
+namespace desktop {
+
+namespace {
+
+constexpr double BarWidth = 4;
+/// Blank between the digits and the field's edges, as a part of the field's height.
+constexpr double SidePart = 0.2;
+constexpr double BottomPart = 0.15;
+constexpr double SmallestDigits = 9;
+
+}  // namespace
+
+ReadingField::ReadingField(const QColor& mark, QWidget* parent) : QWidget(parent), mark_(mark) {
+  setFocusPolicy(Qt::TabFocus);
+  setAttribute(Qt::WA_Hover);
+  ReadingAccessible::Install();
+}
+
+void ReadingField::SetText(const QString& text) {
+  if (text == text_) return;
+  const QString before = std::exchange(text_, text);
+  if (QAccessible::isActive()) {
+    QAccessibleTextUpdateEvent change(this, 0, before, text_);
+    QAccessible::updateAccessibility(&change);
+  }
+  update();
+}
+
+void ReadingField::SetDigitSize(double pixels) {
+  digitSize_ = pixels;
+  update();
+}
+
+double ReadingField::TextWidth() const {
+  return width() - 2 * SidePart * height();
+}
+
+QFont ReadingField::FittingFont() const {
+  QFont font = look::TextFont(static_cast<int>(digitSize_));
+  const double wanted = QFontMetricsF(font).horizontalAdvance(text_);
+  if (wanted > TextWidth()) {
+    const double fitting = digitSize_ * TextWidth() / wanted;
+    font.setPixelSize(static_cast<int>(std::max(fitting, SmallestDigits)));
+  }
+  return font;
+}
+
+void ReadingField::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QRectF face = QRectF(rect()).adjusted(1, 1, -1, -1);
+  QLinearGradient glass(face.topLeft(), face.bottomLeft());
+  glass.setColorAt(0, look::Card);
+  glass.setColorAt(1, look::Field);
+  const bool strong = hasFocus();
+  painter.setPen(QPen(strong         ? look::Accent
+                      : underMouse() ? look::StrongEdge
+                                     : look::Edge,
+                      strong ? 2 : 1.2));
+  painter.setBrush(glass);
+  painter.drawRoundedRect(face, look::Corner, look::Corner);
+
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(mark_);
+  const double inset = look::Corner + 3;
+  painter.drawRoundedRect(QRectF(face.left() + 4, face.top() + inset + face.height() * 0.22,
+                                 BarWidth, face.height() * 0.78 - 2 * inset + 2),
+                          BarWidth / 2, BarWidth / 2);
+
+  painter.setFont(FittingFont());
+  painter.setPen(look::Digits);
+  // Digits have no descent, so they stand on the baseline near the bottom and leave the top free.
+  const double baseline = height() * (1 - BottomPart);
+  const double left =
+      width() - SidePart * height() - QFontMetricsF(painter.font()).horizontalAdvance(text_);
+  painter.drawText(QPointF(left, baseline), text_);
+}
+
+void ReadingField::mousePressEvent(QMouseEvent* event) {
+  event->setAccepted(event->button() == Qt::LeftButton);
+}
+
+void ReadingField::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton || !rect().contains(event->position().toPoint())) return;
+  if (Clicked) Clicked();
+}
+
+void ReadingField::keyPressEvent(QKeyEvent* event) {
+  if (!IsActivationKey(*event)) {
+    QWidget::keyPressEvent(event);
+  } else if (Clicked) {
+    Clicked();
+  }
+}
+
+}  // namespace desktop

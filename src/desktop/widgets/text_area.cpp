@@ -1,0 +1,23 @@
+#include "desktop/widgets/text_area.h"
+
+#include <QMouseEvent>
+
+namespace desktop {
+
+namespace {
+
+constexpr double Margin = 10;
+
+}  // namespace
+
+TextArea::TextArea(QWidget* parent) : QPlainTextEdit(parent) {
+  setTabChangesFocus(true);
+  document()->setDocumentMargin(Margin);
+}
+
+void TextArea::mouseDoubleClickEvent(QMouseEvent* event) {
+  QPlainTextEdit::mouseDoubleClickEvent(event);
+  if (event->button() == Qt::LeftButton && DoubleClicked) DoubleClicked();
+}
+
+}  // namespace desktop

@@ -1,0 +1,31 @@
+#include "desktop/window/debug_view.h"
+
+#include <QVBoxLayout>
+
+#include "desktop/look/look.h"
+#include "desktop/look/text.h"
+
+namespace desktop {
+
+namespace {
+
+constexpr QSize UsualSize(640, 400);
+constexpr int Margin = 10;
+
+}  // namespace
+
+DebugView::DebugView(forms::DebugWindow& window, Binder& binder, QWidget* parent)
+    : QWidget(parent, Qt::Window) {
+  setObjectName(QStringLiteral("DebugWindow"));
+  setWindowTitle(ToQt(window.Window.Caption));
+  resize(UsualSize);
+  auto* text = new TextArea(this);
+  text->setFont(look::TextFont(look::TextSize, QStringLiteral("Courier New")));
+  text->setAccessibleName(windowTitle());
+  binder.Bind(window.Text1, *text, QStringLiteral("DebugWindow.Text1"));
+  auto* all = new QVBoxLayout(this);
+  all->setContentsMargins(Margin, Margin, Margin, Margin);
+  all->addWidget(text);
+}
+
+}  // namespace desktop

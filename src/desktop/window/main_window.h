@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QStackedWidget>
+#include <QWidget>
+#include <functional>
+
+#include "desktop/binding/binder.h"
+#include "desktop/binding/guard.h"
+#include "desktop/binding/repaint_queue.h"
+#include "desktop/widgets/picture_pad.h"
+#include "desktop/widgets/tab_bar.h"
+#include "desktop/window/debug_view.h"
+#include "desktop/window/history_dialog.h"
+#include "desktop/window/window_frame.h"
+#include "forms/debug_window.h"
+#include "forms/main_form.h"
+#include "forms/revision_history.h"
+
+namespace desktop {
+
+/// The forms of the program.
+struct Forms {
+  forms::Main& Main;
+  forms::Revisionhistory& History;
+  forms::DebugWindow& Debug;
+};
+
+/// The program's one window: the strip of tabs, the view of the selected tab, and the status bar.
+class MainWindow : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// `picture` is the diagram of the Phasor view.
+  MainWindow(const Forms& forms, Guard& guard, RepaintQueue& repaints, PicturePad& picture);
+
+  /// Called when the program has unloaded its window.
+  std::function<void()> Unloaded;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void FillTabs();
+  void FillPages(PicturePad& picture);
+  void AddLogos(QWidget& waveformsFrame);
+  void FollowOtherWindows();
+  void ShowTab();
+  void Select(int tab);
+
+  forms::Main& main_;
+  forms::Revisionhistory& history_;
+  forms::DebugWindow& debug_;
+  Guard& guard_;
+  Binder binder_;
+  TabBar* tabs_;
+  QStackedWidget* pages_;
+  WindowFrame* frame_ = nullptr;
+  HistoryDialog* historyDialog_ = nullptr;
+  DebugView* debugView_ = nullptr;
+};
+
+}  // namespace desktop

@@ -1,0 +1,46 @@
+#include "desktop/window/status_strip.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+#include <array>
+
+#include "desktop/look/look.h"
+#include "desktop/look/twips.h"
+
+namespace desktop {
+
+namespace {
+
+constexpr int Padding = 16;
+/// The panels' shares of the width.
+constexpr std::array<int, 4> Shares = {5, 4, 3, 2};
+
+}  // namespace
+
+StatusStrip::StatusStrip(platform::StatusBar& bar, Binder& binder, QWidget* parent)
+    : QWidget(parent) {
+  setObjectName(QStringLiteral("StatusBar1"));
+  setFixedHeight(Height);
+  bar.Height = twips::Of(Height);
+  auto* row = new QHBoxLayout(this);
+  row->setContentsMargins(Padding, 0, Padding, 0);
+  row->setSpacing(Padding);
+  for (std::size_t i = 0; i < bar.Panels.size(); ++i) {
+    auto* panel = new QLabel(this);
+    panel->setFont(look::TextFont(look::SmallSize));
+    panel->setMinimumWidth(1);
+    look::SetTextColour(*panel, look::QuietText);
+    binder.Bind(bar.Panels[i], *panel, ArrayName("StatusBar1.Panels", i + 1));
+    row->addWidget(panel, Shares[i]);
+  }
+}
+
+void StatusStrip::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.fillRect(rect(), look::Panel);
+  painter.setPen(look::Edge);
+  painter.drawLine(0, 0, width(), 0);
+}
+
+}  // namespace desktop

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <ostream>
+#include <string>
+
+#include "platform/controls/property.h"
+
+namespace platform {
+
+/// A colour as red, green and blue, 0 to 255 each.
+struct Rgb {
+  std::uint8_t Red = 0;
+  std::uint8_t Green = 0;
+  std::uint8_t Blue = 0;
+  friend bool operator==(const Rgb&, const Rgb&) = default;
+  friend std::ostream& operator<<(std::ostream& out, const Rgb& colour) {
+    return out << int{colour.Red} << ", " << int{colour.Green} << ", " << int{colour.Blue};
+  }
+};
+
+/// What every control has: whether it shows and reacts, its tool tip, and its place in twips
+/// (15 to a pixel) within its view.
+class Control {
+ public:
+  Property<bool> Visible{true};
+  Property<bool> Enabled{true};
+  Property<std::string> ToolTipText;
+  Property<std::int32_t> Left;
+  Property<std::int32_t> Top;
+  Property<std::int32_t> Width;
+  Property<std::int32_t> Height;
+
+  Control() = default;
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+
+ protected:
+  ~Control() = default;
+};
+
+}  // namespace platform

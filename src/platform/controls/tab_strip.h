@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/controls/control.h"
+
+namespace platform {
+
+/// One tab: its caption and the heading and text of its pop-up tip.
+struct Tab {
+  std::string Caption;
+  std::string TipHeading;
+  std::string TipText;
+};
+
+/// The strip of tabs, numbered from 1. `Changed` comes at every selection, by hand or from code,
+/// also of the tab that is selected already.
+class TabStrip : public Control {
+ public:
+  std::vector<Tab> Tabs;
+  Property<std::int16_t> SelectedTab{1};
+  /// The strip's background runs from the first colour to the second.
+  Property<Rgb> ColorFrom{Rgb{255, 255, 255}};
+  Property<Rgb> ColorTo{Rgb{255, 255, 255}};
+  Event<> Changed;
+
+  TabStrip() {
+    SelectedTab.OnAssign([this](std::int16_t tab) {
+      SelectedTab.Store(tab);
+      Changed();
+    });
+  }
+};
+
+}  // namespace platform
