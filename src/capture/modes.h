@@ -62,12 +62,17 @@ inline constexpr std::array<Mode, 6> Modes = {{
      forms::tab::Setup, nullptr, NoLine},
 }};
 
+/// The place of a mode in the table; its end where there is no mode of that name.
+constexpr std::size_t PlaceOfMode(std::string_view name) {
+  std::size_t place = 0;
+  while (place < Modes.size() && Modes[place].Name != name) ++place;
+  return place;
+}
+
 /// The mode of a name; none where there is no such mode.
-constexpr const Mode* FindMode(std::string_view name) {
-  for (const Mode& mode : Modes) {
-    if (mode.Name == name) return &mode;
-  }
-  return nullptr;
+inline const Mode* FindMode(std::string_view name) {
+  const std::size_t place = PlaceOfMode(name);
+  return place < Modes.size() ? &Modes[place] : nullptr;
 }
 
 /// The name of a mode. One that is written out in the code must be in the table, or it does not
@@ -75,7 +80,7 @@ constexpr const Mode* FindMode(std::string_view name) {
 class ModeName {
  public:
   consteval ModeName(const char* name) : text_(name) {
-    if (FindMode(text_) == nullptr) throw "there is no such mode";
+    if (PlaceOfMode(text_) == Modes.size()) throw "there is no such mode";
   }
   /// A text that may be no mode's name.
   static ModeName Any(std::string_view text) { return ModeName(text); }
