@@ -174,4 +174,22 @@ struct BenchScene {
   }
 };
 
+/// Everything that a view of the benchmark's own needs besides the program.
+struct ViewParts : packetroutines::PacketConsumer {
+  explicit ViewParts(BenchScene& scene)
+      : Stored(scene.Store, scene.Numbers, scene.App.Settings),
+        Capture(scene.Capture,
+                {scene.App.Main, scene.App.Main, scene.App.Main, scene.App.Main.Buttons()},
+                scene.App.Settings, scene.App.State, *this,
+                {scene.Events, scene.Dialogs, scene.Program}),
+        Context{scene.App.Settings, scene.App.Session, scene.App.State, scene.App.Block, Capture,
+                scene.App.Main,     scene.Events,      scene.Numbers} {}
+
+  void aPacketX_OnPacket(const platform::CapturedFrame&) override {}
+
+  subroutines::StoredSettings Stored;
+  packetroutines::CaptureSession Capture;
+  subroutines::ViewContext Context;
+};
+
 }  // namespace bench

@@ -35,16 +35,6 @@ void Fill(platform::BlockMatrix& block) {
   }
 }
 
-/// Everything that one of the views needs besides the program itself.
-struct ViewParts {
-  explicit ViewParts(bench::BenchScene& scene)
-      : File(scene.Store, scene.Numbers, scene.App.Settings),
-        Capture(scene.Capture, scene.App.Main, scene.App.Settings, scene.App.State, scene.Events,
-                scene.Dialogs, scene.Program) {}
-  subroutines::StoredSettings File;
-  packetroutines::CaptureSession Capture;
-};
-
 void Plot(benchmark::State& state) {
   NeedWindowSystem();
   bench::BenchScene scene("MU_ALPHA", "");
@@ -55,9 +45,8 @@ void Plot(benchmark::State& state) {
   desktop::GraphView graph(app.Main.CWGraph1, guard, nullptr);
   graph.resize(820, 620);
   graph.show();
-  ViewParts parts(scene);
-  subroutines::ScopeView scope(app.Main, app.Settings, app.Session, parts.File, app.State,
-                               app.Block, parts.Capture, scene.Events);
+  bench::ViewParts parts(scene);
+  subroutines::ScopeView scope(app.Main, app.Main, parts.Stored, parts.Context);
   Fill(app.Block.SignalValues);
   for (auto _ : state) scope.PlotBlock("Auto");
 }
@@ -71,10 +60,9 @@ void UpdatePhases(benchmark::State& state) {
   pad.show();
   bench::BenchScene scene("MU_ALPHA", "", &pad);
   formroutines::Application& app = scene.App;
-  ViewParts parts(scene);
+  bench::ViewParts parts(scene);
   subroutines::PhasorDiagram diagram(app.Main, pad, app.State, app.Session, scene.Numbers);
-  subroutines::PhaseAnalysis phases(app.Main, app.Settings, app.Session, app.State, app.Block,
-                                    parts.Capture, diagram, scene.Events, scene.Numbers);
+  subroutines::PhaseAnalysis phases(app.Main, diagram, parts.Context);
   Fill(app.Block.SignalValues);
   for (auto _ : state) {
     phases.UpdatePhases();
