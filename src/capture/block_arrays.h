@@ -50,8 +50,9 @@ void WithMemory(Work work) {
 /// and kilovolts (second stream), and the smpCnt of each row.
 struct BlockArrays {
   /// The most rows that a block can have. With them all filled and drawn, in every view, the
-  /// program stays below half a gigabyte.
-  static constexpr std::int32_t MaximumRows = 1'000'000;
+  /// program stays below half a gigabyte, and a keystroke that makes the block anew takes no time
+  /// that a user would notice.
+  static constexpr std::int32_t MaximumRows = 800'000;
 
   platform::BlockMatrix SignalValues;
   platform::BlockMatrix SignalValues2;

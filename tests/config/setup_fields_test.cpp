@@ -139,8 +139,8 @@ TEST_F(SetupFields, SamplingsBeyondTheirTypeOverflow) {
 }
 
 TEST_F(SetupFields, SamplingsBeyondTheMemoryFail) {
-  EXPECT_EQ(FailureOfTyping(2, "1000000"), 0);
-  EXPECT_EQ(FailureOfTyping(2, "1000001"), OutOfMemory);
+  EXPECT_EQ(FailureOfTyping(2, "800000"), 0);
+  EXPECT_EQ(FailureOfTyping(2, "800001"), OutOfMemory);
   EXPECT_EQ(FailureOfTyping(2, "2147483647"), OutOfMemory);
 }
 
