@@ -182,7 +182,7 @@ struct ViewParts : packetroutines::PacketConsumer {
                 {scene.App.Main, scene.App.Main, scene.App.Main, scene.App.Main.Buttons()},
                 scene.App.Settings, scene.App.State, *this,
                 {scene.Events, scene.Dialogs, scene.Program}),
-        Context{scene.App.Settings, scene.App.Session, scene.App.State, scene.App.Block, Capture,
+        Context{scene.App.Settings, scene.App.Present, scene.App.State, scene.App.Block, Capture,
                 scene.App.Main,     scene.Events,      scene.Numbers} {}
 
   void aPacketX_OnPacket(const platform::CapturedFrame&) override {}

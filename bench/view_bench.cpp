@@ -61,7 +61,7 @@ void UpdatePhases(benchmark::State& state) {
   bench::BenchScene scene("MU_ALPHA", "", &pad);
   formroutines::Application& app = scene.App;
   bench::ViewParts parts(scene);
-  subroutines::PhasorDiagram diagram(app.Main, pad, app.State, app.Session, scene.Numbers);
+  subroutines::PhasorDiagram diagram(app.Main, pad, app.State, app.Present, scene.Numbers);
   subroutines::PhaseAnalysis phases(app.Main, diagram, parts.Context);
   Fill(app.Block.SignalValues);
   for (auto _ : state) {

@@ -73,7 +73,7 @@ Flow PacketDispatcher::BlockForValues(Current current) {
 
 Flow PacketDispatcher::BlockForRecording() {
   return Run([&] {
-    const auto samples = static_cast<double>(state_.BlockCount) * session_.BaseSamples;
+    const auto samples = static_cast<double>(state_.BlockCount) * present_.BaseSamples;
     controls_.Recorder.Label10[forms::record_line::Progress].Caption =
         services_.Numbers.General(samples / DisplayRate) + "s / " +
         services_.Numbers.General(samples) + " samples";

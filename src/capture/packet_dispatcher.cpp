@@ -22,16 +22,16 @@ constexpr std::int32_t FinderPause = 500;
 }  // namespace
 
 PacketDispatcher::PacketDispatcher(AcquisitionState& state, const config::Settings& settings,
-                                   const config::Session& session, const PacketControls& controls,
-                                   CaptureSession& capture, FrameLayout& layout,
-                                   SignalBuilder& builder, PacketConsumers consumers,
-                                   PacketServices services)
+                                   const config::RunSettings& present,
+                                   const PacketControls& controls, CaptureSession& capture,
+                                   SampleLocator& locator, SignalBuilder& builder,
+                                   PacketConsumers consumers, PacketServices services)
     : state_(state),
       settings_(settings),
-      session_(session),
+      present_(present),
       controls_(controls),
       capture_(capture),
-      layout_(layout),
+      locator_(locator),
       builder_(builder),
       consumers_(consumers),
       services_(services),
@@ -114,7 +114,7 @@ Flow PacketDispatcher::FirstStream() {
       },
       [&] { CountFirst(); }, [&] { return ExtractFirst(signalOk); },
       [&] {
-        return frameIndex_[0] == session_.BaseSamples ? CompleteBlock(signalOk) : Flow::Next;
+        return frameIndex_[0] == present_.BaseSamples ? CompleteBlock(signalOk) : Flow::Next;
       });
 }
 
@@ -126,11 +126,11 @@ void PacketDispatcher::CountFirst() {
 void PacketDispatcher::FindDataOffsets(std::size_t stream) {
   // The cells tell how long the frame at hand may be: a block that was shown from within its event
   // may have begun a run with longer frames.
-  layout_.FindDataOffsets(bytes_, static_cast<std::int16_t>(bytes_.Upper()), stream);
+  locator_.FindDataOffsets(bytes_, static_cast<std::int16_t>(bytes_.Upper()), stream);
 }
 
 void PacketDispatcher::LocateFirst() {
-  Run([&] { FindDataOffsets(0); }, [&] { layout_.FindQualitySettings(bytes_, 0); },
+  Run([&] { FindDataOffsets(0); }, [&] { locator_.FindQualitySettings(bytes_, 0); },
       [&] { frameIndex_[0] = 0; }, [&] { ringIndex_[0] = 0; },
       [&] { state_.OffsetsKnown[0] = true; }, [&] { controls_.Timers.Timer1.Enabled = false; },
       [&] { controls_.Timers.Timer3.Enabled = true; });
@@ -160,7 +160,7 @@ void PacketDispatcher::SecondStream() {
       },
       [&] { return state_.LookingForRecording ? ExtractSecond() : Flow::Next; },
       [&] {
-        if (frameIndex_[1] != session_.BaseSamples) return;
+        if (frameIndex_[1] != present_.BaseSamples) return;
         Run([&] { frameIndex_[1] = 0; }, [&] { Advance(state_.BlockCount2); },
             [&] { services_.Events.Pump(); });
       });
@@ -169,7 +169,7 @@ void PacketDispatcher::SecondStream() {
 void PacketDispatcher::LocateSecond() {
   // It is the first stream's row that starts again, so that the first stream's running block
   // restarts.
-  Run([&] { FindDataOffsets(1); }, [&] { layout_.FindQualitySettings(bytes_, 0); },
+  Run([&] { FindDataOffsets(1); }, [&] { locator_.FindQualitySettings(bytes_, 0); },
       [&] { frameIndex_[0] = 0; }, [&] { ringIndex_[1] = 0; },
       [&] { state_.OffsetsKnown[1] = true; }, [&] { controls_.Timers.Timer1.Enabled = false; });
 }

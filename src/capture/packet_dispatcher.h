@@ -9,9 +9,9 @@
 #include "capture/capture_session.h"
 #include "capture/consumers.h"
 #include "capture/content_filter.h"
-#include "capture/frame_layout.h"
 #include "capture/packet_bytes.h"
 #include "capture/retry_box.h"
+#include "capture/sample_locator.h"
 #include "capture/signal_builder.h"
 #include "config/settings.h"
 #include "forms/recorder_controls.h"
@@ -57,8 +57,8 @@ struct PacketServices {
 class PacketDispatcher : public PacketConsumer {
  public:
   PacketDispatcher(AcquisitionState& state, const config::Settings& settings,
-                   const config::Session& session, const PacketControls& controls,
-                   CaptureSession& capture, FrameLayout& layout, SignalBuilder& builder,
+                   const config::RunSettings& present, const PacketControls& controls,
+                   CaptureSession& capture, SampleLocator& locator, SignalBuilder& builder,
                    PacketConsumers consumers, PacketServices services);
 
   void aPacketX_OnPacket(const platform::CapturedFrame& pPacket) override;
@@ -104,10 +104,10 @@ class PacketDispatcher : public PacketConsumer {
 
   AcquisitionState& state_;
   const config::Settings& settings_;
-  const config::Session& session_;
+  const config::RunSettings& present_;
   PacketControls controls_;
   CaptureSession& capture_;
-  FrameLayout& layout_;
+  SampleLocator& locator_;
   SignalBuilder& builder_;
   PacketConsumers consumers_;
   PacketServices services_;

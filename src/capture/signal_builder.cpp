@@ -56,13 +56,13 @@ std::int32_t CountAt(const PacketBytes& bytes, std::int32_t position) {
 }  // namespace
 
 SignalBuilder::SignalBuilder(AcquisitionState& state, BlockArrays& block, RecordRings& rings,
-                             const config::Session& session, forms::ValuesControls& values,
+                             const config::RunSettings& present, forms::ValuesControls& values,
                              const platform::NumberText& numbers, RetryBox& trouble,
                              platform::Program& program)
     : state_(state),
       block_(block),
       rings_(rings),
-      session_(session),
+      present_(present),
       values_(values),
       numbers_(numbers),
       trouble_(trouble),
@@ -92,8 +92,8 @@ void SignalBuilder::BuildingSignals(std::int32_t row, const PacketBytes& bytes, 
 void SignalBuilder::TakeRow(std::int32_t row, const PacketBytes& bytes) {
   block_.SampleCount(row) = CountAt(bytes, state_.SampleCountOffset[0]);
   const auto values = block_.SignalValues.Row(row);
-  const double currentFactor = session_.CurrentUnitFactor;
-  const double voltageFactor = session_.VoltageUnitFactor;
+  const double currentFactor = present_.CurrentUnitFactor;
+  const double voltageFactor = present_.VoltageUnitFactor;
   const std::int32_t offset = state_.ValueOffset[0];
   const bool voltages = state_.ChannelCount > MostWithoutVoltages;
   const std::uint8_t* data = bytes.Run(offset, 2 * GroupBytes);
@@ -114,7 +114,7 @@ void SignalBuilder::TakeRow(std::int32_t row, const PacketBytes& bytes) {
 }
 
 void SignalBuilder::TestSilence(std::int32_t row, bool& signalOk) const {
-  if (row != session_.BaseSamples - 1) return;
+  if (row != present_.BaseSamples - 1) return;
   if (std::abs(platform::CWArray::Reduce(block_.SignalValues)) < SilenceLevel) signalOk = false;
 }
 
@@ -122,7 +122,7 @@ void SignalBuilder::RealTimeValue() {
   const auto channel = static_cast<std::size_t>(state_.RealTimeChannel - 1);
   const auto column = array_.Column(block_.SignalValues, channel);
   state_.RmsValues[channel] = platform::CWDSP::AcDcEstimate(column).Ac;
-  values_.Label5[channel].Caption = numbers_.Format(state_.RmsValues[channel], session_.UnitFormat);
+  values_.Label5[channel].Caption = numbers_.Format(state_.RmsValues[channel], present_.UnitFormat);
 }
 
 void SignalBuilder::BuildingSignals2(std::int32_t row, const PacketBytes& bytes, bool&) {

@@ -20,7 +20,7 @@ namespace packetroutines {
 class SignalBuilder {
  public:
   SignalBuilder(AcquisitionState& state, BlockArrays& block, RecordRings& rings,
-                const config::Session& session, forms::ValuesControls& values,
+                const config::RunSettings& present, forms::ValuesControls& values,
                 const platform::NumberText& numbers, RetryBox& trouble, platform::Program& program);
 
   /// Writes row `row` of the first stream. `signalOk` becomes False where the block is silent, that
@@ -41,7 +41,7 @@ class SignalBuilder {
   AcquisitionState& state_;
   BlockArrays& block_;
   RecordRings& rings_;
-  const config::Session& session_;
+  const config::RunSettings& present_;
   forms::ValuesControls& values_;
   const platform::NumberText& numbers_;
   RetryBox& trouble_;

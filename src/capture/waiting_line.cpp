@@ -15,12 +15,12 @@ constexpr std::chrono::seconds Patience{2};
 }  // namespace
 
 WaitingLine::WaitingLine(AcquisitionState& state, const config::Settings& settings,
-                         const config::Session& session, forms::SharedControls& shared,
+                         const config::RunSettings& present, forms::SharedControls& shared,
                          const forms::RunButtons& buttons, platform::TimerQueue& timers,
                          const platform::NumberText& numbers)
     : state_(state),
       settings_(settings),
-      session_(session),
+      present_(present),
       shared_(shared),
       buttons_(buttons),
       timers_(timers),
@@ -122,8 +122,8 @@ std::string WaitingLine::Whereabouts() const {
             std::string(" could not be located");
   } else if (counters.SilentBlocks > 0) {
     text += ", the signal is silent";
-  } else if (held > 0 && held < static_cast<std::uint64_t>(session_.BaseSamples)) {
-    text += ", a block takes " + Number(static_cast<std::uint64_t>(session_.BaseSamples));
+  } else if (held > 0 && held < static_cast<std::uint64_t>(present_.BaseSamples)) {
+    text += ", a block takes " + Number(static_cast<std::uint64_t>(present_.BaseSamples));
   }
   return text;
 }

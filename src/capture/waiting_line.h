@@ -18,7 +18,7 @@ namespace packetroutines {
 class WaitingLine {
  public:
   WaitingLine(AcquisitionState& state, const config::Settings& settings,
-              const config::Session& session, forms::SharedControls& shared,
+              const config::RunSettings& present, forms::SharedControls& shared,
               const forms::RunButtons& buttons, platform::TimerQueue& timers,
               const platform::NumberText& numbers);
 
@@ -41,7 +41,7 @@ class WaitingLine {
 
   AcquisitionState& state_;
   const config::Settings& settings_;
-  const config::Session& session_;
+  const config::RunSettings& present_;
   forms::SharedControls& shared_;
   forms::RunButtons buttons_;
   platform::TimerQueue& timers_;

@@ -51,7 +51,7 @@ struct Settings {
 };
 
 /// What the settings and the Setup view mean for the present run alone.
-struct Session {
+struct RunSettings {
   /// Frames in a block.
   std::int32_t BaseSamples = 400;
   /// The number pattern of all measured values: the text of the chosen format.

@@ -27,12 +27,13 @@ bool PathExists(const platform::FileSystem& files, const std::string& path) {
   return !folder.empty() && files.DirectoryExists(folder);
 }
 
-SetupView::SetupView(const SetupParts& parts, config::Settings& settings, config::Session& session,
-                     StoredSettings& file, const platform::NumberText& numbers,
-                     config::SetupConsumers& consumers, platform::FolderDialog& folders)
+SetupView::SetupView(const SetupParts& parts, config::Settings& settings,
+                     config::RunSettings& present, StoredSettings& file,
+                     const platform::NumberText& numbers, config::SetupConsumers& consumers,
+                     platform::FolderDialog& folders)
     : parts_(parts),
       settings_(settings),
-      session_(session),
+      present_(present),
       file_(file),
       numbers_(numbers),
       consumers_(consumers),
@@ -65,7 +66,7 @@ void SetupView::FillUnitLists() {
 void SetupView::Text1_Change(std::size_t field) {
   if (!TakeField(field, parts_.Setup.Text1[field].Text)) return;
   file_.SaveSettings();
-  consumers_.RebuildBlockArrays(session_.BaseSamples);
+  consumers_.RebuildBlockArrays(present_.BaseSamples);
 }
 
 /// False where the change ends early: nothing is saved and no array is rebuilt.
@@ -78,8 +79,8 @@ bool SetupView::TakeField(std::size_t field, const std::string& text) {
       settings_.BaseFrequency = numbers_.ToSingle(text);
       break;
     case setup::Samplings:
-      session_.BaseSamples = numbers_.ToInt32("0" + text);
-      return session_.BaseSamples != 0;
+      present_.BaseSamples = numbers_.ToInt32("0" + text);
+      return present_.BaseSamples != 0;
     case setup::StoragePath:
       settings_.StoragePath = text;
       break;
@@ -107,7 +108,7 @@ void SetupView::FilterRule(std::size_t index, std::size_t field) {
   if (value.empty()) {
     value = config::NoContent;
   } else {
-    session_.StreamCount = static_cast<std::int16_t>(index + 1);
+    present_.StreamCount = static_cast<std::int16_t>(index + 1);
   }
   settings_.FilterContent[index] = value;
   for (std::size_t station = index; station < parts_.Shared.Option3.size(); station += 2) {
@@ -130,9 +131,9 @@ void SetupView::Combo4_Click(std::size_t index) {
   consumers_.ShowChannelNames();
   const auto chosen = platform::Narrow<std::int16_t>(parts_.Setup.Combo4[index].ListIndex.Get());
   (index == 0 ? settings_.UnitCurrent : settings_.UnitVoltage) = chosen;
-  session_.CurrentUnitFactor =
+  present_.CurrentUnitFactor =
       FactorOf(CurrentFactors, parts_.Setup.Combo4[forms::unit_list::Current]);
-  session_.VoltageUnitFactor =
+  present_.VoltageUnitFactor =
       FactorOf(VoltageFactors, parts_.Setup.Combo4[forms::unit_list::Voltage]);
   file_.SaveSettings();
 }
@@ -143,7 +144,7 @@ void SetupView::Option3_Click(std::size_t index) {
   const bool second = index % 2 == 1;
   settings_.FilterContent[second ? 1 : 0] = parts_.Setup.Text1[setup::Content1].Text;
   settings_.FilterContent[second ? 0 : 1] = parts_.Setup.Text1[setup::Content2].Text;
-  session_.ActiveStream = second ? 2 : 1;
+  present_.ActiveStream = second ? 2 : 1;
   consumers_.StationChosen();
 }
 

@@ -47,7 +47,7 @@ struct SetupParts {
 /// from it. There is no apply button and no validation; a text that does not convert is a failure.
 class SetupView {
  public:
-  SetupView(const SetupParts& parts, config::Settings& settings, config::Session& session,
+  SetupView(const SetupParts& parts, config::Settings& settings, config::RunSettings& present,
             StoredSettings& file, const platform::NumberText& numbers,
             config::SetupConsumers& consumers, platform::FolderDialog& folders);
 
@@ -64,7 +64,7 @@ class SetupView {
 
   SetupParts parts_;
   config::Settings& settings_;
-  config::Session& session_;
+  config::RunSettings& present_;
   StoredSettings& file_;
   const platform::NumberText& numbers_;
   config::SetupConsumers& consumers_;

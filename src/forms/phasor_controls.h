@@ -21,8 +21,8 @@ inline constexpr std::size_t Count = 2;
 struct PhasorControls {
   PhasorControls();
 
-  platform::Frame Frame2;
-  platform::Frame Frame3;
+  platform::GroupBox Frame2;
+  platform::GroupBox Frame3;
   platform::CWButton CWButton2;
   platform::PictureBox phasordiagram;
   platform::Grid<9, 3> Grid1;

@@ -57,7 +57,7 @@ struct RecorderControls {
   platform::CommandButton Command9;
   std::array<platform::TextBox, trigger_field::Count> Text3;
   platform::Shape Shape9;
-  platform::Frame Frame4;
+  platform::GroupBox Frame4;
   std::array<platform::OptionButton, trigger_kind::Count> Option1;
 };
 

@@ -68,7 +68,7 @@ struct SetupControls {
   /// DC labels on the Values view.
   platform::CheckBox Check4;
   std::array<platform::Label, setup_caption::Count> Label2;
-  platform::Frame Frame5;
+  platform::GroupBox Frame5;
   /// Name and version of the program.
   platform::Label Label13;
   /// What a user can do about interfaces that cannot capture.

@@ -22,7 +22,7 @@ inline constexpr std::size_t Count = 3;
 struct WaveformsControls {
   WaveformsControls();
 
-  platform::Frame Frame1;
+  platform::GroupBox Frame1;
   platform::CWButton CWButton1;
   platform::CommandButton Command1;
   platform::CWGraph CWGraph1;

@@ -70,12 +70,12 @@ double PhaseAnalysis::PhaseShift(std::size_t reference, std::size_t other) const
   std::vector<double> sines;
   std::vector<double> cosines;
   BuildReference(sines, cosines);
-  const double n = context_.Session.BaseSamples;
+  const double n = context_.Present.BaseSamples;
   double sinA = 0;
   double cosA = 0;
   double sinB = 0;
   double cosB = 0;
-  for (std::int32_t i = 0; i < context_.Session.BaseSamples; ++i) {
+  for (std::int32_t i = 0; i < context_.Present.BaseSamples; ++i) {
     const auto row = context_.Block.SignalValues.Row(i);
     const auto k = static_cast<std::size_t>(i);
     sinA += sines[k] * row[reference] / n;
@@ -94,7 +94,7 @@ double PhaseAnalysis::PhaseShift(std::size_t reference, std::size_t other) const
 void PhaseAnalysis::BuildReference(std::vector<double>& sines, std::vector<double>& cosines) const {
   const double frequency = context_.Settings.BaseFrequency;
   if (frequency == 0) throw platform::Failure(platform::failure::DivisionByZero);
-  const auto n = static_cast<std::size_t>(context_.Session.BaseSamples);
+  const auto n = static_cast<std::size_t>(context_.Present.BaseSamples);
   sines.resize(n);
   cosines.resize(n);
   double t = 0;

@@ -62,8 +62,9 @@ bool IsNeutral(std::size_t channel) {
 
 PhasorDiagram::PhasorDiagram(forms::PhasorControls& phasor, Canvas& canvas,
                              const packetroutines::AcquisitionState& state,
-                             const config::Session& session, const platform::NumberText& numbers)
-    : phasor_(phasor), canvas_(canvas), state_(state), session_(session), numbers_(numbers) {}
+                             const config::RunSettings& present,
+                             const platform::NumberText& numbers)
+    : phasor_(phasor), canvas_(canvas), state_(state), present_(present), numbers_(numbers) {}
 
 void PhasorDiagram::DrawPhasorGrid() {
   canvas_.Clear();
@@ -156,7 +157,7 @@ void PhasorDiagram::DrawPhasor(std::int16_t fullScale, double angle1, std::size_
     canvas_.Print((current ? "I" : "U") + std::to_string(channel % Currents + 1));
   }
   auto& row = phasor_.Grid1.Cell[channel + 1];
-  row[1] = numbers_.Format(state_.RmsValues[channel], session_.UnitFormat);
+  row[1] = numbers_.Format(state_.RmsValues[channel], present_.UnitFormat);
   row[2] = numbers_.Format(-a, "0.000");
 }
 

@@ -29,7 +29,7 @@ struct PhaseShifts {
 class PhasorDiagram {
  public:
   PhasorDiagram(forms::PhasorControls& phasor, platform::Canvas& canvas,
-                const packetroutines::AcquisitionState& state, const config::Session& session,
+                const packetroutines::AcquisitionState& state, const config::RunSettings& present,
                 const platform::NumberText& numbers);
 
   /// Clears the picture and draws its background.
@@ -50,7 +50,7 @@ class PhasorDiagram {
   forms::PhasorControls& phasor_;
   platform::Canvas& canvas_;
   const packetroutines::AcquisitionState& state_;
-  const config::Session& session_;
+  const config::RunSettings& present_;
   const platform::NumberText& numbers_;
   /// Value of the outermost circle, in the chosen units.
   std::int16_t fullScaleCurrent_ = 0;

@@ -53,7 +53,7 @@ void ScopeView::PlotBlock(std::string_view mode) {
 
 void ScopeView::Check2_Click(std::size_t channel) {
   // While the form loads the boxes get their stored values, and no format is set yet.
-  if (!context_.Session.UnitFormat.empty()) PlotBlock("Auto");
+  if (!context_.Present.UnitFormat.empty()) PlotBlock("Auto");
   context_.Settings.SensorEnabled[channel] = scope_.Check2[channel].Value;
   stored_.SaveSettings();
 }

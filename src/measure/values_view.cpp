@@ -37,7 +37,7 @@ ValuesView::ValuesView(forms::ValuesControls& values, forms::SetupControls& name
 
 void ValuesView::ClearValues() {
   for (std::size_t i = 0; i < values_.Label5.size(); ++i) {
-    values_.Label5[i].Caption = context_.Numbers.Format(0, context_.Session.UnitFormat);
+    values_.Label5[i].Caption = context_.Numbers.Format(0, context_.Present.UnitFormat);
     values_.Label12[i + forms::small_label::FirstDc].Caption = std::string();
   }
 }
@@ -48,10 +48,10 @@ void ValuesView::CalculateValues() {
         platform::CWDSP::AcDcEstimate(array_.Column(context_.Block.SignalValues, i));
     context_.State.RmsValues[i] = ac;
     values_.Label12[i + forms::small_label::FirstDc].Caption =
-        context_.Settings.ACDC ? "DC:" + context_.Numbers.Format(dc, context_.Session.UnitFormat)
+        context_.Settings.ACDC ? "DC:" + context_.Numbers.Format(dc, context_.Present.UnitFormat)
                                : std::string();
     values_.Label5[i].Caption =
-        context_.Numbers.Format(context_.State.RmsValues[i], context_.Session.UnitFormat);
+        context_.Numbers.Format(context_.State.RmsValues[i], context_.Present.UnitFormat);
   }
 }
 
@@ -125,7 +125,7 @@ void ValuesView::Check4_Click() {
 
 void ValuesView::Combo3_Click() {
   context_.Settings.UnitResolution = platform::Narrow<std::int16_t>(setup_.Combo3.ListIndex.Get());
-  context_.Session.UnitFormat = setup_.Combo3.Text();
+  context_.Present.UnitFormat = setup_.Combo3.Text();
   stored_.SaveSettings();
 }
 

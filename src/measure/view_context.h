@@ -14,7 +14,7 @@ namespace subroutines {
 /// the capture that it starts and stops, and the platform's event queue and number texts.
 struct ViewContext {
   config::Settings& Settings;
-  config::Session& Session;
+  config::RunSettings& Present;
   packetroutines::AcquisitionState& State;
   const packetroutines::BlockArrays& Block;
   packetroutines::CaptureSession& Capture;

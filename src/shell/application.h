@@ -7,11 +7,11 @@
 #include "capture/button_release.h"
 #include "capture/capture_session.h"
 #include "capture/consumers.h"
-#include "capture/frame_layout.h"
 #include "capture/no_data_watchdog.h"
 #include "capture/packet_dispatcher.h"
 #include "capture/record_rings.h"
 #include "capture/retry_box.h"
+#include "capture/sample_locator.h"
 #include "capture/signal_builder.h"
 #include "capture/view_restart.h"
 #include "capture/waiting_line.h"
@@ -85,7 +85,7 @@ class Application : private config::SetupConsumers,
   forms::Revisionhistory Revisionhistory;
   forms::DebugWindow DebugWindow;
   config::Settings Settings;
-  config::Session Session;
+  config::RunSettings Present;
   packetroutines::AcquisitionState State;
   packetroutines::BlockArrays Block;
   packetroutines::RecordRings Rings;
@@ -127,7 +127,7 @@ class Application : private config::SetupConsumers,
   subroutines::StoredSettings stored_;
   packetroutines::CaptureSession capture_;
   packetroutines::RetryBox trouble_;
-  packetroutines::FrameLayout layout_;
+  packetroutines::SampleLocator locator_;
   packetroutines::SignalBuilder builder_;
   packetroutines::PacketDispatcher dispatcher_;
   subroutines::ViewContext context_;

@@ -64,13 +64,13 @@ std::string FirstCharacters(const std::string& text, std::size_t count) {
 }  // namespace
 
 InfoPages::InfoPages(const InfoParts& parts, forms::Revisionhistory& history,
-                     const config::Settings& settings, const config::Session& session,
+                     const config::Settings& settings, const config::RunSettings& present,
                      const platform::NumberText& numbers, const platform::Printers& printers,
                      platform::ShellLinks& links, platform::Program& program)
     : parts_(parts),
       history_(history),
       settings_(settings),
-      session_(session),
+      present_(present),
       numbers_(numbers),
       printers_(printers),
       links_(links),
@@ -113,7 +113,7 @@ void InfoPages::StatusUpdate() {
       },
       [&] { panels[0].Text = FirstCharacters(parts_.Setup.Combo1.Text(), PanelCharacters); },
       [&] { panels[1].Text = "Standard printer: " + printers_.Current() + " "; },
-      [&] { panels[2].Text = "RMS base: " + numbers_.General(session_.BaseSamples) + " samples"; });
+      [&] { panels[2].Text = "RMS base: " + numbers_.General(present_.BaseSamples) + " samples"; });
 }
 
 }  // namespace formroutines

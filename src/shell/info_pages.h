@@ -27,7 +27,7 @@ struct InfoParts {
 class InfoPages {
  public:
   InfoPages(const InfoParts& parts, forms::Revisionhistory& history,
-            const config::Settings& settings, const config::Session& session,
+            const config::Settings& settings, const config::RunSettings& present,
             const platform::NumberText& numbers, const platform::Printers& printers,
             platform::ShellLinks& links, platform::Program& program);
 
@@ -42,7 +42,7 @@ class InfoPages {
   InfoParts parts_;
   forms::Revisionhistory& history_;
   const config::Settings& settings_;
-  const config::Session& session_;
+  const config::RunSettings& present_;
   const platform::NumberText& numbers_;
   const platform::Printers& printers_;
   platform::ShellLinks& links_;

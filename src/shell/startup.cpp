@@ -153,7 +153,7 @@ void Application::HideGraphs() {
 }
 
 void Application::SetFields() {
-  Session.BaseSamples = DefaultBaseSamples;
+  Present.BaseSamples = DefaultBaseSamples;
   Main.Text1[forms::setup_field::Samplings].Text = platform_.Numbers.General(DefaultBaseSamples);
   Hide({&Main.Check5, &Main.CWButton4});
   Main.Option1[forms::trigger_kind::Immediate].Value = true;
@@ -189,7 +189,7 @@ void Application::SetDerived() {
   Main.Combo3.ListIndex = Settings.UnitResolution;
   Main.Combo4[forms::unit_list::Current].ListIndex = Settings.UnitCurrent;
   Main.Combo4[forms::unit_list::Voltage].ListIndex = Settings.UnitVoltage;
-  Session.UnitFormat = Main.Combo3.Text();
+  Present.UnitFormat = Main.Combo3.Text();
   values_.ClearValues();
   Main.Timer3.Enabled = false;
   Main.Timer3.Interval = ButtonLock;
@@ -207,7 +207,7 @@ void Application::SetDerived() {
 void Application::SetFlags() {
   State.PacketLengthPending = true;
   State.RealTimeChannel = 1;
-  Session.ActiveStream = 1;
+  Present.ActiveStream = 1;
 }
 
 void Application::SetTriggerFields() {
@@ -238,7 +238,7 @@ void Application::SetTriggerFields() {
 
 void Application::SelectStations() {
   for (std::size_t pair = 0; pair < Main.Option3.size(); pair += 2) Main.Option3[pair].Value = true;
-  Session.ActiveStream = 1;
+  Present.ActiveStream = 1;
   Main.sevOption1[forms::trigger_kind::Single].Value = true;
 }
 

@@ -24,14 +24,15 @@ constexpr std::int32_t CaptureWait = 10;
 }  // namespace
 
 TabController::TabController(forms::Main& main, config::Settings& settings,
-                             const config::Session& session, subroutines::StoredSettings& stored,
+                             const config::RunSettings& present,
+                             subroutines::StoredSettings& stored,
                              packetroutines::AcquisitionState& state,
                              packetroutines::CaptureSession& capture,
                              const platform::Services& services, const platform::FileSystem& files,
                              TabViews& views, platform::TimerQueue& timers)
     : main_(main),
       settings_(settings),
-      session_(session),
+      present_(present),
       stored_(stored),
       state_(state),
       capture_(capture),

@@ -34,7 +34,7 @@ class TabViews {
 /// the program.
 class TabController : public packetroutines::TabConsumer {
  public:
-  TabController(forms::Main& main, config::Settings& settings, const config::Session& session,
+  TabController(forms::Main& main, config::Settings& settings, const config::RunSettings& present,
                 subroutines::StoredSettings& stored, packetroutines::AcquisitionState& state,
                 packetroutines::CaptureSession& capture, const platform::Services& services,
                 const platform::FileSystem& files, TabViews& views, platform::TimerQueue& timers);
@@ -87,7 +87,7 @@ class TabController : public packetroutines::TabConsumer {
 
   forms::Main& main_;
   config::Settings& settings_;
-  const config::Session& session_;
+  const config::RunSettings& present_;
   subroutines::StoredSettings& stored_;
   packetroutines::AcquisitionState& state_;
   packetroutines::CaptureSession& capture_;

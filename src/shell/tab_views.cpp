@@ -62,7 +62,7 @@ void TabController::ShowView() {
 
 void TabController::ChooseStation(std::size_t first) {
   main_.Option3[first].Visible = true;
-  main_.Option3[session_.ActiveStream == 1 ? first : first + 1].Value = true;
+  main_.Option3[present_.ActiveStream == 1 ? first : first + 1].Value = true;
   if (HasSecondStream()) main_.Option3[first + 1].Visible = true;
 }
 

@@ -39,7 +39,7 @@ TEST(CompleteBlock, ComesWithTheFrameThatFillsIt) {
 
 TEST(CompleteBlock, ComesAfterTheChosenNumberOfFrames) {
   CaptureBench bench;
-  bench.Session.BaseSamples = 7;
+  bench.Present.BaseSamples = 7;
   bench.Block.Rebuild(7);
   bench.RunWithLength("LookingForValues");
 

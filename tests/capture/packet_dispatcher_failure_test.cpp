@@ -95,7 +95,7 @@ TEST(PacketEventTrap, EndsTheProgramWhereARecordedRowIsBeyondTheBlock) {
   CaptureBench bench;
   bench.RunWithLength("LookingForRecording");
   bench.Receive(150, Frame);
-  bench.Session.BaseSamples = 100;
+  bench.Present.BaseSamples = 100;
   bench.Block.Rebuild(100);
 
   EXPECT_THROW(bench.Receive(Frame(150)), SceneEnded);

@@ -210,7 +210,7 @@ TEST_F(Recording, BeginsTheNextRingAtCellAndRowZero) {
 }
 
 TEST_F(Recording, DropsAnUnfinishedBlockWhereTheRingIsFull) {
-  bench.Session.BaseSamples = 3000;
+  bench.Present.BaseSamples = 3000;
   bench.Block.Rebuild(3000);
 
   bench.Receive(4000 + 3000, First);
@@ -325,7 +325,7 @@ TEST_F(Recording, StoresACountOfTheFirstStreamBeyond32767) {
 }
 
 TEST_F(Recording, FollowsTheUnitsInTheFirstStreamAlone) {
-  bench.Session.CurrentUnitFactor = 1000;
+  bench.Present.CurrentUnitFactor = 1000;
 
   bench.Receive(PlainFrame(0, "MU01", 1500));
   bench.Receive(PlainFrame(0, "MU02", 1500));

@@ -397,7 +397,7 @@ TEST(PacketDispatcher, GoesOnWithARowBeyondAShrunkBlockWithoutAMessage) {
   CaptureBench bench;
   bench.RunWithLength("LookingForValues");
   bench.Receive(150, [](int i) { return PlainFrame(i); });
-  bench.Session.BaseSamples = 100;
+  bench.Present.BaseSamples = 100;
   bench.Block.Rebuild(100);
 
   bench.Receive(300, [](int i) { return PlainFrame(i); });

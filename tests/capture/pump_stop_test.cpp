@@ -133,7 +133,7 @@ TEST(StopCapture, ForgetsTheOffsetsOfAFrameInFlightWhenARestartCausedIt) {
 
 TEST(CompleteBlock, IsServedInsideThePumpOfAnotherOne) {
   CaptureBench bench;
-  bench.Session.BaseSamples = 1;
+  bench.Present.BaseSamples = 1;
   bench.Block.Rebuild(1);
   bench.RunWithLength("LookingForScope");
   bench.Events.AtPump(1, [&] { bench.Receive(Frame(1)); });
@@ -150,7 +150,7 @@ TEST(CompleteBlock, IsServedInsideThePumpOfAnotherOne) {
 
 TEST(CompleteBlock, KeepsItsOwnVerdictOverAFrameInItsPump) {
   CaptureBench bench;
-  bench.Session.BaseSamples = 2;
+  bench.Present.BaseSamples = 2;
   bench.Block.Rebuild(2);
   bench.RunWithLength("LookingForValues");
   bench.Receive(PlainFrame(0, "MU01", 0));

@@ -119,7 +119,7 @@ class RandomCases {
 
 TEST(SignalBuilder, BuildsRandomFramesAsAPlainImplementationDoes) {
   CaptureBench bench;
-  bench.Session.BaseSamples = 1;
+  bench.Present.BaseSamples = 1;
   RandomCases cases;
   int silent = 0;
   int whole = 0;
@@ -132,8 +132,8 @@ TEST(SignalBuilder, BuildsRandomFramesAsAPlainImplementationDoes) {
     bench.State.SampleCountOffset = {c.CountOffset, c.CountOffset};
     bench.State.ValueOffset = {c.ValueOffset, c.ValueOffset};
     bench.State.ChannelCount = c.Channels;
-    bench.Session.CurrentUnitFactor = c.CurrentFactor;
-    bench.Session.VoltageUnitFactor = c.VoltageFactor;
+    bench.Present.CurrentUnitFactor = c.CurrentFactor;
+    bench.Present.VoltageUnitFactor = c.VoltageFactor;
     const auto cells = CellsOf(c.Frame, c.Upper);
     bool signalOk = false;
     bool untouched = true;

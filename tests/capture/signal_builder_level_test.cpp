@@ -26,7 +26,7 @@ class LevelBench : public CaptureBench {
  public:
   LevelBench() {
     const FrameBytes frame = SvFrame().Bytes();
-    Layout.FindDataOffsets(CellsOf(frame), static_cast<std::int16_t>(frame.size()), 0);
+    Locator.FindDataOffsets(CellsOf(frame), static_cast<std::int16_t>(frame.size()), 0);
   }
   bool Build(const SvFrame& frame, std::int32_t row = LastRow) {
     bool signalOk = false;
@@ -69,7 +69,7 @@ INSTANTIATE_TEST_SUITE_P(SilentBlock, ATenth,
 
 TEST(SilentBlock, IsJudgedInTheChosenUnits) {
   LevelBench bench;
-  bench.Session.CurrentUnitFactor = 1000;
+  bench.Present.CurrentUnitFactor = 1000;
 
   EXPECT_TRUE(bench.Build(SvFrame().Raw(0, 1)));
 }
@@ -121,7 +121,7 @@ TEST(RealTimeValue, ChangesWithEveryFrameOverTheWholeBlock) {
   bench.State.LookingForValues = true;
   bench.State.RealTimeMode = true;
   bench.Block.Rebuild(4);
-  bench.Session.BaseSamples = 4;
+  bench.Present.BaseSamples = 4;
 
   bench.Build(SvFrame().Raw(0, 4000), 1);
   EXPECT_EQ(bench.Main.Label5[0].Caption, "1.73");

@@ -22,7 +22,7 @@ class BuilderBench : public CaptureBench {
  public:
   explicit BuilderBench(const FrameBytes& located = SvFrame().Bytes()) {
     for (const std::size_t stream : {0U, 1U}) {
-      Layout.FindDataOffsets(CellsOf(located), static_cast<std::int16_t>(located.size()), stream);
+      Locator.FindDataOffsets(CellsOf(located), static_cast<std::int16_t>(located.size()), stream);
     }
   }
 
@@ -127,7 +127,7 @@ class VoltageFactor : public testing::TestWithParam<VoltageUnit> {};
 
 TEST_P(VoltageFactor, ScalesTheVoltagesOfTheFirstStreamAlone) {
   BuilderBench bench;
-  bench.Session.VoltageUnitFactor = GetParam().Factor;
+  bench.Present.VoltageUnitFactor = GetParam().Factor;
   const FrameBytes frame = SvFrame().AllRaw(100000).Bytes();
 
   bench.Build(frame);
@@ -144,7 +144,7 @@ INSTANTIATE_TEST_SUITE_P(SignalBuilder, VoltageFactor,
 
 TEST(SignalBuilder, ScalesTheCurrentsOfTheFirstStreamAlone) {
   BuilderBench bench;
-  bench.Session.CurrentUnitFactor = 1000;
+  bench.Present.CurrentUnitFactor = 1000;
   const FrameBytes frame = SvFrame().AllRaw(1500).Bytes();
 
   bench.Build(frame);
@@ -192,7 +192,7 @@ TEST(SignalBuilder, ReadsTheFirstEightOfTwelveChannels) {
 TEST(SignalBuilder, ReadsTheStreamsAtTheirOwnOffsets) {
   BuilderBench bench;
   const FrameBytes tagged = SvFrame().Tagged().Count(5).AllRaw(100000).Bytes();
-  bench.Layout.FindDataOffsets(CellsOf(tagged), static_cast<std::int16_t>(tagged.size()), 1);
+  bench.Locator.FindDataOffsets(CellsOf(tagged), static_cast<std::int16_t>(tagged.size()), 1);
 
   bench.Build(SvFrame().Count(4).AllRaw(200000).Bytes());
   bench.Build2(tagged);

@@ -47,7 +47,7 @@ class WaitingLineScene : public testing::Test {
   AcquisitionState& state = bench.State;
 
  private:
-  WaitingLine waiting_{state,        bench.Settings,       bench.Session,
+  WaitingLine waiting_{state,        bench.Settings,       bench.Present,
                        bench.Main,   bench.Main.Buttons(), bench.Timers,
                        bench.Numbers};
 };
@@ -211,7 +211,7 @@ TEST_F(WaitingLineScene, TakesTheProgressOfARecordingForShown) {
 }
 
 TEST_F(WaitingLineScene, TakesAFullRingForShownWhereNoBlockIsCounted) {
-  bench.Session.BaseSamples = RecordRings::Cells;
+  bench.Present.BaseSamples = RecordRings::Cells;
   bench.Block.Rebuild(RecordRings::Cells);
   Start(bench.Main.CWButton3, "LookingForRecording");
   bench.Receive(PlainFrame(0));

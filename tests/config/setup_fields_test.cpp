@@ -87,7 +87,7 @@ TEST_F(SetupFields, ABaseFrequencyThatIsNoNumberFails) {
 TEST_F(SetupFields, TheSamplingsSizeTheBlockForThisRunOnly) {
   Field(2) = "800";
 
-  EXPECT_EQ(scene.Session.BaseSamples, 800);
+  EXPECT_EQ(scene.Present.BaseSamples, 800);
   EXPECT_EQ(scene.Block.SignalValues.Rows(), 800);
   EXPECT_EQ(scene.Block.SignalValues2.Rows(), 800);
   EXPECT_EQ(scene.Block.SampleCount.Count(), 800);
@@ -100,7 +100,7 @@ TEST_F(SetupFields, EmptiedSamplingsSaveNothingAndKeepTheArrays) {
 
   Field(2) = "";
 
-  EXPECT_EQ(scene.Session.BaseSamples, 0);
+  EXPECT_EQ(scene.Present.BaseSamples, 0);
   EXPECT_EQ(scene.Block.SignalValues.Rows(), 400);
   EXPECT_TRUE(AllMarked());
   EXPECT_EQ(Saves(), 0);
@@ -111,7 +111,7 @@ TEST_F(SetupFields, ADigitAfterEmptiedSamplingsSizesTheArraysAgain) {
 
   Field(2) = "8";
 
-  EXPECT_EQ(scene.Session.BaseSamples, 8);
+  EXPECT_EQ(scene.Present.BaseSamples, 8);
   EXPECT_EQ(scene.Block.SignalValues.Rows(), 8);
   EXPECT_EQ(Saves(), 1);
 }
@@ -131,7 +131,7 @@ TEST_F(SetupFields, AnotherFieldAfterEmptiedSamplingsLeavesArraysWithoutRows) {
 TEST_F(SetupFields, SamplingsThatAreNoNumberFail) {
   EXPECT_EQ(FailureOfTyping(2, "4oo"), TypeMismatch);
   EXPECT_EQ(FailureOfTyping(2, "-5"), TypeMismatch);
-  EXPECT_EQ(scene.Session.BaseSamples, 400);
+  EXPECT_EQ(scene.Present.BaseSamples, 400);
 }
 
 TEST_F(SetupFields, SamplingsBeyondTheirTypeOverflow) {

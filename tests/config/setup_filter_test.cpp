@@ -50,9 +50,9 @@ TEST_F(ContentFilters, TheSecondFieldNamesTheOddStations) {
 
 TEST_F(ContentFilters, TheStreamCountIsTheFilterThatLastGotARealValue) {
   Second().Text = "B2";
-  EXPECT_EQ(scene.Session.StreamCount, 2);
+  EXPECT_EQ(scene.Present.StreamCount, 2);
   First().Text = "A1";
-  EXPECT_EQ(scene.Session.StreamCount, 1);
+  EXPECT_EQ(scene.Present.StreamCount, 1);
 }
 
 TEST_F(ContentFilters, AnEmptiedFieldDoesNotCount) {
@@ -60,7 +60,7 @@ TEST_F(ContentFilters, AnEmptiedFieldDoesNotCount) {
 
   First().Text = "";
 
-  EXPECT_EQ(scene.Session.StreamCount, 2);
+  EXPECT_EQ(scene.Present.StreamCount, 2);
 }
 
 TEST_F(ContentFilters, ADoubleClickEmptiesTheFirstField) {
@@ -104,7 +104,7 @@ TEST_F(ContentFilters, ThePlaceholderTypedEmptiesItsFieldAndRunsTheRuleTwice) {
 TEST_F(ContentFilters, ThePlaceholderTypedCountsAsARealValueOnItsFirstRun) {
   Second().Text = Placeholder;
 
-  EXPECT_EQ(scene.Session.StreamCount, 2);
+  EXPECT_EQ(scene.Present.StreamCount, 2);
 }
 
 TEST_F(ContentFilters, ThePlaceholderLandsInTheStore) {
@@ -136,7 +136,7 @@ TEST(ContentFilterStart, TheFirstStationsAreChosen) {
     EXPECT_TRUE(scene.Main.Option3[even].Value) << even;
     EXPECT_FALSE(scene.Main.Option3[even + 1].Value) << even + 1;
   }
-  EXPECT_EQ(scene.Session.ActiveStream, 1);
+  EXPECT_EQ(scene.Present.ActiveStream, 1);
   EXPECT_THAT(scene.Settings.FilterContent, ElementsAre("MU01", "MU02"));
 }
 
@@ -149,7 +149,7 @@ TEST_P(StationChoice, AnOddStationBringsTheSecondFieldToTheFirstSlot) {
   Station(GetParam() + 1).Value = true;
 
   EXPECT_THAT(scene.Settings.FilterContent, ElementsAre("MU02", "MU01"));
-  EXPECT_EQ(scene.Session.ActiveStream, 2);
+  EXPECT_EQ(scene.Present.ActiveStream, 2);
 }
 
 TEST_P(StationChoice, AnEvenStationBringsTheFirstFieldBack) {
@@ -158,7 +158,7 @@ TEST_P(StationChoice, AnEvenStationBringsTheFirstFieldBack) {
   Station(GetParam()).Value = true;
 
   EXPECT_THAT(scene.Settings.FilterContent, ElementsAre("MU01", "MU02"));
-  EXPECT_EQ(scene.Session.ActiveStream, 1);
+  EXPECT_EQ(scene.Present.ActiveStream, 1);
 }
 
 INSTANTIATE_TEST_SUITE_P(OfTheLiveViews, StationChoice, testing::Values(0U, 2U, 4U));
@@ -202,12 +202,12 @@ TEST_F(ContentFilters, TheStationsOfTheReportChooseNothing) {
 
   Station(7).Value = true;
   EXPECT_THAT(scene.Settings.FilterContent, ElementsAre("MU01", "MU02"));
-  EXPECT_EQ(scene.Session.ActiveStream, 1);
+  EXPECT_EQ(scene.Present.ActiveStream, 1);
 
   Station(1).Value = true;
   Station(6).Value = true;
   EXPECT_THAT(scene.Settings.FilterContent, ElementsAre("MU02", "MU01"));
-  EXPECT_EQ(scene.Session.ActiveStream, 2);
+  EXPECT_EQ(scene.Present.ActiveStream, 2);
 }
 
 TEST_F(ContentFilters, AFieldWritesItsOwnSlotWhateverIsChosen) {

@@ -26,31 +26,31 @@ TEST_F(SetupUnits, TheListsHoldTheUnits) {
 TEST_F(SetupUnits, TheCurrentUnitHasItsFactorAndItsKey) {
   scene.Main.Combo4[0].ListIndex = 1;
   EXPECT_EQ(scene.Settings.UnitCurrent, 1);
-  EXPECT_EQ(scene.Session.CurrentUnitFactor, 1000.0F);
+  EXPECT_EQ(scene.Present.CurrentUnitFactor, 1000.0F);
   EXPECT_EQ(scene.Store.Texts["UnitCurrent"], "1");
 
   scene.Main.Combo4[0].ListIndex = 0;
   EXPECT_EQ(scene.Settings.UnitCurrent, 0);
-  EXPECT_EQ(scene.Session.CurrentUnitFactor, 1.0F);
+  EXPECT_EQ(scene.Present.CurrentUnitFactor, 1.0F);
   EXPECT_EQ(scene.Settings.UnitVoltage, 0);
 }
 
 TEST_F(SetupUnits, TheVoltageUnitHasItsFactorAndItsKey) {
   scene.Main.Combo4[1].ListIndex = 1;
-  EXPECT_EQ(scene.Session.VoltageUnitFactor, 1000.0F);
+  EXPECT_EQ(scene.Present.VoltageUnitFactor, 1000.0F);
   scene.Main.Combo4[1].ListIndex = 2;
-  EXPECT_EQ(scene.Session.VoltageUnitFactor, 1000000.0F);
+  EXPECT_EQ(scene.Present.VoltageUnitFactor, 1000000.0F);
   EXPECT_EQ(scene.Settings.UnitVoltage, 2);
   EXPECT_EQ(scene.Store.Texts["UnitVoltage"], "2");
   EXPECT_EQ(scene.Settings.UnitCurrent, 0);
-  EXPECT_EQ(scene.Session.CurrentUnitFactor, 1.0F);
+  EXPECT_EQ(scene.Present.CurrentUnitFactor, 1.0F);
 }
 
 TEST_F(SetupUnits, TheCaptionsTellTheNewUnitBeforeTheFactorIsSet) {
   float factorAtCaption = 0;
   std::int16_t indexAtCaption = -1;
   scene.Main.Label6[7].Caption.Observe([&] {
-    factorAtCaption = scene.Session.VoltageUnitFactor;
+    factorAtCaption = scene.Present.VoltageUnitFactor;
     indexAtCaption = scene.Settings.UnitVoltage;
   });
 
@@ -97,8 +97,8 @@ TEST(SetupUnitsStart, TheStoredUnitsAreChosenWithTheirFactors) {
 
   EXPECT_EQ(scene.Main.Combo4[0].Text(), "mA");
   EXPECT_EQ(scene.Main.Combo4[1].Text(), "mV");
-  EXPECT_EQ(scene.Session.CurrentUnitFactor, 1000.0F);
-  EXPECT_EQ(scene.Session.VoltageUnitFactor, 1000000.0F);
+  EXPECT_EQ(scene.Present.CurrentUnitFactor, 1000.0F);
+  EXPECT_EQ(scene.Present.VoltageUnitFactor, 1000000.0F);
   EXPECT_EQ(scene.Main.Label6[0].Caption, "Current Sensor A / [mA]");
   EXPECT_EQ(scene.Main.Label6[7].Caption, "Voltage Sensor N / [mV]");
 }

@@ -48,7 +48,7 @@ TEST_F(SetupStore, EveryFieldGoesToTheFileAsItIsTyped) {
 TEST_F(SetupStore, TheSamplingsMakeTheArraysAnewAndAreNotReadBack) {
   GoSetup();
   Type(Member("Text1", 2), "200");
-  EXPECT_EQ(Program().Session.BaseSamples, 200);
+  EXPECT_EQ(Program().Present.BaseSamples, 200);
   EXPECT_EQ(Program().Block.SignalValues.Rows(), 200);
   program_.reset();
   Start();

@@ -46,7 +46,7 @@ TEST_F(Setup, AChosenFormatIsTaken) {
   QTest::keyClick(&list, Qt::Key_Down);
   QTest::keyClick(&list, Qt::Key_Down);
   EXPECT_EQ(Program().Settings.UnitResolution, 2);
-  EXPECT_EQ(Program().Session.UnitFormat, "###,###,##0.00");
+  EXPECT_EQ(Program().Present.UnitFormat, "###,###,##0.00");
 }
 
 TEST_F(Setup, AChosenUnitShowsInTheCaptionsOfTheReadings) {

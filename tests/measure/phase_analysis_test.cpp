@@ -26,7 +26,7 @@ class Phases : public ::testing::Test {
 
   /// A sine of 80 frames a period, `degrees` behind the start of the block.
   void Fill(std::size_t channel, double amplitude, double degrees) {
-    for (std::int32_t i = 0; i < scene.Session.BaseSamples; ++i) {
+    for (std::int32_t i = 0; i < scene.Present.BaseSamples; ++i) {
       scene.Block.SignalValues.Row(i)[channel] =
           amplitude * std::sin(2 * std::numbers::pi * i / 80.0 - degrees * std::numbers::pi / 180);
     }
@@ -58,11 +58,11 @@ class Phases : public ::testing::Test {
       scene.Capture,  {scene.Main, scene.Main, scene.Main, scene.Main.Buttons()},
       scene.Settings, scene.State,
       packets,        {scene.Events, scene.Dialogs, scene.Runtime}};
-  subroutines::PhasorDiagram diagram{scene.Main, scene.PhasorPicture, scene.State, scene.Session,
+  subroutines::PhasorDiagram diagram{scene.Main, scene.PhasorPicture, scene.State, scene.Present,
                                      scene.Numbers};
   subroutines::PhaseAnalysis phases{scene.Main,
                                     diagram,
-                                    {scene.Settings, scene.Session, scene.State, scene.Block,
+                                    {scene.Settings, scene.Present, scene.State, scene.Block,
                                      capture, scene.Main, scene.Events, scene.Numbers}};
 };
 

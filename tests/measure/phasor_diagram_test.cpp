@@ -43,7 +43,7 @@ class Diagram : public ::testing::Test {
 
   Scene scene;
   support::RecordingCanvas canvas;
-  subroutines::PhasorDiagram diagram{scene.Main, canvas, scene.State, scene.Session, scene.Numbers};
+  subroutines::PhasorDiagram diagram{scene.Main, canvas, scene.State, scene.Present, scene.Numbers};
 };
 
 TEST_F(Diagram, DrawsItsBackgroundStepByStep) {

@@ -25,7 +25,7 @@ class ScopeOrder : public ::testing::Test {
     scene.Receive(SvFrame().Bytes());
   }
   void Block() {
-    scene.Receive(scene.Session.BaseSamples, [](int i) { return SineFrame(i, 100, 10); });
+    scene.Receive(scene.Present.BaseSamples, [](int i) { return SineFrame(i, 100, 10); });
   }
 
   Scene scene;

@@ -32,7 +32,7 @@ class Scope : public ::testing::Test {
     scene.Receive(SvFrame().Bytes());
   }
   void Block(double amps, double kilovolts) {
-    scene.Receive(scene.Session.BaseSamples, [&](int i) { return SineFrame(i, amps, kilovolts); });
+    scene.Receive(scene.Present.BaseSamples, [&](int i) { return SineFrame(i, amps, kilovolts); });
   }
   void NextBlock(double amps, double kilovolts) {
     scene.Elapse(milliseconds(100));

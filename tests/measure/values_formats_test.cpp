@@ -70,7 +70,7 @@ TEST_F(ValueFormats, AChoiceIsStoredAndShowsWithTheNextBlock) {
 
   scene.Main.Combo3.ListIndex = 8;
   EXPECT_EQ(scene.Settings.UnitResolution, 8);
-  EXPECT_EQ(scene.Session.UnitFormat, "0.0");
+  EXPECT_EQ(scene.Present.UnitFormat, "0.0");
   EXPECT_EQ(scene.Store.Texts["Unit Resolution"], "8");
   EXPECT_EQ(scene.Main.Label5[0].Caption, "1,234.5000");
 
@@ -93,7 +93,7 @@ TEST_F(StoredFormat, IsChosenAtTheStart) {
   Load("7");
 
   EXPECT_EQ(scene.Main.Combo3.ListIndex, 7);
-  EXPECT_EQ(scene.Session.UnitFormat, "0.00");
+  EXPECT_EQ(scene.Present.UnitFormat, "0.00");
   EXPECT_EQ(scene.Main.Label5[0].Caption, "0.00");
 }
 
@@ -102,7 +102,7 @@ TEST_F(StoredFormat, BeyondTheListFallsToTheLast) {
 
   EXPECT_EQ(scene.Main.Combo3.ListIndex, 9);
   EXPECT_EQ(scene.Settings.UnitResolution, 9);
-  EXPECT_EQ(scene.Session.UnitFormat, "0");
+  EXPECT_EQ(scene.Present.UnitFormat, "0");
   EXPECT_EQ(scene.Store.Texts["Unit Resolution"], "9");
 }
 

@@ -98,7 +98,7 @@ TEST(StartUp, AlwaysBeginsWithBlocksOf400Frames) {
 
   scene.App.Load();
 
-  EXPECT_EQ(scene.Session.BaseSamples, 400);
+  EXPECT_EQ(scene.Present.BaseSamples, 400);
   EXPECT_EQ(scene.Main.Text1[2].Text, "400");
   EXPECT_EQ(scene.Block.SignalValues.Rows(), 400);
   EXPECT_EQ(scene.Store.Texts["Number of samples"], "3");

@@ -43,7 +43,7 @@ class TabBench : public ::testing::Test, private formroutines::TabViews {
   subroutines::StoredSettings file_{bench.Store, bench.Numbers, bench.Settings};
 
  protected:
-  formroutines::TabController tabs{bench.Main,  bench.Settings,    bench.Session,  file_,
+  formroutines::TabController tabs{bench.Main,  bench.Settings,    bench.Present,  file_,
                                    bench.State, bench.Acquisition, bench.Services, bench.Files,
                                    *this,       bench.Timers};
 };

@@ -7,9 +7,9 @@ using testing::_;
 CaptureBench::CaptureBench() {
   Capture.AddAdapter("Bus");
   Settings.FilterContent = {"MU01", "MU02"};
-  Session.UnitFormat = "0.00";
+  Present.UnitFormat = "0.00";
   Main.Timer3.Interval = 1000;
-  Block.Rebuild(Session.BaseSamples);
+  Block.Rebuild(Present.BaseSamples);
   Rings.Reserve(packetroutines::RecordRings::Cells);
   Acquisition.FillAdapterList();
 

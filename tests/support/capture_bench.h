@@ -61,7 +61,7 @@ class CaptureBench : public FakePlatform {
 
   forms::Main Main{Timers};
   config::Settings Settings;
-  config::Session Session;
+  config::RunSettings Present;
   packetroutines::AcquisitionState State;
   packetroutines::BlockArrays Block;
   packetroutines::RecordRings Rings;
@@ -73,15 +73,15 @@ class CaptureBench : public FakePlatform {
       Capture, {Main, Main, Main, Main.Buttons()}, Settings, State, Dispatcher, Services};
   BenchTabs Tabs{Journal};
   packetroutines::RetryBox Trouble{Dialogs, Tabs};
-  packetroutines::FrameLayout Layout{State, Trouble, Runtime};
-  packetroutines::SignalBuilder Builder{State, Block,   Rings,   Session,
+  packetroutines::SampleLocator Locator{State, Trouble, Runtime};
+  packetroutines::SignalBuilder Builder{State, Block,   Rings,   Present,
                                         Main,  Numbers, Trouble, Runtime};
   packetroutines::PacketDispatcher Dispatcher{State,
                                               Settings,
-                                              Session,
+                                              Present,
                                               {Main, Main, Main},
                                               Acquisition,
-                                              Layout,
+                                              Locator,
                                               Builder,
                                               {Views, Recorder, Report, Report},
                                               {Numbers, Code, Events, Dialogs, Trouble, Runtime}};
@@ -105,8 +105,8 @@ class CaptureBench : public FakePlatform {
 /// The frame `count` of a stream with one raw value in all channels, by default 1 A and 10 V.
 FrameBytes PlainFrame(int count, const std::string& id = "MU01", std::int32_t raw = 1000);
 
-/// The bytes as `FrameLayout` and `SignalBuilder` get them: the cells 0 to `upper`, the frame from
-/// cell 1 on.
+/// The bytes as `SampleLocator` and `SignalBuilder` get them: the cells 0 to `upper`, the frame
+/// from cell 1 on.
 packetroutines::PacketBytes CellsOf(const FrameBytes& frame, std::int16_t upper);
 packetroutines::PacketBytes CellsOf(const FrameBytes& frame);
 

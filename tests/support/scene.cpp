@@ -28,7 +28,7 @@ void Scene::Receive(int count, const std::function<FrameBytes(int)>& make) {
 }
 
 void Scene::ReceiveBlock(const std::function<FrameBytes(int)>& make) {
-  Receive(Session.BaseSamples, make);
+  Receive(Present.BaseSamples, make);
   Elapse(std::chrono::milliseconds(100));
 }
 

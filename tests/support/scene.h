@@ -24,7 +24,7 @@ class Scene : public FakePlatform {
                                  Files, Folders, Printers, Links, Screen, PhasorPicture}};
   forms::Main& Main = App.Main;
   config::Settings& Settings = App.Settings;
-  config::Session& Session = App.Session;
+  config::RunSettings& Present = App.Present;
   packetroutines::AcquisitionState& State = App.State;
   packetroutines::BlockArrays& Block = App.Block;
 

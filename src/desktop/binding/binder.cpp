@@ -135,7 +135,7 @@ void Binder::Bind(platform::CheckBox& control, QCheckBox& widget, const QString&
   });
 }
 
-void Binder::Bind(platform::OptionButton& control, StationChoice& widget, const QString& name,
+void Binder::Bind(platform::OptionButton& control, RadioButton& widget, const QString& name,
                   Ampersand ampersand) {
   BindControl(control, widget, name);
   Follow(control.Caption,
@@ -192,7 +192,7 @@ void Binder::Bind(platform::TextBox& control, TextArea& widget, const QString& n
   widget.DoubleClicked = [&] { guard_([&] { control.DblClick(); }); };
 }
 
-void Binder::Bind(platform::Frame& control, QWidget& widget, const QString& name) {
+void Binder::Bind(platform::GroupBox& control, QWidget& widget, const QString& name) {
   BindControl(control, widget, name);
 }
 

@@ -11,9 +11,9 @@
 #include "desktop/widgets/choice_box.h"
 #include "desktop/widgets/click_label.h"
 #include "desktop/widgets/quiet_line.h"
+#include "desktop/widgets/radio_button.h"
 #include "desktop/widgets/reading_field.h"
 #include "desktop/widgets/run_button.h"
-#include "desktop/widgets/station_choice.h"
 #include "desktop/widgets/text_area.h"
 #include "desktop/widgets/text_field.h"
 #include "platform/controls/buttons.h"
@@ -47,12 +47,12 @@ class Binder {
   void Bind(platform::CommandButton& control, QPushButton& widget, const QString& name);
   void Bind(platform::CheckBox& control, QCheckBox& widget, const QString& name,
             Ampersand ampersand = Ampersand::Mnemonic);
-  void Bind(platform::OptionButton& control, StationChoice& widget, const QString& name,
+  void Bind(platform::OptionButton& control, RadioButton& widget, const QString& name,
             Ampersand ampersand = Ampersand::Mnemonic);
   void Bind(platform::ComboBox& control, ChoiceBox& widget, const QString& name);
   void Bind(platform::TextBox& control, TextField& widget, const QString& name);
   void Bind(platform::TextBox& control, TextArea& widget, const QString& name);
-  void Bind(platform::Frame& control, QWidget& widget, const QString& name);
+  void Bind(platform::GroupBox& control, QWidget& widget, const QString& name);
   void Bind(platform::PictureBox& control, QWidget& widget, const QString& name);
   void Bind(platform::Shape& control, QWidget& widget, const QString& name);
   void Bind(platform::Panel& panel, QLabel& widget, const QString& name);

@@ -57,7 +57,7 @@ void PhasorPage::BindControls(Binder& binder) {
   binder.Bind(phasor_.CWButton2, *run_, QStringLiteral("CWButton2"));
   binder.Bind(phasor_.Label17, *stationHeading_, QStringLiteral("Label17"));
   for (std::size_t i = 0; i < stations_.size(); ++i) {
-    stations_[i] = new StationChoice(frame_);
+    stations_[i] = new RadioButton(frame_);
     binder.Bind(shared_.Option3[i + forms::station::Phasor], *stations_[i],
                 ArrayName("Option3", i + 4), Ampersand::Letter);
   }
@@ -98,7 +98,7 @@ void PhasorPage::Follow() {
 }
 
 void PhasorPage::ShowColours() {
-  const auto show = [](QFrame& frame, const platform::Frame& control) {
+  const auto show = [](QFrame& frame, const platform::GroupBox& control) {
     const QColor ground = look::ColourOf(control.BackColor);
     frame.setStyleSheet(QStringLiteral("#%1 { background: %2; border: 1px solid %3; "
                                        "border-radius: 7px; }")
@@ -154,7 +154,7 @@ void PhasorPage::Lay() {
   bold.setPixelSize(scaled(look::TextSize));
   stationHeading_->setFont(bold);
   stationHeading_->setGeometry(controlsLeft, y, half, scaled(Line));
-  for (StationChoice* station : stations_) {
+  for (RadioButton* station : stations_) {
     y += scaled(Line);
     station->setFont(look::TextFont(scaled(look::TextSize)));
     station->setGeometry(controlsLeft, y, half - Gap / 2, scaled(Line));

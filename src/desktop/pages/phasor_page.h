@@ -9,9 +9,9 @@
 #include "desktop/widgets/choice_box.h"
 #include "desktop/widgets/picture_pad.h"
 #include "desktop/widgets/quiet_line.h"
+#include "desktop/widgets/radio_button.h"
 #include "desktop/widgets/run_button.h"
 #include "desktop/widgets/run_indicator.h"
-#include "desktop/widgets/station_choice.h"
 #include "desktop/widgets/value_table.h"
 #include "forms/phasor_controls.h"
 #include "forms/shared_controls.h"
@@ -49,7 +49,7 @@ class PhasorPage : public QWidget {
   RunIndicator* indicator_;
   RunButton* run_;
   QLabel* stationHeading_;
-  std::array<StationChoice*, 2> stations_{};
+  std::array<RadioButton*, 2> stations_{};
   QuietLine* quiet_;
   QFrame* scalesFrame_;
   QLabel* scalesHeading_;

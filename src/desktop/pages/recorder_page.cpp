@@ -78,7 +78,7 @@ Card* RecorderPage::RecordingCard() {
   binder_.Bind(recorder_.Label10[forms::record_line::Heading], *heading, ArrayName("Label10", 0));
   card->AddWide(heading);
   for (std::size_t i = 0; i < recorder_.Option2.size(); ++i) {
-    auto* format = new StationChoice(card);
+    auto* format = new RadioButton(card);
     binder_.Bind(recorder_.Option2[i], *format, ArrayName("Option2", i));
     card->AddWide(format);
   }
@@ -153,7 +153,7 @@ Card* RecorderPage::PauseCard() {
   binder_.Bind(recorder_.Frame4, *card, QStringLiteral("Frame4"));
   card->Grid().setColumnMinimumWidth(0, 0);
   for (std::size_t i = 0; i < recorder_.Option1.size(); ++i) {
-    auto* kind = new StationChoice(card);
+    auto* kind = new RadioButton(card);
     binder_.Bind(recorder_.Option1[i], *kind, ArrayName("Option1", i));
     card->AddWide(kind);
   }

@@ -61,7 +61,7 @@ void ReportPage::BindControls(forms::ReportControls& report, forms::SharedContro
   binder.Bind(report.Command2, *run_, QStringLiteral("Command2"));
   binder.Bind(report.sevLabel4, *stationHeading_, QStringLiteral("sevLabel4"));
   for (std::size_t i = 0; i < stations_.size(); ++i) {
-    stations_[i] = new StationChoice(this);
+    stations_[i] = new RadioButton(this);
     binder.Bind(shared.Option3[i + forms::station::Report], *stations_[i],
                 ArrayName("Option3", i + 6), Ampersand::Letter);
   }
@@ -96,7 +96,7 @@ void ReportPage::LayControls(double ratio) {
   indicator_->CentreOn(*run_);
   stationHeading_->setFont(bold);
   next(*stationHeading_, Line, 0);
-  for (StationChoice* station : stations_) {
+  for (RadioButton* station : stations_) {
     station->setFont(font);
     next(*station, Line, 0);
   }

@@ -7,9 +7,9 @@
 
 #include "desktop/binding/binder.h"
 #include "desktop/binding/rich_rows.h"
+#include "desktop/widgets/radio_button.h"
 #include "desktop/widgets/run_button.h"
 #include "desktop/widgets/run_indicator.h"
-#include "desktop/widgets/station_choice.h"
 #include "forms/report_controls.h"
 #include "forms/shared_controls.h"
 
@@ -36,7 +36,7 @@ class ReportPage : public QWidget {
   RunIndicator* indicator_;
   RunButton* run_;
   QLabel* stationHeading_;
-  std::array<StationChoice*, 2> stations_{};
+  std::array<RadioButton*, 2> stations_{};
   QPushButton* print_;
   QRectF sheet_;
   QRectF panel_;

@@ -77,7 +77,7 @@ void ValuesPage::BindControls(Binder& binder) {
   binder.Bind(values_.CWButton4, *run_, QStringLiteral("CWButton4"));
   binder.Bind(values_.Label16, *stationHeading_, QStringLiteral("Label16"));
   for (std::size_t i = 0; i < stations_.size(); ++i) {
-    stations_[i] = new StationChoice(this);
+    stations_[i] = new RadioButton(this);
     binder.Bind(shared_.Option3[i], *stations_[i], ArrayName("Option3", i), Ampersand::Letter);
   }
   binder.Bind(values_.Check5, *realTime_, QStringLiteral("Check5"));
@@ -157,7 +157,7 @@ void ValuesPage::LayControls(double ratioX, double ratioY) {
   heading.setBold(true);
   stationHeading_->setFont(heading);
   stationHeading_->setGeometry(Rounded(left + padding, y, inner, line));
-  for (StationChoice* station : stations_) {
+  for (RadioButton* station : stations_) {
     y += line;
     station->setFont(Scaled(look::TextSize, ratioX, ratioY));
     station->setGeometry(Rounded(left + padding, y, inner, line));

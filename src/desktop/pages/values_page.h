@@ -7,10 +7,10 @@
 
 #include "desktop/binding/binder.h"
 #include "desktop/widgets/quiet_line.h"
+#include "desktop/widgets/radio_button.h"
 #include "desktop/widgets/reading_field.h"
 #include "desktop/widgets/run_button.h"
 #include "desktop/widgets/run_indicator.h"
-#include "desktop/widgets/station_choice.h"
 #include "forms/shared_controls.h"
 #include "forms/values_controls.h"
 
@@ -51,7 +51,7 @@ class ValuesPage : public QWidget {
   RunIndicator* indicator_;
   RunButton* run_;
   QLabel* stationHeading_;
-  std::array<StationChoice*, 2> stations_{};
+  std::array<RadioButton*, 2> stations_{};
   QCheckBox* realTime_;
   QuietLine* quiet_;
   QRectF panel_;

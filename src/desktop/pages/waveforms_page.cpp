@@ -67,11 +67,11 @@ void WaveformsPage::BindControls(Binder& binder) {
     binder.Bind(scope_.Check2[i], *legend_[i], ArrayName("Check2", i), Ampersand::Letter);
   }
   for (std::size_t i = 0; i < modes_.size(); ++i) {
-    modes_[i] = new StationChoice(frame_);
+    modes_[i] = new RadioButton(frame_);
     binder.Bind(scope_.sevOption1[i], *modes_[i], ArrayName("sevOption1", i));
   }
   for (std::size_t i = 0; i < stations_.size(); ++i) {
-    stations_[i] = new StationChoice(frame_);
+    stations_[i] = new RadioButton(frame_);
     binder.Bind(shared_.Option3[i + forms::station::Waveforms], *stations_[i],
                 ArrayName("Option3", i + 2), Ampersand::Letter);
   }
@@ -88,10 +88,10 @@ void WaveformsPage::FillFrame() {
   for (LegendBox* box : legend_) column->addWidget(box);
   column->addSpacing(Gap);
   column->addWidget(modesHeading_);
-  for (StationChoice* mode : modes_) column->addWidget(mode);
+  for (RadioButton* mode : modes_) column->addWidget(mode);
   column->addSpacing(Gap);
   column->addWidget(stationHeading_);
-  for (StationChoice* station : stations_) column->addWidget(station);
+  for (RadioButton* station : stations_) column->addWidget(station);
   column->addSpacing(Gap);
   column->addWidget(print_);
   column->addStretch(1);

@@ -11,9 +11,9 @@
 #include "desktop/binding/guard.h"
 #include "desktop/widgets/legend_box.h"
 #include "desktop/widgets/quiet_line.h"
+#include "desktop/widgets/radio_button.h"
 #include "desktop/widgets/run_button.h"
 #include "desktop/widgets/run_indicator.h"
-#include "desktop/widgets/station_choice.h"
 #include "forms/shared_controls.h"
 #include "forms/waveforms_controls.h"
 
@@ -50,9 +50,9 @@ class WaveformsPage : public QWidget {
   std::array<LegendBox*, 8> legend_{};
   QuietLine* quiet_;
   QLabel* modesHeading_;
-  std::array<StationChoice*, 3> modes_{};
+  std::array<RadioButton*, 3> modes_{};
   QLabel* stationHeading_;
-  std::array<StationChoice*, 2> stations_{};
+  std::array<RadioButton*, 2> stations_{};
 };
 
 }  // namespace desktop

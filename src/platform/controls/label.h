@@ -28,7 +28,7 @@ class PictureBox : public Control {
 class Shape : public Control {};
 
 /// A region of a view that shows and hides with what stands in it.
-class Frame : public Control {
+class GroupBox : public Control {
  public:
   Property<std::string> Caption;
   Property<Rgb> BackColor{Rgb{255, 255, 255}};

@@ -11,9 +11,9 @@ namespace packetroutines {
 
 /// Finds where a stream's frames hold smpCnt and seqData by a scan for their tag and length bytes,
 /// once a burst. The offsets are then applied to every frame of the stream without a look at it.
-class FrameLayout {
+class SampleLocator {
  public:
-  FrameLayout(AcquisitionState& state, RetryBox& trouble, platform::Program& program)
+  SampleLocator(AcquisitionState& state, RetryBox& trouble, platform::Program& program)
       : state_(state), trouble_(trouble), program_(program) {}
 
   /// `packetLength` is the expected length of a frame in bytes, `stream` 0 or 1.

@@ -1,4 +1,4 @@
-#include "capture/frame_layout.h"
+#include "capture/sample_locator.h"
 
 #include <string>
 
@@ -20,8 +20,8 @@ constexpr std::int16_t ScanMargin = 64;
 
 }  // namespace
 
-void FrameLayout::FindDataOffsets(const PacketBytes& bytes, std::int16_t packetLength,
-                                  std::size_t stream) {
+void SampleLocator::FindDataOffsets(const PacketBytes& bytes, std::int16_t packetLength,
+                                    std::size_t stream) {
   platform::RunSteps(
       program_,
       [this](const platform::Failure& failure, int attempt) {
@@ -34,7 +34,7 @@ void FrameLayout::FindDataOffsets(const PacketBytes& bytes, std::int16_t packetL
       [&] { Scan(bytes, packetLength, stream); });
 }
 
-void FrameLayout::Scan(const PacketBytes& bytes, std::int16_t packetLength, std::size_t stream) {
+void SampleLocator::Scan(const PacketBytes& bytes, std::int16_t packetLength, std::size_t stream) {
   state_.SamplesLocated[stream] = false;
   for (std::int32_t i = 1; i <= packetLength - ScanMargin; ++i) {
     const std::uint8_t tag = bytes(i);
@@ -49,6 +49,6 @@ void FrameLayout::Scan(const PacketBytes& bytes, std::int16_t packetLength, std:
   }
 }
 
-void FrameLayout::FindQualitySettings(const PacketBytes&, std::size_t) {}
+void SampleLocator::FindQualitySettings(const PacketBytes&, std::size_t) {}
 
 }  // namespace packetroutines

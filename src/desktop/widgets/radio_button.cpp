@@ -1,19 +1,19 @@
-#include "desktop/widgets/station_choice.h"
+#include "desktop/widgets/radio_button.h"
 
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
 namespace desktop {
 
-StationChoice::StationChoice(QWidget* parent) : QRadioButton(parent) {
+RadioButton::RadioButton(QWidget* parent) : QRadioButton(parent) {
   setAutoExclusive(false);
 }
 
-QSize StationChoice::minimumSizeHint() const {
+QSize RadioButton::minimumSizeHint() const {
   return {iconSize().width() * 2, QRadioButton::minimumSizeHint().height()};
 }
 
-void StationChoice::paintEvent(QPaintEvent*) {
+void RadioButton::paintEvent(QPaintEvent*) {
   QStylePainter painter(this);
   QStyleOptionButton option;
   initStyleOption(&option);

@@ -32,7 +32,7 @@ class Blank {
 };
 
 void Find(CaptureBench& bench, const FrameBytes& frame, std::size_t stream = 0) {
-  bench.Layout.FindDataOffsets(CellsOf(frame), static_cast<std::int16_t>(frame.size()), stream);
+  bench.Locator.FindDataOffsets(CellsOf(frame), static_cast<std::int16_t>(frame.size()), stream);
 }
 
 /// 1-based position of a byte sequence in a frame, counted by the test itself.
@@ -41,7 +41,7 @@ std::int16_t PositionOf(const FrameBytes& sequence, const FrameBytes& frame) {
   return static_cast<std::int16_t>(at - frame.begin() + 1);
 }
 
-TEST(FrameLayout, KnowsNoOffsetsBeforeTheFirstScan) {
+TEST(SampleLocator, KnowsNoOffsetsBeforeTheFirstScan) {
   CaptureBench bench;
 
   EXPECT_THAT(bench.State.SampleCountOffset, ElementsAre(0, 0));
@@ -49,7 +49,7 @@ TEST(FrameLayout, KnowsNoOffsetsBeforeTheFirstScan) {
   EXPECT_EQ(bench.State.ChannelCount, 0);
 }
 
-TEST(FrameLayout, FindsCountAndValuesOfAMergingUnit) {
+TEST(SampleLocator, FindsCountAndValuesOfAMergingUnit) {
   CaptureBench bench;
   const FrameBytes frame = SvFrame("MU01").Count(0x0ABC).Raw(0, 0x11223344).Bytes();
 
@@ -60,7 +60,7 @@ TEST(FrameLayout, FindsCountAndValuesOfAMergingUnit) {
   EXPECT_EQ(bench.State.ChannelCount, 8);
 }
 
-TEST(FrameLayout, FindsTheFieldsFourBytesLaterInATaggedFrame) {
+TEST(SampleLocator, FindsTheFieldsFourBytesLaterInATaggedFrame) {
   CaptureBench bench;
   Find(bench, SvFrame().Bytes());
   const auto count = bench.State.SampleCountOffset[0];
@@ -72,7 +72,7 @@ TEST(FrameLayout, FindsTheFieldsFourBytesLaterInATaggedFrame) {
   EXPECT_EQ(bench.State.ValueOffset[0], values + 4);
 }
 
-TEST(FrameLayout, FindsAnEightChannelBlockAtTheEndOfTheFrame) {
+TEST(SampleLocator, FindsAnEightChannelBlockAtTheEndOfTheFrame) {
   CaptureBench bench;
   // The length byte and 64 bytes of samples are all that follows the tag.
   Find(bench, Blank(100).Put(100 - 65, 0x87, 64).Bytes());
@@ -81,7 +81,7 @@ TEST(FrameLayout, FindsAnEightChannelBlockAtTheEndOfTheFrame) {
   EXPECT_EQ(bench.State.ChannelCount, 8);
 }
 
-TEST(FrameLayout, LooksAtATag64BytesBeforeTheEnd) {
+TEST(SampleLocator, LooksAtATag64BytesBeforeTheEnd) {
   CaptureBench bench;
 
   Find(bench, Blank(100).Put(36, 0x87, 32).Bytes());
@@ -89,7 +89,7 @@ TEST(FrameLayout, LooksAtATag64BytesBeforeTheEnd) {
   EXPECT_EQ(bench.State.ValueOffset[0], 38);
 }
 
-TEST(FrameLayout, DoesNotLookAtATag63BytesBeforeTheEnd) {
+TEST(SampleLocator, DoesNotLookAtATag63BytesBeforeTheEnd) {
   CaptureBench bench;
 
   Find(bench, Blank(100).Put(37, 0x87, 32).Bytes());
@@ -98,7 +98,7 @@ TEST(FrameLayout, DoesNotLookAtATag63BytesBeforeTheEnd) {
   EXPECT_EQ(bench.State.ChannelCount, 0);
 }
 
-TEST(FrameLayout, DoesNotFindAFourChannelBlockAtTheEndOfTheFrame) {
+TEST(SampleLocator, DoesNotFindAFourChannelBlockAtTheEndOfTheFrame) {
   CaptureBench bench;
 
   Find(bench, SvFrame().Channels(4).Bytes());
@@ -107,7 +107,7 @@ TEST(FrameLayout, DoesNotFindAFourChannelBlockAtTheEndOfTheFrame) {
   EXPECT_EQ(bench.State.ChannelCount, 0);
 }
 
-TEST(FrameLayout, FindsAFourChannelBlockWithEnoughBytesBehindIt) {
+TEST(SampleLocator, FindsAFourChannelBlockWithEnoughBytesBehindIt) {
   CaptureBench bench;
   const FrameBytes frame = SvFrame().Channels(4).Raw(0, 0x11223344).Trailer(FrameBytes(31)).Bytes();
 
@@ -117,7 +117,7 @@ TEST(FrameLayout, FindsAFourChannelBlockWithEnoughBytesBehindIt) {
   EXPECT_EQ(bench.State.ChannelCount, 4);
 }
 
-TEST(FrameLayout, FindsTwelveChannels) {
+TEST(SampleLocator, FindsTwelveChannels) {
   CaptureBench bench;
   const FrameBytes frame = SvFrame().Channels(12).Raw(0, 0x11223344).Bytes();
 
@@ -127,7 +127,7 @@ TEST(FrameLayout, FindsTwelveChannels) {
   EXPECT_EQ(bench.State.ChannelCount, 12);
 }
 
-TEST(FrameLayout, FindsNothingInAFrameOf64Bytes) {
+TEST(SampleLocator, FindsNothingInAFrameOf64Bytes) {
   CaptureBench bench;
 
   Find(bench, Blank(64).Put(1, 0x82, 2).Put(3, 0x87, 64).Bytes());
@@ -136,7 +136,7 @@ TEST(FrameLayout, FindsNothingInAFrameOf64Bytes) {
   EXPECT_EQ(bench.State.ValueOffset[0], 0);
 }
 
-TEST(FrameLayout, LooksAtOnePositionInAFrameOf65Bytes) {
+TEST(SampleLocator, LooksAtOnePositionInAFrameOf65Bytes) {
   CaptureBench bench;
 
   Find(bench, Blank(65).Put(1, 0x82, 2).Put(3, 0x87, 64).Bytes());
@@ -145,16 +145,16 @@ TEST(FrameLayout, LooksAtOnePositionInAFrameOf65Bytes) {
   EXPECT_EQ(bench.State.ValueOffset[0], 0);
 }
 
-TEST(FrameLayout, TakesTheExpectedLengthAndNotThatOfTheFrame) {
+TEST(SampleLocator, TakesTheExpectedLengthAndNotThatOfTheFrame) {
   CaptureBench bench;
   const FrameBytes frame = Blank(100).Put(36, 0x87, 32).Bytes();
 
-  bench.Layout.FindDataOffsets(CellsOf(frame), 99, 0);
+  bench.Locator.FindDataOffsets(CellsOf(frame), 99, 0);
 
   EXPECT_EQ(bench.State.ValueOffset[0], 0);
 }
 
-TEST(FrameLayout, TakesTheLastMatchOfTheValues) {
+TEST(SampleLocator, TakesTheLastMatchOfTheValues) {
   CaptureBench bench;
 
   Find(bench, Blank(200).Put(20, 0x87, 0x40).Put(50, 0x87, 0x40).Bytes());
@@ -162,7 +162,7 @@ TEST(FrameLayout, TakesTheLastMatchOfTheValues) {
   EXPECT_EQ(bench.State.ValueOffset[0], 52);
 }
 
-TEST(FrameLayout, TakesTheChannelsOfTheLastMatch) {
+TEST(SampleLocator, TakesTheChannelsOfTheLastMatch) {
   CaptureBench bench;
 
   Find(bench, Blank(200).Put(20, 0x87, 64).Put(50, 0x87, 96).Put(80, 0x87, 32).Bytes());
@@ -171,7 +171,7 @@ TEST(FrameLayout, TakesTheChannelsOfTheLastMatch) {
   EXPECT_EQ(bench.State.ChannelCount, 4);
 }
 
-TEST(FrameLayout, TakesTheLastMatchOfTheCount) {
+TEST(SampleLocator, TakesTheLastMatchOfTheCount) {
   CaptureBench bench;
 
   Find(bench, Blank(200).Put(20, 0x82, 2).Put(50, 0x82, 2).Bytes());
@@ -179,7 +179,7 @@ TEST(FrameLayout, TakesTheLastMatchOfTheCount) {
   EXPECT_EQ(bench.State.SampleCountOffset[0], 52);
 }
 
-TEST(FrameLayout, IsMisledByTheTagsInTheFirstSamplesOfTwelveChannels) {
+TEST(SampleLocator, IsMisledByTheTagsInTheFirstSamplesOfTwelveChannels) {
   CaptureBench bench;
   const FrameBytes frame = SvFrame().Channels(12).Raw(3, 0x00008740).Bytes();
 
@@ -189,7 +189,7 @@ TEST(FrameLayout, IsMisledByTheTagsInTheFirstSamplesOfTwelveChannels) {
   EXPECT_EQ(bench.State.ChannelCount, 8);
 }
 
-TEST(FrameLayout, IsNotMisledByTheTagsInTheSamplesOfEightChannels) {
+TEST(SampleLocator, IsNotMisledByTheTagsInTheSamplesOfEightChannels) {
   CaptureBench bench;
   SvFrame frame;
   frame.AllRaw(static_cast<std::int32_t>(0x82028740U)).Count(0x0ABC);
@@ -212,10 +212,10 @@ TEST_P(OtherLength, KeepsTheOldValueOffset) {
   EXPECT_EQ(bench.State.ChannelCount, 12);
 }
 
-INSTANTIATE_TEST_SUITE_P(FrameLayout, OtherLength,
+INSTANTIATE_TEST_SUITE_P(SampleLocator, OtherLength,
                          testing::Values(0, 8, 31, 33, 40, 63, 65, 95, 97, 128, 0x81));
 
-TEST(FrameLayout, DoesNotFindACountOfThreeBytes) {
+TEST(SampleLocator, DoesNotFindACountOfThreeBytes) {
   CaptureBench bench;
   Find(bench, Blank(200).Put(20, 0x82, 2).Bytes());
 
@@ -224,7 +224,7 @@ TEST(FrameLayout, DoesNotFindACountOfThreeBytes) {
   EXPECT_EQ(bench.State.SampleCountOffset[0], 22);
 }
 
-TEST(FrameLayout, KeepsEverythingWhereAFrameHasNoTags) {
+TEST(SampleLocator, KeepsEverythingWhereAFrameHasNoTags) {
   CaptureBench bench;
   Find(bench, SvFrame().Bytes());
   const packetroutines::AcquisitionState before = bench.State;
@@ -237,7 +237,7 @@ TEST(FrameLayout, KeepsEverythingWhereAFrameHasNoTags) {
   EXPECT_THAT(bench.Dialogs.Shown, IsEmpty());
 }
 
-TEST(FrameLayout, KeepsTheOffsetsOfTheStreamsApart) {
+TEST(SampleLocator, KeepsTheOffsetsOfTheStreamsApart) {
   CaptureBench bench;
 
   Find(bench, Blank(200).Put(20, 0x82, 2).Put(30, 0x87, 64).Bytes(), 0);
@@ -247,7 +247,7 @@ TEST(FrameLayout, KeepsTheOffsetsOfTheStreamsApart) {
   EXPECT_THAT(bench.State.ValueOffset, ElementsAre(32, 52));
 }
 
-TEST(FrameLayout, SharesTheChannelCountBetweenTheStreams) {
+TEST(SampleLocator, SharesTheChannelCountBetweenTheStreams) {
   CaptureBench bench;
   Find(bench, SvFrame().Channels(8).Bytes(), 0);
 
@@ -256,19 +256,19 @@ TEST(FrameLayout, SharesTheChannelCountBetweenTheStreams) {
   EXPECT_EQ(bench.State.ChannelCount, 12);
 }
 
-TEST(FrameLayout, ReadsNoQuality) {
+TEST(SampleLocator, ReadsNoQuality) {
   CaptureBench bench;
   Find(bench, SvFrame().Bytes());
   const packetroutines::AcquisitionState before = bench.State;
 
-  bench.Layout.FindQualitySettings(CellsOf(SvFrame().Tagged().Channels(12).Bytes()), 0);
+  bench.Locator.FindQualitySettings(CellsOf(SvFrame().Tagged().Channels(12).Bytes()), 0);
 
   EXPECT_EQ(bench.State.SampleCountOffset, before.SampleCountOffset);
   EXPECT_EQ(bench.State.ValueOffset, before.ValueOffset);
   EXPECT_EQ(bench.State.ChannelCount, before.ChannelCount);
 }
 
-TEST(FrameLayout, ShowsAFailureAndTriesAgain) {
+TEST(SampleLocator, ShowsAFailureAndTriesAgain) {
   CaptureBench bench;
   // The cells end before the scan does, and nothing changes that.
   const auto cells = CellsOf(Blank(30).Bytes());
@@ -276,7 +276,7 @@ TEST(FrameLayout, ShowsAFailureAndTriesAgain) {
     if (bench.Dialogs.Shown.size() == 3) throw SceneEnded();
   };
 
-  EXPECT_THROW(bench.Layout.FindDataOffsets(cells, 100, 0), SceneEnded);
+  EXPECT_THROW(bench.Locator.FindDataOffsets(cells, 100, 0), SceneEnded);
 
   const platform::Message first{"unknown exception",
                                 "unknown error\r\nSubscript out of range\r\n"
@@ -286,20 +286,20 @@ TEST(FrameLayout, ShowsAFailureAndTriesAgain) {
               ElementsAre(first, support::WithStop(first), support::WithStop(first)));
 }
 
-TEST(FrameLayout, LeavesTheScanAndEndsTheRunOnStop) {
+TEST(SampleLocator, LeavesTheScanAndEndsTheRunOnStop) {
   CaptureBench bench;
   const auto cells = CellsOf(Blank(30).Bytes());
   bench.Dialogs.Answers = {platform::Answer::Ok, platform::Answer::Stop};
 
-  bench.Layout.FindDataOffsets(cells, 100, 0);
+  bench.Locator.FindDataOffsets(cells, 100, 0);
 
   EXPECT_THAT(bench.Journal,
               ElementsAre("box unknown exception", "box unknown exception", "tab change"));
 }
 
-TEST(FrameLayout, ScansTheFrameAtHandWhereItsBlockBeganARunWithLongerFrames) {
+TEST(SampleLocator, ScansTheFrameAtHandWhereItsBlockBeganARunWithLongerFrames) {
   CaptureBench bench;
-  bench.Session.BaseSamples = 1;
+  bench.Present.BaseSamples = 1;
   bench.Block.Rebuild(1);
   bench.Settings.FilterContent = {"MU01", "U01"};
   bench.RunWithLength("LookingForValues", PlainFrame(0));

@@ -6,11 +6,11 @@ namespace desktop {
 
 /// One choice of a group. Its caption is a text of the user's, so one that is too long ends in dots
 /// instead of being cut; which choice of the group is on, the program decides.
-class StationChoice : public QRadioButton {
+class RadioButton : public QRadioButton {
   Q_OBJECT
 
  public:
-  explicit StationChoice(QWidget* parent);
+  explicit RadioButton(QWidget* parent);
 
   QSize minimumSizeHint() const override;
 
