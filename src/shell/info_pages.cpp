@@ -5,9 +5,9 @@
 
 #include "config/program_facts.h"
 #include "platform/failure.h"
+#include "platform/rich_row.h"
 #include "platform/trap.h"
 #include "shell/history.h"
-#include "shell/rich_row.h"
 
 namespace formroutines {
 
@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::string_view EmptyRow = "Verdana|10|normal| ";
 constexpr std::size_t RowOfFirstStep = 6;
-constexpr RowPlace FirstPlace{.Left = 600, .Top = 1300, .Width = 14000};
+constexpr platform::RowPlace FirstPlace{.Left = 600, .Top = 1300, .Width = 14000};
 constexpr std::size_t PanelCharacters = 60;
 
 constexpr std::array<std::string_view, 20> PageRows = {

@@ -9,7 +9,6 @@
 #include "platform/number_text.h"
 #include "platform/services/program.h"
 #include "platform/services/system_services.h"
-#include "shell/rich_row.h"
 
 namespace formroutines {
 

@@ -5,7 +5,7 @@
 
 #include "desktop/look/look.h"
 #include "desktop/widgets/tab_bar.h"
-#include "shell/rich_row.h"
+#include "platform/rich_row.h"
 
 namespace desktop {
 
@@ -44,7 +44,7 @@ void ReportPage::AddRows(forms::ReportControls& report) {
   const auto place = [](platform::Label& row, std::size_t number, std::int32_t left,
                         std::int32_t width) {
     row.Left = left;
-    row.Top = RowTop + static_cast<std::int32_t>(number) * formroutines::RowPitch;
+    row.Top = RowTop + static_cast<std::int32_t>(number) * platform::RowPitch;
     row.Width = width;
   };
   for (std::size_t i = 0; i < report.Label7.size(); ++i) {

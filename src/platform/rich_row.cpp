@@ -1,16 +1,16 @@
-#include "shell/rich_row.h"
+#include "platform/rich_row.h"
 
 #include <cstddef>
 
-#include "shell/rich_line.h"
+#include "platform/rich_line.h"
 
-namespace formroutines {
+namespace platform {
 
 bool TakesPlace(std::string_view line) {
   return !line.empty() && !line.ends_with('|');
 }
 
-void ShowRow(platform::Label& row, std::string_view line, const RowPlace& place) {
+void ShowRow(Label& row, std::string_view line, const RowPlace& place) {
   row.Left = place.Left;
   row.Top = place.Top;
   row.Width = place.Width;
@@ -22,8 +22,7 @@ void ShowRow(platform::Label& row, std::string_view line, const RowPlace& place)
   row.Visible = row.Caption.Get() != " ";
 }
 
-void ShowRows(std::span<platform::Label> rows, std::span<const std::string_view> lines,
-              RowPlace place) {
+void ShowRows(std::span<Label> rows, std::span<const std::string_view> lines, RowPlace place) {
   for (std::size_t i = 0; i < lines.size(); ++i) {
     if (!TakesPlace(lines[i])) continue;
     ShowRow(rows[i], lines[i], place);
@@ -31,4 +30,4 @@ void ShowRows(std::span<platform::Label> rows, std::span<const std::string_view>
   }
 }
 
-}  // namespace formroutines
+}  // namespace platform

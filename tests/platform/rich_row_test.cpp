@@ -1,4 +1,4 @@
-#include "shell/rich_row.h"
+#include "platform/rich_row.h"
 
 #include <gmock/gmock.h>
 
@@ -11,10 +11,10 @@
 
 namespace {
 
-using formroutines::RowPlace;
-using formroutines::ShowRow;
-using formroutines::ShowRows;
-using formroutines::TakesPlace;
+using platform::RowPlace;
+using platform::ShowRow;
+using platform::ShowRows;
+using platform::TakesPlace;
 
 constexpr RowPlace First{.Left = 600, .Top = 1300, .Width = 14000};
 

@@ -1,11 +1,11 @@
-#include "shell/rich_line.h"
+#include "platform/rich_line.h"
 
 #include <array>
 
 #include "platform/failure.h"
 #include "platform/number_text.h"
 
-namespace formroutines {
+namespace platform {
 
 namespace {
 
@@ -21,7 +21,7 @@ Fields Split(std::string_view line) {
   for (std::string_view& field : first) {
     const auto bar = line.find('|');
     if (bar == std::string_view::npos) {
-      throw platform::Failure(platform::failure::InvalidProcedureCall);
+      throw Failure(failure::InvalidProcedureCall);
     }
     field = line.substr(0, bar);
     line.remove_prefix(bar + 1);
@@ -37,7 +37,7 @@ std::string RichFont(std::string_view line) {
 
 float RichSize(std::string_view line) {
   // Sizes are written by the program itself, so they do not follow the locale.
-  return platform::NumberText().ToSingle(Split(line).Size);
+  return NumberText().ToSingle(Split(line).Size);
 }
 
 bool RichBold(std::string_view line) {
@@ -54,4 +54,4 @@ std::string RichText(std::string_view line) {
   return std::string(Split(line).Text);
 }
 
-}  // namespace formroutines
+}  // namespace platform

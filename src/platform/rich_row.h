@@ -6,7 +6,7 @@
 
 #include "platform/controls/label.h"
 
-namespace formroutines {
+namespace platform {
 
 /// Pitch of the text rows of the information page and of the report, in twips.
 inline constexpr std::int32_t RowPitch = 300;
@@ -22,10 +22,9 @@ struct RowPlace {
 bool TakesPlace(std::string_view line);
 /// Gives a row its place, and the font and the text of its rich line. A text of one blank shows
 /// nothing.
-void ShowRow(platform::Label& row, std::string_view line, const RowPlace& place);
+void ShowRow(Label& row, std::string_view line, const RowPlace& place);
 /// Shows each line in the row of its number, one below the other from the first place on. A line
 /// that takes no place leaves its row alone.
-void ShowRows(std::span<platform::Label> rows, std::span<const std::string_view> lines,
-              RowPlace place);
+void ShowRows(std::span<Label> rows, std::span<const std::string_view> lines, RowPlace place);
 
-}  // namespace formroutines
+}  // namespace platform

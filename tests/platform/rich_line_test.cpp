@@ -1,4 +1,4 @@
-#include "shell/rich_line.h"
+#include "platform/rich_line.h"
 
 #include <gtest/gtest.h>
 
@@ -6,11 +6,11 @@
 
 namespace {
 
-using formroutines::RichBold;
-using formroutines::RichFont;
-using formroutines::RichSize;
-using formroutines::RichText;
-using formroutines::RichUnderline;
+using platform::RichBold;
+using platform::RichFont;
+using platform::RichSize;
+using platform::RichText;
+using platform::RichUnderline;
 
 TEST(RichLine, HoldsFontSizeStyleAndText) {
   const char* line = "Verdana|10|normalunderline|Short description:";

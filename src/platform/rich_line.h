@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace formroutines {
+namespace platform {
 
 /// The fields of a rich line, "font name|font size|style|text". The text may hold further "|". A
 /// line with fewer than three "|" is a programming error and raises failure 5.
@@ -16,4 +16,4 @@ bool RichBold(std::string_view line);
 bool RichUnderline(std::string_view line);
 std::string RichText(std::string_view line);
 
-}  // namespace formroutines
+}  // namespace platform
