@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "forms/run_buttons.h"
 #include "forms/window_controls.h"
 
@@ -13,7 +15,16 @@ class ButtonRelease {
     timers_.Timer3.Elapsed = [this] { Timer3_Timer(); };
   }
 
+  /// Nothing is locked at the start.
+  void Load() {
+    timers_.Timer3.Enabled = false;
+    timers_.Timer3.Interval = ButtonLock;
+  }
+
  private:
+  /// The run buttons come back this long after the first frame or a stop, in ms.
+  static constexpr std::int32_t ButtonLock = 1000;
+
   void Timer3_Timer() {
     buttons_.CWButton2.Enabled = true;
     buttons_.CWButton4.Enabled = true;

@@ -58,6 +58,13 @@ void PrinterChoices::Fill(const std::string& current, bool markDefault, bool sel
   if (selectDefault && noted >= 0) setup_.Combo2.ListIndex.Store(noted);
 }
 
+void PrinterChoices::SelectStored() {
+  // 0 in the store is the choice of the system, whatever stands first in the list.
+  if (settings_.PrinterChoice > 0 && settings_.PrinterChoice < setup_.Combo2.ListCount()) {
+    setup_.Combo2.ListIndex = settings_.PrinterChoice;
+  }
+}
+
 void PrinterChoices::Combo2_Click() {
   settings_.PrinterChoice = platform::Narrow<std::int16_t>(setup_.Combo2.ListIndex.Get());
   printers_.MakeCurrent(setup_.Combo2.ListIndex);

@@ -21,6 +21,9 @@ class PrinterChoices {
   /// it is asked for.
   void PrinterList(bool markDefault, bool selectDefault);
 
+  /// Makes the stored printer the program's own; one that is gone leaves the system's choice.
+  void SelectStored();
+
  private:
   void Fill(const std::string& current, bool markDefault, bool selectDefault);
   void Combo2_Click();

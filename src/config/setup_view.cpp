@@ -8,6 +8,7 @@ namespace setup = forms::setup_field;
 
 namespace {
 
+constexpr std::int32_t DefaultBaseSamples = 400;
 constexpr std::array<float, 2> CurrentFactors = {1, 1000};
 constexpr std::array<float, 3> VoltageFactors = {1, 1000, 1000000};
 
@@ -53,6 +54,31 @@ SetupView::SetupView(const SetupParts& parts, config::Settings& settings,
   for (std::size_t i = 0; i < parts_.Shared.Option3.size(); ++i) {
     parts_.Shared.Option3[i].Click = [this, i] { Option3_Click(i); };
   }
+}
+
+void SetupView::LoadFields() {
+  present_.BaseSamples = DefaultBaseSamples;
+  parts_.Setup.Text1[setup::Samplings].Text = numbers_.General(DefaultBaseSamples);
+  parts_.Setup.Text1[setup::FilterCondition].Text = settings_.FilterString;
+  parts_.Setup.Text1[setup::StoragePath].Text = settings_.StoragePath;
+}
+
+void SetupView::LoadStreams() {
+  parts_.Setup.Text1[setup::BaseFrequency].Text = numbers_.General(settings_.BaseFrequency);
+  parts_.Setup.Text1[setup::Content1].Text = settings_.FilterContent[0];
+  parts_.Setup.Text1[setup::Interval].Text = numbers_.General(settings_.InternalDelay);
+  parts_.Setup.Text1[setup::Content2].Text = settings_.FilterContent[1];
+  if (!parts_.Shared.Option3[1].Caption.Get().empty()) return;
+  for (std::size_t second = 1; second < parts_.Shared.Option3.size(); second += 2) {
+    parts_.Shared.Option3[second].Visible = false;
+  }
+}
+
+void SetupView::SelectFirstStation() {
+  for (std::size_t first = 0; first < parts_.Shared.Option3.size(); first += 2) {
+    parts_.Shared.Option3[first].Value = true;
+  }
+  present_.ActiveStream = 1;
 }
 
 void SetupView::FillUnitLists() {

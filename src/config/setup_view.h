@@ -51,8 +51,16 @@ class SetupView {
             StoredSettings& file, const platform::NumberText& numbers,
             config::SetupConsumers& consumers, platform::FolderDialog& folders);
 
+  /// Brings up the samplings, which are the same at every start, and with them the block arrays;
+  /// then the stored filter condition and path.
+  void LoadFields();
   /// Fills the unit lists and selects the stored units.
   void FillUnitLists();
+  /// Brings up the stored frequency, interval and content filters, and with these the stations that
+  /// can be chosen.
+  void LoadStreams();
+  /// Selects the first station on every view.
+  void SelectFirstStation();
 
  private:
   void Text1_Change(std::size_t field);

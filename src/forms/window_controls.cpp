@@ -23,14 +23,14 @@ void WindowControls::DescribeTabs() {
 
 void WindowControls::DescribeStatusBar() {
   auto& panels = StatusBar1.Panels;
-  panels[0].Key = "network adapter";
-  panels[0].ToolTipText = "shows actual choosen network adapter";
-  panels[1].Key = "standard printer";
-  panels[1].ToolTipText = "shows actual choosen standard printer";
-  panels[2].Key = "Samples for RMS";
-  panels[2].ToolTipText = "shows actual state of sampling";
-  panels[3].Key = "Error count";
-  panels[3].ToolTipText = "shows errors of ramp count";
+  panels[status_panel::Adapter].Key = "network adapter";
+  panels[status_panel::Adapter].ToolTipText = "shows actual choosen network adapter";
+  panels[status_panel::Printer].Key = "standard printer";
+  panels[status_panel::Printer].ToolTipText = "shows actual choosen standard printer";
+  panels[status_panel::Samples].Key = "Samples for RMS";
+  panels[status_panel::Samples].ToolTipText = "shows actual state of sampling";
+  panels[status_panel::Errors].Key = "Error count";
+  panels[status_panel::Errors].ToolTipText = "shows errors of ramp count";
 }
 
 }  // namespace forms

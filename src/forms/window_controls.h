@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include "platform/controls/buttons.h"
@@ -23,6 +24,14 @@ inline constexpr std::int16_t Setup = 7;
 /// Ends the program.
 inline constexpr std::int16_t Exit = 8;
 }  // namespace tab
+
+/// The panels of `StatusBar1`.
+namespace status_panel {
+inline constexpr std::size_t Adapter = 0;
+inline constexpr std::size_t Printer = 1;
+inline constexpr std::size_t Samples = 2;
+inline constexpr std::size_t Errors = 3;
+}  // namespace status_panel
 
 /// The window as a whole, and what has no view of its own.
 struct WindowControls {

@@ -1,8 +1,12 @@
 #include "measure/phase_analysis.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <span>
 
 #include "forms/run_tips.h"
+#include "measure/full_scales.h"
 #include "platform/failure.h"
 
 namespace subroutines {
@@ -17,6 +21,14 @@ constexpr std::size_t Currents = 4;
 /// What stands for a cosine sum that is exactly 0.
 constexpr double ReferenceSubstitute = 0.0000001;
 constexpr double OtherSubstitute = 0.00000001;
+
+constexpr platform::Rgb FrameColour{248, 251, 254};
+
+void FillScales(platform::ComboBox& list, std::span<const std::int16_t> scales,
+                std::int16_t selected) {
+  for (const std::int16_t scale : scales) list.AddItem(platform::NumberText::General(scale));
+  list.ListIndex = static_cast<std::int32_t>(std::ranges::find(scales, selected) - scales.begin());
+}
 
 /// Angle of a correlation in radians. An exact zero of the cosine sum counts as the angle 0 rather
 /// than as a quarter turn, so that a silent channel has a defined angle.
@@ -37,6 +49,17 @@ PhaseAnalysis::PhaseAnalysis(forms::PhasorControls& phasor, PhasorDiagram& diagr
     : phasor_(phasor), diagram_(diagram), context_(context) {
   phasor_.CWButton2.ValueChanged = [this] { CWButton2_ValueChanged(); };
   phasor_.Check6.Click = [this] { Check6_Click(); };
+}
+
+void PhaseAnalysis::Load() {
+  phasor_.Frame2.BackColor = FrameColour;
+  phasor_.Frame3.BackColor = FrameColour;
+  phasor_.CWButton2.BackColor = FrameColour;
+  phasor_.Check6.Value = 1;
+  diagram_.HeadTable();
+  FillScales(phasor_.Combo5[forms::full_scale::Current], CurrentScales, 1000);
+  FillScales(phasor_.Combo5[forms::full_scale::Voltage], VoltageScales, 400);
+  for (platform::ComboBox& scale : phasor_.Combo5) scale.Enabled = false;
 }
 
 void PhaseAnalysis::UpdatePhases() {

@@ -16,6 +16,9 @@ class PhaseAnalysis {
  public:
   PhaseAnalysis(forms::PhasorControls& phasor, PhasorDiagram& diagram, const ViewContext& context);
 
+  /// Brings up the colours, the table's headings, and the full scales, which are automatic at
+  /// first.
+  void Load();
   /// Computes and draws one block.
   void UpdatePhases();
   /// Degrees from -180 to 180 by which channel `other` lags channel `reference`, from the

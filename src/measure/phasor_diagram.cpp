@@ -1,8 +1,10 @@
 #include "measure/phasor_diagram.h"
 
 #include <cmath>
+#include <span>
 #include <string>
 
+#include "measure/full_scales.h"
 #include "platform/failure.h"
 
 namespace subroutines {
@@ -28,23 +30,14 @@ constexpr Rgb LightCyan{0, 255, 255};
 constexpr Rgb LightRed{255, 0, 0};
 constexpr Rgb Blue{0, 0, 255};
 
-struct Step {
-  float AtMost;
-  std::int16_t FullScale;
-};
-
-constexpr std::array<Step, 7> CurrentLadder = {
-    {{100, 100}, {200, 200}, {500, 500}, {1000, 1000}, {2000, 2000}, {5000, 5000}, {10000, 10000}}};
-constexpr std::array<Step, 5> VoltageLadder = {
-    {{150, 150}, {200, 200}, {400, 400}, {500, 500}, {1000, 1000}}};
 /// What a value above the ladder gets; for a current there is no scale at all.
 constexpr std::int16_t CurrentAbove = 0;
 constexpr std::int16_t VoltageAbove = 10000;
 
-template <std::size_t N>
-std::int16_t FullScaleOf(const std::array<Step, N>& ladder, float peak, std::int16_t above) {
-  for (const Step& step : ladder) {
-    if (peak <= step.AtMost) return step.FullScale;
+/// The smallest full scale that `peak` fits into.
+std::int16_t FullScaleOf(std::span<const std::int16_t> ladder, float peak, std::int16_t above) {
+  for (const std::int16_t scale : ladder) {
+    if (peak <= static_cast<float>(scale)) return scale;
   }
   return above;
 }
@@ -65,6 +58,14 @@ PhasorDiagram::PhasorDiagram(forms::PhasorControls& phasor, Canvas& canvas,
                              const config::RunSettings& present,
                              const platform::NumberText& numbers)
     : phasor_(phasor), canvas_(canvas), state_(state), present_(present), numbers_(numbers) {}
+
+void PhasorDiagram::HeadTable() {
+  phasor_.Grid1.Cell[0][1] = "absolute";
+  phasor_.Grid1.Cell[0][2] = "phase";
+  phasor_.Grid1.ColumnWidth[0] = 2950;
+  phasor_.Grid1.ColumnWidth[1] = 1300;
+  phasor_.Grid1.ColumnWidth[2] = 1300;
+}
 
 void PhasorDiagram::DrawPhasorGrid() {
   canvas_.Clear();
@@ -126,8 +127,8 @@ void PhasorDiagram::DrawPhasors(float peakCurrent, float peakVoltage, const Phas
 }
 
 void PhasorDiagram::ChooseFullScales(float peakCurrent, float peakVoltage) {
-  fullScaleCurrent_ = FullScaleOf(CurrentLadder, peakCurrent, CurrentAbove);
-  fullScaleVoltage_ = FullScaleOf(VoltageLadder, peakVoltage, VoltageAbove);
+  fullScaleCurrent_ = FullScaleOf(CurrentScales, peakCurrent, CurrentAbove);
+  fullScaleVoltage_ = FullScaleOf(VoltageScales, peakVoltage, VoltageAbove);
 }
 
 void PhasorDiagram::PrintFullScales() {

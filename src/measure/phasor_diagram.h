@@ -32,6 +32,8 @@ class PhasorDiagram {
                 const packetroutines::AcquisitionState& state, const config::RunSettings& present,
                 const platform::NumberText& numbers);
 
+  /// Sets the headings and the columns of the table.
+  void HeadTable();
   /// Clears the picture and draws its background.
   void DrawPhasorGrid();
   /// Chooses the full scales, draws the vectors and fills the table. Failure 11 where a full scale

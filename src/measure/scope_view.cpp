@@ -1,13 +1,21 @@
 #include "measure/scope_view.h"
 
+#include <array>
 #include <vector>
 
 namespace subroutines {
 
 using platform::CWGraph;
+using platform::Rgb;
 
 namespace {
 
+constexpr std::array<Rgb, 8> PlotColours = {Rgb{0, 0, 0},     Rgb{255, 0, 0},    Rgb{0, 0, 255},
+                                            Rgb{96, 96, 96},  Rgb{0, 255, 0},    Rgb{255, 0, 255},
+                                            Rgb{0, 255, 255}, Rgb{128, 128, 128}};
+/// The markers of a plot follow its line, but for the neutral current.
+constexpr std::size_t NeutralCurrent = 3;
+constexpr Rgb NeutralMarker{192, 192, 192};
 /// A marker at every point.
 constexpr std::int16_t SampleMarker = 15;
 
@@ -33,6 +41,23 @@ ScopeView::ScopeView(forms::WaveformsControls& scope, forms::RecorderControls& r
   scope_.CWGraph1.ZoomFinished = [this] { CWGraph1_ZoomFinished(); };
   recorder_.CWGraph2.DblClick = [this] { ScaleNow(recorder_.CWGraph2); };
   recorder_.CWGraph2.MouseDown = [this](std::int16_t button) { CWGraph2_MouseDown(button); };
+}
+
+void ScopeView::Load() {
+  scope_.CWButton1.BackColor = scope_.Frame1.BackColor.Get();
+  for (std::size_t i = 0; i < scope_.Check2.size(); ++i) {
+    platform::Plot& plot = scope_.CWGraph1.Plots[i];
+    plot.LineColor = PlotColours[i];
+    plot.PointColor = i == NeutralCurrent ? NeutralMarker : PlotColours[i];
+    plot.Visible = false;
+    scope_.Check2[i].Value = context_.Settings.SensorEnabled[i];
+    scope_.Check2[i].ForeColor = plot.LineColor.Get();
+  }
+  scope_.CWGraph1.ScreenLook = true;
+}
+
+void ScopeView::SelectPan() {
+  scope_.sevOption1[forms::graph_mode::Pan].Value = true;
 }
 
 void ScopeView::PlotBlock(std::string_view mode) {

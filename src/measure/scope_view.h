@@ -17,6 +17,11 @@ class ScopeView {
   ScopeView(forms::WaveformsControls& scope, forms::RecorderControls& recorder,
             StoredSettings& stored, const ViewContext& context);
 
+  /// Brings up the colours of the curves and which of them are stored as shown. It comes before the
+  /// number formats: without one there is nothing to draw yet.
+  void Load();
+  /// Pan is what the mouse does at first.
+  void SelectPan();
   /// Draws the block; with the mode "Auto" both axes are scaled to it once, with "Manuell" they
   /// stay.
   void PlotBlock(std::string_view mode);

@@ -35,6 +35,11 @@ ValuesView::ValuesView(forms::ValuesControls& values, forms::SetupControls& name
   }
 }
 
+void ValuesView::Load() {
+  values_.CWButton4.BackColor = platform::Rgb{204, 229, 254};
+  setup_.Check4.Value = context_.Settings.ACDC ? 1 : 0;
+}
+
 void ValuesView::ClearValues() {
   for (std::size_t i = 0; i < values_.Label5.size(); ++i) {
     values_.Label5[i].Caption = context_.Numbers.Format(0, context_.Present.UnitFormat);

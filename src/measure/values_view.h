@@ -19,6 +19,8 @@ class ValuesView {
   ValuesView(forms::ValuesControls& values, forms::SetupControls& names,
              forms::PhasorControls& table, StoredSettings& stored, const ViewContext& context);
 
+  /// Brings up the colour of the run button and the stored choice of the DC labels.
+  void Load();
   /// Sets all numbers to the formatted 0 and empties the DC labels.
   void ClearValues();
   /// Computes one block and shows it on all eight channels.

@@ -93,19 +93,13 @@ class Application : private config::SetupConsumers,
  private:
   void CheckScreen();
   void PrepareStorage();
-  void SelectPrinter();
   void FormSetup();
+  void LoadViews();
   void ReserveMemory();
-  void HideControls();
-  void SetColours();
-  void SetPlots();
-  void HideGraphs();
-  void SetFields();
-  void FillLists();
-  void SetDerived();
+  void LoadRecorder();
+  void LoadReport();
   void SetFlags();
-  void SetTriggerFields();
-  void SelectStations();
+  void LoadTrigger();
 
   void RebuildBlockArrays(std::int32_t baseSamples) override;
   void ShowChannelNames() override;

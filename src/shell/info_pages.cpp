@@ -89,6 +89,15 @@ InfoPages::InfoPages(const InfoParts& parts, forms::Revisionhistory& history,
   history_.cmdOK.Click = [this] { history_.Window.Unload(); };
 }
 
+void InfoPages::ShowProgramNames() {
+  parts_.Window.Window.Caption = config::ProgramCaption();
+  parts_.Setup.Label13.Caption = std::string(config::ProgramName) + " " + config::ProgramVersion;
+}
+
+void InfoPages::EmptyErrorCount() {
+  parts_.Window.StatusBar1.Panels[forms::status_panel::Errors].Text = std::string();
+}
+
 void InfoPages::InfoPage() {
   std::array<std::string_view, PageRows.size()> lines = PageRows;
   if (!settings_.SetupDone) lines[RowOfFirstStep] = FirstSetupRow;
@@ -107,13 +116,22 @@ void InfoPages::StatusUpdate() {
       program_,
       [&](const Failure& failure) {
         if (failure.Number() == platform::failure::NoPrinter) {
-          panels[1].Text = std::string("Standard printer: ") + " ";
+          panels[forms::status_panel::Printer].Text = std::string("Standard printer: ") + " ";
         }
         return Verdict::SkipStep;
       },
-      [&] { panels[0].Text = FirstCharacters(parts_.Setup.Combo1.Text(), PanelCharacters); },
-      [&] { panels[1].Text = "Standard printer: " + printers_.Current() + " "; },
-      [&] { panels[2].Text = "RMS base: " + numbers_.General(present_.BaseSamples) + " samples"; });
+      [&] {
+        panels[forms::status_panel::Adapter].Text =
+            FirstCharacters(parts_.Setup.Combo1.Text(), PanelCharacters);
+      },
+      [&] {
+        panels[forms::status_panel::Printer].Text =
+            "Standard printer: " + printers_.Current() + " ";
+      },
+      [&] {
+        panels[forms::status_panel::Samples].Text =
+            "RMS base: " + numbers_.General(present_.BaseSamples) + " samples";
+      });
 }
 
 }  // namespace formroutines

@@ -31,6 +31,10 @@ class InfoPages {
             platform::ShellLinks& links, platform::Program& program);
 
   /// Fills the information page, once at start.
+  /// The titles of the window and of the Setup view.
+  void ShowProgramNames();
+  /// Empties the panel of the status bar that counts errors.
+  void EmptyErrorCount();
   void InfoPage();
   /// Writes the first three panels of the status bar.
   void StatusUpdate();

@@ -1,10 +1,9 @@
 // The load of the main window, step by step.
 
-#include <array>
 #include <string>
 
-#include "config/program_facts.h"
 #include "platform/failure.h"
+#include "platform/number_text.h"
 #include "shell/application.h"
 
 namespace formroutines {
@@ -14,22 +13,7 @@ using platform::Rgb;
 
 namespace {
 
-constexpr std::int32_t DefaultBaseSamples = 400;
-/// The run buttons come back this long after the first frame or a stop, in ms.
-constexpr std::int32_t ButtonLock = 1000;
 constexpr double RingRate = 4000;
-
-constexpr std::array<Rgb, 8> PlotColours = {Rgb{0, 0, 0},     Rgb{255, 0, 0},    Rgb{0, 0, 255},
-                                            Rgb{96, 96, 96},  Rgb{0, 255, 0},    Rgb{255, 0, 255},
-                                            Rgb{0, 255, 255}, Rgb{128, 128, 128}};
-/// The markers of a plot follow its line, but for the neutral current.
-constexpr std::size_t NeutralCurrent = 3;
-constexpr Rgb NeutralMarker{192, 192, 192};
-constexpr Rgb FrameColour{248, 251, 254};
-
-void Hide(std::initializer_list<platform::Control*> controls) {
-  for (platform::Control* control : controls) control->Visible = false;
-}
 
 }  // namespace
 
@@ -38,29 +22,7 @@ void Application::Load() {
   CheckScreen();
   stored_.LoadSettings();
   PrepareStorage();
-  Main.Window.State = platform::WindowState::Minimized;
-  Main.TabStrip1.Visible = false;
-  // Selecting tabs while the form is set up overwrites the shared value.
-  const std::int16_t lastTab = Settings.MainActiveTab;
-  try {
-    FormSetup();
-  } catch (const platform::Failure& failure) {
-    throw stored_.WithWayOut(failure, "A stored setting is outside of what the program can take.");
-  }
-  platform_.Events.Pump();
-  Main.StatusBar1.Panels[3].Text = std::string();
-  pages_.InfoPage();
-  Main.Window.Visible = true;
-  adapters_.Restore([this] { capture_.FillAdapterList(); });
-  adapters_.ShowAdvice(platform_.Capture.Advice());
-  printers_.PrinterList(true, true);
-  if (Settings.PrinterChoice != 0) SelectPrinter();
-  const bool known = lastTab > 0 && lastTab < forms::tab::Exit;
-  if (known) Main.TabStrip1.SelectedTab = lastTab;
-  tabs_.TabChange();
-  Main.TabStrip1.Visible = true;
-  Main.Window.State = platform::WindowState::Maximized;
-  resize_.FormResize();
+  FormSetup();
 }
 
 void Application::CheckScreen() {
@@ -82,27 +44,52 @@ void Application::PrepareStorage() {
   if (Settings.StoragePath == files.DefaultFolder()) files.MakeFolder(Settings.StoragePath);
 }
 
-void Application::SelectPrinter() {
-  // A printer that is gone leaves the system's choice.
-  if (Settings.PrinterChoice > 0 && Settings.PrinterChoice < Main.Combo2.ListCount()) {
-    Main.Combo2.ListIndex = Settings.PrinterChoice;
+void Application::FormSetup() {
+  Main.Window.State = platform::WindowState::Minimized;
+  Main.TabStrip1.Visible = false;
+  // Selecting tabs while the views are loaded overwrites the shared value.
+  const std::int16_t lastTab = Settings.MainActiveTab;
+  try {
+    LoadViews();
+  } catch (const platform::Failure& failure) {
+    throw stored_.WithWayOut(failure, "A stored setting is outside of what the program can take.");
   }
+  platform_.Events.Pump();
+  pages_.EmptyErrorCount();
+  pages_.InfoPage();
+  Main.Window.Visible = true;
+  adapters_.Restore([this] { capture_.FillAdapterList(); });
+  adapters_.ShowAdvice(platform_.Capture.Advice());
+  printers_.PrinterList(true, true);
+  printers_.SelectStored();
+  tabs_.OpenLastTab(lastTab);
+  Main.TabStrip1.Visible = true;
+  Main.Window.State = platform::WindowState::Maximized;
+  resize_.FormResize();
 }
 
-void Application::FormSetup() {
+/// Each view brings up its own state. The order counts: what is assigned raises the events of a
+/// user's own change, which save all settings and ask other views for theirs.
+void Application::LoadViews() {
   ReserveMemory();
-  Main.Window.Caption = config::ProgramCaption();
-  Main.Label13.Caption = std::string(config::ProgramName) + " " + config::ProgramVersion;
-  HideControls();
-  SetColours();
-  SetPlots();
-  HideGraphs();
-  SetFields();
-  FillLists();
-  SetDerived();
+  pages_.ShowProgramNames();
+  tabs_.Load();
+  scope_.Load();
+  setup_.LoadFields();
+  LoadRecorder();
+  values_.Load();
+  phases_.Load();
+  LoadReport();
+  values_.ShowChannelNames();
+  setup_.FillUnitLists();
+  values_.FillFormatList();
+  values_.ClearValues();
+  release_.Load();
+  setup_.LoadStreams();
   SetFlags();
-  SetTriggerFields();
-  SelectStations();
+  LoadTrigger();
+  setup_.SelectFirstStation();
+  scope_.SelectPan();
 }
 
 void Application::ReserveMemory() {
@@ -111,96 +98,17 @@ void Application::ReserveMemory() {
   Rings.Reserve(platform::Round<std::int32_t>(seconds * RingRate));
 }
 
-void Application::HideControls() {
-  Hide({&Main.Command8, &Main.Command9, &Main.Check5, &Main.CWButton3, &Main.CWButton4,
-        &Main.Command2, &Main.Command4, &Main.CWGraph1, &Main.Frame1, &Main.Frame4, &Main.Picture3,
-        &Main.Picture5, &Main.Picture6});
-  Main.CWButton4.Value = false;
-  Main.CWButton1.Value = false;
-  Main.Command4.Enabled = false;
-}
-
-void Application::SetColours() {
-  Main.TabStrip1.ColorFrom = Rgb{255, 255, 255};
-  Main.TabStrip1.ColorTo = Rgb{52, 153, 254};
-  Main.TabStrip1.Left = 0;
-  Main.TabStrip1.Top = 0;
-  Main.TabStrip1.SelectedTab = forms::tab::Info;
-  Main.Frame2.BackColor = FrameColour;
-  Main.Frame3.BackColor = FrameColour;
-  Main.CWButton2.BackColor = FrameColour;
-  Main.CWButton1.BackColor = Main.Frame1.BackColor.Get();
+void Application::LoadRecorder() {
   Main.CWButton3.BackColor = Rgb{237, 246, 240};
-  Main.CWButton4.BackColor = Rgb{204, 229, 254};
-  Main.Command2.BackColor = Rgb{237, 246, 254};
-}
-
-void Application::SetPlots() {
-  for (std::size_t i = 0; i < Main.Check2.size(); ++i) {
-    platform::Plot& plot = Main.CWGraph1.Plots[i];
-    plot.LineColor = PlotColours[i];
-    plot.PointColor = i == NeutralCurrent ? NeutralMarker : PlotColours[i];
-    plot.Visible = false;
-    Main.Check2[i].Value = Settings.SensorEnabled[i];
-    Main.Check2[i].ForeColor = plot.LineColor.Get();
-  }
-}
-
-void Application::HideGraphs() {
-  for (platform::PictureBox& logo : Main.Picture1) logo.Visible = false;
-  Hide({&Main.CWGraph1, &Main.CWGraph2, &Main.Frame1});
-  Main.CWGraph1.ScreenLook = true;
-}
-
-void Application::SetFields() {
-  Present.BaseSamples = DefaultBaseSamples;
-  Main.Text1[forms::setup_field::Samplings].Text = platform_.Numbers.General(DefaultBaseSamples);
-  Hide({&Main.Check5, &Main.CWButton4});
+  Main.Frame4.Visible = false;
   Main.Option1[forms::trigger_kind::Immediate].Value = true;
-  Main.Check4.Value = Settings.ACDC ? 1 : 0;
-  Main.Check6.Value = 1;
-  for (platform::Shape& indicator : Main.Shape12) indicator.Visible = false;
-  Main.Text1[forms::setup_field::FilterCondition].Text = Settings.FilterString;
-  Main.Text1[forms::setup_field::StoragePath].Text = Settings.StoragePath;
+}
+
+void Application::LoadReport() {
+  Main.Command2.BackColor = Rgb{237, 246, 254};
+  Main.Command4.Enabled = false;
   for (platform::Label& title : Main.Label7) title.Caption = std::string();
   for (platform::Label& value : Main.Label8) value.Caption = std::string();
-}
-
-void Application::FillLists() {
-  Main.Grid1.Cell[0][1] = "absolute";
-  Main.Grid1.Cell[0][2] = "phase";
-  Main.Grid1.ColumnWidth[0] = 2950;
-  Main.Grid1.ColumnWidth[1] = 1300;
-  Main.Grid1.ColumnWidth[2] = 1300;
-  for (const char* scale : {"100", "200", "500", "1000", "2000", "5000", "10000"}) {
-    Main.Combo5[forms::full_scale::Current].AddItem(scale);
-  }
-  Main.Combo5[forms::full_scale::Current].ListIndex = 3;
-  for (const char* scale : {"150", "200", "400", "500", "1000"})
-    Main.Combo5[forms::full_scale::Voltage].AddItem(scale);
-  Main.Combo5[forms::full_scale::Voltage].ListIndex = 2;
-  for (platform::ComboBox& scale : Main.Combo5) scale.Enabled = false;
-  values_.ShowChannelNames();
-  setup_.FillUnitLists();
-  values_.FillFormatList();
-}
-
-void Application::SetDerived() {
-  Main.Combo3.ListIndex = Settings.UnitResolution;
-  Main.Combo4[forms::unit_list::Current].ListIndex = Settings.UnitCurrent;
-  Main.Combo4[forms::unit_list::Voltage].ListIndex = Settings.UnitVoltage;
-  Present.UnitFormat = Main.Combo3.Text();
-  values_.ClearValues();
-  Main.Timer3.Enabled = false;
-  Main.Timer3.Interval = ButtonLock;
-  Main.Text1[forms::setup_field::BaseFrequency].Text =
-      platform_.Numbers.General(Settings.BaseFrequency);
-  Main.Text1[forms::setup_field::Content1].Text = Settings.FilterContent[0];
-  Main.Text1[forms::setup_field::Interval].Text = platform_.Numbers.General(Settings.InternalDelay);
-  Main.Text1[forms::setup_field::Content2].Text = Settings.FilterContent[1];
-  if (Main.Option3[1].Caption.Get().empty()) {
-    Hide({&Main.Option3[1], &Main.Option3[3], &Main.Option3[5], &Main.Option3[7]});
-  }
   Main.Label8[0].Caption = "- - - -";
 }
 
@@ -210,7 +118,7 @@ void Application::SetFlags() {
   Present.ActiveStream = 1;
 }
 
-void Application::SetTriggerFields() {
+void Application::LoadTrigger() {
   Main.Text3[forms::trigger_field::Current].Text =
       platform_.Numbers.General(Settings.CurrentTriggerWave);
   Main.Text3[forms::trigger_field::Voltage].Text =
@@ -234,12 +142,6 @@ void Application::SetTriggerFields() {
     default:
       break;
   }
-}
-
-void Application::SelectStations() {
-  for (std::size_t pair = 0; pair < Main.Option3.size(); pair += 2) Main.Option3[pair].Value = true;
-  Present.ActiveStream = 1;
-  Main.sevOption1[forms::trigger_kind::Single].Value = true;
 }
 
 }  // namespace formroutines

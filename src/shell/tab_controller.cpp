@@ -1,5 +1,6 @@
 #include "shell/tab_controller.h"
 
+#include <initializer_list>
 #include <string>
 #include <utility>
 
@@ -44,6 +45,24 @@ TabController::TabController(forms::Main& main, config::Settings& settings,
   main_.Window.QueryUnload = [this] { CloseRequest(); };
   closeTimer_.Interval = CloseRetry;
   closeTimer_.Elapsed = [this] { RetryClose(); };
+}
+
+void TabController::Load() {
+  for (platform::Control* leftover : std::initializer_list<platform::Control*>{
+           &main_.Command8, &main_.Picture3, &main_.Picture5, &main_.Picture6}) {
+    leftover->Visible = false;
+  }
+  main_.TabStrip1.ColorFrom = platform::Rgb{255, 255, 255};
+  main_.TabStrip1.ColorTo = platform::Rgb{52, 153, 254};
+  main_.TabStrip1.Left = 0;
+  main_.TabStrip1.Top = 0;
+  // What every change of tab does before it shows its own view.
+  main_.TabStrip1.SelectedTab = forms::tab::Info;
+}
+
+void TabController::OpenLastTab(std::int16_t tab) {
+  if (tab > 0 && tab < forms::tab::Exit) main_.TabStrip1.SelectedTab = tab;
+  TabChange();
 }
 
 void TabController::PassFirstTab() {

@@ -39,6 +39,10 @@ class TabController : public packetroutines::TabConsumer {
                 packetroutines::CaptureSession& capture, const platform::Services& services,
                 const platform::FileSystem& files, TabViews& views, platform::TimerQueue& timers);
 
+  /// Brings the strip up on the first tab, and hides what the other views show.
+  void Load();
+  /// Selects the tab of the last run, unless that was the way out, and enters it.
+  void OpenLastTab(std::int16_t tab);
   void TabChange() override;
   /// Selects the first tab for the time of a layout, as at any change; but it does not become the
   /// tab in use, and the store keeps what it holds.
