@@ -4,8 +4,6 @@
 
 namespace packetroutines {
 
-using platform::Flow;
-
 namespace {
 
 /// Pause between a block of a live view and the restart of capture, in ms.
@@ -15,47 +13,47 @@ constexpr double DisplayRate = 4000;
 
 }  // namespace
 
-Flow PacketDispatcher::CompleteBlock(bool signalOk) {
+void PacketDispatcher::CompleteBlock(bool signalOk) {
   const std::uint32_t station = state_.StationChanges;
   const auto current = [&] { return signalOk && state_.StationChanges == station; };
-  return Run([&] { frameIndex_[0] = 0; }, [&] { Advance(state_.BlockCount); },
-             [&] {
-               if (!signalOk) ++state_.Counters.SilentBlocks;
-             },
-             [&] { services_.Events.Pump(); },
-             [&] {
-               return state_.LookingForScope ? ShowBlock(current, [&] { PlotBlock(); })
-                                             : Flow::Next;
-             },
-             [&] {
-               return state_.LookingForValues && !state_.RealTimeMode ? BlockForValues(current)
-                                                                      : Flow::Next;
-             },
-             [&] {
-               // The real-time value was shown frame by frame.
-               if (state_.LookingForValues && state_.RealTimeMode) consumers_.Views.BlockShown();
-             },
-             [&] { return state_.LookingForRecording ? BlockForRecording() : Flow::Next; },
-             [&] {
-               return state_.LookingForPhases
-                          ? ShowBlock(current, [&] { consumers_.Views.UpdatePhases(); })
-                          : Flow::Next;
-             });
+  Run([&] { frameIndex_[0] = 0; }, [&] { Advance(state_.BlockCount); },
+      [&] {
+        if (!signalOk) ++state_.Counters.SilentBlocks;
+      },
+      [&] { services_.Events.Pump(); },
+      [&] {
+        if (state_.LookingForScope) ShowBlock(current, [&] { PlotBlock(); });
+      },
+      [&] {
+        if (state_.LookingForValues && !state_.RealTimeMode) BlockForValues(current);
+      },
+      [&] {
+        // The real-time value was shown frame by frame.
+        if (state_.LookingForValues && state_.RealTimeMode) consumers_.Views.BlockShown();
+      },
+      [&] {
+        if (state_.LookingForRecording) BlockForRecording();
+      },
+      [&] {
+        if (state_.LookingForPhases) {
+          ShowBlock(current, [&] { consumers_.Views.UpdatePhases(); });
+        }
+      });
 }
 
 template <typename Current, typename Show>
-Flow PacketDispatcher::ShowBlock(Current current, Show show) {
-  return Run([&] { capture_.StopCapture(); },
-             [&] {
-               if (!current()) return;
-               show();
-               consumers_.Views.BlockShown();
-             },
-             [&] { services_.Events.Pump(); },
-             [&] {
-               controls_.Timers.Timer2.Interval = BlockPause;
-               controls_.Timers.Timer2.Enabled = true;
-             });
+void PacketDispatcher::ShowBlock(Current current, Show show) {
+  Run([&] { capture_.StopCapture(); },
+      [&] {
+        if (!current()) return;
+        show();
+        consumers_.Views.BlockShown();
+      },
+      [&] { services_.Events.Pump(); },
+      [&] {
+        controls_.Timers.Timer2.Interval = BlockPause;
+        controls_.Timers.Timer2.Enabled = true;
+      });
 }
 
 void PacketDispatcher::PlotBlock() {
@@ -63,16 +61,16 @@ void PacketDispatcher::PlotBlock() {
 }
 
 template <typename Current>
-Flow PacketDispatcher::BlockForValues(Current current) {
-  return Run([&] { return ShowBlock(current, [&] { consumers_.Views.CalculateValues(); }); },
-             [&] {
-               // The check box may have been ticked in the pump.
-               if (state_.RealTimeMode) consumers_.Views.ClearValues();
-             });
+void PacketDispatcher::BlockForValues(Current current) {
+  Run([&] { ShowBlock(current, [&] { consumers_.Views.CalculateValues(); }); },
+      [&] {
+        // The check box may have been ticked in the pump.
+        if (state_.RealTimeMode) consumers_.Views.ClearValues();
+      });
 }
 
-Flow PacketDispatcher::BlockForRecording() {
-  return Run([&] {
+void PacketDispatcher::BlockForRecording() {
+  Run([&] {
     const auto samples = static_cast<double>(state_.BlockCount) * present_.BaseSamples;
     controls_.Recorder.Label10[forms::record_line::Progress].Caption =
         services_.Numbers.General(samples / DisplayRate) + "s / " +

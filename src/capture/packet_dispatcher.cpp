@@ -19,6 +19,14 @@ constexpr std::int16_t LengthFrameUpper = 500;
 /// Pause between two frames of the stream finder, in ms.
 constexpr std::int32_t FinderPause = 500;
 
+/// A frame that serves something of its own is not looked at any further.
+template <typename Serve>
+Flow LeaveAfter(bool wanted, Serve serve) {
+  if (!wanted) return Flow::Next;
+  serve();
+  return Flow::Leave;
+}
+
 }  // namespace
 
 PacketDispatcher::PacketDispatcher(AcquisitionState& state, const config::Settings& settings,
@@ -42,26 +50,25 @@ void PacketDispatcher::aPacketX_OnPacket(const CapturedFrame& pPacket) {
   bool second = false;
   Run([&] { bytes_.ClearText(); }, [&] { return state_.CaptureRunning ? Flow::Next : Flow::Leave; },
       [&] { ++state_.Counters.Frames; },
-      [&] { return state_.PacketLengthPending ? MeasureLength(pPacket) : Flow::Next; },
+      [&] { return LeaveAfter(state_.PacketLengthPending, [&] { MeasureLength(pPacket); }); },
       [&] { bytes_.Redim(packetLength_); },
-      [&] { return state_.ReportRequested ? ServeReport(pPacket) : Flow::Next; },
+      [&] { return LeaveAfter(state_.ReportRequested, [&] { ServeReport(pPacket); }); },
       [&] { return CopyFrame(pPacket); },
       [&] {
         // A text at the very first byte, which is where an empty one is found, does not count.
         first = filters_[0].Position(bytes_.Text(), settings_.FilterContent[0]) > 1;
         second = filters_[1].Position(bytes_.Text(), settings_.FilterContent[1]) > 1;
       },
-      [&] { return state_.LookingForID ? ServeFinder() : Flow::Next; },
+      [&] { return LeaveAfter(state_.LookingForID, [&] { ServeFinder(); }); },
       [&] { return first ? FirstStream() : Flow::Next; },
       [&] {
         if (second) SecondStream();
       });
 }
 
-Flow PacketDispatcher::MeasureLength(const CapturedFrame& pPacket) {
+void PacketDispatcher::MeasureLength(const CapturedFrame& pPacket) {
   Run([&] { bytes_.Redim(LengthFrameUpper); }, [&] { state_.PacketLengthPending = false; },
       [&] { TakePacketLength(pPacket); });
-  return Flow::Leave;
 }
 
 void PacketDispatcher::TakePacketLength(const CapturedFrame& pPacket) {
@@ -69,10 +76,9 @@ void PacketDispatcher::TakePacketLength(const CapturedFrame& pPacket) {
   state_.PacketLengthPending = false;
 }
 
-Flow PacketDispatcher::ServeReport(const CapturedFrame& pPacket) {
+void PacketDispatcher::ServeReport(const CapturedFrame& pPacket) {
   Run([&] { state_.ReportRequested = false; }, [&] { capture_.StopCapture(); },
       [&] { ReportFrame(pPacket); });
-  return Flow::Leave;
 }
 
 void PacketDispatcher::ReportFrame(const CapturedFrame& pPacket) {
@@ -96,14 +102,13 @@ Flow PacketDispatcher::CopyFrame(const CapturedFrame& pPacket) {
   return Flow::Leave;
 }
 
-Flow PacketDispatcher::ServeFinder() {
+void PacketDispatcher::ServeFinder() {
   std::string id;
   Run([&] { capture_.StopCapture(); }, [&] { controls_.Timers.Timer1.Enabled = false; },
       [&] { controls_.Timers.Timer2.Interval = FinderPause; },
       [&] { id = consumers_.Report.ReportAnalyse(bytes_); },
       [&] { controls_.Timers.Timer2.Enabled = true; },
       [&] { consumers_.Finder.AddStreamToList(id); });
-  return Flow::Leave;
 }
 
 Flow PacketDispatcher::FirstStream() {
@@ -114,7 +119,7 @@ Flow PacketDispatcher::FirstStream() {
       },
       [&] { CountFirst(); }, [&] { return ExtractFirst(signalOk); },
       [&] {
-        return frameIndex_[0] == present_.BaseSamples ? CompleteBlock(signalOk) : Flow::Next;
+        if (frameIndex_[0] == present_.BaseSamples) CompleteBlock(signalOk);
       });
 }
 

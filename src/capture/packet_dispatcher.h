@@ -64,10 +64,10 @@ class PacketDispatcher : public PacketConsumer {
   void aPacketX_OnPacket(const platform::CapturedFrame& pPacket) override;
 
  private:
-  platform::Flow MeasureLength(const platform::CapturedFrame& pPacket);
-  platform::Flow ServeReport(const platform::CapturedFrame& pPacket);
+  void MeasureLength(const platform::CapturedFrame& pPacket);
+  void ServeReport(const platform::CapturedFrame& pPacket);
   platform::Flow CopyFrame(const platform::CapturedFrame& pPacket);
-  platform::Flow ServeFinder();
+  void ServeFinder();
   void TakePacketLength(const platform::CapturedFrame& pPacket);
   void ReportFrame(const platform::CapturedFrame& pPacket);
 
@@ -76,15 +76,15 @@ class PacketDispatcher : public PacketConsumer {
   void FindDataOffsets(std::size_t stream);
   void LocateFirst();
   platform::Flow ExtractFirst(bool& signalOk);
-  platform::Flow CompleteBlock(bool signalOk);
+  void CompleteBlock(bool signalOk);
   /// Stops for a live view, shows it the block unless that is silent, and has capture restarted.
   /// `current()` is False for a silent block and for one of a station that is not chosen any more.
   template <typename Current, typename Show>
-  platform::Flow ShowBlock(Current current, Show show);
+  void ShowBlock(Current current, Show show);
   void PlotBlock();
   template <typename Current>
-  platform::Flow BlockForValues(Current current);
-  platform::Flow BlockForRecording();
+  void BlockForValues(Current current);
+  void BlockForRecording();
 
   void SecondStream();
   void LocateSecond();

@@ -19,9 +19,8 @@ constexpr std::int32_t BytesPerChannel = 8;
 /// The channels of one kind and their bytes: currents, and behind them voltages.
 constexpr std::size_t GroupChannels = 4;
 constexpr std::int32_t GroupBytes = 32;
-// Both say the same of the 4, 8 or 12 channels that streams have.
-constexpr std::int16_t MostWithoutVoltages = 5;
-constexpr std::int16_t MostWithoutVoltages2 = 4;
+/// Streams have 4, 8 or 12 channels.
+constexpr std::int16_t MostWithoutVoltages = 4;
 /// The offset of a stream whose counter or samples were never found.
 constexpr std::int32_t NotLocated = 0;
 /// A block that stays below this in the chosen units is silent.
@@ -132,7 +131,7 @@ void SignalBuilder::BuildingSignals2(std::int32_t row, const PacketBytes& bytes,
         platform::Narrow<std::int16_t>(CountAt(bytes, state_.SampleCountOffset[1]));
   });
   const std::int32_t offset = state_.ValueOffset[1];
-  const bool voltages = state_.ChannelCount > MostWithoutVoltages2;
+  const bool voltages = state_.ChannelCount > MostWithoutVoltages;
   for (std::size_t i = 0; i < GroupChannels; ++i) {
     platform::RunSteps(
         program_, skip,

@@ -136,8 +136,7 @@ void PhasorPage::Lay() {
   picture_.Place(QPoint(left, top), side);
 
   const int tableLeft = left + side + Gap;
-  const int tableWidth = std::min(frameWidth - tableLeft - Gap,
-                                  std::max(scaled(table_->NaturalWidth()), LargestTable));
+  const int tableWidth = std::min(frameWidth - tableLeft - Gap, LargestTable);
   const QRect table(tableLeft, top, tableWidth, scaled(TableRow) * ValueTable::Rows);
   table_->Lay(table, textRatio);
 
