@@ -6,6 +6,7 @@
 #include <string>
 
 #include "capture/run_counters.h"
+#include "platform/stream_format.h"
 
 namespace packetroutines {
 
@@ -67,7 +68,7 @@ struct AcquisitionState {
   bool RealTimeMode = false;
   std::int16_t RealTimeChannel = 1;
   /// Latest AC estimate of each channel, in the chosen units.
-  std::array<double, 8> RmsValues{};
+  std::array<double, platform::channels::Count> RmsValues{};
 };
 
 }  // namespace packetroutines

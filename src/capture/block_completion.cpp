@@ -1,6 +1,7 @@
 // What the packet event does with a complete block of the first stream.
 
 #include "capture/packet_dispatcher.h"
+#include "platform/stream_format.h"
 
 namespace packetroutines {
 
@@ -8,52 +9,50 @@ namespace {
 
 /// Pause between a block of a live view and the restart of capture, in ms.
 constexpr std::int32_t BlockPause = 100;
-/// Samples a second of the recording's time display, whatever the base frequency is.
-constexpr double DisplayRate = 4000;
 
 }  // namespace
 
 void PacketDispatcher::CompleteBlock(bool signalOk) {
   const std::uint32_t station = state_.StationChanges;
   const auto current = [&] { return signalOk && state_.StationChanges == station; };
-  Run([&] { frameIndex_[0] = 0; }, [&] { Advance(state_.BlockCount); },
-      [&] {
-        if (!signalOk) ++state_.Counters.SilentBlocks;
-      },
-      [&] { services_.Events.Pump(); },
-      [&] {
-        if (state_.LookingForScope) ShowBlock(current, [&] { PlotBlock(); });
-      },
-      [&] {
-        if (state_.LookingForValues && !state_.RealTimeMode) BlockForValues(current);
-      },
-      [&] {
-        // The real-time value was shown frame by frame.
-        if (state_.LookingForValues && state_.RealTimeMode) consumers_.Views.BlockShown();
-      },
-      [&] {
-        if (state_.LookingForRecording) BlockForRecording();
-      },
-      [&] {
-        if (state_.LookingForPhases) {
-          ShowBlock(current, [&] { consumers_.Views.UpdatePhases(); });
-        }
-      });
+  run_([&] { frameIndex_[0] = 0; }, [&] { Advance(state_.BlockCount); },
+       [&] {
+         if (!signalOk) ++state_.Counters.SilentBlocks;
+       },
+       [&] { services_.Events.Pump(); },
+       [&] {
+         if (state_.LookingForScope) ShowBlock(current, [&] { PlotBlock(); });
+       },
+       [&] {
+         if (state_.LookingForValues && !state_.RealTimeMode) BlockForValues(current);
+       },
+       [&] {
+         // The real-time value was shown frame by frame.
+         if (state_.LookingForValues && state_.RealTimeMode) consumers_.Views.BlockShown();
+       },
+       [&] {
+         if (state_.LookingForRecording) BlockForRecording();
+       },
+       [&] {
+         if (state_.LookingForPhases) {
+           ShowBlock(current, [&] { consumers_.Views.UpdatePhases(); });
+         }
+       });
 }
 
 template <typename Current, typename Show>
 void PacketDispatcher::ShowBlock(Current current, Show show) {
-  Run([&] { capture_.StopCapture(); },
-      [&] {
-        if (!current()) return;
-        show();
-        consumers_.Views.BlockShown();
-      },
-      [&] { services_.Events.Pump(); },
-      [&] {
-        controls_.Timers.Timer2.Interval = BlockPause;
-        controls_.Timers.Timer2.Enabled = true;
-      });
+  run_([&] { capture_.StopCapture(); },
+       [&] {
+         if (!current()) return;
+         show();
+         consumers_.Views.BlockShown();
+       },
+       [&] { services_.Events.Pump(); },
+       [&] {
+         controls_.Timers.Timer2.Interval = BlockPause;
+         controls_.Timers.Timer2.Enabled = true;
+       });
 }
 
 void PacketDispatcher::PlotBlock() {
@@ -62,18 +61,19 @@ void PacketDispatcher::PlotBlock() {
 
 template <typename Current>
 void PacketDispatcher::BlockForValues(Current current) {
-  Run([&] { ShowBlock(current, [&] { consumers_.Views.CalculateValues(); }); },
-      [&] {
-        // The check box may have been ticked in the pump.
-        if (state_.RealTimeMode) consumers_.Views.ClearValues();
-      });
+  run_([&] { ShowBlock(current, [&] { consumers_.Views.CalculateValues(); }); },
+       [&] {
+         // The check box may have been ticked in the pump.
+         if (state_.RealTimeMode) consumers_.Views.ClearValues();
+       });
 }
 
 void PacketDispatcher::BlockForRecording() {
-  Run([&] {
+  run_([&] {
+    // The time display takes the usual rate, whatever the base frequency is.
     const auto samples = static_cast<double>(state_.BlockCount) * present_.BaseSamples;
     controls_.Recorder.Label10[forms::record_line::Progress].Caption =
-        services_.Numbers.General(samples / DisplayRate) + "s / " +
+        services_.Numbers.General(samples / platform::SamplesASecond) + "s / " +
         services_.Numbers.General(samples) + " samples";
     consumers_.Views.BlockShown();
   });

@@ -1,7 +1,6 @@
 #include "capture/no_data_watchdog.h"
 
 #include <cstdint>
-#include <utility>
 
 #include "platform/failure.h"
 
@@ -28,15 +27,9 @@ NoDataWatchdog::NoDataWatchdog(AcquisitionState& state, forms::TimerControls& ti
       capture_(capture),
       tabs_(tabs),
       finder_(finder),
-      services_(services) {
+      services_(services),
+      run_(services.Program, [this](const Failure& failure, int) { return OnFailure(failure); }) {
   timers_.Timer1.Elapsed = [this] { Timer1_Timer(); };
-}
-
-template <typename... Steps>
-void NoDataWatchdog::Run(Steps... steps) {
-  platform::RunSteps(
-      services_.Program, [this](const Failure& failure) { return OnFailure(failure); },
-      std::move(steps)...);
 }
 
 Verdict NoDataWatchdog::OnFailure(const Failure& failure) {
@@ -63,37 +56,37 @@ void NoDataWatchdog::Timer1_Timer() {
 }
 
 void NoDataWatchdog::EndReport() {
-  Run([&] { capture_.StopCapture(); }, [&] { state_.ReportRequested = false; },
-      [&] { ShowNoDataDialog("Building a report for required data isn't possible!"); },
-      [&] { timers_.Timer1.Enabled = false; }, [&] { buttons_.Command2.Enabled = true; });
+  run_([&] { capture_.StopCapture(); }, [&] { state_.ReportRequested = false; },
+       [&] { ShowNoDataDialog("Building a report for required data isn't possible!"); },
+       [&] { timers_.Timer1.Enabled = false; }, [&] { buttons_.Command2.Enabled = true; });
 }
 
 void NoDataWatchdog::EndRecording() {
-  Run([&] { capture_.StopCapture(); }, [&] { state_.LookingForRecording = false; },
-      [&] { ShowNoDataDialog("Recording isn't possible!"); },
-      [&] { timers_.Timer1.Enabled = false; }, [&] { buttons_.CWButton3.Value = false; },
-      [&] { buttons_.CWButton3.Enabled = true; }, [&] { tabs_.TabChange(); });
+  run_([&] { capture_.StopCapture(); }, [&] { state_.LookingForRecording = false; },
+       [&] { ShowNoDataDialog("Recording isn't possible!"); },
+       [&] { timers_.Timer1.Enabled = false; }, [&] { buttons_.CWButton3.Value = false; },
+       [&] { buttons_.CWButton3.Enabled = true; }, [&] { tabs_.TabChange(); });
 }
 
 void NoDataWatchdog::EndFinder() {
-  Run([&] { capture_.StopCapture(); }, [&] { state_.LookingForID = false; },
-      [&] { timers_.Timer1.Enabled = false; }, [&] { ShowNoDataDialog(""); },
-      [&] { finder_.UnloadIDlook(); });
+  run_([&] { capture_.StopCapture(); }, [&] { state_.LookingForID = false; },
+       [&] { timers_.Timer1.Enabled = false; }, [&] { ShowNoDataDialog(""); },
+       [&] { finder_.UnloadIDlook(); });
 }
 
 void NoDataWatchdog::EndView() {
   // `LookingForPhases` falls in the stop path of its button.
-  Run([&] { capture_.StopCapture(); }, [&] { state_.LookingForValues = false; },
-      [&] { state_.LookingForScope = false; }, [&] { ShowNoDataDialog(""); },
-      [&] { timers_.Timer1.Enabled = false; }, [&] { buttons_.CWButton1.Enabled = false; },
-      [&] { buttons_.CWButton4.Enabled = false; }, [&] { timers_.Timer3.Enabled = true; },
-      [&] { buttons_.CWButton4.Value = false; }, [&] { buttons_.CWButton1.Value = false; },
-      [&] { buttons_.CWButton2.Value = false; },
-      [&] {
-        // The stop path of the scope has given its button back; it waits like the others.
-        buttons_.CWButton1.Enabled = false;
-        buttons_.ShowIdleTips();
-      });
+  run_([&] { capture_.StopCapture(); }, [&] { state_.LookingForValues = false; },
+       [&] { state_.LookingForScope = false; }, [&] { ShowNoDataDialog(""); },
+       [&] { timers_.Timer1.Enabled = false; }, [&] { buttons_.CWButton1.Enabled = false; },
+       [&] { buttons_.CWButton4.Enabled = false; }, [&] { timers_.Timer3.Enabled = true; },
+       [&] { buttons_.CWButton4.Value = false; }, [&] { buttons_.CWButton1.Value = false; },
+       [&] { buttons_.CWButton2.Value = false; },
+       [&] {
+         // The stop path of the scope has given its button back; it waits like the others.
+         buttons_.CWButton1.Enabled = false;
+         buttons_.ShowIdleTips();
+       });
 }
 
 void NoDataWatchdog::ShowNoDataDialog(const std::string& prefix) {

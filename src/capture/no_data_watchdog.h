@@ -27,8 +27,6 @@ class NoDataWatchdog {
   void EndView();
   void ShowNoDataDialog(const std::string& prefix);
 
-  template <typename... Steps>
-  void Run(Steps... steps);
   platform::Verdict OnFailure(const platform::Failure& failure);
 
   AcquisitionState& state_;
@@ -38,6 +36,7 @@ class NoDataWatchdog {
   TabConsumer& tabs_;
   FinderConsumer& finder_;
   platform::Services services_;
+  platform::Routine run_;
 };
 
 }  // namespace packetroutines

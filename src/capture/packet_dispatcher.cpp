@@ -43,32 +43,35 @@ PacketDispatcher::PacketDispatcher(AcquisitionState& state, const config::Settin
       builder_(builder),
       consumers_(consumers),
       services_(services),
+      run_(services.Program,
+           [this](const Failure& failure, int attempt) { return OnFailure(failure, attempt); }),
       filters_{ContentFilter(services.Code), ContentFilter(services.Code)} {}
 
 void PacketDispatcher::aPacketX_OnPacket(const CapturedFrame& pPacket) {
   bool first = false;
   bool second = false;
-  Run([&] { bytes_.ClearText(); }, [&] { return state_.CaptureRunning ? Flow::Next : Flow::Leave; },
-      [&] { ++state_.Counters.Frames; },
-      [&] { return LeaveAfter(state_.PacketLengthPending, [&] { MeasureLength(pPacket); }); },
-      [&] { bytes_.Redim(packetLength_); },
-      [&] { return LeaveAfter(state_.ReportRequested, [&] { ServeReport(pPacket); }); },
-      [&] { return CopyFrame(pPacket); },
-      [&] {
-        // A text at the very first byte, which is where an empty one is found, does not count.
-        first = filters_[0].Position(bytes_.Text(), settings_.FilterContent[0]) > 1;
-        second = filters_[1].Position(bytes_.Text(), settings_.FilterContent[1]) > 1;
-      },
-      [&] { return LeaveAfter(state_.LookingForID, [&] { ServeFinder(); }); },
-      [&] { return first ? FirstStream() : Flow::Next; },
-      [&] {
-        if (second) SecondStream();
-      });
+  run_([&] { bytes_.ClearText(); },
+       [&] { return state_.CaptureRunning ? Flow::Next : Flow::Leave; },
+       [&] { ++state_.Counters.Frames; },
+       [&] { return LeaveAfter(state_.PacketLengthPending, [&] { MeasureLength(pPacket); }); },
+       [&] { bytes_.Redim(packetLength_); },
+       [&] { return LeaveAfter(state_.ReportRequested, [&] { ServeReport(pPacket); }); },
+       [&] { return CopyFrame(pPacket); },
+       [&] {
+         // A text at the very first byte, which is where an empty one is found, does not count.
+         first = filters_[0].Position(bytes_.Text(), settings_.FilterContent[0]) > 1;
+         second = filters_[1].Position(bytes_.Text(), settings_.FilterContent[1]) > 1;
+       },
+       [&] { return LeaveAfter(state_.LookingForID, [&] { ServeFinder(); }); },
+       [&] { return first ? FirstStream() : Flow::Next; },
+       [&] {
+         if (second) SecondStream();
+       });
 }
 
 void PacketDispatcher::MeasureLength(const CapturedFrame& pPacket) {
-  Run([&] { bytes_.Redim(LengthFrameUpper); }, [&] { state_.PacketLengthPending = false; },
-      [&] { TakePacketLength(pPacket); });
+  run_([&] { bytes_.Redim(LengthFrameUpper); }, [&] { state_.PacketLengthPending = false; },
+       [&] { TakePacketLength(pPacket); });
 }
 
 void PacketDispatcher::TakePacketLength(const CapturedFrame& pPacket) {
@@ -77,43 +80,47 @@ void PacketDispatcher::TakePacketLength(const CapturedFrame& pPacket) {
 }
 
 void PacketDispatcher::ServeReport(const CapturedFrame& pPacket) {
-  Run([&] { state_.ReportRequested = false; }, [&] { capture_.StopCapture(); },
-      [&] { ReportFrame(pPacket); });
+  run_([&] { state_.ReportRequested = false; }, [&] { capture_.StopCapture(); },
+       [&] { ReportFrame(pPacket); });
 }
 
 void PacketDispatcher::ReportFrame(const CapturedFrame& pPacket) {
-  Run([&] { controls_.Report.Command2.Value = false; }, [&] { services_.Events.Pump(); },
-      [&] {
-        if (pPacket.Length > static_cast<std::size_t>(bytes_.Upper())) {
-          throw Failure(platform::failure::SubscriptOutOfRange);
-        }
-        bytes_.Copy(pPacket.Bytes);
-      },
-      [&] { consumers_.Report.ReportAnalyse(bytes_); },
-      [&] { controls_.Report.Command2.Visible = true; },
-      [&] { controls_.Report.Command4.Enabled = true; });
+  run_([&] { controls_.Report.Command2.Value = false; }, [&] { services_.Events.Pump(); },
+       [&] {
+         if (LongerThanExpected(pPacket)) throw Failure(platform::failure::SubscriptOutOfRange);
+         bytes_.Copy(pPacket.Bytes);
+       },
+       [&] { consumers_.Report.ReportAnalyse(bytes_); },
+       [&] { controls_.Report.Command2.Visible = true; },
+       [&] { controls_.Report.Command4.Enabled = true; });
+}
+
+bool PacketDispatcher::LongerThanExpected(const CapturedFrame& pPacket) const {
+  return pPacket.Length > static_cast<std::size_t>(bytes_.Upper());
 }
 
 Flow PacketDispatcher::CopyFrame(const CapturedFrame& pPacket) {
+  if (LongerThanExpected(pPacket)) {
+    // It is dropped as a whole.
+    ++state_.Counters.TooLong;
+    return Flow::Leave;
+  }
   bytes_.Copy(pPacket.Bytes);
-  // A frame longer than expected is dropped as a whole.
-  if (pPacket.Length <= static_cast<std::size_t>(bytes_.Upper())) return Flow::Next;
-  ++state_.Counters.TooLong;
-  return Flow::Leave;
+  return Flow::Next;
 }
 
 void PacketDispatcher::ServeFinder() {
   std::string id;
-  Run([&] { capture_.StopCapture(); }, [&] { controls_.Timers.Timer1.Enabled = false; },
-      [&] { controls_.Timers.Timer2.Interval = FinderPause; },
-      [&] { id = consumers_.Report.ReportAnalyse(bytes_); },
-      [&] { controls_.Timers.Timer2.Enabled = true; },
-      [&] { consumers_.Finder.AddStreamToList(id); });
+  run_([&] { capture_.StopCapture(); }, [&] { controls_.Timers.Timer1.Enabled = false; },
+       [&] { controls_.Timers.Timer2.Interval = FinderPause; },
+       [&] { id = consumers_.Report.ReportAnalyse(bytes_); },
+       [&] { controls_.Timers.Timer2.Enabled = true; },
+       [&] { consumers_.Finder.AddStreamToList(id); });
 }
 
 Flow PacketDispatcher::FirstStream() {
   bool signalOk = false;
-  return Run(
+  return run_(
       [&] {
         if (!state_.OffsetsKnown[0]) LocateFirst();
       },
@@ -135,10 +142,10 @@ void PacketDispatcher::FindDataOffsets(std::size_t stream) {
 }
 
 void PacketDispatcher::LocateFirst() {
-  Run([&] { FindDataOffsets(0); }, [&] { locator_.FindQualitySettings(bytes_, 0); },
-      [&] { frameIndex_[0] = 0; }, [&] { ringIndex_[0] = 0; },
-      [&] { state_.OffsetsKnown[0] = true; }, [&] { controls_.Timers.Timer1.Enabled = false; },
-      [&] { controls_.Timers.Timer3.Enabled = true; });
+  run_([&] { FindDataOffsets(0); }, [&] { locator_.FindQualitySettings(bytes_, 0); },
+       [&] { frameIndex_[0] = 0; }, [&] { ringIndex_[0] = 0; },
+       [&] { state_.OffsetsKnown[0] = true; }, [&] { controls_.Timers.Timer1.Enabled = false; },
+       [&] { controls_.Timers.Timer3.Enabled = true; });
 }
 
 Flow PacketDispatcher::ExtractFirst(bool& signalOk) {
@@ -153,30 +160,30 @@ Flow PacketDispatcher::ExtractFirst(bool& signalOk) {
   if (!state_.LookingForRecording || ringIndex_[0] != RecordRings::Cells) return Flow::Next;
   // The block that fills the ring is not counted, and the frame is not looked at for the second
   // stream; the recorder allows for both.
-  Run([&] { ringIndex_[0] = 0; }, [&] { frameIndex_[0] = 0; },
-      [&] { consumers_.Recorder.WriteRecordBlock(0); }, [&] { consumers_.Views.BlockShown(); });
+  run_([&] { ringIndex_[0] = 0; }, [&] { frameIndex_[0] = 0; },
+       [&] { consumers_.Recorder.WriteRecordBlock(0); }, [&] { consumers_.Views.BlockShown(); });
   return Flow::Leave;
 }
 
 void PacketDispatcher::SecondStream() {
-  Run(
+  run_(
       [&] {
         if (!state_.OffsetsKnown[1]) LocateSecond();
       },
       [&] { return state_.LookingForRecording ? ExtractSecond() : Flow::Next; },
       [&] {
         if (frameIndex_[1] != present_.BaseSamples) return;
-        Run([&] { frameIndex_[1] = 0; }, [&] { Advance(state_.BlockCount2); },
-            [&] { services_.Events.Pump(); });
+        run_([&] { frameIndex_[1] = 0; }, [&] { Advance(state_.BlockCount2); },
+             [&] { services_.Events.Pump(); });
       });
 }
 
 void PacketDispatcher::LocateSecond() {
   // It is the first stream's row that starts again, so that the first stream's running block
   // restarts.
-  Run([&] { FindDataOffsets(1); }, [&] { locator_.FindQualitySettings(bytes_, 0); },
-      [&] { frameIndex_[0] = 0; }, [&] { ringIndex_[1] = 0; },
-      [&] { state_.OffsetsKnown[1] = true; }, [&] { controls_.Timers.Timer1.Enabled = false; });
+  run_([&] { FindDataOffsets(1); }, [&] { locator_.FindQualitySettings(bytes_, 0); },
+       [&] { frameIndex_[0] = 0; }, [&] { ringIndex_[1] = 0; },
+       [&] { state_.OffsetsKnown[1] = true; }, [&] { controls_.Timers.Timer1.Enabled = false; });
 }
 
 Flow PacketDispatcher::ExtractSecond() {
@@ -186,8 +193,8 @@ Flow PacketDispatcher::ExtractSecond() {
   builder_.StoreRecordSample2(ringIndex_[1], frameIndex_[1] - 1);
   ++ringIndex_[1];
   if (ringIndex_[1] != RecordRings::Cells) return Flow::Next;
-  Run([&] { ringIndex_[1] = 0; }, [&] { frameIndex_[1] = 0; },
-      [&] { consumers_.Recorder.WriteRecordBlock(1); });
+  run_([&] { ringIndex_[1] = 0; }, [&] { frameIndex_[1] = 0; },
+       [&] { consumers_.Recorder.WriteRecordBlock(1); });
   return Flow::Leave;
 }
 

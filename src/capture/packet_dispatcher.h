@@ -3,7 +3,6 @@
 #include <array>
 #include <cstdint>
 #include <string>
-#include <utility>
 
 #include "capture/acquisition_state.h"
 #include "capture/capture_session.h"
@@ -66,6 +65,8 @@ class PacketDispatcher : public PacketConsumer {
  private:
   void MeasureLength(const platform::CapturedFrame& pPacket);
   void ServeReport(const platform::CapturedFrame& pPacket);
+  /// The cells were made for the length that the run expects.
+  bool LongerThanExpected(const platform::CapturedFrame& pPacket) const;
   platform::Flow CopyFrame(const platform::CapturedFrame& pPacket);
   void ServeFinder();
   void TakePacketLength(const platform::CapturedFrame& pPacket);
@@ -91,16 +92,6 @@ class PacketDispatcher : public PacketConsumer {
   platform::Flow ExtractSecond();
 
   platform::Verdict OnFailure(const platform::Failure& failure, int attempt);
-  /// Runs steps under the event's one trap.
-  template <typename... Steps>
-  platform::Flow Run(Steps... steps) {
-    return platform::RunSteps(
-        services_.Program,
-        [this](const platform::Failure& failure, int attempt) {
-          return OnFailure(failure, attempt);
-        },
-        std::move(steps)...);
-  }
 
   AcquisitionState& state_;
   const config::Settings& settings_;
@@ -111,6 +102,7 @@ class PacketDispatcher : public PacketConsumer {
   SignalBuilder& builder_;
   PacketConsumers consumers_;
   PacketServices services_;
+  platform::Routine run_;
 
   PacketBytes bytes_;
   std::int16_t packetLength_ = 0;

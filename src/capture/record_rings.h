@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "capture/block_arrays.h"
+#include "platform/stream_format.h"
 
 namespace packetroutines {
 
@@ -12,12 +13,12 @@ namespace packetroutines {
 /// over whole, so they work as flat buffers rather than as true rings.
 struct RecordRings {
   /// Frames between two hand-overs.
-  static constexpr std::int16_t Cells = 4000;
+  static constexpr std::int16_t Cells = platform::SamplesASecond;
 
   CheckedArray<std::int32_t> RecordCount;
-  std::array<CheckedArray<double>, 8> RecordChannel;
+  std::array<CheckedArray<double>, platform::channels::Count> RecordChannel;
   CheckedArray<std::int16_t> RecordCount2;
-  std::array<CheckedArray<double>, 8> RecordChannel2;
+  std::array<CheckedArray<double>, platform::channels::Count> RecordChannel2;
 
   /// The most cells of a ring: more than forty minutes of frames.
   static constexpr std::int32_t MaximumCells = 10'000'000;
@@ -31,7 +32,8 @@ struct RecordRings {
       RecordCount2.Redim(Cells);
       for (auto& channel : RecordChannel) channel.Redim(Cells);
       for (auto& channel : RecordChannel2) channel.Redim(Cells);
-      for (const std::size_t k : {0U, 1U, 2U, 4U, 5U, 6U}) {
+      for (std::size_t k = 0; k < RecordChannel.size(); ++k) {
+        if (platform::channels::IsNeutral(k)) continue;
         RecordChannel[k].Redim(std::max<std::int32_t>(triggerCells, Cells));
       }
     });

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "capture/raw_sample.h"
 #include "platform/number_text.h"
 #include "platform/trap.h"
 
@@ -12,11 +13,9 @@ namespace {
 // BER tags of the fields of an ASDU, IEC 61850-9-2.
 constexpr std::uint8_t SmpCntTag = 0x82;
 constexpr std::uint8_t SeqDataTag = 0x87;
-/// Bytes of one channel in seqData: a value and a quality word of four bytes each.
-constexpr std::int16_t BytesPerChannel = 8;
 /// The scan stops this many bytes before the end of the frame, so that the samples of an 8-channel
 /// frame are not taken for tags.
-constexpr std::int16_t ScanMargin = 64;
+constexpr std::int32_t ScanMargin = BytesASample;
 
 }  // namespace
 
@@ -44,7 +43,7 @@ void SampleLocator::Scan(const PacketBytes& bytes, std::int16_t packetLength, st
     if (tag == SeqDataTag && (length == 32 || length == 64 || length == 96)) {
       state_.ValueOffset[stream] = content;
       state_.SamplesLocated[stream] = true;
-      state_.ChannelCount = length / BytesPerChannel;
+      state_.ChannelCount = length / BytesAChannel;
     }
   }
 }

@@ -3,48 +3,33 @@
 #include <cmath>
 #include <string>
 
+#include "capture/raw_sample.h"
+#include "platform/stream_format.h"
 #include "platform/trap.h"
 
 namespace packetroutines {
 
+namespace channels = platform::channels;
 using platform::Failure;
 using platform::Verdict;
 
 namespace {
 
-/// Currents come in milliamperes, voltages in tens of millivolts.
-constexpr double CurrentScale = 1000;
-constexpr double VoltageScale = 100000;
-constexpr std::int32_t BytesPerChannel = 8;
-/// The channels of one kind and their bytes: currents, and behind them voltages.
-constexpr std::size_t GroupChannels = 4;
-constexpr std::int32_t GroupBytes = 32;
 /// Streams have 4, 8 or 12 channels.
-constexpr std::int16_t MostWithoutVoltages = 4;
+constexpr std::int16_t MostWithoutVoltages = channels::OfAKind;
 /// The offset of a stream whose counter or samples were never found.
 constexpr std::int32_t NotLocated = 0;
 /// A block that stays below this in the chosen units is silent.
 constexpr double SilenceLevel = 0.1;
 
-double SampleOf(std::uint32_t raw) {
-  // The pattern 0x80000000 stays positive: only what is greater wraps.
-  constexpr std::uint32_t Half = 0x80000000U;
-  constexpr std::int64_t Range = std::int64_t{1} << 32;
-  return static_cast<double>(std::int64_t{raw} - (raw > Half ? Range : 0));
-}
-
-std::uint32_t BigEndian(const std::uint8_t* b) {
-  return std::uint32_t{b[0]} << 24 | std::uint32_t{b[1]} << 16 | std::uint32_t{b[2]} << 8 | b[3];
-}
-
 /// The raw sample of a channel. A stream that was never located has none: it reads as 0, so that
 /// its blocks are silent.
 double ChannelAt(const PacketBytes& bytes, std::int32_t offset, std::size_t channel) {
   if (offset == NotLocated) return 0;
-  const std::int32_t position = offset + BytesPerChannel * static_cast<std::int32_t>(channel);
+  const std::int32_t position = offset + PlaceOf(channel);
   const std::uint8_t four[] = {bytes(position), bytes(position + 1), bytes(position + 2),
                                bytes(position + 3)};
-  return SampleOf(BigEndian(four));
+  return RawSample(four);
 }
 
 std::int32_t CountAt(const PacketBytes& bytes, std::int32_t position) {
@@ -95,20 +80,23 @@ void SignalBuilder::TakeRow(std::int32_t row, const PacketBytes& bytes) {
   const double voltageFactor = present_.VoltageUnitFactor;
   const std::int32_t offset = state_.ValueOffset[0];
   const bool voltages = state_.ChannelCount > MostWithoutVoltages;
-  const std::uint8_t* data = bytes.Run(offset, 2 * GroupBytes);
+  const auto inUnits = [&](double raw, std::size_t channel) {
+    return Scaled(raw, channel) * (channels::IsCurrent(channel) ? currentFactor : voltageFactor);
+  };
+  const std::uint8_t* data = bytes.Run(offset, BytesASample);
   if (data != nullptr && voltages && offset != NotLocated) {
-    for (std::size_t i = 0; i < GroupChannels; ++i) {
-      values[i] = SampleOf(BigEndian(data + BytesPerChannel * i)) / CurrentScale * currentFactor;
-      values[i + GroupChannels] = SampleOf(BigEndian(data + GroupBytes + BytesPerChannel * i)) /
-                                  VoltageScale * voltageFactor;
+    for (std::size_t i = 0; i < channels::OfAKind; ++i) {
+      const std::size_t k = i + channels::OfAKind;
+      values[i] = inUnits(RawSample(data + PlaceOf(i)), i);
+      values[k] = inUnits(RawSample(data + PlaceOf(k)), k);
     }
     return;
   }
   // A frame that may end within its samples: each value that is still there is taken.
-  for (std::size_t i = 0; i < GroupChannels; ++i) {
-    values[i] = ChannelAt(bytes, offset, i) / CurrentScale * currentFactor;
-    const std::size_t k = i + GroupChannels;
-    if (voltages) values[k] = ChannelAt(bytes, offset, k) / VoltageScale * voltageFactor;
+  for (std::size_t i = 0; i < channels::OfAKind; ++i) {
+    values[i] = inUnits(ChannelAt(bytes, offset, i), i);
+    const std::size_t k = i + channels::OfAKind;
+    if (voltages) values[k] = inUnits(ChannelAt(bytes, offset, k), k);
   }
 }
 
@@ -132,14 +120,14 @@ void SignalBuilder::BuildingSignals2(std::int32_t row, const PacketBytes& bytes,
   });
   const std::int32_t offset = state_.ValueOffset[1];
   const bool voltages = state_.ChannelCount > MostWithoutVoltages;
-  for (std::size_t i = 0; i < GroupChannels; ++i) {
+  for (std::size_t i = 0; i < channels::OfAKind; ++i) {
     platform::RunSteps(
         program_, skip,
-        [&] { block_.SignalValues2.Row(row)[i] = ChannelAt(bytes, offset, i) / CurrentScale; },
+        [&] { block_.SignalValues2.Row(row)[i] = Scaled(ChannelAt(bytes, offset, i), i); },
         [&] {
-          const std::size_t k = i + GroupChannels;
+          const std::size_t k = i + channels::OfAKind;
           if (voltages) {
-            block_.SignalValues2.Row(row)[k] = ChannelAt(bytes, offset, k) / VoltageScale;
+            block_.SignalValues2.Row(row)[k] = Scaled(ChannelAt(bytes, offset, k), k);
           }
         });
   }

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/stream_format.h"
+
 namespace config {
 
 /// The stored settings, in the order of the store. This is the working copy: nothing reads the
@@ -22,14 +24,14 @@ struct Settings {
   std::int16_t UnitVoltage = 0;
   /// Additional wait between two blocks of a live view, in ms.
   std::int16_t InternalDelay = 500;
-  std::array<std::string, 8> ChannelName;
+  std::array<std::string, platform::channels::Count> ChannelName;
   std::int16_t PrinterChoice = 0;
   /// The user's part of the capture filter.
   std::string FilterString;
   /// The text that marks a frame of the first and of the second stream.
   std::array<std::string, 2> FilterContent;
   /// Which channels the scope draws.
-  std::array<std::int16_t, 8> SensorEnabled{};
+  std::array<std::int16_t, platform::channels::Count> SensorEnabled{};
   /// Hz.
   float BaseFrequency = 50;
   /// The DC numbers are shown.

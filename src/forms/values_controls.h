@@ -5,6 +5,7 @@
 #include "platform/controls/buttons.h"
 #include "platform/controls/check_box.h"
 #include "platform/controls/label.h"
+#include "platform/stream_format.h"
 
 namespace forms {
 
@@ -22,8 +23,8 @@ struct ValuesControls {
   platform::CWButton CWButton4;
   /// Real-time value.
   platform::CheckBox Check5;
-  std::array<platform::Label, 8> Label5;
-  std::array<platform::Label, 8> Label6;
+  std::array<platform::Label, platform::channels::Count> Label5;
+  std::array<platform::Label, platform::channels::Count> Label6;
   std::array<platform::Label, small_label::Count> Label12;
   /// Heading of the station choice.
   platform::Label Label16;

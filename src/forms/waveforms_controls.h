@@ -7,6 +7,7 @@
 #include "platform/controls/cw_graph.h"
 #include "platform/controls/label.h"
 #include "platform/controls/option_button.h"
+#include "platform/stream_format.h"
 
 namespace forms {
 
@@ -26,7 +27,7 @@ struct WaveformsControls {
   platform::CWButton CWButton1;
   platform::CommandButton Command1;
   platform::CWGraph CWGraph1;
-  std::array<platform::CheckBox, 8> Check2;
+  std::array<platform::CheckBox, platform::channels::Count> Check2;
   /// Headings of the graph modes and of the station choice.
   platform::Label ModesHeading;
   platform::Label StationHeading;

@@ -6,18 +6,17 @@
 #include <span>
 
 #include "forms/run_tips.h"
+#include "measure/angles.h"
 #include "measure/full_scales.h"
 #include "platform/failure.h"
+#include "platform/stream_format.h"
 
 namespace subroutines {
 
+namespace channels = platform::channels;
+
 namespace {
 
-constexpr double TwoPi = 6.28318530717958;
-constexpr double Pi = 3.14159265358979;
-/// Frames a period of the reference, at any base frequency.
-constexpr double FramesAPeriod = 80;
-constexpr std::size_t Currents = 4;
 /// What stands for a cosine sum that is exactly 0.
 constexpr double ReferenceSubstitute = 0.0000001;
 constexpr double OtherSubstitute = 0.00000001;
@@ -69,19 +68,19 @@ void PhaseAnalysis::UpdatePhases() {
   for (std::size_t i = 0; i < context_.State.RmsValues.size(); ++i) {
     const auto column = array_.Column(context_.Block.SignalValues, i);
     context_.State.RmsValues[i] = platform::CWDSP::AcDcEstimate(column).Ac;
-    float& peak = i < Currents ? peakCurrent : peakVoltage;
+    float& peak = channels::IsCurrent(i) ? peakCurrent : peakVoltage;
     if (static_cast<double>(peak) < context_.State.RmsValues[i]) {
       peak = static_cast<float>(context_.State.RmsValues[i]);
     }
   }
   PhaseShifts shifts;
-  shifts.ShiftIA = PhaseShift(4, 0);
-  shifts.ShiftIB = PhaseShift(5, 1);
-  shifts.ShiftIC = PhaseShift(6, 2);
-  shifts.ShiftIN = PhaseShift(7, 3);
-  shifts.ShiftUB = PhaseShift(4, 5);
-  shifts.ShiftUC = PhaseShift(4, 6);
-  shifts.ShiftUN = PhaseShift(4, 7);
+  shifts.ShiftIA = PhaseShift(channels::VoltageA, channels::CurrentA);
+  shifts.ShiftIB = PhaseShift(channels::VoltageB, channels::CurrentB);
+  shifts.ShiftIC = PhaseShift(channels::VoltageC, channels::CurrentC);
+  shifts.ShiftIN = PhaseShift(channels::VoltageN, channels::CurrentN);
+  shifts.ShiftUB = PhaseShift(channels::VoltageA, channels::VoltageB);
+  shifts.ShiftUC = PhaseShift(channels::VoltageA, channels::VoltageC);
+  shifts.ShiftUN = PhaseShift(channels::VoltageA, channels::VoltageN);
   if (!autoRange_) {
     peakCurrent = context_.Numbers.ToSingle(phasor_.Combo5[forms::full_scale::Current].Text());
     peakVoltage = context_.Numbers.ToSingle(phasor_.Combo5[forms::full_scale::Voltage].Text());
@@ -122,8 +121,9 @@ void PhaseAnalysis::BuildReference(std::vector<double>& sines, std::vector<doubl
   cosines.resize(n);
   double t = 0;
   for (std::size_t i = 0; i < n; ++i) {
-    // The first sample stands one step into the period.
-    t += 1 / (frequency * FramesAPeriod);
+    // The reference turns once in the samples of a period, at any base frequency. Its first sample
+    // stands one step into the period.
+    t += 1 / (frequency * platform::SamplesAPeriod);
     sines[i] = std::sin(frequency * TwoPi * t);
     cosines[i] = std::cos(frequency * TwoPi * t);
   }

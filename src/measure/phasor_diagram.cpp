@@ -4,25 +4,26 @@
 #include <span>
 #include <string>
 
+#include "measure/angles.h"
 #include "measure/full_scales.h"
 #include "platform/failure.h"
+#include "platform/stream_format.h"
 
 namespace subroutines {
 
+namespace channels = platform::channels;
 using platform::Canvas;
 using platform::Point;
 using platform::Rgb;
 
 namespace {
 
-constexpr double Pi = 3.14159265358979;
 /// Length of a full-scale value in user coordinates; the picture is a little larger.
 constexpr float FullLength = 1000;
 constexpr float Edge = 1005;
 constexpr int Rings = 8;
 constexpr double BarbLength = 50;
 constexpr double BarbAngle = 20;
-constexpr std::size_t Currents = 4;
 
 constexpr Rgb Black{0, 0, 0};
 constexpr Rgb LightGreen{0, 255, 0};
@@ -45,10 +46,6 @@ std::int16_t FullScaleOf(std::span<const std::int16_t> ladder, float peak, std::
 Point Polar(double degrees, double radius) {
   return {static_cast<float>(std::cos(degrees / 180 * Pi) * radius),
           static_cast<float>(std::sin(degrees / 180 * Pi) * radius)};
-}
-
-bool IsNeutral(std::size_t channel) {
-  return channel == 3 || channel == 7;
 }
 
 }  // namespace
@@ -113,15 +110,15 @@ void PhasorDiagram::DrawPhasors(float peakCurrent, float peakVoltage, const Phas
   ChooseFullScales(peakCurrent, peakVoltage);
   canvas_.ForeColor(Black);
   PrintFullScales();
-  DrawPhasor(fullScaleCurrent_, s.ShiftIA, 0, s.ShiftUA);
-  DrawPhasor(fullScaleCurrent_, s.ShiftIB, 1, s.ShiftUB);
-  DrawPhasor(fullScaleCurrent_, s.ShiftIC, 2, s.ShiftUC);
-  DrawPhasor(fullScaleCurrent_, s.ShiftIN, 3, s.ShiftUN);
+  DrawPhasor(fullScaleCurrent_, s.ShiftIA, channels::CurrentA, s.ShiftUA);
+  DrawPhasor(fullScaleCurrent_, s.ShiftIB, channels::CurrentB, s.ShiftUB);
+  DrawPhasor(fullScaleCurrent_, s.ShiftIC, channels::CurrentC, s.ShiftUC);
+  DrawPhasor(fullScaleCurrent_, s.ShiftIN, channels::CurrentN, s.ShiftUN);
   // Voltages come last, so that they lie on top.
-  DrawPhasor(fullScaleVoltage_, s.ShiftUA, 4, 0);
-  DrawPhasor(fullScaleVoltage_, s.ShiftUB, 5, 0);
-  DrawPhasor(fullScaleVoltage_, s.ShiftUC, 6, 0);
-  DrawPhasor(fullScaleVoltage_, s.ShiftUN, 7, 0);
+  DrawPhasor(fullScaleVoltage_, s.ShiftUA, channels::VoltageA, 0);
+  DrawPhasor(fullScaleVoltage_, s.ShiftUB, channels::VoltageB, 0);
+  DrawPhasor(fullScaleVoltage_, s.ShiftUC, channels::VoltageC, 0);
+  DrawPhasor(fullScaleVoltage_, s.ShiftUN, channels::VoltageN, 0);
   canvas_.DrawWidth(1);
   canvas_.ForeColor(Black);
 }
@@ -147,15 +144,15 @@ void PhasorDiagram::DrawPhasor(std::int16_t fullScale, double angle1, std::size_
                                double angle2) {
   if (fullScale == 0) throw platform::Failure(platform::failure::DivisionByZero);
   const double a = angle1 + angle2;
-  const bool current = channel < Currents;
+  const bool current = channels::IsCurrent(channel);
   const Rgb colour = current ? LightRed : LightGreen;
   canvas_.DrawWidth(current ? 5 : 3);
   canvas_.Line({0, 0}, Polar(a, state_.RmsValues[channel] / fullScale * FullLength), colour);
-  if (!IsNeutral(channel)) {
+  if (!channels::IsNeutral(channel)) {
     canvas_.DrawWidth(3);
     DrawHead(a, colour);
     canvas_.ForeColor(Black);
-    canvas_.Print((current ? "I" : "U") + std::to_string(channel % Currents + 1));
+    canvas_.Print((current ? "I" : "U") + std::to_string(channel % channels::OfAKind + 1));
   }
   auto& row = phasor_.Grid1.Cell[channel + 1];
   row[1] = numbers_.Format(state_.RmsValues[channel], present_.UnitFormat);

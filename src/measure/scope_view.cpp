@@ -3,6 +3,8 @@
 #include <array>
 #include <vector>
 
+#include "platform/stream_format.h"
+
 namespace subroutines {
 
 using platform::CWGraph;
@@ -10,11 +12,10 @@ using platform::Rgb;
 
 namespace {
 
-constexpr std::array<Rgb, 8> PlotColours = {Rgb{0, 0, 0},     Rgb{255, 0, 0},    Rgb{0, 0, 255},
-                                            Rgb{96, 96, 96},  Rgb{0, 255, 0},    Rgb{255, 0, 255},
-                                            Rgb{0, 255, 255}, Rgb{128, 128, 128}};
+constexpr std::array<Rgb, platform::channels::Count> PlotColours = {
+    Rgb{0, 0, 0},   Rgb{255, 0, 0},   Rgb{0, 0, 255},   Rgb{96, 96, 96},
+    Rgb{0, 255, 0}, Rgb{255, 0, 255}, Rgb{0, 255, 255}, Rgb{128, 128, 128}};
 /// The markers of a plot follow its line, but for the neutral current.
-constexpr std::size_t NeutralCurrent = 3;
 constexpr Rgb NeutralMarker{192, 192, 192};
 /// A marker at every point.
 constexpr std::int16_t SampleMarker = 15;
@@ -48,7 +49,7 @@ void ScopeView::Load() {
   for (std::size_t i = 0; i < scope_.Check2.size(); ++i) {
     platform::Plot& plot = scope_.CWGraph1.Plots[i];
     plot.LineColor = PlotColours[i];
-    plot.PointColor = i == NeutralCurrent ? NeutralMarker : PlotColours[i];
+    plot.PointColor = i == platform::channels::CurrentN ? NeutralMarker : PlotColours[i];
     plot.Visible = false;
     scope_.Check2[i].Value = context_.Settings.SensorEnabled[i];
     scope_.Check2[i].ForeColor = plot.LineColor.Get();

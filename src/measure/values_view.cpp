@@ -3,6 +3,7 @@
 #include <string>
 
 #include "forms/run_tips.h"
+#include "platform/stream_format.h"
 
 namespace subroutines {
 
@@ -18,7 +19,6 @@ constexpr const char* Formats[] = {"###,###,##0.0000",
                                    "0.00",
                                    "0.0",
                                    "0"};
-constexpr std::size_t Currents = 4;
 
 }  // namespace
 
@@ -75,7 +75,9 @@ void ValuesView::ShowChannelNames() {
   showingNames_ = true;
   for (std::size_t i = 0; i < values_.Label6.size(); ++i) {
     setup_.Text1[i + forms::setup_field::FirstName].Text = context_.Settings.ChannelName[i];
-    const std::string unit = setup_.Combo4[i < Currents ? 0 : 1].Text();
+    const std::size_t list =
+        platform::channels::IsCurrent(i) ? forms::unit_list::Current : forms::unit_list::Voltage;
+    const std::string unit = setup_.Combo4[list].Text();
     values_.Label6[i].Caption = context_.Settings.ChannelName[i] + " / [" + unit + "]";
     table_.Grid1.Cell[i + 1][0] = context_.Settings.ChannelName[i];
   }

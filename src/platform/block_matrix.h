@@ -4,6 +4,7 @@
 #include <span>
 
 #include "platform/failure.h"
+#include "platform/stream_format.h"
 #include "platform/zeroed_array.h"
 
 namespace platform {
@@ -12,7 +13,7 @@ namespace platform {
 /// cell that was never written is empty and counts as 0.
 class BlockMatrix {
  public:
-  static constexpr std::size_t Channels = 8;
+  static constexpr std::size_t Channels = channels::Count;
 
   void Rebuild(std::int32_t rows) {
     cells_.Redim(static_cast<std::size_t>(rows) * Channels);

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <new>
 #include <type_traits>
+#include <utility>
 
 #include "platform/failure.h"
 #include "platform/services/program.h"
@@ -74,5 +76,26 @@ template <typename Trap, typename... Steps>
 Flow RunSteps(Program& program, Trap trap, Steps... steps) {
   return (detail::RunStep(program, trap, steps) && ...) ? Flow::Next : Flow::Leave;
 }
+
+/// The routines of an object that run under one trap of its own. The trap is called for failures
+/// alone, so its indirection costs nothing on the way through the steps.
+class Routine {
+ public:
+  using Trap = std::function<Verdict(const Failure& failure, int attempt)>;
+
+  Routine(Program& program, Trap trap) : program_(program), trap_(std::move(trap)) {}
+
+  /// Runs steps as `RunSteps` does.
+  template <typename... Steps>
+  Flow operator()(Steps... steps) const {
+    return RunSteps(
+        program_, [this](const Failure& failure, int attempt) { return trap_(failure, attempt); },
+        std::move(steps)...);
+  }
+
+ private:
+  Program& program_;
+  Trap trap_;
+};
 
 }  // namespace platform

@@ -4,6 +4,7 @@
 
 #include "capture/modes.h"
 #include "platform/failure.h"
+#include "platform/stream_format.h"
 #include "platform/trap.h"
 
 namespace formroutines {
@@ -46,8 +47,8 @@ void FormLayout::FormResize() {
   platform::RunSteps(
       program_, trap, [&] { KeepMinimumWidth(); }, [&] { KeepMinimumHeight(); },
       [&] {
-        ratioX_ = static_cast<double>(main_.Window.Width) / MinimumWidth;
-        ratioY_ = static_cast<double>(main_.Window.Height) / MinimumHeight;
+        ratioX_ = static_cast<double>(main_.Window.Width) / platform::MinimumWidth;
+        ratioY_ = static_cast<double>(main_.Window.Height) / platform::MinimumHeight;
       },
       [&] {
         tab = main_.TabStrip1.SelectedTab;
@@ -68,11 +69,11 @@ void FormLayout::FormResize() {
 }
 
 void FormLayout::KeepMinimumWidth() {
-  if (main_.Window.Width < MinimumWidth) main_.Window.Width = MinimumWidth;
+  if (main_.Window.Width < platform::MinimumWidth) main_.Window.Width = platform::MinimumWidth;
 }
 
 void FormLayout::KeepMinimumHeight() {
-  if (main_.Window.Height < MinimumHeight) main_.Window.Height = MinimumHeight;
+  if (main_.Window.Height < platform::MinimumHeight) main_.Window.Height = platform::MinimumHeight;
 }
 
 bool FormLayout::RunActive() const {
@@ -86,8 +87,9 @@ bool FormLayout::RunActive() const {
 
 void FormLayout::PlaceValues() {
   for (std::size_t i = 0; i < main_.Label5.size(); ++i) {
-    const double left = ratioX_ * (i < 4 ? 1200 : 6480);
-    const double top = ratioY_ * (ValuesTop + ValuesPitch * static_cast<double>(i % 4));
+    const double left = ratioX_ * (platform::channels::IsCurrent(i) ? 1200 : 6480);
+    const double top =
+        ratioY_ * (ValuesTop + ValuesPitch * static_cast<double>(i % platform::channels::OfAKind));
     Place(main_.Label6[i], left, top);
     main_.Label6[i].Width = Twips(ratioX_ * 4095);
     main_.Label6[i].Height = Twips(ratioY_ * TitleHeight);

@@ -8,10 +8,6 @@
 
 namespace formroutines {
 
-/// The smallest size of the window, in twips: 1024 by 768 pixels.
-inline constexpr std::int32_t MinimumWidth = 15360;
-inline constexpr std::int32_t MinimumHeight = 11520;
-
 /// The layout rules: the views follow the size of the window by its ratios to the smallest size.
 /// Places are in twips from the upper left corner of the tab strip.
 class FormLayout {

@@ -4,18 +4,13 @@
 
 #include "platform/failure.h"
 #include "platform/number_text.h"
+#include "platform/stream_format.h"
 #include "shell/application.h"
 
 namespace formroutines {
 
 using platform::Crlf;
 using platform::Rgb;
-
-namespace {
-
-constexpr double RingRate = 4000;
-
-}  // namespace
 
 void Application::Load() {
   Main.Window.Loaded = true;
@@ -26,7 +21,9 @@ void Application::Load() {
 }
 
 void Application::CheckScreen() {
-  if (platform_.Screen.Width >= MinimumWidth && platform_.Screen.Height >= MinimumHeight) return;
+  if (platform_.Screen.Width >= platform::MinimumWidth &&
+      platform_.Screen.Height >= platform::MinimumHeight)
+    return;
   platform_.Dialogs.Show({"Attention",
                           std::string("Please change the resolution of the screen ") + Crlf +
                               "to minimum of 1024x768 pixels!" + Crlf +
@@ -95,7 +92,7 @@ void Application::LoadViews() {
 void Application::ReserveMemory() {
   const double seconds = static_cast<double>(Settings.BeforeTriggerWaveTime) +
                          static_cast<double>(Settings.AfterTriggerWaveTime);
-  Rings.Reserve(platform::Round<std::int32_t>(seconds * RingRate));
+  Rings.Reserve(platform::Round<std::int32_t>(seconds * platform::SamplesASecond));
 }
 
 void Application::LoadRecorder() {

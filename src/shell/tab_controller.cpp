@@ -40,7 +40,8 @@ TabController::TabController(forms::Main& main, config::Settings& settings,
       services_(services),
       files_(files),
       views_(views),
-      closeTimer_(timers) {
+      closeTimer_(timers),
+      run_(services.Program, [this](const Failure& failure, int) { return OnFailure(failure); }) {
   main_.TabStrip1.Changed = [this] { TabChange(); };
   main_.Window.QueryUnload = [this] { CloseRequest(); };
   closeTimer_.Interval = CloseRetry;
@@ -90,16 +91,17 @@ void TabController::TabChange() {
     Exit();
     return;
   }
-  Run([&] { services_.Events.Pump(); },
-      [&] {
-        if (!forLayout) settings_.MainActiveTab = main_.TabStrip1.SelectedTab;
-      },
-      [&] { services_.Events.Pump(); },
-      [&] {
-        if (!forLayout) stored_.SaveActiveTab();
-      },
-      [&] { ++state_.Leaving; }, [&] { capture_.StopCapture(); }, [&] { ClearModes(); },
-      [&] { StopButtons(); }, [&] { HideViews(); }, [&] { ShowView(); }, [&] { --state_.Leaving; });
+  run_([&] { services_.Events.Pump(); },
+       [&] {
+         if (!forLayout) settings_.MainActiveTab = main_.TabStrip1.SelectedTab;
+       },
+       [&] { services_.Events.Pump(); },
+       [&] {
+         if (!forLayout) stored_.SaveActiveTab();
+       },
+       [&] { ++state_.Leaving; }, [&] { capture_.StopCapture(); }, [&] { ClearModes(); },
+       [&] { StopButtons(); }, [&] { HideViews(); }, [&] { ShowView(); },
+       [&] { --state_.Leaving; });
 }
 
 Verdict TabController::OnFailure(const Failure& failure) {
@@ -180,8 +182,8 @@ void TabController::StopButtons() {
   main_.Check5.Visible = false;
   main_.CWButton3.Visible = false;
   main_.CWButton4.Visible = false;
-  Run([&] { main_.CWButton4.Value = false; }, [&] { main_.CWButton1.Value = false; },
-      [&] { GiveLockedButtonsBack(); });
+  run_([&] { main_.CWButton4.Value = false; }, [&] { main_.CWButton1.Value = false; },
+       [&] { GiveLockedButtonsBack(); });
 }
 
 void TabController::GiveLockedButtonsBack() {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <utility>
 #include <vector>
 
 #include "capture/acquisition_state.h"
@@ -56,14 +55,6 @@ class TabController : public packetroutines::TabConsumer {
   std::vector<platform::Window*> OtherForms;
 
  private:
-  /// Runs steps under the trap of a tab change. A statement that lets events in is a step of its
-  /// own, so that what fails in an event does not keep the statements behind it from running.
-  template <typename... Steps>
-  void Run(Steps... steps) {
-    platform::RunSteps(
-        services_.Program, [this](const platform::Failure& failure) { return OnFailure(failure); },
-        std::move(steps)...);
-  }
   platform::Verdict OnFailure(const platform::Failure& failure);
 
   void Exit();
@@ -99,6 +90,9 @@ class TabController : public packetroutines::TabConsumer {
   const platform::FileSystem& files_;
   TabViews& views_;
   platform::Timer closeTimer_;
+  /// Runs steps under the trap of a tab change. A statement that lets events in is a step of its
+  /// own, so that what fails in an event does not keep the statements behind it from running.
+  platform::Routine run_;
   bool forLayout_ = false;
   bool exitInProgress_ = false;
   bool shuttingDown_ = false;

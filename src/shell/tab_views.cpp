@@ -77,14 +77,14 @@ void TabController::ShowValues() {
 
 void TabController::ShowPhasor() {
   state_.RecorderBusy = true;
-  Run([&] { main_.CWButton2.Value = false; },
-      [&] {
-        main_.Frame2.Visible = true;
-        main_.Picture1[forms::logo::Phasor].Visible = true;
-        state_.RecorderBusy = false;
-        main_.Label17.Visible = true;
-      },
-      [&] { ChooseStation(forms::station::Phasor); });
+  run_([&] { main_.CWButton2.Value = false; },
+       [&] {
+         main_.Frame2.Visible = true;
+         main_.Picture1[forms::logo::Phasor].Visible = true;
+         state_.RecorderBusy = false;
+         main_.Label17.Visible = true;
+       },
+       [&] { ChooseStation(forms::station::Phasor); });
 }
 
 void TabController::ShowWaveforms() {
@@ -98,19 +98,19 @@ void TabController::ShowRecorder() {
   main_.Picture1[forms::logo::Recorder].Visible = true;
   main_.CWButton3.Visible = true;
   state_.RecorderBusy = true;
-  Run([&] { main_.CWButton3.Value = false; },
-      [&] {
-        for (platform::OptionButton& format : main_.Option2) format.Enabled = true;
-      },
-      [&] { views_.ShowFileFormat(); }, [&] { state_.RecorderBusy = false; },
-      [&] { ResetProgress(); },
-      [&] {
-        if (subroutines::PathExists(files_, settings_.StoragePath)) {
-          ShowRecorderPaths();
-        } else {
-          RefuseStoragePath();
-        }
-      });
+  run_([&] { main_.CWButton3.Value = false; },
+       [&] {
+         for (platform::OptionButton& format : main_.Option2) format.Enabled = true;
+       },
+       [&] { views_.ShowFileFormat(); }, [&] { state_.RecorderBusy = false; },
+       [&] { ResetProgress(); },
+       [&] {
+         if (subroutines::PathExists(files_, settings_.StoragePath)) {
+           ShowRecorderPaths();
+         } else {
+           RefuseStoragePath();
+         }
+       });
 }
 
 void TabController::ResetProgress() {
@@ -121,15 +121,15 @@ void TabController::ResetProgress() {
 }
 
 void TabController::RefuseStoragePath() {
-  Run([&] { services_.Events.Pump(); },
-      [&] {
-        services_.Dialogs.Show({"Attention",
-                                std::string("The given path under 'Setup' is not available!") +
-                                    Crlf + "Please check the specified path for errors.",
-                                platform::Icon::Exclamation});
-      },
-      [&] { main_.Text1[forms::setup_field::StoragePath].SetFocus(); },
-      [&] { main_.TabStrip1.SelectedTab = forms::tab::Setup; }, [&] { TabChange(); });
+  run_([&] { services_.Events.Pump(); },
+       [&] {
+         services_.Dialogs.Show({"Attention",
+                                 std::string("The given path under 'Setup' is not available!") +
+                                     Crlf + "Please check the specified path for errors.",
+                                 platform::Icon::Exclamation});
+       },
+       [&] { main_.Text1[forms::setup_field::StoragePath].SetFocus(); },
+       [&] { main_.TabStrip1.SelectedTab = forms::tab::Setup; }, [&] { TabChange(); });
 }
 
 void TabController::ShowRecorderPaths() {
@@ -143,8 +143,8 @@ void TabController::ShowRecorderPaths() {
 void TabController::ShowReport() {
   main_.Command2.Visible = true;
   main_.Command4.Visible = true;
-  Run([&] { ChooseStation(forms::station::Report); }, [&] { views_.ReportLayout(); },
-      [&] { main_.Picture1[forms::logo::Report].Visible = true; });
+  run_([&] { ChooseStation(forms::station::Report); }, [&] { views_.ReportLayout(); },
+       [&] { main_.Picture1[forms::logo::Report].Visible = true; });
 }
 
 }  // namespace formroutines

@@ -150,6 +150,22 @@ TEST_F(Trap, AnInnerTrapKeepsItsFailuresFromTheOuterOne) {
   EXPECT_THAT(journal, ElementsAre("first", "trap 61", "outer"));
 }
 
+TEST_F(Trap, OfAnObjectServesAllItsRoutines) {
+  const platform::Routine run(program, [&](const Failure& failure, int attempt) {
+    journal.push_back("trap " + std::to_string(failure.Number()) + ", attempt " +
+                      std::to_string(attempt));
+    return attempt == 1 ? Verdict::RetryStep : Verdict::LeaveRoutine;
+  });
+  const auto fail = [] { throw Failure(platform::failure::DiskFull); };
+
+  EXPECT_EQ(run(fail, [&] { journal.emplace_back("behind"); }), Flow::Leave);
+  EXPECT_EQ(run([&] { journal.emplace_back("first"); }), Flow::Next);
+  EXPECT_EQ(run(fail), Flow::Leave);
+
+  EXPECT_THAT(journal, ElementsAre("trap 61, attempt 1", "trap 61, attempt 2", "first",
+                                   "trap 61, attempt 1", "trap 61, attempt 2"));
+}
+
 TEST(Failures, CarriesTheStandardTextOfItsNumber) {
   EXPECT_EQ(Failure(13).Text(), "Type mismatch");
   EXPECT_EQ(Failure(6).Text(), "Overflow");

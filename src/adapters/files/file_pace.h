@@ -7,7 +7,7 @@
 namespace adapters {
 
 /// The pace of a capture file: how long after the frame before it each frame comes, by the time
-/// stamps. As long as the stamps of a pass tell none, it is that of 4000 frames a second.
+/// stamps. As long as the stamps of a pass tell none, it is that of a stream at 50 Hz.
 class FilePace {
  public:
   /// The gap in front of the next frame of a pass; none in front of the first frame of all.

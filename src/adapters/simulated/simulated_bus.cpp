@@ -3,14 +3,16 @@
 #include <cmath>
 #include <numbers>
 
+#include "platform/stream_format.h"
+
 namespace adapters {
 
 namespace {
 
+using platform::SamplesAPeriod;
+using platform::SampleTime;
 using std::chrono::nanoseconds;
 
-constexpr std::int64_t SamplesPerSecond = 4000;
-constexpr nanoseconds SampleTime{1'000'000'000 / SamplesPerSecond};
 constexpr std::size_t PhaseCount = 3;
 /// Where phases A, B and C of a set stand, in degrees.
 constexpr std::array<double, PhaseCount> PhaseAngle{0.0, -120.0, 120.0};
@@ -54,8 +56,8 @@ std::array<SvSample, Size> OnePeriod(const PhaseSet& currents, const PhaseSet& v
   std::array<SvSample, Size> period{};
   for (std::size_t i = 0; i < Size; ++i) {
     const double angle = 360.0 * static_cast<double>(i) / static_cast<double>(Size);
-    PutSet(period[i], 0, currents, angle);
-    PutSet(period[i], PhaseCount + 1, voltages, angle);
+    PutSet(period[i], platform::channels::CurrentA, currents, angle);
+    PutSet(period[i], platform::channels::VoltageA, voltages, angle);
   }
   return period;
 }
@@ -65,9 +67,9 @@ std::array<SvSample, Size> OnePeriod(const PhaseSet& currents, const PhaseSet& v
 SimulatedBus::SimulatedBus(const platform::Clock& clock)
     : clock_(clock),
       streams_{
-          Stream{SvFrameWriter(Unit(1)), OnePeriod<SamplesPerPeriod>(FirstCurrents, FirstVoltages)},
+          Stream{SvFrameWriter(Unit(1)), OnePeriod<SamplesAPeriod>(FirstCurrents, FirstVoltages)},
           Stream{SvFrameWriter(Unit(2)),
-                 OnePeriod<SamplesPerPeriod>(SecondCurrents, SecondVoltages)}} {}
+                 OnePeriod<SamplesAPeriod>(SecondCurrents, SecondVoltages)}} {}
 
 void SimulatedBus::Prepare(const SourceSettings& settings) {
   running_ = false;
@@ -90,8 +92,9 @@ void SimulatedBus::Start() {
 
 SimulatedBus::Stream& SimulatedBus::WriteNext() {
   Stream& stream = streams_[stream_];
-  const auto place = static_cast<std::size_t>(sample_) % SamplesPerPeriod;
-  stream.Writer.Write(static_cast<std::uint16_t>(sample_ % SamplesPerSecond), stream.Period[place]);
+  const auto place = static_cast<std::size_t>(sample_) % SamplesAPeriod;
+  stream.Writer.Write(static_cast<std::uint16_t>(sample_ % platform::SamplesASecond),
+                      stream.Period[place]);
   stream_ = (stream_ + 1) % StreamCount;
   if (stream_ == leading_) ++sample_;
   return stream;

@@ -11,6 +11,7 @@
 #include "adapters/simulated/sv_frame_writer.h"
 #include "adapters/wire_filter.h"
 #include "platform/clock.h"
+#include "platform/stream_format.h"
 
 namespace adapters {
 
@@ -28,11 +29,10 @@ class SimulatedBus : public FrameSource {
 
  private:
   static constexpr std::size_t StreamCount = 2;
-  static constexpr std::size_t SamplesPerPeriod = 80;
 
   struct Stream {
     SvFrameWriter Writer;
-    std::array<SvSample, SamplesPerPeriod> Period;
+    std::array<SvSample, platform::SamplesAPeriod> Period;
   };
 
   /// Writes the frame at the present place and moves on to the next place.

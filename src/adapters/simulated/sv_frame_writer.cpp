@@ -2,6 +2,8 @@
 
 #include <initializer_list>
 
+#include "platform/stream_format.h"
+
 namespace adapters {
 
 namespace {
@@ -11,7 +13,6 @@ using Bytes = std::vector<std::uint8_t>;
 constexpr std::uint32_t EtherType = 0x88BA;
 constexpr std::uint32_t ApplicationId = 0x4000;
 constexpr std::uint32_t Synchronised = 2;
-constexpr std::size_t ChannelCount = 8;
 /// A value and its quality word.
 constexpr std::size_t ChannelBytes = 8;
 /// The quality bit of a neutral that the merging unit computes from the phases.
@@ -47,15 +48,11 @@ Bytes Joined(std::initializer_list<Bytes> parts) {
   return joined;
 }
 
-bool IsNeutral(std::size_t channel) {
-  return channel % 4 == 3;
-}
-
 Bytes EmptyData() {
   Bytes data;
-  for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
+  for (std::size_t channel = 0; channel < platform::channels::Count; ++channel) {
     Put32(data, 0);
-    Put32(data, IsNeutral(channel) ? DerivedQuality : 0);
+    Put32(data, platform::channels::IsNeutral(channel) ? DerivedQuality : 0);
   }
   return data;
 }
@@ -88,7 +85,7 @@ SvFrameWriter::SvFrameWriter(const SvStreamIdentity& identity) {
   Put16(frame_, static_cast<std::uint32_t>(HeaderBytes + unit.size()));
   Put32(frame_, 0);
   Append(frame_, unit);
-  dataAt_ = frame_.size() - ChannelCount * ChannelBytes;
+  dataAt_ = frame_.size() - platform::channels::Count * ChannelBytes;
   // Back over the data's header, the synchronisation (3 bytes) and the revision (6) to the count.
   countAt_ = dataAt_ - 2 - 3 - 6 - 2;
 }

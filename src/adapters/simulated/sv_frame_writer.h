@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/stream_format.h"
+
 namespace adapters {
 
 /// Who sends a stream of sampled values, and under which name.
@@ -17,7 +19,7 @@ struct SvStreamIdentity {
 };
 
 /// The eight values of a sample: currents A, B, C, N in mA, then voltages A, B, C, N in 10 mV.
-using SvSample = std::array<std::int32_t, 8>;
+using SvSample = std::array<std::int32_t, platform::channels::Count>;
 
 /// Writes the frames of one stream of sampled values as a merging unit sends them.
 /// The frame is laid out once; each sample then only changes the bytes that differ.

@@ -9,12 +9,6 @@
 
 namespace desktop {
 
-namespace {
-
-constexpr QSize SmallestFrame(1024, 768);
-
-}  // namespace
-
 WindowFrame::WindowFrame(platform::Window& window, QWidget& widget, Guard& guard)
     : QObject(&widget), window_(window), widget_(widget), guard_(guard) {
   KeepMinimum();
@@ -41,7 +35,9 @@ QSize WindowFrame::FrameMargins() const {
 
 void WindowFrame::KeepMinimum() {
   // The frame of the smallest window must fit on the smallest screen.
-  const QSize frame = SmallestFrame.boundedTo(widget_.screen()->availableSize());
+  const QSize designed(twips::Pixels(platform::MinimumWidth),
+                       twips::Pixels(platform::MinimumHeight));
+  const QSize frame = designed.boundedTo(widget_.screen()->availableSize());
   const QSize smallest = frame - FrameMargins();
   if (widget_.minimumSize() != smallest) widget_.setMinimumSize(smallest);
 }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/controls/control.h"
+#include "platform/stream_format.h"
 
 namespace platform {
 
@@ -41,7 +42,7 @@ class CWGraph : public Control {
   static constexpr std::int16_t RightButton = 2;
   static constexpr std::int16_t MiddleButton = 4;
 
-  std::array<Plot, 8> Plots;
+  std::array<Plot, channels::Count> Plots;
   Axis XAxis;
   Axis YAxis;
   /// What a drag does: `PanMode` or `ZoomMode`.

@@ -63,6 +63,10 @@ class Window {
   }
 };
 
+/// The smallest size of the main window, and of a screen for it, in twips: 1024 by 768 pixels.
+inline constexpr std::int32_t MinimumWidth = 15360;
+inline constexpr std::int32_t MinimumHeight = 11520;
+
 /// The screen that the window stands on, in twips.
 struct Screen {
   std::int32_t Width = 0;
