@@ -19,7 +19,11 @@ using adapter_tests::PcapFile;
 using adapter_tests::PcapngFile;
 using adapter_tests::Stamps;
 using support::FailureOf;
-using namespace std::chrono_literals;
+using std::chrono_literals::operator""h;
+using std::chrono_literals::operator""s;
+using std::chrono_literals::operator""ms;
+using std::chrono_literals::operator""us;
+using std::chrono_literals::operator""ns;
 namespace failure = platform::failure;
 
 class FileSource : public ::testing::Test {

@@ -17,7 +17,9 @@
 
 namespace {
 
-using namespace std::chrono_literals;
+using std::chrono_literals::operator""s;
+using std::chrono_literals::operator""ms;
+using std::chrono_literals::operator""ns;
 using adapters::SourceSettings;
 using platform::CapturedFrame;
 using platform::Failure;

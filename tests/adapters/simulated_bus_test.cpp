@@ -20,7 +20,10 @@
 
 namespace {
 
-using namespace std::chrono_literals;
+using std::chrono_literals::operator""s;
+using std::chrono_literals::operator""ms;
+using std::chrono_literals::operator""us;
+using std::chrono_literals::operator""ns;
 
 /// A frame as a reader without any knowledge of the writer finds it.
 struct Decoded {

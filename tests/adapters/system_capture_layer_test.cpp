@@ -22,7 +22,9 @@ using adapter_tests::PcapngFile;
 using adapters::NetworkInterface;
 using adapters::Reach;
 using support::FailureOf;
-using namespace std::chrono_literals;
+using std::chrono_literals::operator""s;
+using std::chrono_literals::operator""ms;
+using std::chrono_literals::operator""ns;
 
 class SystemCaptureLayer : public ::testing::Test {
  protected:

@@ -21,7 +21,8 @@ using support::BrokenFrame;
 using support::Dice;
 using support::Scene;
 using support::SceneEnded;
-using namespace std::chrono_literals;
+using std::chrono_literals::operator""s;
+using std::chrono_literals::operator""us;
 
 constexpr int FramesAKind = 1'000'000;
 constexpr std::uint64_t Seed = 61850;

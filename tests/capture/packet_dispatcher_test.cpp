@@ -314,12 +314,12 @@ TEST_F(FrameIntake, GoesBackFromATextThatNoFrameHolds) {
 }
 
 TEST_F(FrameIntake, FindsATextBehindAndBetweenNulBytes) {
-  using namespace std::string_literals;
+  using std::string_literals::operator""s;
   EXPECT_TRUE(TakenAsFirst(TextFrame(100, 50, "\0\0MU01\0\0"s)));
 }
 
 TEST_F(FrameIntake, ComparesNulBytesOfTheText) {
-  using namespace std::string_literals;
+  using std::string_literals::operator""s;
   bench.Settings.FilterContent[0] = "A\0B"s;
 
   EXPECT_TRUE(TakenAsFirst(TextFrame(100, 50, "A\0B"s)));

@@ -18,7 +18,8 @@ using support::SvFrame;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::Not;
-using namespace std::chrono_literals;
+using std::chrono_literals::operator""s;
+using std::chrono_literals::operator""ms;
 
 /// The pumps in their order.
 enum Pump { BlockComplete = 1, BehindTheStop = 2, BehindTheEmptying = 3, BehindTheView = 4 };

@@ -17,7 +17,7 @@ using support::FrameBytes;
 using support::PlainFrame;
 using support::Scene;
 using testing::ElementsAre;
-using namespace std::chrono_literals;
+using std::chrono_literals::operator""s;
 
 FrameBytes First(int i) {
   return PlainFrame(i, "MU01");

@@ -15,7 +15,7 @@ using support::FrameBytes;
 using support::PlainFrame;
 using testing::Contains;
 using testing::ElementsAre;
-using namespace std::chrono_literals;
+using std::chrono_literals::operator""s;
 
 FrameBytes Frame(int i) {
   return PlainFrame(i);

@@ -8,7 +8,8 @@ using support::Scene;
 using support::SineFrame;
 using testing::IsEmpty;
 using testing::SizeIs;
-using namespace std::chrono_literals;
+using std::chrono_literals::operator""s;
+using std::chrono_literals::operator""ms;
 
 /// A run of the Values view with the real-time value, which keeps capture running.
 class StandingBox : public testing::Test {

@@ -12,7 +12,8 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
-using namespace std::chrono_literals;
+using std::chrono_literals::operator""s;
+using std::chrono_literals::operator""ms;
 
 /// A live view between two bursts: its flag and its button stand.
 class RestartTimer : public testing::Test, protected support::WatchdogBench {

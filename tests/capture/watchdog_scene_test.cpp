@@ -9,7 +9,8 @@ using support::Scene;
 using support::SineFrame;
 using testing::Contains;
 using testing::Not;
-using namespace std::chrono_literals;
+using std::chrono_literals::operator""s;
+using std::chrono_literals::operator""ms;
 
 /// A run of the Values view, watched by the no-data timer.
 class WatchedRun : public testing::Test {

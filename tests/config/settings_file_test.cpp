@@ -3,69 +3,23 @@
 #include "config/stored_settings.h"
 #include "support/failures.h"
 #include "support/fake_platform.h"
+#include "support/stored_defaults.h"
 
 namespace {
 
 using platform::failure::Overflow;
 using platform::failure::TypeMismatch;
 using support::FailureOf;
+using support::StoredDefaults;
+using support::StoredRow;
+using support::StoredType;
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::IsEmpty;
 
-enum class Type { Text, Integer, Float, Boolean };
-
-/// One stored setting: its key, its type, and the text that stands for an absent key.
-struct Row {
-  std::string Key;
-  Type Kind;
-  std::string Default;
-};
-
-const std::vector<Row> Table = {
-    {"Path of stored data", Type::Text, "c:\\StoredData"},
-    {"Used Networkadapter", Type::Integer, "1"},
-    {"Name of used Networkadapter", Type::Text, ""},
-    {"Unit Resolution", Type::Integer, "0"},
-    {"UnitCurrent", Type::Integer, "0"},
-    {"UnitVoltage", Type::Integer, "0"},
-    {"Internal Delay", Type::Integer, "500"},
-    {"DataName A", Type::Text, "Current Sensor A"},
-    {"DataName B", Type::Text, "Current Sensor B"},
-    {"DataName C", Type::Text, "Current Sensor C"},
-    {"DataName D", Type::Text, "Current Sensor N"},
-    {"DataName E", Type::Text, "Voltage Sensor A"},
-    {"DataName F", Type::Text, "Voltage Sensor B"},
-    {"DataName G", Type::Text, "Voltage Sensor C"},
-    {"DataName H", Type::Text, "Voltage Sensor N"},
-    {"Printerchoice", Type::Integer, "0"},
-    {"Filterstring", Type::Text, ""},
-    {"FilterContentString", Type::Text, ""},
-    {"FilterContentString2", Type::Text, ""},
-    {"Sensor A enabled", Type::Integer, "1"},
-    {"Sensor B enabled", Type::Integer, "1"},
-    {"Sensor C enabled", Type::Integer, "1"},
-    {"Sensor D enabled", Type::Integer, "1"},
-    {"Sensor E enabled", Type::Integer, "1"},
-    {"Sensor F enabled", Type::Integer, "1"},
-    {"Sensor G enabled", Type::Integer, "1"},
-    {"Sensor H enabled", Type::Integer, "1"},
-    {"Frequency", Type::Float, "50"},
-    {"ACDC", Type::Boolean, "False"},
-    {"SetupDone", Type::Boolean, "False"},
-    {"CurrentTriggerWave", Type::Float, "20"},
-    {"VoltageTriggerWave", Type::Float, "15"},
-    {"BeforeTriggerWaveTime", Type::Float, "2"},
-    {"AfterTriggerWaveTime", Type::Float, "5"},
-    {"SingleTrigger", Type::Integer, "1"},
-    {"TriggerPause", Type::Integer, "10"},
-    {"MainActiveTab", Type::Integer, "1"},
-    {"FileFormat", Type::Text, "TXT"},
-};
-
 std::vector<std::string> Keys() {
   std::vector<std::string> keys;
-  for (const Row& row : Table) keys.push_back(row.Key);
+  for (const StoredRow& row : StoredDefaults()) keys.push_back(row.Key);
   return keys;
 }
 
@@ -116,7 +70,8 @@ TEST_F(StoredSettings, AnAbsentStoreGivesEveryDefault) {
 
   file.SaveSettings();
 
-  for (const Row& row : Table) EXPECT_EQ(store.Texts[row.Key], row.Default) << row.Key;
+  for (const StoredRow& row : StoredDefaults())
+    EXPECT_EQ(store.Texts[row.Key], row.Default) << row.Key;
 }
 
 TEST_F(StoredSettings, EachKeyGoesToItsVariable) {
@@ -204,8 +159,8 @@ TEST_F(StoredSettings, TheNumberOfSamplesHasNoEffectWhateverItHolds) {
 }
 
 TEST_F(StoredSettings, ATextThatDoesNotConvertFailsAsATypeMismatch) {
-  for (const Row& row : Table) {
-    EXPECT_EQ(FailureOfLoading(row.Key, "5O0"), row.Kind == Type::Text ? 0 : TypeMismatch)
+  for (const StoredRow& row : StoredDefaults()) {
+    EXPECT_EQ(FailureOfLoading(row.Key, "5O0"), row.Kind == StoredType::Text ? 0 : TypeMismatch)
         << row.Key;
   }
 }
@@ -221,14 +176,15 @@ TEST_F(StoredSettings, AFailureNamesTheKeyItsTextAndThePlace) {
 }
 
 TEST_F(StoredSettings, AnEmptyTextIsNoNumber) {
-  for (const Row& row : Table) {
-    EXPECT_EQ(FailureOfLoading(row.Key, ""), row.Kind == Type::Text ? 0 : TypeMismatch) << row.Key;
+  for (const StoredRow& row : StoredDefaults()) {
+    EXPECT_EQ(FailureOfLoading(row.Key, ""), row.Kind == StoredType::Text ? 0 : TypeMismatch)
+        << row.Key;
   }
 }
 
 TEST_F(StoredSettings, AnIntegerBeyondSixteenBitsOverflows) {
-  for (const Row& row : Table) {
-    const std::int32_t expected = row.Kind == Type::Integer ? Overflow : 0;
+  for (const StoredRow& row : StoredDefaults()) {
+    const std::int32_t expected = row.Kind == StoredType::Integer ? Overflow : 0;
     EXPECT_EQ(FailureOfLoading(row.Key, "40000"), expected) << row.Key;
     EXPECT_EQ(FailureOfLoading(row.Key, "-32769"), expected) << row.Key;
   }

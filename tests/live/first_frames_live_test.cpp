@@ -16,7 +16,8 @@
 namespace {
 
 using live::Publisher;
-using namespace std::chrono_literals;
+using std::chrono_literals::operator""s;
+using std::chrono_literals::operator""ms;
 using Steady = std::chrono::steady_clock;
 
 /// Two publishers of streams of different length, and the capture object that listens to both. Each

@@ -18,7 +18,7 @@ using live::NetworkInterfaceScene;
 using live::Numbered;
 using live::RecordingBuffer;
 using live::ViewBuffer;
-using namespace std::chrono_literals;
+using std::chrono_literals::operator""ms;
 
 class Ring : public NetworkInterfaceScene {
  protected:

@@ -11,7 +11,7 @@ namespace {
 using support::FrameBytes;
 using support::Scene;
 using support::SvFrame;
-using namespace std::chrono_literals;
+using std::chrono_literals::operator""ms;
 
 constexpr const char* First = "MU01";
 constexpr const char* Second = "A-LONGER-NAME";

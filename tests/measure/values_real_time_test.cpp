@@ -13,7 +13,8 @@ using support::SquareFrame;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::Not;
-using namespace std::chrono_literals;
+using std::chrono_literals::operator""s;
+using std::chrono_literals::operator""ms;
 
 /// A run of the Values view, its check box for the real-time value at hand.
 class RealTimeValue : public testing::Test {

@@ -14,7 +14,9 @@ using testing::Contains;
 using testing::Each;
 using testing::ElementsAre;
 using testing::Not;
-using namespace std::chrono_literals;
+using std::chrono_literals::operator""s;
+using std::chrono_literals::operator""ms;
+using std::chrono_literals::operator""us;
 
 /// The run button of the Values view; the journal tells what it does.
 class ValuesRun : public testing::Test {

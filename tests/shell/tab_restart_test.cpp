@@ -6,7 +6,8 @@ namespace {
 
 using support::FrameBytes;
 using support::SineFrame;
-using namespace std::chrono_literals;
+using std::chrono_literals::operator""s;
+using std::chrono_literals::operator""ms;
 
 /// A live view that is left in the moment in which its next burst is about to start.
 class TabRestart : public shell_tests::TabScene {

@@ -4,7 +4,8 @@ namespace {
 
 using support::PlainFrame;
 using support::SineFrame;
-using namespace std::chrono_literals;
+using std::chrono_literals::operator""s;
+using std::chrono_literals::operator""ms;
 
 /// The whole program on a bus with two stations, the first of which is missing.
 class WaitingView : public shell_tests::TabScene {

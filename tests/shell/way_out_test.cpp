@@ -11,7 +11,7 @@ using platform::Answer;
 using platform::Buttons;
 using support::PhasorFrame;
 using support::SineFrame;
-using namespace std::chrono_literals;
+using std::chrono_literals::operator""ms;
 
 constexpr const char* RunTip =
     "'RUN' starts recording samples acc. to time base; 'STOP' freeze actual view";
