@@ -7,6 +7,8 @@
 #include <iostream>
 #include <utility>
 
+#include "fit_check.h"
+
 namespace tour {
 
 namespace {
@@ -49,6 +51,7 @@ void Record::Picture(QWidget& widget, const QString& what) {
   const bool saved = widget.grab().save(PathOf(file));
   pictures_.append(name_ + QLatin1Char('_') + file);
   if (!saved) Step(QStringLiteral("picture ") + what, false);
+  for (const QString& misfit : Misfits(widget)) Step(what + QStringLiteral(": ") + misfit, false);
 }
 
 bool Record::Save() const {

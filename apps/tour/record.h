@@ -19,7 +19,8 @@ class Record {
   void Number(const QString& what, const QString& text, double expected);
   /// Notes what was measured; it is neither right nor wrong.
   void Measure(const QString& what, double value);
-  /// Leaves a picture, numbered in the order of the walk.
+  /// Leaves a picture, numbered in the order of the walk; what cannot be seen on it as it is meant
+  /// is a step that did not happen.
   void Picture(QWidget& widget, const QString& what);
 
   bool AllRight() const { return allRight_; }

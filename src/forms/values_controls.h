@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 
 #include "platform/controls/buttons.h"
 #include "platform/controls/check_box.h"
@@ -28,6 +29,8 @@ struct ValuesControls {
   std::array<platform::Label, small_label::Count> Label12;
   /// Heading of the station choice.
   platform::Label Label16;
+  /// The one reading that lives in real-time mode, from 0; nothing where all of them do.
+  platform::Property<std::optional<std::size_t>> LiveReading;
 };
 
 }  // namespace forms

@@ -118,11 +118,20 @@ void ValuesView::Check5_Click() {
   ClearValues();
   if (values_.Check5.Value == 1) context_.State.RealTimeMode = true;
   if (values_.Check5.Value == 0) context_.State.RealTimeMode = false;
+  ShowLiveReading();
 }
 
 void ValuesView::Label5_Click(std::size_t channel) {
   context_.State.RealTimeChannel = static_cast<std::int16_t>(channel + 1);
   if (context_.State.RealTimeMode) ClearValues();
+  ShowLiveReading();
+}
+
+void ValuesView::ShowLiveReading() {
+  values_.LiveReading =
+      context_.State.RealTimeMode
+          ? std::optional(static_cast<std::size_t>(context_.State.RealTimeChannel - 1))
+          : std::nullopt;
 }
 
 void ValuesView::Check4_Click() {

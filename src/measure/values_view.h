@@ -36,6 +36,7 @@ class ValuesView {
   void BeginRun();
   void EndRun();
   void Check5_Click();
+  void ShowLiveReading();
   void Label5_Click(std::size_t channel);
   void Check4_Click();
   void Combo3_Click();

@@ -1,5 +1,6 @@
 #include "shell/form_layout.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "capture/modes.h"
@@ -65,6 +66,7 @@ void FormLayout::FormResize() {
       [&] {
         if (changeTab) ReturnToTab(tab);
       },
+      [&] { main_.Window.Layouts = main_.Window.Layouts + 1; },
       [&] { main_.TabStrip1.Visible = true; });
 }
 
@@ -134,9 +136,10 @@ void FormLayout::PlaceInfo() {
   const double right = 0.97 * main_.TabStrip1.Width;
   const double top = main_.TabStrip1.Height - 1.5 * main_.Picture4.Height;
   Place(main_.Picture4, right - main_.Picture4.Width, top);
+  const double row = std::max<double>(RowGap, main_.Label4.Height);
   Place(main_.Label3[forms::side_caption::Support],
-        right - main_.Label3[forms::side_caption::Support].Width, top - 2.0 * RowGap);
-  Place(main_.Label4, right - main_.Label4.Width, top - RowGap);
+        right - main_.Label3[forms::side_caption::Support].Width, top - 2 * row);
+  Place(main_.Label4, right - main_.Label4.Width, top - row);
 }
 
 }  // namespace formroutines

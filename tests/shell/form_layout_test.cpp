@@ -41,6 +41,23 @@ TEST_F(Layout, SkipsTheRefusalOfAMaximisedWindow) {
   EXPECT_TRUE(main.TabStrip1.Visible);
 }
 
+TEST_F(Layout, TellsOnceThatItsRulesAreThrough) {
+  int layouts = 0;
+  std::int32_t height = 0;
+  bool hidden = false;
+  main.Window.Layouts.Observe([&] {
+    ++layouts;
+    height = main.Frame2.Height;
+    hidden = !main.TabStrip1.Visible;
+  });
+
+  Resize(20000, 15000);
+
+  EXPECT_EQ(layouts, 1);
+  EXPECT_EQ(height, 10500);
+  EXPECT_TRUE(hidden);
+}
+
 TEST_F(Layout, PlacesTheValuesInTwoColumns) {
   Resize(15360, 11520);
 

@@ -1,5 +1,6 @@
 #include "desktop/binding/graph_view.h"
 
+#include <QApplication>
 #include <algorithm>
 
 #include "desktop/look/look.h"
@@ -8,14 +9,15 @@ namespace desktop {
 
 namespace {
 
-// Black, the greys and the saturated colours of the curves, from light cyan to dark blue, must all
-// stand out from the ground. A sand tone of medium lightness does that; white and black do not.
-const QColor SandLight(214, 191, 153);
-const QColor SandDark(200, 176, 138);
-const QColor GridColour(90, 74, 50, 70);
-const QColor ZeroColour(90, 74, 50, 170);
+// A light paper that darkens a little to its foot. Colours that do not stand out from it are drawn
+// on an edge; the darkest tone decides.
+const QColor PaperLight(255, 255, 255);
+const QColor PaperDark(238, 244, 251);
+const QColor GridColour(16, 37, 61, 38);
+const QColor ZeroColour(16, 37, 61, 110);
 constexpr std::int16_t NoLine = 0;
 constexpr std::int16_t NoPoints = 0;
+/// In pixels of the smallest window, as the axes' distances are.
 constexpr double MarkerSize = 5;
 /// What is left free above and below the curves, as a share of their height.
 constexpr double Headroom = 0.05;
@@ -40,11 +42,10 @@ GraphView::GraphView(platform::CWGraph& graph, Guard& guard, QWidget* parent)
   for (QCPAxis* axis : {xAxis, yAxis}) {
     axis->grid()->setPen(QPen(GridColour, 1));
     axis->grid()->setZeroLinePen(QPen(ZeroColour, 1));
-    axis->setTickLabelFont(font());
   }
   axisRect()->setRangeDrag(Qt::Horizontal | Qt::Vertical);
   axisRect()->setRangeZoom(Qt::Horizontal | Qt::Vertical);
-  for (QCPGraph*& curve : curves_) curve = addGraph();
+  for (CasedCurve*& curve : curves_) curve = new CasedCurve(xAxis, yAxis);
   drawing_.setSingleShot(true);
   drawing_.setInterval(DrawMs);
   drawing_.callOnTimeout(this, [this] { replot(); });
@@ -52,6 +53,7 @@ GraphView::GraphView(platform::CWGraph& graph, Guard& guard, QWidget* parent)
   FollowGraph();
   TakeMouse();
   ShowAll();
+  TakeScale();
 }
 
 void GraphView::resizeEvent(QResizeEvent* event) {
@@ -149,14 +151,21 @@ void GraphView::ShowCurve(std::size_t plot) {
 
 void GraphView::ShowStyle(std::size_t plot) {
   const platform::Plot& state = graph_.Plots[plot];
-  QCPGraph& curve = *curves_[plot];
+  CasedCurve& curve = *curves_[plot];
   curve.setVisible(state.Visible);
-  curve.setPen(QPen(look::ColourOf(state.LineColor), state.LineWidth));
+  curve.setPen(QPen(look::ColourOf(state.LineColor), state.LineWidth * look::Scale()));
   curve.setLineStyle(state.LineStyle == NoLine ? QCPGraph::lsNone : QCPGraph::lsLine);
-  const QColor point = look::ColourOf(state.PointColor);
-  curve.setScatterStyle(state.PointStyle == NoPoints
-                            ? QCPScatterStyle(QCPScatterStyle::ssNone)
-                            : QCPScatterStyle(QCPScatterStyle::ssDisc, point, point, MarkerSize));
+  if (state.PointStyle == NoPoints) {
+    curve.HideMarkers();
+  } else {
+    curve.ShowMarkers(look::ColourOf(state.PointColor), MarkerSize * look::Scale());
+  }
+}
+
+void GraphView::TakeScale() {
+  for (QCPAxis* axis : {xAxis, yAxis}) axis->setTickLabelFont(QApplication::font());
+  for (std::size_t i = 0; i < curves_.size(); ++i) ShowStyle(i);
+  DrawSoon();
 }
 
 void GraphView::ShowTrackMode() {
@@ -167,17 +176,18 @@ void GraphView::ShowTrackMode() {
 }
 
 void GraphView::ShowBackground() {
-  QLinearGradient sand(0, 0, 0, 1);
-  sand.setCoordinateMode(QGradient::ObjectMode);
-  sand.setColorAt(0, SandLight);
-  sand.setColorAt(1, SandDark);
-  axisRect()->setBackground(graph_.ScreenLook ? QBrush(sand) : QBrush(Qt::white));
+  QLinearGradient paper(0, 0, 0, 1);
+  paper.setCoordinateMode(QGradient::ObjectMode);
+  paper.setColorAt(0, PaperLight);
+  paper.setColorAt(1, PaperDark);
+  axisRect()->setBackground(graph_.ScreenLook ? QBrush(paper) : QBrush(Qt::white));
+  for (CasedCurve* curve : curves_) curve->SetGround(graph_.ScreenLook ? PaperDark : Qt::white);
   DrawSoon();
 }
 
 std::optional<QCPRange> GraphView::VisibleValues() const {
   std::optional<QCPRange> values;
-  for (const QCPGraph* curve : curves_) {
+  for (const CasedCurve* curve : curves_) {
     bool found = false;
     const QCPRange range = curve->getValueRange(found);
     if (!found || !curve->visible()) continue;

@@ -6,18 +6,21 @@
 #include <array>
 #include <optional>
 
+#include "desktop/binding/cased_curve.h"
 #include "desktop/binding/guard.h"
+#include "desktop/look/scale.h"
 #include "platform/controls/cw_graph.h"
 
 namespace desktop {
 
 /// A graph control on the screen: eight curves over the index of their samples. It draws what the
 /// control holds and passes the mouse on; which mode a drag works in is the control's to say.
-class GraphView : public QCustomPlot {
+class GraphView : public QCustomPlot, public look::Scalable {
   Q_OBJECT
 
  public:
   GraphView(platform::CWGraph& graph, Guard& guard, QWidget* parent);
+  void TakeScale() override;
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -41,7 +44,7 @@ class GraphView : public QCustomPlot {
 
   platform::CWGraph& graph_;
   Guard& guard_;
-  std::array<QCPGraph*, 8> curves_{};
+  std::array<CasedCurve*, 8> curves_{};
   QTimer drawing_;
 };
 

@@ -1,6 +1,7 @@
 #include "desktop/binding/rich_rows.h"
 
 #include "desktop/look/look.h"
+#include "desktop/look/scale.h"
 #include "desktop/look/text.h"
 #include "desktop/look/twips.h"
 
@@ -18,6 +19,7 @@ RichRows::RichRows(Binder& binder, QWidget& page, QPoint origin)
 
 void RichRows::Add(platform::Label& row, const QString& name, Ampersand ampersand) {
   auto* widget = new QLabel(&page_);
+  look::KeepFont(*widget);
   binder_.Bind(row, *widget, name, ampersand);
   rows_.push_back({row, widget});
   const auto lay = [this, added = rows_.back()] { Lay(added); };

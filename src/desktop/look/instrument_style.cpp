@@ -4,6 +4,7 @@
 #include <QStyleOption>
 
 #include "desktop/look/look.h"
+#include "desktop/look/scale.h"
 #include "desktop/look/sign_icon.h"
 
 namespace desktop {
@@ -35,9 +36,11 @@ void DrawBox(QPainter& painter, const QRect& area, const QColor& ground,
 void DrawChevron(QPainter& painter, const QRect& area, const QColor& colour) {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(colour, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  const QPointF tip = QRectF(area).center() + QPointF(0, 2.5);
-  const QPointF corners[] = {tip + QPointF(-4.5, -4.5), tip, tip + QPointF(4.5, -4.5)};
+  const double scale = look::Scale();
+  painter.setPen(QPen(colour, 1.6 * scale, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  const QPointF tip = QRectF(area).center() + QPointF(0, 2.5 * scale);
+  const double reach = 4.5 * scale;
+  const QPointF corners[] = {tip + QPointF(-reach, -reach), tip, tip + QPointF(reach, -reach)};
   painter.drawPolyline(corners, 3);
   painter.restore();
 }
@@ -46,7 +49,7 @@ void DrawTick(QPainter& painter, const QRect& area) {
   const QRectF box(area);
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(look::Card, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.setPen(QPen(look::Card, 2 * look::Scale(), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   const QPointF corners[] = {box.topLeft() + QPointF(box.width() * 0.24, box.height() * 0.52),
                              box.topLeft() + QPointF(box.width() * 0.43, box.height() * 0.71),
                              box.topLeft() + QPointF(box.width() * 0.77, box.height() * 0.31)};
@@ -159,7 +162,7 @@ QSize InstrumentStyle::sizeFromContents(ContentsType type, const QStyleOption* o
   const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
   if (type != CT_PushButton) return size;
   // As high as the fields beside it.
-  return (size + QSize(ButtonPadding, 0)).expandedTo({0, ButtonHeight});
+  return (size + QSize(look::Scaled(ButtonPadding), 0)).expandedTo({0, look::Scaled(ButtonHeight)});
 }
 
 int InstrumentStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
@@ -169,10 +172,10 @@ int InstrumentStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_IndicatorHeight:
     case PM_ExclusiveIndicatorWidth:
     case PM_ExclusiveIndicatorHeight:
-      return IndicatorSize;
+      return look::Scaled(IndicatorSize);
     case PM_CheckBoxLabelSpacing:
     case PM_RadioButtonLabelSpacing:
-      return IndicatorSpacing;
+      return look::Scaled(IndicatorSpacing);
     default:
       return QProxyStyle::pixelMetric(metric, option, widget);
   }

@@ -13,6 +13,10 @@ class InstrumentStyle : public QProxyStyle {
  public:
   InstrumentStyle();
 
+  /// How much larger than in the design marks and buttons are drawn; `look/scale.h` sets it.
+  double Scale() const { return scale_; }
+  void SetScale(double scale) { scale_ = scale; }
+
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
   void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
@@ -27,6 +31,9 @@ class InstrumentStyle : public QProxyStyle {
                   const QWidget* widget) const override;
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* returned) const override;
+
+ private:
+  double scale_ = 1;
 };
 
 }  // namespace desktop

@@ -4,7 +4,6 @@
 #include <QPalette>
 #include <QSvgRenderer>
 #include <QWidget>
-#include <algorithm>
 
 #include "desktop/look/instrument_style.h"
 
@@ -66,16 +65,6 @@ QPalette LightPalette() {
 }
 
 }  // namespace
-
-double TextRatio(double ratioX, double ratioY) {
-  constexpr double Largest = 1.5;
-  return std::clamp(std::min(ratioX, ratioY), 1.0, Largest);
-}
-
-double TextRatio(const QWidget& page) {
-  const QWidget& window = *page.window();
-  return TextRatio(window.width() / DesignWidth, window.height() / DesignHeight);
-}
 
 QColor ColourOf(const platform::Rgb& rgb) {
   return {rgb.Red, rgb.Green, rgb.Blue};

@@ -42,11 +42,6 @@ inline constexpr int Corner = 5;
 // The smallest window, in pixels; pages are designed in its size.
 inline constexpr double DesignWidth = 1024;
 inline constexpr double DesignHeight = 768;
-/// How much larger texts stand in a window of the given ratios to the smallest one: they grow with
-/// the window, but not without end.
-double TextRatio(double ratioX, double ratioY);
-/// The same for the window that a page stands in.
-double TextRatio(const QWidget& page);
 
 /// The colour of a control on the screen.
 QColor ColourOf(const platform::Rgb& rgb);

@@ -1,115 +1,113 @@
 #include "desktop/pages/phasor_page.h"
 
-#include <QFrame>
+#include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/binding/run_binding.h"
 #include "desktop/look/look.h"
+#include "desktop/look/scale.h"
 #include "desktop/look/text.h"
 #include "desktop/look/twips.h"
+#include "desktop/widgets/logo_view.h"
 
 namespace desktop {
 
 namespace {
 
-constexpr int Gap = 20;
-constexpr int TableRow = 30;
-constexpr int Line = 32;
-constexpr int ButtonWidth = 168;
-constexpr int ButtonHeight = 64;
-constexpr int LargestTable = 1000;
+// In pixels of the smallest window.
+constexpr int Gap = 14;
+constexpr int HeadingTop = 8;
 constexpr int ScalesPadding = 12;
-
-using twips::Pixels;
+constexpr int ScalesGap = 5;
 
 }  // namespace
 
-PhasorPage::PhasorPage(forms::PhasorControls& phasor, forms::ValuesControls& values,
-                       forms::SharedControls& shared, Binder& binder, PicturePad& picture,
+PhasorPage::PhasorPage(const PhasorParts& parts, Binder& binder, PicturePad& picture,
                        QWidget* parent)
     : QWidget(parent),
-      phasor_(phasor),
-      values_(values),
-      shared_(shared),
-      frame_(new QFrame(this)),
-      heading_(new QLabel(frame_)),
+      parts_(parts),
+      frame_(new Ground(this)),
+      heading_(new QLabel(ToQt(parts.Phasor.Frame2.Caption), frame_)),
       picture_(picture),
-      table_(new ValueTable(phasor.Grid1, frame_)),
-      indicator_(new RunIndicator(frame_)),
-      run_(new RunButton(frame_)),
-      stationHeading_(new QLabel(frame_)),
+      table_(new ValueTable(parts.Phasor.Grid1, frame_)),
+      run_(new RunColumn(frame_)),
       quiet_(new QuietLine(this)),
-      scalesFrame_(new QFrame(frame_)),
-      scalesHeading_(new QLabel(scalesFrame_)),
+      scalesFrame_(new Ground(frame_)),
       automatic_(new QCheckBox(scalesFrame_)) {
   frame_->setObjectName(QStringLiteral("Frame2"));
   scalesFrame_->setObjectName(QStringLiteral("Frame3"));
+  heading_->setFont(look::BoldFont(look::HeadingSize));
   picture_.setParent(frame_);
   picture_.lower();
   picture_.setObjectName(QStringLiteral("phasordiagram"));
   picture_.setAccessibleName(QStringLiteral("Phasor diagram"));
   BindControls(binder);
+  FillScales(binder);
   Follow();
 }
 
 void PhasorPage::BindControls(Binder& binder) {
-  heading_->setText(ToQt(phasor_.Frame2.Caption));
-  binder.Bind(shared_.Shape12[forms::indicator::Phasor], *indicator_, ArrayName("Shape12", 1));
-  binder.Bind(phasor_.CWButton2, *run_, QStringLiteral("CWButton2"));
-  binder.Bind(phasor_.Label17, *stationHeading_, QStringLiteral("Label17"));
-  for (std::size_t i = 0; i < stations_.size(); ++i) {
-    stations_[i] = new RadioButton(frame_);
-    binder.Bind(shared_.Option3[i + forms::station::Phasor], *stations_[i],
-                ArrayName("Option3", i + 4), Ampersand::Letter);
-  }
-  binder.Bind(shared_.QuietLine[forms::quiet_line::Phasor], *quiet_,
+  BindRun(binder, parts_.Shared,
+          {parts_.Phasor.CWButton2, "CWButton2", forms::indicator::Phasor, forms::station::Phasor},
+          *run_);
+  binder.Bind(parts_.Phasor.Label17, run_->StationHeading(), QStringLiteral("Label17"));
+  binder.Bind(parts_.Shared.QuietLine[forms::quiet_line::Phasor], *quiet_,
               ArrayName("QuietLine", forms::quiet_line::Phasor));
-  scalesHeading_->setText(ToQt(phasor_.Frame3.Caption));
-  binder.Bind(phasor_.Check6, *automatic_, QStringLiteral("Check6"));
+}
+
+void PhasorPage::FillScales(Binder& binder) {
+  auto* rows = new QVBoxLayout(scalesFrame_);
+  rows->setContentsMargins(ScalesPadding, ScalesPadding, ScalesPadding, ScalesPadding);
+  rows->setSpacing(ScalesGap);
+  auto* heading = new QLabel(ToQt(parts_.Phasor.Frame3.Caption), scalesFrame_);
+  heading->setFont(look::BoldFont(look::TextSize));
+  rows->addWidget(heading);
+  binder.Bind(parts_.Phasor.Check6, *automatic_, QStringLiteral("Check6"));
+  rows->addWidget(automatic_);
+  QWidget* last = automatic_;
+  setTabOrder(&run_->Station(1), automatic_);
   for (std::size_t i = 0; i < scales_.size(); ++i) {
-    scaleCaptions_[i] = new QLabel(ToQt(phasor_.ScaleCaptions[i].Caption), scalesFrame_);
+    auto* caption = new QLabel(ToQt(parts_.Phasor.ScaleCaptions[i].Caption), scalesFrame_);
     scales_[i] = new ChoiceBox(scalesFrame_);
-    scaleCaptions_[i]->setBuddy(scales_[i]);
-    binder.Bind(phasor_.Combo5[i], *scales_[i], ArrayName("Combo5", i));
+    caption->setBuddy(scales_[i]);
+    binder.Bind(parts_.Phasor.Combo5[i], *scales_[i], ArrayName("Combo5", i));
+    rows->addWidget(caption);
+    rows->addWidget(scales_[i]);
+    setTabOrder(last, scales_[i]);
+    last = scales_[i];
   }
-  setTabOrder(run_, stations_[0]);
-  setTabOrder(stations_[0], stations_[1]);
-  setTabOrder(stations_[1], automatic_);
-  setTabOrder(automatic_, scales_[0]);
-  setTabOrder(scales_[0], scales_[1]);
 }
 
 void PhasorPage::Follow() {
-  phasor_.Frame2.Visible.Observe([this] { frame_->setVisible(phasor_.Frame2.Visible); });
-  frame_->setVisible(phasor_.Frame2.Visible);
+  const platform::GroupBox& frame = parts_.Phasor.Frame2;
+  const auto show = [this, &frame] { frame_->setVisible(frame.Visible); };
+  parts_.Phasor.Frame2.Visible.Observe(show);
+  show();
   const auto colours = [this] { ShowColours(); };
-  phasor_.Frame2.BackColor.Observe(colours);
-  phasor_.Frame3.BackColor.Observe(colours);
+  parts_.Phasor.Frame2.BackColor.Observe(colours);
+  parts_.Phasor.Frame3.BackColor.Observe(colours);
   ShowColours();
-  const auto lay = [this] { Lay(); };
-  phasor_.Frame2.Height.Observe(lay);
-  phasor_.phasordiagram.Top.Observe(lay);
-  for (std::size_t i = 0; i < values_.Label6.size(); ++i) {
-    const auto describe = [this, i] {
-      table_->DescribeMagnitude(static_cast<int>(i) + 1, ToQt(values_.Label6[i].Caption));
+  parts_.Form.Window.Layouts.Observe([this] { Lay(); });
+  auto& names = parts_.Values.Label6;
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    const auto describe = [this, i, &names] {
+      table_->DescribeMagnitude(static_cast<int>(i) + 1, ToQt(names[i].Caption));
     };
-    values_.Label6[i].Caption.Observe(describe);
+    names[i].Caption.Observe(describe);
     describe();
   }
 }
 
 void PhasorPage::ShowColours() {
-  const auto show = [](QFrame& frame, const platform::GroupBox& control) {
-    const QColor ground = look::ColourOf(control.BackColor);
-    frame.setStyleSheet(QStringLiteral("#%1 { background: %2; border: 1px solid %3; "
-                                       "border-radius: 7px; }")
-                            .arg(frame.objectName(), ground.name(), look::Edge.name()));
-    return ground;
-  };
-  table_->SetGround(show(*frame_, phasor_.Frame2));
-  const QColor ground = show(*scalesFrame_, phasor_.Frame3);
+  const QColor ground = look::ColourOf(parts_.Phasor.Frame2.BackColor);
+  frame_->SetColour(ground);
+  table_->SetGround(ground);
+  picture_.SetGround(ground);
+  const QColor scalesGround = look::ColourOf(parts_.Phasor.Frame3.BackColor);
+  scalesFrame_->SetColour(scalesGround);
   for (ChoiceBox* scale : scales_) {
     QPalette colours = scale->palette();
-    colours.setColor(QPalette::Base, ground);
+    colours.setColor(QPalette::Base, scalesGround);
     scale->setPalette(colours);
   }
 }
@@ -119,69 +117,42 @@ void PhasorPage::resizeEvent(QResizeEvent*) {
 }
 
 void PhasorPage::Lay() {
-  const double textRatio = look::TextRatio(*this);
-  const auto scaled = [textRatio](int pixels) { return static_cast<int>(pixels * textRatio); };
-  const int frameWidth = Pixels(phasor_.Frame2.Width);
-  const int frameHeight = Pixels(phasor_.Frame2.Height);
-  frame_->setGeometry((width() - frameWidth) / 2, std::max(Gap, (height() - frameHeight) / 3),
-                      frameWidth, frameHeight);
-  const int side = Pixels(phasor_.phasordiagram.Width);
-  const int left = Pixels(phasor_.phasordiagram.Left);
-  const int top = Pixels(phasor_.phasordiagram.Top);
-  QFont bold = look::BoldFont(scaled(look::HeadingSize));
-  heading_->setFont(bold);
+  const int gap = look::Scaled(Gap);
+  const QSize frame(twips::Pixels(parts_.Phasor.Frame2.Width),
+                    twips::Pixels(parts_.Phasor.Frame2.Height));
+  frame_->setGeometry(
+      QRect(QPoint((width() - frame.width()) / 2, std::max(Gap, (height() - frame.height()) / 3)),
+            frame));
+  const platform::Control& diagram = parts_.Phasor.phasordiagram;
+  const QPoint corner(twips::Pixels(diagram.Left), twips::Pixels(diagram.Top));
+  const int side = twips::Pixels(diagram.Width);
   heading_->adjustSize();
   // The corner of the picture is free: the circle is far from it.
-  heading_->move(left, Gap / 2);
-  picture_.Place(QPoint(left, top), side);
+  heading_->move(corner.x(), look::Scaled(HeadingTop));
+  picture_.Place(corner, side);
 
-  const int tableLeft = left + side + Gap;
-  const int tableWidth = std::min(frameWidth - tableLeft - Gap, LargestTable);
-  const QRect table(tableLeft, top, tableWidth, scaled(TableRow) * ValueTable::Rows);
-  table_->Lay(table, textRatio);
-
+  const int free = corner.x() + side + gap;
+  table_->Lay(QPoint(free, corner.y()), frame.width() - free - gap);
+  // What a large window leaves free stands at both sides of the table.
+  const int tableLeft = free + (frame.width() - free - gap - table_->width()) / 2;
+  table_->move(tableLeft, corner.y());
   // Below the table, clear of the scale line that may reach under it.
-  const int controlsLeft = tableLeft + PicturePad::RightMargin(side);
-  int y = table.bottom() + scaled(Gap) + RunIndicator::Reach;
-  const int half = (table.right() - controlsLeft) / 2;
-  run_->setGeometry(controlsLeft, y, std::min(scaled(ButtonWidth), half - Gap / 2),
-                    scaled(ButtonHeight));
-  indicator_->CentreOn(*run_);
-  LayScales(QPoint(controlsLeft + half + Gap / 2, y - RunIndicator::Reach), half - Gap / 2,
-            textRatio);
-  y += scaled(ButtonHeight) + scaled(Gap);
-  bold.setPixelSize(scaled(look::TextSize));
-  stationHeading_->setFont(bold);
-  stationHeading_->setGeometry(controlsLeft, y, half, scaled(Line));
-  for (RadioButton* station : stations_) {
-    y += scaled(Line);
-    station->setFont(look::TextFont(scaled(look::TextSize)));
-    station->setGeometry(controlsLeft, y, half - Gap / 2, scaled(Line));
-  }
-  quiet_->setFont(look::TextFont(scaled(look::TextSize)));
+  LayBelow(
+      std::max(free + PicturePad::RightMargin(side), tableLeft) - look::Scaled(RunIndicator::Reach),
+      table_->geometry().bottom() + gap, frame.width() - gap);
   // Below the frame, from under the table to the logo.
-  const int quietTop = frame_->geometry().bottom() + Gap / 2;
+  const int quietTop = frame_->geometry().bottom() + gap / 2;
   const int quietLeft = frame_->x() + tableLeft;
-  quiet_->setGeometry(quietLeft, quietTop, Pixels(shared_.Picture1[5].Left) - Gap - quietLeft,
-                      height() - quietTop);
+  const QRect logo = LogoView::PlaceOf(parts_.Shared.Picture1[forms::logo::Phasor], *this);
+  quiet_->setGeometry(quietLeft, quietTop, logo.left() - gap - quietLeft, height() - quietTop);
 }
 
-void PhasorPage::LayScales(QPoint corner, int width, double textRatio) {
-  const int line = static_cast<int>(Line * textRatio);
-  const int padding = static_cast<int>(ScalesPadding * textRatio);
-  const int inner = std::min(width - 2 * padding, line * 5);
-  QFont font = look::TextFont(static_cast<int>(look::TextSize * textRatio));
-  int y = padding / 2;
-  for (QWidget* widget :
-       {static_cast<QWidget*>(scalesHeading_), static_cast<QWidget*>(automatic_),
-        static_cast<QWidget*>(scaleCaptions_[0]), static_cast<QWidget*>(scales_[0]),
-        static_cast<QWidget*>(scaleCaptions_[1]), static_cast<QWidget*>(scales_[1])}) {
-    font.setBold(widget == scalesHeading_);
-    widget->setFont(font);
-    widget->setGeometry(padding, y, inner, line - 2);
-    y += line;
-  }
-  scalesFrame_->setGeometry(QRect(corner, QSize(inner + 2 * padding, y + padding)));
+void PhasorPage::LayBelow(int left, int top, int right) {
+  const QSize scales = scalesFrame_->sizeHint();
+  const QSize run = run_->sizeHint();
+  const int scalesLeft = std::min(left + run.width() + look::Scaled(Gap), right - scales.width());
+  run_->setGeometry(left, top, scalesLeft - left, run.height());
+  scalesFrame_->setGeometry(QRect(QPoint(scalesLeft, top), scales));
 }
 
 }  // namespace desktop

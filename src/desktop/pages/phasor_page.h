@@ -6,18 +6,27 @@
 #include <array>
 
 #include "desktop/binding/binder.h"
+#include "desktop/widgets/card.h"
 #include "desktop/widgets/choice_box.h"
 #include "desktop/widgets/picture_pad.h"
 #include "desktop/widgets/quiet_line.h"
-#include "desktop/widgets/radio_button.h"
-#include "desktop/widgets/run_button.h"
-#include "desktop/widgets/run_indicator.h"
+#include "desktop/widgets/run_column.h"
 #include "desktop/widgets/value_table.h"
 #include "forms/phasor_controls.h"
 #include "forms/shared_controls.h"
 #include "forms/values_controls.h"
+#include "forms/window_controls.h"
 
 namespace desktop {
+
+/// What the Phasor view shows.
+struct PhasorParts {
+  forms::PhasorControls& Phasor;
+  /// The table names the unit of each channel as the readings do.
+  forms::ValuesControls& Values;
+  forms::SharedControls& Shared;
+  forms::WindowControls& Form;
+};
 
 /// The Phasor view: the circle diagram, the table beside it, and below the table what controls
 /// them. The frame and the diagram stand where the layout rules put them.
@@ -25,36 +34,28 @@ class PhasorPage : public QWidget {
   Q_OBJECT
 
  public:
-  PhasorPage(forms::PhasorControls& phasor, forms::ValuesControls& values,
-             forms::SharedControls& shared, Binder& binder, PicturePad& picture, QWidget* parent);
+  PhasorPage(const PhasorParts& parts, Binder& binder, PicturePad& picture, QWidget* parent);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
 
  private:
   void BindControls(Binder& binder);
+  void FillScales(Binder& binder);
   void Follow();
   void Lay();
+  void LayBelow(int left, int top, int right);
   void ShowColours();
-  void LayScales(QPoint corner, int width, double textRatio);
 
-  forms::PhasorControls& phasor_;
-  /// The table names the unit of each channel as the readings do.
-  forms::ValuesControls& values_;
-  forms::SharedControls& shared_;
-  QFrame* frame_;
+  PhasorParts parts_;
+  Ground* frame_;
   QLabel* heading_;
   PicturePad& picture_;
   ValueTable* table_;
-  RunIndicator* indicator_;
-  RunButton* run_;
-  QLabel* stationHeading_;
-  std::array<RadioButton*, 2> stations_{};
+  RunColumn* run_;
   QuietLine* quiet_;
-  QFrame* scalesFrame_;
-  QLabel* scalesHeading_;
+  Ground* scalesFrame_;
   QCheckBox* automatic_;
-  std::array<QLabel*, 2> scaleCaptions_{};
   std::array<ChoiceBox*, 2> scales_{};
 };
 

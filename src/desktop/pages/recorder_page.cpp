@@ -8,14 +8,15 @@
 #include "desktop/look/text.h"
 #include "desktop/widgets/path_label.h"
 #include "desktop/widgets/quiet_line.h"
+#include "desktop/widgets/run_column.h"
 
 namespace desktop {
 
 namespace {
 
+// In pixels of the smallest window.
 constexpr int Margin = 16;
 constexpr int PanelWidth = 226;
-constexpr int ButtonHeight = 78;
 constexpr int ShortField = 96;
 /// Room at the foot of the page for the logo.
 constexpr int FootHeight = 52;
@@ -110,11 +111,10 @@ QWidget* RecorderPage::Progress(QWidget* parent) {
 
 QWidget* RecorderPage::RunPanel() {
   auto* panel = new Card(QString(), this);
-  auto* run = new RunButton(panel);
-  run->setFixedHeight(ButtonHeight);
-  KeepRoom(*run);
-  binder_.Bind(recorder_.CWButton3, *run, QStringLiteral("CWButton3"));
-  panel->Grid().setColumnMinimumWidth(0, 0);
+  auto* run = new RunColumn(panel);
+  binder_.Bind(recorder_.CWButton3, run->Button(), QStringLiteral("CWButton3"));
+  // No lamp tells of this view's capture.
+  run->Indicator().hide();
   panel->AddWide(run);
   auto* quiet = new QuietLine(panel);
   binder_.Bind(shared_.QuietLine[forms::quiet_line::Recorder], *quiet,

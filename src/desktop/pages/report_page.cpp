@@ -1,9 +1,10 @@
 #include "desktop/pages/report_page.h"
 
 #include <QPainter>
-#include <algorithm>
 
+#include "desktop/binding/run_binding.h"
 #include "desktop/look/look.h"
+#include "desktop/look/scale.h"
 #include "desktop/widgets/tab_bar.h"
 #include "platform/rich_row.h"
 
@@ -21,21 +22,17 @@ constexpr std::int32_t ValueWidth = 6900;
 constexpr QPointF SheetCorner(20, 22);
 constexpr double SheetHeight = 500;
 constexpr double PanelGap = 18;
-constexpr double PanelWidth = 252;
-constexpr double Padding = 22;
-constexpr double ButtonHeight = 78;
-constexpr double Line = 32;
+constexpr double PanelWidth = 226;
 
 }  // namespace
 
 ReportPage::ReportPage(forms::ReportControls& report, forms::SharedControls& shared, Binder& binder,
                        QWidget* parent)
     : QWidget(parent),
-      rows_(binder, *this, QPoint(0, TabBar::Height)),
-      indicator_(new RunIndicator(this)),
-      run_(new RunButton(this)),
-      stationHeading_(new QLabel(this)),
-      print_(new QPushButton(this)) {
+      rows_(binder, *this, QPoint(0, TabBar::DesignHeight)),
+      panel_(new Card(QString(), this)),
+      run_(new RunColumn(panel_)),
+      print_(new QPushButton(run_)) {
   AddRows(report);
   BindControls(report, shared, binder);
 }
@@ -57,53 +54,24 @@ void ReportPage::AddRows(forms::ReportControls& report) {
 
 void ReportPage::BindControls(forms::ReportControls& report, forms::SharedControls& shared,
                               Binder& binder) {
-  binder.Bind(shared.Shape12[forms::indicator::Report], *indicator_, ArrayName("Shape12", 3));
-  binder.Bind(report.Command2, *run_, QStringLiteral("Command2"));
-  binder.Bind(report.sevLabel4, *stationHeading_, QStringLiteral("sevLabel4"));
-  for (std::size_t i = 0; i < stations_.size(); ++i) {
-    stations_[i] = new RadioButton(this);
-    binder.Bind(shared.Option3[i + forms::station::Report], *stations_[i],
-                ArrayName("Option3", i + 6), Ampersand::Letter);
-  }
+  BindRun(binder, shared,
+          {report.Command2, "Command2", forms::indicator::Report, forms::station::Report}, *run_);
+  binder.Bind(report.sevLabel4, run_->StationHeading(), QStringLiteral("sevLabel4"));
   binder.Bind(report.Command4, *print_, QStringLiteral("Command4"));
-  setTabOrder(run_, stations_[0]);
-  setTabOrder(stations_[0], stations_[1]);
-  setTabOrder(stations_[1], print_);
+  run_->AddRow(print_);
+  panel_->AddWide(run_);
 }
 
 void ReportPage::resizeEvent(QResizeEvent*) {
-  const double ratio = look::TextRatio(*this);
+  const double ratio = look::Scale();
   rows_.Lay(ratio);
   const QPointF corner = SheetCorner * ratio;
   const double side = (PanelWidth + PanelGap) * ratio;
   sheet_ = QRectF(corner, QSizeF(width() - 2 * corner.x() - side, SheetHeight * ratio));
-  LayControls(ratio);
+  panel_->setGeometry(QRectF(sheet_.right() + PanelGap * ratio, sheet_.top(), PanelWidth * ratio,
+                             panel_->sizeHint().height())
+                          .toRect());
   update();
-}
-
-void ReportPage::LayControls(double ratio) {
-  const QFont font = look::TextFont(static_cast<int>(look::TextSize * ratio));
-  const QFont bold = look::BoldFont(font.pixelSize());
-  const double panelLeft = sheet_.right() + PanelGap * ratio;
-  const double left = panelLeft + Padding * ratio;
-  const double inner = (PanelWidth - 2 * Padding) * ratio;
-  double y = sheet_.top() + Padding * ratio;
-  const auto next = [&](QWidget& widget, double height, double gap) {
-    widget.setGeometry(QRectF(left, y, inner, height * ratio).toRect());
-    y += (height + gap) * ratio;
-  };
-  next(*run_, ButtonHeight, Padding * 1.3);
-  indicator_->CentreOn(*run_);
-  stationHeading_->setFont(bold);
-  next(*stationHeading_, Line, 0);
-  for (RadioButton* station : stations_) {
-    station->setFont(font);
-    next(*station, Line, 0);
-  }
-  y += Padding * 0.6 * ratio;
-  print_->setFont(font);
-  next(*print_, Line, Padding);
-  panel_ = QRectF(panelLeft, sheet_.top(), PanelWidth * ratio, y - sheet_.top());
 }
 
 void ReportPage::paintEvent(QPaintEvent*) {
@@ -111,9 +79,7 @@ void ReportPage::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(look::Edge, 1));
   painter.setBrush(look::Card);
-  for (const QRectF& card : {sheet_, panel_}) {
-    painter.drawRoundedRect(card, look::Corner + 2, look::Corner + 2);
-  }
+  painter.drawRoundedRect(sheet_, look::Corner + 2, look::Corner + 2);
 }
 
 }  // namespace desktop

@@ -1,15 +1,12 @@
 #pragma once
 
-#include <QLabel>
 #include <QPushButton>
 #include <QWidget>
-#include <array>
 
 #include "desktop/binding/binder.h"
 #include "desktop/binding/rich_rows.h"
-#include "desktop/widgets/radio_button.h"
-#include "desktop/widgets/run_button.h"
-#include "desktop/widgets/run_indicator.h"
+#include "desktop/widgets/card.h"
+#include "desktop/widgets/run_column.h"
 #include "forms/report_controls.h"
 #include "forms/shared_controls.h"
 
@@ -30,16 +27,12 @@ class ReportPage : public QWidget {
  private:
   void AddRows(forms::ReportControls& report);
   void BindControls(forms::ReportControls& report, forms::SharedControls& shared, Binder& binder);
-  void LayControls(double ratio);
 
   RichRows rows_;
-  RunIndicator* indicator_;
-  RunButton* run_;
-  QLabel* stationHeading_;
-  std::array<RadioButton*, 2> stations_{};
+  Card* panel_;
+  RunColumn* run_;
   QPushButton* print_;
   QRectF sheet_;
-  QRectF panel_;
 };
 
 }  // namespace desktop

@@ -17,8 +17,8 @@ namespace setup = forms::setup_field;
 
 namespace {
 
+// In pixels of the smallest window.
 constexpr int Margin = 16;
-constexpr int LargestWidth = 1320;
 constexpr int ShortField = 96;
 constexpr std::size_t NamesInGroup = 4;
 constexpr const char* StationHint = "station ID, e.g. VORNIK-SIM-%1";
@@ -42,12 +42,10 @@ SetupPage::SetupPage(forms::SetupControls& setup, Binder& binder, QWidget* paren
     column->addStretch(1);
     columns->addLayout(column, 1);
   }
-  sheet_->setMaximumWidth(LargestWidth);
   auto* scroll = new QScrollArea(this);
   scroll->setFrameShape(QFrame::NoFrame);
   scroll->setWidgetResizable(true);
   scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  scroll->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
   scroll->setFocusPolicy(Qt::NoFocus);
   scroll->setWidget(sheet_);
   auto* all = new QVBoxLayout(this);

@@ -1,55 +1,48 @@
 #include "desktop/pages/values_page.h"
 
-#include <QPainter>
-#include <algorithm>
-
+#include "desktop/binding/run_binding.h"
 #include "desktop/look/look.h"
+#include "desktop/look/places.h"
+#include "desktop/look/scale.h"
 #include "desktop/look/twips.h"
-#include "desktop/widgets/tab_bar.h"
+#include "desktop/widgets/logo_view.h"
 
 namespace desktop {
 
 namespace {
 
 // In pixels of the smallest window.
-constexpr double DcSize = 11;
-constexpr double CaptionGap = 5;
-constexpr double PanelLeft = 752;
-constexpr double PanelWidth = 226;
-constexpr double PanelPadding = 22;
-constexpr double ButtonHeight = 78;
-constexpr double LineHeight = 32;
-
-QRect Rounded(double left, double top, double width, double height) {
-  return QRectF(left, top, width, height).toRect();
-}
-
-/// The place of a control on the page, which begins below the row of tabs.
-QRect Place(const platform::Control& control) {
-  return {twips::Pixels(control.Left), twips::Pixels(control.Top) - TabBar::Height,
-          twips::Pixels(control.Width), twips::Pixels(control.Height)};
-}
-
-QFont Scaled(double pixels, double ratioX, double ratioY) {
-  return look::TextFont(static_cast<int>(pixels * look::TextRatio(ratioX, ratioY)));
-}
+constexpr int DcSize = 11;
+constexpr int CaptionGap = 5;
+constexpr int PanelLeft = 752;
+constexpr int PanelRight = 978;
+constexpr int PanelGap = 12;
+constexpr int QualityHeight = 16;
 
 }  // namespace
 
-ValuesPage::ValuesPage(forms::ValuesControls& values, forms::SharedControls& shared, Binder& binder,
-                       QWidget* parent)
+ValuesPage::ValuesPage(forms::ValuesControls& values, forms::SharedControls& shared,
+                       forms::WindowControls& form, Binder& binder, QWidget* parent)
     : QWidget(parent),
       values_(values),
       shared_(shared),
-      indicator_(new RunIndicator(this)),
-      run_(new RunButton(this)),
-      stationHeading_(new QLabel(this)),
-      realTime_(new QCheckBox(this)),
+      panel_(new Card(QString(), this)),
+      run_(new RunColumn(panel_)),
+      realTime_(new QCheckBox(run_)),
       quiet_(new QuietLine(this)) {
   BindReadings(binder);
   BindControls(binder);
   OrderTabs();
-  Follow();
+  form.Window.Layouts.Observe([this] { Lay(); });
+  values_.LiveReading.Observe([this] { ShowLife(); });
+}
+
+void ValuesPage::ShowLife() {
+  using Life = ReadingField::Life;
+  const std::optional<std::size_t>& live = values_.LiveReading;
+  for (std::size_t i = 0; i < Channels; ++i) {
+    readings_[i]->SetLife(!live ? Life::Usual : *live == i ? Life::Live : Life::Resting);
+  }
 }
 
 void ValuesPage::BindReadings(Binder& binder) {
@@ -60,6 +53,7 @@ void ValuesPage::BindReadings(Binder& binder) {
     captions_[i]->setWordWrap(true);
     captions_[i]->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
     dcValues_[i] = new QLabel(readings_[i]);
+    dcValues_[i]->setFont(look::TextFont(DcSize));
     dcValues_[i]->setAttribute(Qt::WA_TransparentForMouseEvents);
     look::SetTextColour(*dcValues_[i], look::QuietText);
     binder.Bind(values_.Label5[i], *readings_[i], ArrayName("Label5", i));
@@ -73,13 +67,12 @@ void ValuesPage::BindReadings(Binder& binder) {
 }
 
 void ValuesPage::BindControls(Binder& binder) {
-  binder.Bind(shared_.Shape12[forms::indicator::Values], *indicator_, ArrayName("Shape12", 0));
-  binder.Bind(values_.CWButton4, *run_, QStringLiteral("CWButton4"));
-  binder.Bind(values_.Label16, *stationHeading_, QStringLiteral("Label16"));
-  for (std::size_t i = 0; i < stations_.size(); ++i) {
-    stations_[i] = new RadioButton(this);
-    binder.Bind(shared_.Option3[i], *stations_[i], ArrayName("Option3", i), Ampersand::Letter);
-  }
+  BindRun(binder, shared_,
+          {values_.CWButton4, "CWButton4", forms::indicator::Values, forms::station::Values},
+          *run_);
+  run_->AddRow(realTime_);
+  panel_->AddWide(run_);
+  binder.Bind(values_.Label16, run_->StationHeading(), QStringLiteral("Label16"));
   binder.Bind(values_.Check5, *realTime_, QStringLiteral("Check5"));
   binder.Bind(shared_.QuietLine[forms::quiet_line::Values], *quiet_,
               ArrayName("QuietLine", forms::quiet_line::Values));
@@ -87,24 +80,11 @@ void ValuesPage::BindControls(Binder& binder) {
 
 void ValuesPage::OrderTabs() {
   // What is used most comes first; the readings follow in the order of the channels.
-  QWidget* last = run_;
-  for (QWidget* next : {static_cast<QWidget*>(stations_[0]), static_cast<QWidget*>(stations_[1]),
-                        static_cast<QWidget*>(realTime_)}) {
-    setTabOrder(last, next);
-    last = next;
-  }
+  setTabOrder(&run_->Station(1), realTime_);
+  QWidget* last = realTime_;
   for (ReadingField* reading : readings_) {
     setTabOrder(last, reading);
     last = reading;
-  }
-}
-
-void ValuesPage::Follow() {
-  const auto lay = [this] { Lay(); };
-  for (std::size_t i = 0; i < Channels; ++i) {
-    // The font's size is the last that the layout rules give to a reading.
-    values_.Label5[i].FontSize.Observe(lay);
-    values_.Label12[i + Channels].Top.Observe(lay);
   }
 }
 
@@ -113,71 +93,32 @@ void ValuesPage::resizeEvent(QResizeEvent*) {
 }
 
 void ValuesPage::Lay() {
-  const double ratioX = window()->width() / look::DesignWidth;
-  const double ratioY = window()->height() / look::DesignHeight;
-  for (std::size_t i = 0; i < Channels; ++i) LayReading(i, ratioX, ratioY);
-  LayControls(ratioX, ratioY);
-  update();
+  for (std::size_t i = 0; i < Channels; ++i) LayReading(i);
+  const double ratio = window()->width() / look::DesignWidth;
+  const int left = static_cast<int>(PanelLeft * ratio);
+  const int width = static_cast<int>(PanelRight * ratio) - left;
+  panel_->setGeometry(left, readings_[0]->y(), width, panel_->sizeHint().height());
+  const int below = panel_->geometry().bottom() + look::Scaled(PanelGap);
+  const QRect logo = LogoView::PlaceOf(shared_.Picture1[forms::logo::Values], *this);
+  quiet_->setGeometry(left, below, width, logo.top() - below);
 }
 
-void ValuesPage::LayReading(std::size_t channel, double ratioX, double ratioY) {
-  const platform::Label& title = values_.Label6[channel];
+void ValuesPage::LayReading(std::size_t channel) {
   const platform::Label& value = values_.Label5[channel];
-  const QRect field = Place(value);
-  captions_[channel]->setFont(Scaled(look::TextSize, ratioX, ratioY));
+  const QRect field = PlaceOnPage(value, *this);
   captions_[channel]->setGeometry(
-      Place(title).adjusted(0, 0, 0, -static_cast<int>(CaptionGap * ratioY)));
+      PlaceOnPage(values_.Label6[channel], *this).adjusted(0, 0, 0, -look::Scaled(CaptionGap)));
   readings_[channel]->setGeometry(field);
   readings_[channel]->SetDigitSize(twips::PointPixels(static_cast<double>(value.FontSize)));
-  const platform::Label& dc = values_.Label12[channel + Channels];
-  const int inset = twips::Pixels(dc.Left - value.Left);
-  dcValues_[channel]->setFont(look::TextFont(static_cast<int>(DcSize * ratioY)));
-  dcValues_[channel]->setGeometry(Rounded(inset, twips::Pixels(dc.Top - value.Top),
-                                          field.width() - 2 * inset, DcSize * 1.3 * ratioY));
+  const QRect dc = PlaceOnPage(values_.Label12[channel + forms::small_label::FirstDc], *this);
+  const QPoint inset = dc.topLeft() - field.topLeft();
+  QLabel& label = *dcValues_[channel];
+  label.setGeometry(
+      QRect(inset, QSize(field.width() - 2 * inset.x(), label.fontMetrics().height())));
   if (channel % Rows == Rows - 1) {
-    qualities_[channel / Rows]->setGeometry(Rounded(field.left(),
-                                                    field.bottom() + CaptionGap * ratioY,
-                                                    field.width(), LineHeight * ratioY / 2));
+    qualities_[channel / Rows]->setGeometry(field.left(), field.bottom() + look::Scaled(CaptionGap),
+                                            field.width(), look::Scaled(QualityHeight));
   }
-}
-
-void ValuesPage::LayControls(double ratioX, double ratioY) {
-  const double textRatio = look::TextRatio(ratioX, ratioY);
-  const double top = Place(values_.Label5[0]).top();
-  const double left = PanelLeft * ratioX;
-  const double width = PanelWidth * ratioX;
-  const double padding = PanelPadding * textRatio;
-  const double inner = width - 2 * padding;
-  const double line = LineHeight * textRatio;
-  double y = top + padding;
-  run_->setGeometry(Rounded(left + padding, y, inner, ButtonHeight * textRatio));
-  indicator_->CentreOn(*run_);
-  y += ButtonHeight * textRatio + padding * 1.3;
-  QFont heading = Scaled(look::TextSize, ratioX, ratioY);
-  heading.setBold(true);
-  stationHeading_->setFont(heading);
-  stationHeading_->setGeometry(Rounded(left + padding, y, inner, line));
-  for (RadioButton* station : stations_) {
-    y += line;
-    station->setFont(Scaled(look::TextSize, ratioX, ratioY));
-    station->setGeometry(Rounded(left + padding, y, inner, line));
-  }
-  y += line + padding * 0.8;
-  realTime_->setFont(Scaled(look::TextSize, ratioX, ratioY));
-  realTime_->setGeometry(Rounded(left + padding, y, inner, line));
-  panel_ = QRectF(left, top, width, y + line + padding * 0.8 - top);
-  quiet_->setFont(Scaled(look::TextSize, ratioX, ratioY));
-  const double below = panel_.bottom() + padding / 2;
-  quiet_->setGeometry(
-      Rounded(left + padding, below, inner, Place(shared_.Picture1[4]).top() - below));
-}
-
-void ValuesPage::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(look::Edge, 1));
-  painter.setBrush(look::Card);
-  painter.drawRoundedRect(panel_, look::Corner + 2, look::Corner + 2);
 }
 
 }  // namespace desktop

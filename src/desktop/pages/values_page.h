@@ -6,13 +6,13 @@
 #include <array>
 
 #include "desktop/binding/binder.h"
+#include "desktop/widgets/card.h"
 #include "desktop/widgets/quiet_line.h"
-#include "desktop/widgets/radio_button.h"
 #include "desktop/widgets/reading_field.h"
-#include "desktop/widgets/run_button.h"
-#include "desktop/widgets/run_indicator.h"
+#include "desktop/widgets/run_column.h"
 #include "forms/shared_controls.h"
 #include "forms/values_controls.h"
+#include "forms/window_controls.h"
 
 namespace desktop {
 
@@ -22,12 +22,11 @@ class ValuesPage : public QWidget {
   Q_OBJECT
 
  public:
-  ValuesPage(forms::ValuesControls& values, forms::SharedControls& shared, Binder& binder,
-             QWidget* parent);
+  ValuesPage(forms::ValuesControls& values, forms::SharedControls& shared,
+             forms::WindowControls& form, Binder& binder, QWidget* parent);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
-  void paintEvent(QPaintEvent* event) override;
 
  private:
   static constexpr std::size_t Channels = 8;
@@ -36,10 +35,9 @@ class ValuesPage : public QWidget {
   void BindReadings(Binder& binder);
   void BindControls(Binder& binder);
   void OrderTabs();
-  void Follow();
+  void ShowLife();
   void Lay();
-  void LayReading(std::size_t channel, double ratioX, double ratioY);
-  void LayControls(double ratioX, double ratioY);
+  void LayReading(std::size_t channel);
 
   forms::ValuesControls& values_;
   forms::SharedControls& shared_;
@@ -48,13 +46,10 @@ class ValuesPage : public QWidget {
   std::array<QLabel*, Channels> dcValues_{};
   /// Marks for the quality of the measured neutrals.
   std::array<QLabel*, 2> qualities_{};
-  RunIndicator* indicator_;
-  RunButton* run_;
-  QLabel* stationHeading_;
-  std::array<RadioButton*, 2> stations_{};
+  Card* panel_;
+  RunColumn* run_;
   QCheckBox* realTime_;
   QuietLine* quiet_;
-  QRectF panel_;
 };
 
 }  // namespace desktop

@@ -16,7 +16,23 @@ constexpr int CaptionWidth = 196;
 
 }  // namespace
 
-Card::Card(const QString& heading, QWidget* parent) : QFrame(parent), grid_(new QGridLayout) {
+Ground::Ground(QWidget* parent) : QFrame(parent), colour_(look::Card) {}
+
+void Ground::SetColour(const QColor& colour) {
+  colour_ = colour;
+  update();
+}
+
+void Ground::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(look::Edge, 1));
+  painter.setBrush(colour_);
+  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), look::Corner + 2,
+                          look::Corner + 2);
+}
+
+Card::Card(const QString& heading, QWidget* parent) : Ground(parent), grid_(new QGridLayout) {
   auto* title = new QLabel(heading, this);
   title->setFont(look::BoldFont(look::HeadingSize));
   title->setVisible(!heading.isEmpty());
@@ -41,15 +57,6 @@ void Card::AddRow(QLabel* caption, QWidget* field, QWidget* behind) {
 
 void Card::AddWide(QWidget* content) {
   grid_->addWidget(content, grid_->rowCount(), 0, 1, 3);
-}
-
-void Card::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(look::Edge, 1));
-  painter.setBrush(look::Card);
-  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), look::Corner + 2,
-                          look::Corner + 2);
 }
 
 }  // namespace desktop

@@ -7,8 +7,23 @@
 
 namespace desktop {
 
+/// A rounded ground with an edge, for what belongs together.
+class Ground : public QFrame {
+  Q_OBJECT
+
+ public:
+  explicit Ground(QWidget* parent);
+  void SetColour(const QColor& colour);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QColor colour_;
+};
+
 /// A group of fields on a rounded ground: a heading, and rows of a caption and its field.
-class Card : public QFrame {
+class Card : public Ground {
   Q_OBJECT
 
  public:
@@ -20,9 +35,6 @@ class Card : public QFrame {
   /// A row over the whole width.
   void AddWide(QWidget* content);
   QGridLayout& Grid() { return *grid_; }
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
 
  private:
   QGridLayout* grid_;

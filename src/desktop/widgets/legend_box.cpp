@@ -1,25 +1,23 @@
 #include "desktop/widgets/legend_box.h"
 
-#include <QFontMetricsF>
 #include <QPainter>
-#include <QPainterPath>
 #include <QStyleOptionButton>
 #include <QStylePainter>
+#include <optional>
 
+#include "desktop/look/casing.h"
 #include "desktop/look/look.h"
+#include "desktop/look/scale.h"
 #include "desktop/look/text.h"
 
 namespace desktop {
 
 namespace {
 
-constexpr double EdgeWidth = 2.6;
-/// Colours lighter than this get a dark edge.
-constexpr double LightColour = 0.6;
-
-double Lightness(const QColor& colour) {
-  return 0.2126 * colour.redF() + 0.7152 * colour.greenF() + 0.0722 * colour.blueF();
-}
+// In pixels of the smallest window.
+constexpr int SwatchWidth = 22;
+constexpr int SwatchHeight = 4;
+constexpr int SwatchGap = 8;
 
 }  // namespace
 
@@ -29,24 +27,22 @@ void LegendBox::paintEvent(QPaintEvent*) {
   QStylePainter painter(this);
   QStyleOptionButton box;
   initStyleOption(&box);
-  const QString words =
-      fontMetrics().elidedText(PlainCaption(FromQt(box.text)), Qt::ElideRight,
-                               style()->subElementRect(QStyle::SE_CheckBoxContents, &box).width());
   box.text.clear();
   painter.drawControl(QStyle::CE_CheckBox, box);
 
   const QRect room = style()->subElementRect(QStyle::SE_CheckBoxContents, &box, this);
-  const QFontMetricsF metrics(font());
-  QPainterPath outline;
-  outline.addText(room.left(), room.center().y() + (metrics.ascent() - metrics.descent()) / 2 + 0.5,
-                  font(), words);
-  painter.setRenderHint(QPainter::Antialiasing);
   const QColor colour = palette().color(QPalette::WindowText);
-  if (Lightness(colour) > LightColour) {
-    painter.strokePath(outline,
-                       QPen(look::Ink, EdgeWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  }
-  painter.fillPath(outline, colour);
+  const int thick = look::Scaled(SwatchHeight);
+  const QRect swatch(room.left(), room.center().y() - thick / 2, look::Scaled(SwatchWidth), thick);
+  const std::optional<QColor> casing = look::CasingOf(colour, look::Card);
+  if (casing) painter.fillRect(swatch.adjusted(-1, -1, 1, 1), *casing);
+  painter.fillRect(swatch, colour);
+
+  const QRect words = room.adjusted(swatch.width() + look::Scaled(SwatchGap), 0, 0, 0);
+  painter.setPen(look::Ink);
+  painter.drawText(
+      words, Qt::AlignVCenter | Qt::AlignLeft,
+      fontMetrics().elidedText(PlainCaption(FromQt(text())), Qt::ElideRight, words.width()));
 }
 
 }  // namespace desktop

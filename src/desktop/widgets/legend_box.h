@@ -4,8 +4,8 @@
 
 namespace desktop {
 
-/// A check box that is the legend of its curve: its text stands in the curve's colour, on a dark
-/// edge where the colour is too light to be read on white.
+/// A check box that is the legend of its curve: a swatch of the curve, as the graph draws it, and
+/// its name in the colour of all texts. The control's text colour is the curve's.
 class LegendBox : public QCheckBox {
   Q_OBJECT
 

@@ -5,6 +5,7 @@
 #include <QSvgRenderer>
 #include <algorithm>
 
+#include "desktop/look/places.h"
 #include "desktop/look/twips.h"
 
 namespace desktop {
@@ -20,25 +21,37 @@ QSvgRenderer& Logo() {
 
 }  // namespace
 
-LogoView::LogoView(platform::PictureBox& control, int width, QPoint origin, QWidget* parent)
-    : QWidget(parent), control_(control), origin_(origin) {
-  const QSize natural = Logo().defaultSize();
-  const int height = natural.isEmpty() ? width / 5 : width * natural.height() / natural.width();
-  resize(width, height);
-  control_.Width = twips::Of(width);
-  control_.Height = twips::Of(height);
+LogoView::LogoView(platform::PictureBox& control, int width, From from, QWidget* parent)
+    : QWidget(parent), control_(control), width_(width), from_(from) {
   setAttribute(Qt::WA_TransparentForMouseEvents);
   setAccessibleName(QStringLiteral("Vornik"));
+  TakeScale();
   control_.Left.Observe([this] { Place(); });
   control_.Top.Observe([this] { Place(); });
   parent->installEventFilter(this);
 }
 
+void LogoView::TakeScale() {
+  const QSize natural = Logo().defaultSize();
+  const int width = look::Scaled(width_);
+  const int height = natural.isEmpty() ? width / 5 : width * natural.height() / natural.width();
+  resize(width, height);
+  control_.Width = twips::Of(width);
+  control_.Height = twips::Of(height);
+}
+
+QRect LogoView::PlaceOf(const platform::PictureBox& control, const QWidget& page) {
+  QRect place = PlaceOnPage(control, page);
+  place.moveTop(std::min(place.top(), page.height() - place.height() - Clearance));
+  return place;
+}
+
 void LogoView::Place() {
-  const QPoint place = QPoint(twips::Pixels(control_.Left), twips::Pixels(control_.Top)) - origin_;
-  const int lowest = parentWidget()->height() - height() - Clearance;
-  raised_ = std::max(0, place.y() - lowest);
-  move(place.x(), place.y() - raised_);
+  const QPoint rule(twips::Pixels(control_.Left), twips::Pixels(control_.Top));
+  const QPoint place = from_ == From::Parent ? rule : PlaceOf(control_, *parentWidget()).topLeft();
+  const int ruled = from_ == From::Parent ? rule.y() : PlaceOnPage(control_, *parentWidget()).y();
+  raised_ = ruled - place.y();
+  move(place);
 }
 
 bool LogoView::eventFilter(QObject* watched, QEvent* event) {

@@ -3,7 +3,9 @@
 #include <QFontMetricsF>
 #include <QStringList>
 #include <algorithm>
+#include <optional>
 
+#include "desktop/look/casing.h"
 #include "desktop/look/look.h"
 
 namespace desktop {
@@ -11,16 +13,14 @@ namespace desktop {
 namespace {
 
 /// Height of the texts as a share of the picture's side, and its bounds in pixels.
-constexpr double TextShare = 0.028;
-constexpr double SmallestText = 12;
+constexpr double TextShare = 0.026;
+constexpr double SmallestText = 11;
 constexpr double LargestText = 22;
 /// Room for texts beside and below the picture, in heights of a text.
-constexpr int RightRoom = 6;
+constexpr int RightRoom = 4;
 constexpr int LowerRoom = 2;
-/// How far a text starts to the right of its place, so that an arrow head there does not touch it.
-constexpr double TextInset = 0.4;
-/// Width of the light edge that keeps a text readable on top of lines.
-constexpr double Halo = 3.5;
+/// Width of what lies below a thin line of a colour that would vanish.
+constexpr double ThinEdge = 1.2;
 
 int TextSize(int side) {
   return static_cast<int>(std::clamp(side * TextShare, SmallestText, LargestText));
@@ -28,7 +28,11 @@ int TextSize(int side) {
 
 }  // namespace
 
-PicturePad::PicturePad(QWidget* parent) : QWidget(parent) {}
+PicturePad::PicturePad(QWidget* parent)
+    : QWidget(parent), ground_(palette().color(QPalette::Window)) {
+  // Its margin lies under what stands beside it.
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+}
 
 int PicturePad::RightMargin(int side) {
   return RightRoom * TextSize(side);
@@ -75,10 +79,19 @@ void PicturePad::Circle(platform::Point centre, float radius, platform::Rgb colo
 }
 
 void PicturePad::Print(const std::string& text) {
-  calls_.push_back(Text{position_, QString::fromStdString(text), look::ColourOf(fore_)});
+  const auto* last = calls_.empty() ? nullptr : std::get_if<Stroke>(&calls_.back());
+  // The last barb of an arrow's head starts at its tip, where its name is printed.
+  const bool namesArrow = last != nullptr && IsArrow(*last) && last->From == position_;
+  calls_.push_back(
+      Text{position_, QString::fromStdString(text), look::ColourOf(fore_), namesArrow});
   const double unitsPerPixel = static_cast<double>(bottomRight_.Y - topLeft_.Y) / side_;
   position_ = {topLeft_.X, position_.Y + static_cast<float>(QFontMetricsF(TextFont()).height() *
                                                             unitsPerPixel)};
+  update();
+}
+
+void PicturePad::SetGround(const QColor& ground) {
+  ground_ = ground;
   update();
 }
 
@@ -107,54 +120,67 @@ QFont PicturePad::TextFont() const {
 void PicturePad::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  // Background, then what keeps the texts clear of it, then the vectors with their heads, and the
-  // texts on top: a text stands at the tip of its vector and must neither hide nor be hidden.
-  const auto strokes = [&](bool wide) {
-    for (const auto& call : calls_) {
-      const auto* stroke = std::get_if<Stroke>(&call);
-      if (stroke != nullptr && (stroke->Pen.width() > 1) == wide) Paint(painter, *stroke);
-      const auto* ring = std::get_if<Ring>(&call);
-      if (ring != nullptr && !wide) Paint(painter, *ring);
+  const std::vector<PlacedText> texts = PlaceTexts();
+  painter.setClipRect(QRectF(0, 0, side_, side_));
+  for (const auto& call : calls_) {
+    if (const auto* ring = std::get_if<Ring>(&call)) Paint(painter, *ring);
+    const auto* stroke = std::get_if<Stroke>(&call);
+    if (stroke == nullptr || IsArrow(*stroke)) continue;
+    if (look::CasingOf(stroke->Pen.color(), ground_)) {
+      painter.setPen(QPen(look::StrongEdge, ThinEdge));
+      painter.drawLine(At(stroke->From), At(stroke->To));
     }
+    Paint(painter, *stroke);
+  }
+  painter.setClipping(false);
+  for (const PlacedText& text : texts) painter.fillRect(text.Box, ground_);
+  painter.setClipRect(QRectF(0, 0, side_, side_));
+  PaintArrows(painter);
+  painter.setClipping(false);
+  painter.setFont(TextFont());
+  for (const PlacedText& text : texts) {
+    painter.setPen(text.Source->Colour);
+    painter.drawText(text.Box, Qt::AlignCenter | Qt::TextDontClip, text.Source->Words);
+  }
+}
+
+void PicturePad::PaintArrows(QPainter& painter) const {
+  // An arrow is drawn in several strokes; the edge of one must not lie on another of them.
+  std::vector<const Stroke*> arrow;
+  const auto paint = [&] {
+    for (const Stroke* stroke : arrow) PaintEdge(painter, *stroke, 2 * look::CasingWidth);
+    for (const Stroke* stroke : arrow) Paint(painter, *stroke);
+    arrow.clear();
   };
-  const auto texts = [&](const auto& paint) {
-    painter.setClipping(false);
-    for (const auto& call : calls_) {
-      if (const auto* text = std::get_if<Text>(&call)) paint(*text, Outline(*text));
-    }
-  };
-  const QPen halo(palette().color(QPalette::Window), Halo, Qt::SolidLine, Qt::RoundCap,
-                  Qt::RoundJoin);
-  strokes(false);
-  texts([&](const Text&, const QPainterPath& outline) { painter.strokePath(outline, halo); });
-  strokes(true);
-  texts([&](const Text& text, const QPainterPath& outline) {
-    painter.fillPath(outline, text.Colour);
-  });
+  for (const auto& call : calls_) {
+    const auto* stroke = std::get_if<Stroke>(&call);
+    if (stroke == nullptr || !IsArrow(*stroke)) continue;
+    if (!arrow.empty() && arrow.front()->Pen.color() != stroke->Pen.color()) paint();
+    arrow.push_back(stroke);
+  }
+  paint();
+}
+
+void PicturePad::PaintEdge(QPainter& painter, const Stroke& stroke, double width) const {
+  const std::optional<QColor> casing = look::CasingOf(stroke.Pen.color(), ground_);
+  if (!casing) return;
+  QPen edge(*casing, stroke.Pen.widthF() + width);
+  edge.setCapStyle(stroke.Pen.capStyle());
+  painter.setPen(edge);
+  painter.drawLine(At(stroke.From), At(stroke.To));
 }
 
 void PicturePad::Paint(QPainter& painter, const Stroke& stroke) const {
-  painter.setClipRect(QRectF(0, 0, side_, side_));
   painter.setPen(stroke.Pen);
   painter.drawLine(At(stroke.From), At(stroke.To));
 }
 
 void PicturePad::Paint(QPainter& painter, const Ring& ring) const {
-  painter.setClipRect(QRectF(0, 0, side_, side_));
   painter.setPen(ring.Pen);
   painter.setBrush(Qt::NoBrush);
   const double radius =
       static_cast<double>(ring.Radius) * side_ / static_cast<double>(bottomRight_.X - topLeft_.X);
   painter.drawEllipse(At(ring.Centre), radius, radius);
-}
-
-QPainterPath PicturePad::Outline(const Text& text) const {
-  const QFont textFont = TextFont();
-  const QPointF corner = At(text.Place);
-  QPainterPath outline;
-  outline.addText(corner.x() + textFont.pixelSize() * TextInset,
-                  corner.y() + QFontMetricsF(textFont).ascent(), textFont, text.Words);
-  return outline;
 }
 
 }  // namespace desktop

@@ -2,7 +2,7 @@
 
 #include <QColor>
 #include <QPainter>
-#include <QPainterPath>
+#include <QRectF>
 #include <QString>
 #include <QWidget>
 #include <variant>
@@ -39,6 +39,9 @@ class PicturePad : public QWidget, public platform::Canvas {
   void Circle(platform::Point centre, float radius, platform::Rgb colour) override;
   void Print(const std::string& text) override;
 
+  /// What the picture lies on; texts are cleared of lines with it.
+  void SetGround(const QColor& ground);
+
   /// The texts that the picture shows, in the order of their drawing.
   QString Texts() const;
   /// Side of the picture in pixels, without the room for texts.
@@ -62,15 +65,32 @@ class PicturePad : public QWidget, public platform::Canvas {
     platform::Point Place;
     QString Words;
     QColor Colour;
+    /// The text names an arrow that ends at its place.
+    bool NamesArrow = false;
+  };
+  struct PlacedText {
+    const Text* Source;
+    QRectF Box;
   };
 
   QPen PenOf(platform::Rgb colour) const;
   QPointF At(platform::Point point) const;
   QFont TextFont() const;
+  static bool IsArrow(const Stroke& stroke) { return stroke.Pen.width() > 1; }
+  void PaintArrows(QPainter& painter) const;
+  /// Where the colour of a stroke would vanish.
+  void PaintEdge(QPainter& painter, const Stroke& stroke, double width) const;
   void Paint(QPainter& painter, const Stroke& stroke) const;
   void Paint(QPainter& painter, const Ring& ring) const;
-  QPainterPath Outline(const Text& text) const;
+  /// Where each text stands: at its place, but clear of the outer circle below it, of arrows and of
+  /// other texts.
+  std::vector<PlacedText> PlaceTexts() const;
+  QRectF BoxOf(const Text& text) const;
+  QRectF BelowOuterRing(const Text& text, QRectF box) const;
+  QRectF ClearOfArrows(const Text& text, const std::vector<PlacedText>& placed) const;
+  bool IsFree(const QRectF& box, const std::vector<PlacedText>& placed) const;
 
+  QColor ground_;
   int side_ = 1;
   platform::Point topLeft_{0, 0};
   platform::Point bottomRight_{1, 1};

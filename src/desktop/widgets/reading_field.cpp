@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "desktop/look/look.h"
+#include "desktop/look/scale.h"
 #include "desktop/widgets/activation_key.h"
 #include "desktop/widgets/reading_accessible.h"
 
@@ -16,6 +17,7 @@ namespace desktop {
 
 namespace {
 
+/// In pixels of the smallest window.
 constexpr double BarWidth = 4;
 /// Blank between the digits and the field's edges, as a part of the field's height.
 constexpr double SidePart = 0.2;
@@ -45,6 +47,11 @@ void ReadingField::SetDigitSize(double pixels) {
   update();
 }
 
+void ReadingField::SetLife(Life life) {
+  life_ = life;
+  update();
+}
+
 double ReadingField::TextWidth() const {
   return width() - 2 * SidePart * height();
 }
@@ -66,8 +73,10 @@ void ReadingField::paintEvent(QPaintEvent*) {
   QLinearGradient glass(face.topLeft(), face.bottomLeft());
   glass.setColorAt(0, look::Card);
   glass.setColorAt(1, look::Field);
-  const bool strong = hasFocus();
-  painter.setPen(QPen(strong         ? look::Accent
+  const bool live = life_ == Life::Live;
+  const bool strong = hasFocus() || live;
+  painter.setPen(QPen(hasFocus()     ? look::Accent
+                      : live         ? look::RunGreen
                       : underMouse() ? look::StrongEdge
                                      : look::Edge,
                       strong ? 2 : 1.2));
@@ -75,14 +84,15 @@ void ReadingField::paintEvent(QPaintEvent*) {
   painter.drawRoundedRect(face, look::Corner, look::Corner);
 
   painter.setPen(Qt::NoPen);
-  painter.setBrush(mark_);
+  painter.setBrush(live ? look::RunGreen : life_ == Life::Resting ? look::Edge : mark_);
   const double inset = look::Corner + 3;
-  painter.drawRoundedRect(QRectF(face.left() + 4, face.top() + inset + face.height() * 0.22,
-                                 BarWidth, face.height() * 0.78 - 2 * inset + 2),
-                          BarWidth / 2, BarWidth / 2);
+  const double bar = BarWidth * look::Scale();
+  painter.drawRoundedRect(QRectF(face.left() + 4, face.top() + inset + face.height() * 0.22, bar,
+                                 face.height() * 0.78 - 2 * inset + 2),
+                          bar / 2, bar / 2);
 
   painter.setFont(FittingFont());
-  painter.setPen(look::Digits);
+  painter.setPen(life_ == Life::Resting ? look::DisabledText : look::Digits);
   // Digits have no descent, so they stand on the baseline near the bottom and leave the top free.
   const double baseline = height() * (1 - BottomPart);
   const double left =

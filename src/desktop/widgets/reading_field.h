@@ -22,6 +22,10 @@ class ReadingField : public QWidget {
   void SetText(const QString& text);
   /// The height of the digits' font before it is made to fit, in pixels.
   void SetDigitSize(double pixels);
+  /// Whether the reading is measured: one that rests while another is live steps back.
+  enum class Life { Usual, Live, Resting };
+  void SetLife(Life life);
+  Life State() const { return life_; }
   /// The font that the present reading is drawn in.
   QFont FittingFont() const;
 
@@ -37,6 +41,7 @@ class ReadingField : public QWidget {
   QColor mark_;
   QString text_;
   double digitSize_ = 48;
+  Life life_ = Life::Usual;
 };
 
 }  // namespace desktop

@@ -10,8 +10,8 @@ namespace desktop {
 
 namespace {
 
-constexpr int Width = 170;
-constexpr int Height = 76;
+/// One size on all views, in pixels of the smallest window.
+constexpr QSize Size(168, 64);
 /// Word, sign and the gap between them as parts of the button's height.
 constexpr double WordPart = 0.32;
 constexpr double SignPart = 0.34;
@@ -23,6 +23,7 @@ RunButton::RunButton(QWidget* parent) : QAbstractButton(parent) {
   setCursor(Qt::PointingHandCursor);
   setAttribute(Qt::WA_Hover);
   setFocusPolicy(Qt::StrongFocus);
+  setFixedSize(Size);
 }
 
 void RunButton::SetColour(const QColor& colour) {
@@ -44,10 +45,6 @@ void RunButton::SetPosition(bool on) {
 void RunButton::ShowFace() {
   setText(on_ ? onFace_ : offFace_);
   update();
-}
-
-QSize RunButton::sizeHint() const {
-  return {Width, Height};
 }
 
 QFont RunButton::WordFont(double room) const {

@@ -19,8 +19,6 @@ class RunButton : public QAbstractButton {
   void SetPosition(bool on);
   bool Position() const { return on_; }
 
-  QSize sizeHint() const override;
-
  protected:
   void paintEvent(QPaintEvent* event) override;
 

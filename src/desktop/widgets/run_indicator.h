@@ -10,14 +10,15 @@ class RunIndicator : public QWidget {
   Q_OBJECT
 
  public:
-  /// How far the ring reaches out beyond its button.
+  /// How far the ring reaches out beyond its button, in pixels of the smallest window.
   static constexpr int Reach = 9;
 
-  explicit RunIndicator(QWidget* parent);
-  void CentreOn(const QWidget& button);
+  /// Stands behind the button and follows it.
+  explicit RunIndicator(QWidget& button);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 };
 
 }  // namespace desktop

@@ -7,15 +7,20 @@
 #include <QSignalBlocker>
 
 #include "desktop/look/look.h"
+#include "desktop/look/scale.h"
 #include "desktop/look/text.h"
 
 namespace desktop {
 
 namespace {
 
+// In pixels of the smallest window.
 constexpr int LeastWidth = 112;
 constexpr int SidePadding = 22;
 constexpr int Top = 7;
+/// The layout rules have views begin 800 twips below the window's top, whatever its size. The
+/// row's words grow with the window, the row itself to there.
+constexpr int LargestHeight = 48;
 constexpr double TabCorner = 7;
 
 /// A tab that stands on the lower edge of its area.
@@ -106,7 +111,8 @@ QSize TabBar::tabSizeHint(int index) const {
   QFont bold = font();
   bold.setBold(true);
   const int text = QFontMetrics(bold).size(Qt::TextShowMnemonic, captions_[index]).width();
-  return {std::max(LeastWidth, text + 2 * SidePadding), Height};
+  return {std::max(look::Scaled(LeastWidth), text + 2 * look::Scaled(SidePadding)),
+          std::min(look::Scaled(DesignHeight), LargestHeight)};
 }
 
 void TabBar::paintEvent(QPaintEvent*) {

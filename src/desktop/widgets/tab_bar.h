@@ -14,8 +14,8 @@ class TabBar : public QTabBar {
   Q_OBJECT
 
  public:
-  /// Pixels of the row; the views begin below it.
-  static constexpr int Height = 44;
+  /// Height of the row in the smallest window, in pixels; the views begin below it.
+  static constexpr int DesignHeight = 44;
 
   explicit TabBar(QWidget* parent);
 

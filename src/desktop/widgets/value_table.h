@@ -16,16 +16,18 @@ class ValueTable : public QTableWidget {
 
   ValueTable(platform::Grid<Rows, Columns>& grid, QWidget* parent);
 
-  /// The columns' widths as the grid tells them, in pixels at a text ratio of 1.
-  int NaturalWidth() const;
   void SetGround(const QColor& ground);
   /// What a screen reader tells of the magnitude in a row: the channel and its unit.
   void DescribeMagnitude(int row, const QString& channel);
-  /// Gives the table its place; texts and columns grow with the ratio.
-  void Lay(const QRect& place, double textRatio);
+  /// Gives the table its corner and the width that there is for it. It takes what its columns need:
+  /// numbers stand near their names, and names are cut rather than numbers.
+  void Lay(QPoint corner, int room);
 
  private:
   void ShowCell(int row, int column);
+  /// The width that the texts of a column need, and `least` beside them.
+  int TextWidth(int column, const QString& least) const;
+  int GridWidth(int column) const;
 
   platform::Grid<Rows, Columns>& grid_;
 };

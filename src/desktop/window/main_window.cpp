@@ -8,6 +8,7 @@
 #include <array>
 
 #include "desktop/look/look.h"
+#include "desktop/look/scale.h"
 #include "desktop/look/text.h"
 #include "desktop/pages/info_page.h"
 #include "desktop/pages/phasor_page.h"
@@ -62,12 +63,21 @@ MainWindow::MainWindow(const Forms& forms, Guard& guard, RepaintQueue& repaints,
     ShowTab();
   });
   frame_ = new WindowFrame(main_.Window, *this, guard_);
+  frame_->Sized = [this](QSize size) { FollowSize(size); };
   frame_->Unloaded = [this] {
     if (Unloaded) Unloaded();
   };
   FollowOtherWindows();
   new TabKeys(*this, *tabs_, *pages_);
   qApp->installEventFilter(this);
+}
+
+void MainWindow::FollowSize(QSize size) {
+  const double scale = look::ScaleFor(size);
+  if (scale == scale_ && scale == look::Scale()) return;
+  scale_ = scale;
+  look::SetScale(scale);
+  look::ScaleTree(*this);
 }
 
 void MainWindow::FollowOtherWindows() {
@@ -94,10 +104,10 @@ void MainWindow::FillTabs() {
 }
 
 void MainWindow::FillPages(PicturePad& picture) {
-  auto* waveforms = new WaveformsPage(main_, main_, binder_, guard_, pages_);
+  auto* waveforms = new WaveformsPage(main_, main_, main_, binder_, guard_, pages_);
   pages_->addWidget(new InfoPage(main_, main_, main_, binder_, pages_));
-  pages_->addWidget(new ValuesPage(main_, main_, binder_, pages_));
-  pages_->addWidget(new PhasorPage(main_, main_, main_, binder_, picture, pages_));
+  pages_->addWidget(new ValuesPage(main_, main_, main_, binder_, pages_));
+  pages_->addWidget(new PhasorPage({main_, main_, main_, main_}, binder_, picture, pages_));
   pages_->addWidget(waveforms);
   pages_->addWidget(new RecorderPage(main_, main_, binder_, guard_, pages_));
   pages_->addWidget(new ReportPage(main_, main_, binder_, pages_));
@@ -113,7 +123,7 @@ void MainWindow::AddLogos(QWidget& waveformsFrame) {
     const bool inFrame = i == 0;
     QWidget* parent = inFrame ? &waveformsFrame : pages_->widget(Tabs[i] - 1);
     auto* logo = new LogoView(main_.Picture1[i], LogoView::UsualWidth,
-                              QPoint(0, inFrame ? 0 : TabBar::Height), parent);
+                              inFrame ? LogoView::From::Parent : LogoView::From::Window, parent);
     binder_.Bind(main_.Picture1[i], *logo, ArrayName("Picture1", i));
   }
 }

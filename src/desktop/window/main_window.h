@@ -44,6 +44,7 @@ class MainWindow : public QWidget {
   void FillTabs();
   void FillPages(PicturePad& picture);
   void AddLogos(QWidget& waveformsFrame);
+  void FollowSize(QSize size);
   void FollowOtherWindows();
   void ShowTab();
   void Select(int tab);
@@ -58,6 +59,8 @@ class MainWindow : public QWidget {
   WindowFrame* frame_ = nullptr;
   HistoryDialog* historyDialog_ = nullptr;
   DebugView* debugView_ = nullptr;
+  /// What the widgets stand in; they are made as the smallest window has them.
+  double scale_ = 1;
 };
 
 }  // namespace desktop

@@ -12,6 +12,8 @@ namespace desktop {
 
 namespace {
 
+/// In pixels of the smallest window.
+constexpr int Height = 28;
 constexpr int Padding = 16;
 /// The panels' shares of the width.
 constexpr std::array<int, 4> Shares = {5, 4, 3, 2};
@@ -19,10 +21,10 @@ constexpr std::array<int, 4> Shares = {5, 4, 3, 2};
 }  // namespace
 
 StatusStrip::StatusStrip(platform::StatusBar& bar, Binder& binder, QWidget* parent)
-    : QWidget(parent) {
+    : QWidget(parent), bar_(bar) {
   setObjectName(QStringLiteral("StatusBar1"));
   setFixedHeight(Height);
-  bar.Height = twips::Of(Height);
+  TakeScale();
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(Padding, 0, Padding, 0);
   row->setSpacing(Padding);
@@ -34,6 +36,10 @@ StatusStrip::StatusStrip(platform::StatusBar& bar, Binder& binder, QWidget* pare
     binder.Bind(bar.Panels[i], *panel, ArrayName("StatusBar1.Panels", i + 1));
     row->addWidget(panel, Shares[i]);
   }
+}
+
+void StatusStrip::TakeScale() {
+  bar_.Height = twips::Of(look::Scaled(Height));
 }
 
 void StatusStrip::paintEvent(QPaintEvent*) {

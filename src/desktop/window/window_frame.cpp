@@ -81,6 +81,7 @@ void WindowFrame::TakeSize() {
   // The layout lets events in, and another size may be among them.
   while (FrameSize() != taken_ && !guard_.Closed()) {
     taken_ = FrameSize();
+    if (Sized) Sized(taken_);
     guard_([this] { window_.TakeSize(twips::Of(taken_.width()), twips::Of(taken_.height())); });
   }
   telling_ = false;

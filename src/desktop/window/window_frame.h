@@ -19,6 +19,8 @@ class WindowFrame : public QObject {
  public:
   WindowFrame(platform::Window& window, QWidget& widget, Guard& guard);
 
+  /// Called with the frame's new size before the layout rules are.
+  std::function<void(QSize)> Sized;
   /// Called once the program has unloaded its window.
   std::function<void()> Unloaded;
 

@@ -23,6 +23,9 @@ class Window {
   Property<bool> Loaded;
   /// The window has a new size.
   Event<> Resize;
+  /// How often the layout rules went through for a size; whoever shows the window lays its views
+  /// then.
+  Property<std::int32_t> Layouts;
   /// The window is asked to close, by the user, by the session or by `Unload`.
   Event<> QueryUnload;
   /// The platform shows the window as a modal one; the event returns when the window was unloaded.

@@ -2,6 +2,7 @@
 #include <QImage>
 #include <algorithm>
 
+#include "desktop/look/look.h"
 #include "waveforms_scene.h"
 
 namespace desktop {
@@ -87,35 +88,46 @@ TEST_F(Waveforms, UntickingRescalesDuringARunToo) {
 TEST_F(Waveforms, AnAmpersandInAChannelsNameIsALetterOfItsLegend) {
   GoWaveforms();
   auto& legend = Find<QAbstractButton>(Member("Check2", 0));
-  constexpr int Box = 20;
-  // How wide the words of the legend stand on the screen, in pixels of their colour.
-  const auto shown = [&](const char* name) {
+  // How far the words of the legend reach, in pixels of their colour.
+  const auto end = [&](const char* name) {
     Form().Text1[4].Text = name;
     const QImage picture = legend.grab().toImage();
-    int first = picture.width();
     int last = 0;
-    for (int x = Box; x < picture.width(); ++x) {
+    for (int x = 0; x < picture.width(); ++x) {
       for (int y = 0; y < picture.height(); ++y) {
-        if (picture.pixelColor(x, y).lightness() > 128) continue;
-        first = std::min(first, x);
-        last = std::max(last, x);
+        if (picture.pixelColor(x, y).lightness() <= 128) last = std::max(last, x);
       }
     }
-    return last - first + 1;
+    return last;
   };
-  const auto wanted = [&](const char* text) {
-    return QFontMetricsF(legend.font()).tightBoundingRect(text).width();
-  };
+  const double ampersand = QFontMetricsF(legend.font()).horizontalAdvance("&");
 
-  const int width = shown("B&V");
-
-  EXPECT_NEAR(width, wanted("B&V"), 2);
-  EXPECT_GT(width, shown("BV") + wanted("&") / 2);
+  EXPECT_NEAR(end("B&V") - end("BV"), ampersand, 2);
   Form().Text1[4].Text = "B&V";
   EXPECT_TRUE(legend.shortcut().isEmpty()) << legend.shortcut().toString().toStdString();
   QTest::keyClick(&program_->Window(), Qt::Key_V, Qt::AltModifier);
   EXPECT_TRUE(legend.isChecked());
   EXPECT_EQ(Form().TabStrip1.SelectedTab, ValuesTab);
+}
+
+TEST_F(Waveforms, TheLegendNamesItsCurveBesideASwatchOfItsColour) {
+  GoWaveforms();
+  const QColor colours[] = {{0, 0, 0},   {255, 0, 0},   {0, 0, 255},   {96, 96, 96},
+                            {0, 255, 0}, {255, 0, 255}, {0, 255, 255}, {128, 128, 128}};
+  for (int i = 0; i < 8; ++i) {
+    auto& legend = Find<QAbstractButton>(Member("Check2", i));
+    const QImage picture = legend.grab().toImage();
+    int swatch = 0;
+    int ink = 0;
+    for (int x = 20; x < picture.width(); ++x) {
+      if (picture.pixelColor(x, picture.height() / 2) == colours[i]) ++swatch;
+      for (int y = 0; y < picture.height(); ++y) {
+        if (x > 60 && picture.pixelColor(x, y) == look::Ink) ++ink;
+      }
+    }
+    EXPECT_GE(swatch, 20) << i;
+    EXPECT_GT(ink, 10) << i;
+  }
 }
 
 TEST_F(Waveforms, TheSamplesHaveTheColoursOfTheirMarkers) {
@@ -125,27 +137,23 @@ TEST_F(Waveforms, TheSamplesHaveTheColoursOfTheirMarkers) {
   const QColor colours[] = {{0, 0, 0},   {255, 0, 0},   {0, 0, 255},   {192, 192, 192},
                             {0, 255, 0}, {255, 0, 255}, {0, 255, 255}, {128, 128, 128}};
   for (int i = 0; i < 8; ++i) {
-    const QCPScatterStyle marker = Graph().graph(i)->scatterStyle();
-    EXPECT_EQ(marker.pen().color(), colours[i]) << i;
-    EXPECT_EQ(marker.brush().color(), colours[i]) << i;
+    EXPECT_EQ(Graph().graph(i)->scatterStyle().brush().color(), colours[i]) << i;
   }
   // The curve of the neutral current is darker than its samples.
   EXPECT_EQ(Graph().graph(3)->pen().color(), QColor(96, 96, 96));
 }
 
-TEST_F(Waveforms, TheGraphStandsOnAGroundThatIsNeitherWhiteNorBlack) {
+TEST_F(Waveforms, TheGraphHasItsPaperOnTheScreenAndPlainWhiteInPrint) {
   GoWaveforms();
-  const auto ground = [this] {
-    return Graph().grab().toImage().pixelColor(Graph().axisRect()->topLeft() + QPoint(7, 7));
+  const auto foot = [this] {
+    return Graph().grab().toImage().pixelColor(Graph().axisRect()->bottomLeft() + QPoint(7, -7));
   };
-  const QColor sand = ground();
-  EXPECT_GT(sand.lightness(), 128);
-  EXPECT_LT(sand.lightness(), 230);
-  EXPECT_GT(sand.red(), sand.blue());
+  EXPECT_NE(foot(), QColor(Qt::white));
+  EXPECT_GT(foot().lightness(), 230);
 
   Form().CWGraph1.ScreenLook = false;
 
-  EXPECT_TRUE(WaitFor([&] { return ground() == QColor(Qt::white); }));
+  EXPECT_TRUE(WaitFor([&] { return foot() == QColor(Qt::white); }));
 }
 
 TEST_F(Waveforms, ABlockIsDrawnOnce) {

@@ -157,13 +157,7 @@ TEST_F(Picture, TheLongestScaleLineFitsBesideThePicture) {
     pad.Print(line);
     const QSize whole = Inked(Shown()).size();
 
-    // Lines end at the picture's edge; the text beside them does not.
     Lay(side);
-    const QColor ground = pad.palette().color(QPalette::Window);
-    pad.Line({-1000, 0}, {1000, 0},
-             platform::Rgb{static_cast<std::uint8_t>(ground.red()),
-                           static_cast<std::uint8_t>(ground.green()),
-                           static_cast<std::uint8_t>(ground.blue())});
     pad.MoveTo({380, 950});
     pad.Print(line);
     const QRect shown = Inked(Shown());

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QColor>
+#include <optional>
+
+namespace desktop::look {
+
+/// The least contrast of a curve or a marker with what it lies on.
+inline constexpr double LeastContrast = 2.5;
+
+/// The contrast of two colours as the Web Content Accessibility Guidelines reckon it, from 1 to 21.
+double Contrast(const QColor& one, const QColor& other);
+
+/// The colours of curves are given and some of them vanish on any ground that the others stand out
+/// from. Such a colour is drawn on a thin edge, as maps draw a road: the edge stands out from the
+/// ground, and the colour from its edge. Nothing where the colour needs none.
+std::optional<QColor> CasingOf(const QColor& colour, const QColor& ground);
+
+/// How far the edge reaches out at each side of a line, in pixels.
+inline constexpr double CasingWidth = 1.1;
+
+}  // namespace desktop::look

@@ -1,0 +1,53 @@
+#include "desktop/widgets/run_column.h"
+
+#include "desktop/look/look.h"
+
+namespace desktop {
+
+namespace {
+
+/// In pixels of the smallest window.
+constexpr int RowGap = 6;
+
+/// What comes and goes keeps its room, so that nothing jumps.
+void KeepRoom(QWidget& widget) {
+  QSizePolicy policy = widget.sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  widget.setSizePolicy(policy);
+}
+
+}  // namespace
+
+RunColumn::RunColumn(QWidget* parent)
+    : QWidget(parent),
+      rows_(new QVBoxLayout(this)),
+      button_(new RunButton(this)),
+      indicator_(new RunIndicator(*button_)) {
+  constexpr int Room = RunIndicator::Reach;
+  rows_->setContentsMargins(Room, Room, Room, 0);
+  rows_->setSpacing(RowGap);
+  KeepRoom(*button_);
+  rows_->addWidget(button_, 0, Qt::AlignLeft);
+}
+
+void RunColumn::AddGroup(QLabel* heading, std::initializer_list<QWidget*> rows) {
+  heading->setFont(look::BoldFont(look::TextSize));
+  rows_->addSpacing(GroupGap);
+  KeepRoom(*heading);
+  rows_->addWidget(heading);
+  for (QWidget* row : rows) AddRow(row, 0);
+}
+
+void RunColumn::AddRow(QWidget* row, int gap) {
+  if (gap > 0) rows_->addSpacing(gap);
+  KeepRoom(*row);
+  rows_->addWidget(row);
+}
+
+void RunColumn::AddStations() {
+  stationHeading_ = new QLabel(this);
+  for (RadioButton*& station : stations_) station = new RadioButton(this);
+  AddGroup(stationHeading_, {stations_[0], stations_[1]});
+}
+
+}  // namespace desktop

@@ -1,0 +1,133 @@
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QTest>
+#include <algorithm>
+#include <vector>
+
+#include "desktop/binding/graph_view.h"
+#include "desktop/look/casing.h"
+#include "desktop/look/look.h"
+#include "desktop/services/qt_dialogs.h"
+#include "desktop/widgets/picture_pad.h"
+
+namespace desktop {
+namespace {
+
+using platform::Rgb;
+
+/// The colours of the curves and of the markers, and the classical sixteen.
+const std::vector<Rgb>& GivenColours() {
+  static const std::vector<Rgb> colours = {
+      {0, 0, 0},     {255, 0, 0},     {0, 0, 255},     {96, 96, 96},  {0, 255, 0},    {255, 0, 255},
+      {0, 255, 255}, {128, 128, 128}, {192, 192, 192}, {0, 0, 128},   {0, 128, 0},    {0, 128, 128},
+      {128, 0, 0},   {128, 0, 128},   {128, 128, 0},   {255, 255, 0}, {255, 255, 255}};
+  return colours;
+}
+
+/// How well a colour stands out on a line of painted pixels that runs from its middle to what it
+/// lies on: straight from the ground, or by an edge that stands out from both.
+double StandsOut(const std::vector<QColor>& way) {
+  const QColor& colour = way.front();
+  const QColor& ground = way.back();
+  double best = look::Contrast(colour, ground);
+  for (const QColor& edge : way) {
+    best = std::max(best, std::min(look::Contrast(colour, edge), look::Contrast(edge, ground)));
+  }
+  return best;
+}
+
+class Curve : public testing::TestWithParam<Rgb> {
+ protected:
+  Curve() {
+    view_.resize(600, 400);
+    view_.yAxis->setRange(-1, 1);
+    view_.xAxis->setRange(0, 2);
+    for (platform::Plot& plot : graph_.Plots) plot.Visible = false;
+    plot_.Visible = true;
+    plot_.LineColor = GetParam();
+    plot_.PointColor = GetParam();
+  }
+  /// Painted pixels from the middle of the picture's only curve downward.
+  std::vector<QColor> Way(std::vector<double> y, double atX) {
+    plot_.Y = std::move(y);
+    view_.replot();
+    const QImage picture = view_.toPixmap().toImage();
+    const int x = static_cast<int>(view_.xAxis->coordToPixel(atX));
+    const int middle = static_cast<int>(view_.yAxis->coordToPixel(0.4));
+    std::vector<QColor> way;
+    for (int i = 0; i < 14; ++i) way.push_back(picture.pixelColor(x, middle + i));
+    return way;
+  }
+
+  QtProgram program_{[] {}, nullptr};
+  QtDialogs dialogs_;
+  Guard guard_{dialogs_, program_};
+  platform::CWGraph graph_;
+  platform::Plot& plot_ = graph_.Plots[0];
+  GraphView view_{graph_, guard_, nullptr};
+};
+
+TEST_P(Curve, StandsOutFromThePaperOfTheScreenAndOfThePrint) {
+  for (const bool screen : {true, false}) {
+    graph_.ScreenLook = screen;
+    const std::vector<QColor> way = Way({0.4, 0.4, 0.4}, 0.5);
+    EXPECT_EQ(way.front(), look::ColourOf(GetParam()));
+    EXPECT_GE(StandsOut(way), look::LeastContrast) << screen;
+  }
+}
+
+TEST_P(Curve, ItsMarkersStandOutToo) {
+  plot_.LineStyle = 0;
+  plot_.PointStyle = 15;
+  for (const bool screen : {true, false}) {
+    graph_.ScreenLook = screen;
+    const std::vector<QColor> way = Way({0.4, 0.4, 0.4}, 1);
+    EXPECT_EQ(way.front(), look::ColourOf(GetParam()));
+    EXPECT_GE(StandsOut(way), look::LeastContrast) << screen;
+  }
+}
+
+TEST_P(Curve, AVectorOfThePhasorDiagramStandsOutToo) {
+  PicturePad pad(nullptr);
+  const QColor ground(248, 251, 254);
+  pad.SetGround(ground);
+  pad.Place({0, 0}, 400);
+  pad.Scale({-1005, -1005}, {1005, 1005});
+  pad.DrawWidth(3);
+  pad.Line({-800, 0}, {800, 0}, GetParam());
+  QImage picture(pad.size(), QImage::Format_RGB32);
+  picture.fill(ground);
+  pad.render(&picture, {}, {}, QWidget::DrawChildren);
+  std::vector<QColor> way;
+  for (int i = 0; i < 12; ++i) way.push_back(picture.pixelColor(100, 200 + i));
+  EXPECT_EQ(way.front(), look::ColourOf(GetParam()));
+  EXPECT_GE(StandsOut(way), look::LeastContrast);
+}
+
+INSTANTIATE_TEST_SUITE_P(OfEveryColour, Curve, testing::ValuesIn(GivenColours()),
+                         [](const auto& colour) {
+                           const Rgb& rgb = colour.param;
+                           return "R" + std::to_string(rgb.Red) + "G" + std::to_string(rgb.Green) +
+                                  "B" + std::to_string(rgb.Blue);
+                         });
+
+TEST(Contrast, IsThatOfTheGuidelines) {
+  EXPECT_NEAR(look::Contrast(Qt::black, Qt::white), 21, 1e-9);
+  EXPECT_NEAR(look::Contrast(Qt::white, Qt::black), 21, 1e-9);
+  EXPECT_NEAR(look::Contrast(QColor(119, 119, 119), Qt::white), 4.48, 0.01);
+}
+
+TEST(Contrast, OfEveryTextIsEnoughToRead) {
+  using look::Contrast;
+  for (const QColor& ground : {look::Page, look::Card, look::Panel, look::Field}) {
+    for (const QColor& text : {look::Ink, look::QuietText, look::DisabledText, look::Accent,
+                               look::Digits, QColor(0, 0, 255)}) {
+      EXPECT_GE(Contrast(text, ground), 4.5) << text.name().toStdString();
+    }
+  }
+  EXPECT_GE(Contrast(look::AdviceText, look::AdviceGround), 4.5);
+}
+
+}  // namespace
+}  // namespace desktop

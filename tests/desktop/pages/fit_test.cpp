@@ -1,0 +1,105 @@
+#include "desktop/look/look.h"
+#include "desktop/look/scale.h"
+#include "fit_check.h"
+#include "window_scene.h"
+
+namespace desktop {
+namespace {
+
+/// Every view shows all of itself, in windows of every size.
+class Fit : public WindowScene, public testing::WithParamInterface<QSize> {
+ protected:
+  void ExpectNoMisfits(const QString& where) {
+    for (const QString& misfit : tour::Misfits(program_->Window())) {
+      ADD_FAILURE() << where.toStdString() << ": " << misfit.toStdString();
+    }
+  }
+};
+
+TEST_P(Fit, NothingIsCutCoveredOrOutOfSight) {
+  Start();
+  Form().Text1[12].Text = "VORNIK-SIM-1";
+  Form().Text1[14].Text = "VORNIK-SIM-2";
+  ResizeFrame(GetParam());
+  for (int tab = InfoTab; tab < ExitTab; ++tab) {
+    ClickTab(tab);
+    QTest::qWait(30);
+    ExpectNoMisfits(QString("tab %1").arg(tab));
+  }
+}
+
+TEST_P(Fit, TheLongestMagnitudeStandsUncutInTheTable) {
+  Start();
+  ResizeFrame(GetParam());
+  ClickTab(3);
+  for (std::size_t row = 1; row <= 8; ++row) {
+    Form().Grid1.Cell[row][1] = "63,509,000.0000";
+    Form().Grid1.Cell[row][2] = "-179.999";
+  }
+  QTest::qWait(30);
+  ExpectNoMisfits("Phasor");
+}
+
+INSTANTIATE_TEST_SUITE_P(OfTheWindow, Fit,
+                         testing::Values(QSize(1024, 768), QSize(1366, 768), QSize(1280, 1024),
+                                         QSize(1920, 1080), QSize(2560, 1440), QSize(3840, 2160)),
+                         [](const auto& size) {
+                           return std::to_string(size.param.width()) + "x" +
+                                  std::to_string(size.param.height());
+                         });
+
+class Scaling : public WindowScene {};
+
+TEST_F(Scaling, TextsFieldsButtonsTheStripAndTheStatusBarGrowAlike) {
+  Start();
+  const QStringList names = {"Text1(0)", "Combo1", "CWButton4", "CWButton2", "Command7"};
+  const auto heights = [&] {
+    // A view that is not shown is laid out when it is.
+    for (int tab = InfoTab; tab < ExitTab; ++tab) {
+      ClickTab(tab);
+      QTest::qWait(10);
+    }
+    std::vector<double> all;
+    for (const QString& name : names) all.push_back(Find<QWidget>(name).height());
+    all.push_back(Find<QWidget>("StatusBar1").height());
+    all.push_back(QApplication::font().pixelSize());
+    return all;
+  };
+  ResizeFrame({1024, 768});
+  const std::vector<double> small = heights();
+  ResizeFrame({1920, 1080});
+  const std::vector<double> large = heights();
+  ASSERT_GT(look::Scale(), 1.3);
+  for (std::size_t i = 0; i < small.size(); ++i) {
+    EXPECT_NEAR(large[i] / small[i], look::Scale(), 0.08) << i;
+  }
+
+  ResizeFrame({1024, 768});
+  EXPECT_EQ(heights(), small);
+}
+
+TEST_F(Scaling, TheRunButtonIsOneSizeOnAllViews) {
+  Start();
+  for (const QSize size : {QSize(1024, 768), QSize(1920, 1080)}) {
+    ResizeFrame(size);
+    for (int tab = 2; tab <= 6; ++tab) {
+      ClickTab(tab);
+      QTest::qWait(10);
+    }
+    const QSize first = Find<QWidget>("CWButton4").size();
+    for (const char* name : {"CWButton1", "CWButton2", "CWButton3", "Command2"}) {
+      EXPECT_EQ(Find<QWidget>(name).size(), first) << name;
+    }
+  }
+}
+
+TEST_F(Scaling, FollowsTheSmallerSideByWholePixelsOfTheText) {
+  EXPECT_EQ(look::ScaleFor({1024, 768}), 1);
+  EXPECT_EQ(look::ScaleFor({800, 600}), 1);
+  EXPECT_EQ(look::ScaleFor({4000, 768}), 1);
+  EXPECT_DOUBLE_EQ(look::ScaleFor({1920, 1080}), 18.0 / look::TextSize);
+  EXPECT_EQ(look::ScaleFor({100000, 100000}), 2);
+}
+
+}  // namespace
+}  // namespace desktop
