@@ -7,7 +7,9 @@
 #include <QPainter>
 #include <QString>
 
+#include "desktop/look/twips.h"
 #include "platform/controls/tab_strip.h"
+#include "platform/controls/window.h"
 
 namespace desktop::look {
 
@@ -40,8 +42,8 @@ inline constexpr int HeadingSize = 14;
 inline constexpr int Corner = 5;
 
 // The smallest window, in pixels; pages are designed in its size.
-inline constexpr double DesignWidth = 1024;
-inline constexpr double DesignHeight = 768;
+inline constexpr double DesignWidth = 1.0 * platform::MinimumWidth / twips::PerPixel;
+inline constexpr double DesignHeight = 1.0 * platform::MinimumHeight / twips::PerPixel;
 
 /// The colour of a control on the screen.
 QColor ColourOf(const platform::Rgb& rgb);

@@ -56,7 +56,7 @@ class Curve : public testing::TestWithParam<Rgb> {
     const int x = static_cast<int>(view_.xAxis->coordToPixel(atX));
     const int middle = static_cast<int>(view_.yAxis->coordToPixel(0.4));
     std::vector<QColor> way;
-    for (int i = 0; i < 14; ++i) way.push_back(picture.pixelColor(x, middle + i));
+    for (int i = 0; i < 9; ++i) way.push_back(picture.pixelColor(x, middle + i));
     return way;
   }
 
