@@ -43,6 +43,7 @@ class Curve : public testing::TestWithParam<Rgb> {
     view_.resize(600, 400);
     view_.yAxis->setRange(-1, 1);
     view_.xAxis->setRange(0, 2);
+    for (QCPAxis* axis : {view_.xAxis, view_.yAxis}) axis->grid()->setVisible(false);
     for (platform::Plot& plot : graph_.Plots) plot.Visible = false;
     plot_.Visible = true;
     plot_.LineColor = GetParam();
