@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTemporaryDir>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -9,6 +10,7 @@
 #include <vector>
 
 #include "adapters/windows1252.h"
+#include "desktop/services/qt_file_system.h"
 #include "shell/application.h"
 
 namespace bench {
@@ -98,16 +100,19 @@ class BenchCapture : public platform::CaptureLayer {
   };
 };
 
-class BenchServices : public platform::FileSystem,
-                      public platform::FolderDialog,
+/// The files of this computer, in a folder that is gone at the end.
+class BenchFiles : public desktop::QtFileSystem {
+ public:
+  std::string DefaultFolder() const override { return folder_.path().toStdString(); }
+
+ private:
+  QTemporaryDir folder_;
+};
+
+class BenchServices : public platform::FolderDialog,
                       public platform::Printers,
                       public platform::ShellLinks {
  public:
-  std::string Separator() const override { return "/"; }
-  bool DirectoryExists(const std::string&) const override { return true; }
-  std::string DefaultFolder() const override { return "/"; }
-  std::string Native(const std::string& path) const override { return path; }
-  void MakeFolder(const std::string&) override {}
   std::optional<std::string> Browse(const std::string&, const std::string&) override {
     return std::nullopt;
   }
@@ -144,6 +149,7 @@ struct BenchScene {
   BenchCapture Capture;
   adapters::Windows1252 Code;
   platform::NumberText Numbers;
+  BenchFiles Files;
   BenchServices Services;
   platform::Screen Screen{1920 * 15, 1080 * 15};
   BenchCanvas Nothing;
@@ -155,7 +161,7 @@ struct BenchScene {
   BenchScene(const std::string& first, const std::string& second,
              platform::Canvas* picture = nullptr)
       : Picture(picture != nullptr ? *picture : Nothing),
-        App({Timers, Events, Dialogs, Program, Store, Capture, Code, Numbers, Services, Services,
+        App({Timers, Events, Dialogs, Program, Store, Capture, Code, Numbers, Files, Services,
              Services, Services, Screen, Picture}) {
     App.Load();
     App.Main.TabStrip1.SelectedTab = 2;

@@ -34,6 +34,7 @@
 #include "platform/services/code_page.h"
 #include "platform/services/dialogs.h"
 #include "platform/services/event_queue.h"
+#include "platform/services/file_system.h"
 #include "platform/services/program.h"
 #include "platform/services/services.h"
 #include "platform/services/settings_store.h"

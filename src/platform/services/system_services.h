@@ -18,22 +18,6 @@ class Printers {
   virtual void MakeCurrent(std::int32_t index) = 0;
 };
 
-/// All work on files and folders. Paths are the program's own: off Windows a path such as
-/// `c:\StoredData` stands for the folder `StoredData` in the user's home.
-class FileSystem {
- public:
-  virtual ~FileSystem() = default;
-  /// "\" on Windows, "/" elsewhere.
-  virtual std::string Separator() const = 0;
-  virtual bool DirectoryExists(const std::string& path) const = 0;
-  /// The folder for data as long as the user chose no other.
-  virtual std::string DefaultFolder() const = 0;
-  /// The place that a path means here, in the platform's own writing.
-  virtual std::string Native(const std::string& path) const = 0;
-  /// Makes a folder and those above it, where they are missing; what cannot be made stays missing.
-  virtual void MakeFolder(const std::string& path) = 0;
-};
-
 /// The dialog that selects a folder of the file system.
 class FolderDialog {
  public:
