@@ -36,6 +36,12 @@ class NumberText {
   /// decimals of the pattern. A pattern without a digit place gives the general form.
   std::string Format(double value, std::string_view pattern) const;
 
+  /// The same texts written behind a text that grows: they allocate nothing as long as it has room,
+  /// so a writer of many numbers keeps one text for them all.
+  void AppendGeneral(std::string& text, double value) const;
+  static void AppendGeneral(std::string& text, std::int64_t value);
+  void AppendFormat(std::string& text, double value, std::string_view pattern) const;
+
   double ToDouble(std::string_view text) const;
   float ToSingle(std::string_view text) const;
   /// Fractions are rounded to the nearest whole number, halves to the even one.
