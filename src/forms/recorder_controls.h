@@ -6,6 +6,7 @@
 #include "platform/controls/cw_graph.h"
 #include "platform/controls/label.h"
 #include "platform/controls/option_button.h"
+#include "platform/controls/quiet_line.h"
 #include "platform/controls/text_box.h"
 
 namespace forms {
@@ -59,6 +60,10 @@ struct RecorderControls {
   platform::Shape Shape9;
   platform::GroupBox Frame4;
   std::array<platform::OptionButton, trigger_kind::Count> Option1;
+  /// What of each stream is on disk, beside the progress.
+  std::array<platform::Label, 2> OnDisk;
+  /// Since when, and why, a recording that goes on stores nothing.
+  platform::QuietLine NotStored;
 };
 
 }  // namespace forms

@@ -31,6 +31,7 @@ class NumberText {
   std::string General(float value) const;
   static std::string General(std::int32_t value) { return std::to_string(value); }
   static std::string General(std::int16_t value) { return std::to_string(value); }
+  static std::string General(std::int64_t value) { return std::to_string(value); }
 
   /// The value through a pattern such as "###,###,##0.00": rounded half away from zero to the
   /// decimals of the pattern. A pattern without a digit place gives the general form.

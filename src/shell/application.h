@@ -41,6 +41,11 @@
 #include "platform/services/services.h"
 #include "platform/services/settings_store.h"
 #include "platform/services/system_services.h"
+#include "recorder/disk_report.h"
+#include "recorder/record_reader.h"
+#include "recorder/recording_session.h"
+#include "recorder/sample_writer.h"
+#include "recorder/trigger_block.h"
 #include "shell/form_layout.h"
 #include "shell/info_pages.h"
 #include "shell/tab_controller.h"
@@ -75,6 +80,7 @@ class Application : private config::SetupConsumers,
                     private packetroutines::RecordConsumer,
                     private packetroutines::ReportConsumer,
                     private packetroutines::FinderConsumer,
+                    private packetroutines::RecordReader,
                     private TabViews {
  public:
   explicit Application(const Platform& platform);
@@ -125,6 +131,8 @@ class Application : private config::SetupConsumers,
   void AddStreamToList(const std::string& id) override;
   void UnloadIDlook() override;
   void ShowFileFormat() override;
+  void BuildRecordLog(bool& nothingToRead) override;
+  void ViewRecording() override;
   void ReportLayout() override;
 
   Platform platform_;
@@ -143,6 +151,17 @@ class Application : private config::SetupConsumers,
   subroutines::SetupView setup_;
   subroutines::AdapterChoice adapters_;
   subroutines::PrinterChoices printers_;
+  packetroutines::FileNumbers open_;
+  packetroutines::RecordContext record_;
+  packetroutines::Worksheets sheets_;
+  packetroutines::TextWriter textWriter_;
+  packetroutines::WorksheetWriter sheetWriter_;
+  packetroutines::ComtradeWriter comtradeWriter_;
+  packetroutines::DiskReport diskReport_;
+  packetroutines::RecordWriters writers_;
+  packetroutines::SampleWriter samples_;
+  subroutines::RecordingSession recording_;
+  subroutines::TriggerBlock trigger_;
   TabController tabs_;
   packetroutines::NoDataWatchdog watchdog_;
   packetroutines::ViewRestart restart_;

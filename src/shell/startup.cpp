@@ -156,7 +156,10 @@ void Application::SetFields() {
   Present.BaseSamples = DefaultBaseSamples;
   Main.Text1[forms::setup_field::Samplings].Text = platform_.Numbers.General(DefaultBaseSamples);
   Hide({&Main.Check5, &Main.CWButton4});
+  // The choice shows that there is one; the stored setting is selected later on.
+  const std::int16_t stored = Settings.SingleTrigger;
   Main.Option1[forms::trigger_kind::Immediate].Value = true;
+  Settings.SingleTrigger = stored;
   Main.Check4.Value = Settings.ACDC ? 1 : 0;
   Main.Check6.Value = 1;
   for (platform::Shape& indicator : Main.Shape12) indicator.Visible = false;
