@@ -89,6 +89,7 @@ class BenchCapture : public platform::CaptureLayer {
     platform::CaptureAdapter& Adapter() override { return adapter_; }
     void Start() override { layer_.Running = true; }
     void Stop() override { layer_.Running = false; }
+    void DeliverArrived() override {}
 
    private:
     BenchCapture& layer_;

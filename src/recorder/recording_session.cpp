@@ -156,7 +156,7 @@ void RecordingSession::Stop() {
   const Raised stopping(stopping_);
   const std::uint32_t tabChanges = state_.TabChanges;
   services_.Usual.Events.Pump();
-  capture_.StopCapture();
+  StopCapture();
   state_.LookingForRecording = false;
   FinishFiles();
   Analyse();
@@ -166,6 +166,15 @@ void RecordingSession::Stop() {
     parts_.Reader.ViewRecording();
   }
   EnableFormats(true);
+}
+
+void RecordingSession::StopCapture() {
+  // Where the writer itself ends the recording, its ring is not free for what waits.
+  if (parts_.Samples.AtWork()) {
+    capture_.StopCapture();
+  } else {
+    capture_.StopBehindArrived();
+  }
 }
 
 void RecordingSession::FinishFiles() {

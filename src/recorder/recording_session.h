@@ -59,6 +59,7 @@ class RecordingSession : public packetroutines::RowLimits {
   /// Gives the page back where a press has overtaken the start.
   void GivePageBack();
   void Stop();
+  void StopCapture();
   void FinishFiles();
   void FinishComtrade();
   void Analyse();

@@ -157,6 +157,36 @@ TEST_F(RecordingSession, StoresWholeRingsAndDropsTheRest) {
   EXPECT_THAT(Lines(bench.Content(Started + ".txt")), SizeIs(8000));
 }
 
+TEST_F(RecordingSession, StoresWhatHadArrivedBeforeTheStop) {
+  bench.Run("TXT");
+  bench.Frames(4000);
+  for (int i = 0; i < 8000; ++i) bench.Capture.Arrive(support::PlainFrame(i % 4000));
+  bench.Stop();
+  EXPECT_THAT(Lines(bench.Content(Started + ".txt")), SizeIs(12000));
+  EXPECT_EQ(bench.Caption(line::Progress), "2.7s / 10800 samples");
+}
+
+TEST_F(RecordingSession, StoresNothingBehindAFullDiskAmongWhatHadArrived) {
+  bench.Run("TXT");
+  bench.Frames(4000);
+  for (int i = 0; i < 12000; ++i) bench.Capture.Arrive(support::PlainFrame(i % 4000));
+  bench.Disk.FailingWrite = bench.Disk.Writes + 2;
+  bench.Stop();
+  EXPECT_THAT(bench.Dialogs.Shown, SizeIs(1));
+  EXPECT_EQ(bench.Disk.Writes, 3);
+  EXPECT_FALSE(bench.State.CaptureRunning);
+}
+
+TEST_F(RecordingSession, LeavesWhatHadArrivedWhereTheWriterEndsIt) {
+  bench.Run("EXCEL");
+  for (int ring = 0; ring < 8; ++ring) bench.WriteRing(0);
+  bench.Fill(0);
+  for (int i = 0; i < 4000; ++i) bench.Capture.Arrive(support::PlainFrame(i % 4000));
+  bench.WriteRing(0);
+  EXPECT_FALSE(bench.State.CaptureRunning);
+  EXPECT_EQ(bench.Rings.RecordChannel[0](3999), ValueAt(0, 0, 3999)) << "its ring stays its own";
+}
+
 TEST_F(RecordingSession, CountsNineTenthsOfTheTruth) {
   bench.Run("TXT");
   bench.Frames(8000);

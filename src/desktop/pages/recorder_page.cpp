@@ -90,6 +90,14 @@ Card* RecorderPage::RecordingCard() {
     card->AddWide(label);
   }
   card->AddWide(Progress(card));
+  for (std::size_t i = 0; i < recorder_.OnDisk.size(); ++i) {
+    auto* stored = new QLabel(card);
+    binder_.Bind(recorder_.OnDisk[i], *stored, ArrayName("OnDisk", i));
+    card->AddWide(stored);
+  }
+  auto* notStored = new QuietLine(card);
+  binder_.Bind(recorder_.NotStored, *notStored, QStringLiteral("NotStored"));
+  card->AddWide(notStored);
   return card;
 }
 
