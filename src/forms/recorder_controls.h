@@ -6,6 +6,7 @@
 #include "platform/controls/cw_graph.h"
 #include "platform/controls/label.h"
 #include "platform/controls/option_button.h"
+#include "platform/controls/progress_bar.h"
 #include "platform/controls/quiet_line.h"
 #include "platform/controls/text_box.h"
 
@@ -56,6 +57,8 @@ struct RecorderControls {
   std::array<platform::Label, record_line::Count> Label10;
   platform::CWGraph CWGraph2;
   platform::CommandButton Command9;
+  /// Below the progress text, while a finished recording is read back.
+  platform::ProgressBar ProgressBar1;
   std::array<platform::TextBox, trigger_field::Count> Text3;
   platform::Shape Shape9;
   platform::GroupBox Frame4;

@@ -141,6 +141,8 @@ void Application::SetPlots() {
     plot.LineColor = PlotColours[i];
     plot.PointColor = i == NeutralCurrent ? NeutralMarker : PlotColours[i];
     plot.Visible = false;
+    // The quick view of a recording has the same eight channels.
+    Main.CWGraph2.Plots[i].LineColor = PlotColours[i];
     Main.Check2[i].Value = Settings.SensorEnabled[i];
     Main.Check2[i].ForeColor = plot.LineColor.Get();
   }

@@ -114,6 +114,13 @@ class FakePrinters : public platform::Printers {
 class FakeLinks : public platform::ShellLinks {
  public:
   void Open(const std::string& target) override { Opened.push_back(target); }
+  std::int32_t OpenFile(const std::string& path) override {
+    Open(path);
+    return Code;
+  }
+
+  /// What comes of opening a file.
+  std::int32_t Code = platform::open_code::Opened;
 
   std::vector<std::string> Opened;
 };

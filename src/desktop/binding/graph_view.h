@@ -29,6 +29,7 @@ class GraphView : public QCustomPlot {
   /// Draws once for all changes of a moment, unless a refresh comes first.
   void DrawSoon();
   void ShowCurve(std::size_t plot);
+  void FollowAxis(platform::Axis& axis, QCPAxis& shown);
   void ShowStyle(std::size_t plot);
   void ShowTrackMode();
   void ShowBackground();

@@ -28,12 +28,28 @@ class FolderDialog {
                                             const std::string& present) = 0;
 };
 
-/// The desktop's "open" of a document or a link.
+/// What came of opening a file.
+namespace open_code {
+
+inline constexpr std::int32_t FileNotFound = 2;
+inline constexpr std::int32_t PathNotFound = 3;
+inline constexpr std::int32_t AccessDenied = 5;
+/// No viewer knows files of this kind.
+inline constexpr std::int32_t NoViewer = 31;
+/// The file was handed to its viewer.
+inline constexpr std::int32_t Opened = 33;
+
+}  // namespace open_code
+
+/// The desktop's "open" of a document or a link. Its viewer comes in a window of its usual size.
 class ShellLinks {
  public:
   virtual ~ShellLinks() = default;
   /// A call that fails is not reported.
   virtual void Open(const std::string& target) = 0;
+  /// Opens a file in the viewer of its kind and tells what came of it: a code above 32 where it was
+  /// handed over, else one of `open_code`.
+  virtual std::int32_t OpenFile(const std::string& path) = 0;
 };
 
 }  // namespace platform
