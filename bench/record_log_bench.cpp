@@ -79,12 +79,13 @@ class Recording {
   config::RunSettings present_;
   std::string name_ = Name;
   packetroutines::PacketBytes frame_;
+  packetroutines::FileNumbers open_{files_};
   forms::RecorderControls recorder_;
   packetroutines::RecordAnalysis analysis_{
       {settings_, present_, name_, files_},
       frame_,
       recorder_,
-      {code_, numbers_, services_, services_, dialogs_, services_, program_, [] {}}};
+      {code_, numbers_, services_, services_, dialogs_, services_, program_, open_}};
 };
 
 Recording& RecordingOf(std::int64_t lines) {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-
 #include "platform/number_text.h"
 #include "platform/services/calendar.h"
 #include "platform/services/code_page.h"
@@ -9,6 +7,7 @@
 #include "platform/services/mouse_pointer.h"
 #include "platform/services/program.h"
 #include "platform/services/system_services.h"
+#include "recorder/file_numbers.h"
 
 namespace packetroutines {
 
@@ -21,8 +20,8 @@ struct AnalysisServices {
   platform::Dialogs& Dialogs;
   platform::ShellLinks& Links;
   platform::Program& Program;
-  /// Closes every file that the program has open, a worksheet too.
-  std::function<void()> CloseFiles;
+  /// What the program has open, worksheets too.
+  FileNumbers& Open;
 };
 
 }  // namespace packetroutines

@@ -9,6 +9,7 @@
 #include "recorder/analysis_progress.h"
 #include "recorder/line_count.h"
 #include "recorder/line_reader.h"
+#include "recorder/record_files.h"
 
 namespace subroutines {
 
@@ -46,8 +47,8 @@ QuickView::QuickView(const packetroutines::RecordedFile& file, forms::RecorderCo
 
 void QuickView::ViewRecording() {
   if (!file_.Exists()) return;
-  if (file_.Settings.FileFormat == "TXT") ShowQuickView();
-  if (file_.Settings.FileFormat == "EXCEL") OpenWorksheet();
+  if (file_.Settings.FileFormat == packetroutines::file_format::Text) ShowQuickView();
+  if (file_.Settings.FileFormat == packetroutines::file_format::Worksheet) OpenWorksheet();
 }
 
 void QuickView::ShowQuickView() {
@@ -70,7 +71,7 @@ QuickView::GroupTable QuickView::ReadGroups(std::int32_t lines) {
   GroupTable groups;
   for (std::vector<double>& points : groups) points.resize(lastGroup + 1);
   quickViewRows_.Rebuild(rows);
-  services_.CloseFiles();
+  services_.Open.CloseAll();
   const std::unique_ptr<platform::InputFile> file = file_.Files.Read(file_.Path());
   AnalysisPass pass(recorder_.ProgressBar1, CountedPercent, LastPercent,
                     file_.Files.FileSize(file_.Path()));

@@ -5,19 +5,20 @@
 #include "recorder/analysis_services.h"
 #include "recorder/quick_view.h"
 #include "recorder/record_log.h"
+#include "recorder/record_reader.h"
 #include "recorder/recorded_file.h"
 
 namespace packetroutines {
 
 /// What follows a recording: its log, its view, and the ways to open its files on the page.
-class RecordAnalysis {
+class RecordAnalysis : public RecordReader {
  public:
   /// `frame` is the frame that came last.
   RecordAnalysis(const RecordedFile& file, const PacketBytes& frame,
                  forms::RecorderControls& recorder, const AnalysisServices& services);
 
-  void BuildRecordLog(bool& nothingToRead) { log_.BuildRecordLog(nothingToRead); }
-  void ViewRecording() { view_.ViewRecording(); }
+  void BuildRecordLog(bool& nothingToRead) override { log_.BuildRecordLog(nothingToRead); }
+  void ViewRecording() override { view_.ViewRecording(); }
 
  private:
   void OpenTextFile();

@@ -76,6 +76,10 @@ void RecordLog::BuildRecordLog(bool& nothingToRead) {
         services_.Program, [this](const Failure& failure) { return OnFailure(failure); },
         [this] { services_.Pointer.ShowHourglass(); }, [&] { Analyse(lines); });
   }
+  // A block that failed may have left its file open, which would keep the next recording from disk.
+  RunSteps(
+      services_.Program, [](const Failure&) { return Verdict::SkipStep; },
+      [this] { services_.Open.Close(TextFile); });
   services_.Pointer.ShowNormal();
 }
 
@@ -85,7 +89,7 @@ std::int32_t RecordLog::CountLines() {
 }
 
 void RecordLog::Analyse(std::int32_t lines) {
-  services_.CloseFiles();
+  services_.Open.CloseAll();
   GapSearch gaps;
   {
     const std::unique_ptr<platform::InputFile> file = file_.Files.Read(file_.Path());

@@ -6,11 +6,13 @@
 #include "config/settings.h"
 #include "platform/local_time.h"
 #include "platform/services/file_system.h"
+#include "recorder/record_files.h"
 
 namespace packetroutines {
 
 /// The extension of a text recording.
-inline constexpr std::string_view TextExtension = ".txt";
+inline constexpr std::string_view TextExtension =
+    RecordFormats[forms::record_format::Text].Extension;
 
 /// The recording that is looked at: which settings it was made with, and where it lies. The names
 /// are those of one stream; the files of two streams bear prefixes, and nothing here finds them.
@@ -29,9 +31,7 @@ struct RecordedFile {
   }
 
  private:
-  std::string PathOf(const std::string& name) const {
-    return Settings.StoragePath + Files.Separator() + name;
-  }
+  std::string PathOf(const std::string& name) const { return RecordPath(Files, Settings, name); }
 };
 
 /// The moment that stands before `extension` in the name of a recording, as in

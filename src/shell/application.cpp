@@ -30,6 +30,10 @@ Application::Application(const Platform& platform)
       printers_(Main, Main, Settings, stored_, platform.Printers, platform.Dialogs,
                 platform.Program),
       open_(platform.Files),
+      analysis_({Settings, Present, State.RecordFileName, platform.Files}, dispatcher_.Bytes(),
+                Main,
+                {platform.Code, platform.Numbers, platform.Calendar, platform.Pointer,
+                 platform.Dialogs, platform.Links, platform.Program, open_}),
       record_{Settings, Present,          State,        Rings, platform.Files,
               open_,    platform.Numbers, platform.Code},
       sheets_(open_, platform.Numbers, platform.Code),
@@ -39,7 +43,7 @@ Application::Application(const Platform& platform)
       diskReport_(Main, platform.Files, platform.Calendar, platform.Numbers),
       writers_{textWriter_, sheetWriter_, comtradeWriter_, sheets_, diskReport_},
       samples_(record_, writers_, {Main, Main}, State, capture_, services_),
-      recording_(Main, Settings, stored_, State, capture_, {record_, writers_, samples_, *this},
+      recording_(Main, Settings, stored_, State, capture_, {record_, writers_, samples_, analysis_},
                  {services_, platform.Calendar}),
       trigger_(Main, Main, Settings),
       tabs_(Main, Settings, Present, stored_, State, capture_, services_, platform.Files, *this,
@@ -118,8 +122,6 @@ std::string Application::ReportAnalyse(const packetroutines::PacketBytes&) {
 }
 void Application::AddStreamToList(const std::string&) {}
 void Application::UnloadIDlook() {}
-void Application::BuildRecordLog(bool&) {}
-void Application::ViewRecording() {}
 void Application::ReportLayout() {}
 
 }  // namespace formroutines

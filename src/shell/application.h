@@ -42,7 +42,7 @@
 #include "platform/services/settings_store.h"
 #include "platform/services/system_services.h"
 #include "recorder/disk_report.h"
-#include "recorder/record_reader.h"
+#include "recorder/record_analysis.h"
 #include "recorder/recording_session.h"
 #include "recorder/sample_writer.h"
 #include "recorder/trigger_block.h"
@@ -80,7 +80,6 @@ class Application : private config::SetupConsumers,
                     private packetroutines::RecordConsumer,
                     private packetroutines::ReportConsumer,
                     private packetroutines::FinderConsumer,
-                    private packetroutines::RecordReader,
                     private TabViews {
  public:
   explicit Application(const Platform& platform);
@@ -131,8 +130,6 @@ class Application : private config::SetupConsumers,
   void AddStreamToList(const std::string& id) override;
   void UnloadIDlook() override;
   void ShowFileFormat() override;
-  void BuildRecordLog(bool& nothingToRead) override;
-  void ViewRecording() override;
   void ReportLayout() override;
 
   Platform platform_;
@@ -152,6 +149,7 @@ class Application : private config::SetupConsumers,
   subroutines::AdapterChoice adapters_;
   subroutines::PrinterChoices printers_;
   packetroutines::FileNumbers open_;
+  packetroutines::RecordAnalysis analysis_;
   packetroutines::RecordContext record_;
   packetroutines::Worksheets sheets_;
   packetroutines::TextWriter textWriter_;

@@ -66,16 +66,17 @@ class AnalysisScene : public FakePlatform {
   }
 
   WatchedFiles Disk{Files};
+  packetroutines::FileNumbers Open{Files};
   config::Settings Settings;
   config::RunSettings Present;
   std::string RecordFileName = "SV record 09.03.2024 13-04-06.txt";
   forms::RecorderControls Recorder;
   packetroutines::PacketBytes Frame;
-  packetroutines::RecordAnalysis Analysis{{Settings, Present, RecordFileName, Disk},
-                                          Frame,
-                                          Recorder,
-                                          {Code, Numbers, Calendar, Pointer, Dialogs, Links,
-                                           Runtime, [this] { Journal.push_back("close files"); }}};
+  packetroutines::RecordAnalysis Analysis{
+      {Settings, Present, RecordFileName, Disk},
+      Frame,
+      Recorder,
+      {Code, Numbers, Calendar, Pointer, Dialogs, Links, Runtime, Open}};
 };
 
 /// The text of a recording whose ramp has these values; its eight values are 1.

@@ -61,8 +61,14 @@ TEST(LogFailures, TwoStreamsLeaveAnEmptyFileWithoutAPrefix) {
 TEST(LogFailures, AnAnalysisRunsUnderTheHourglassWithAllFilesClosed) {
   LogScene scene;
   scene.Recorded(LinesOf(Ramp(3)));
+  scene.Open.OpenAnew(7, scene.PathOf("sheet.xls"));
+  scene.Disk.AtRead = [&](int read) {
+    EXPECT_EQ(scene.Open.IsOpen(7), read == 1);
+    EXPECT_EQ(scene.Pointer.Hourglass, read == 2);
+  };
   scene.BuildRecordLog();
-  EXPECT_THAT(scene.Journal, ElementsAre("hourglass", "close files", "normal pointer"));
+  EXPECT_EQ(scene.Disk.Reads, 2);
+  EXPECT_THAT(scene.Journal, ElementsAre("hourglass", "normal pointer"));
 }
 
 TEST(LogFailures, ARampWithAnotherNumberOfSamplesASecondIsTooMuch) {
@@ -77,8 +83,7 @@ TEST(LogFailures, ARampWithAnotherNumberOfSamplesASecondIsTooMuch) {
   EXPECT_THAT(scene.Dialogs.Shown, ElementsAre(TooManyErrors));
   EXPECT_FALSE(scene.HasLog());
   EXPECT_EQ(scene.Files.Stored[scene.Path()], data);
-  EXPECT_THAT(scene.Journal,
-              ElementsAre("hourglass", "close files", "box Attention", "normal pointer"));
+  EXPECT_THAT(scene.Journal, ElementsAre("hourglass", "box Attention", "normal pointer"));
 }
 
 TEST(LogFailures, TwoMillionLostSamplesAreTooMuch) {
@@ -116,6 +121,16 @@ TEST(LogFailures, AFileThatCannotBeOpenedToCountIsTold) {
   EXPECT_THAT(scene.Dialogs.Shown, ElementsAre(ExceedingLimits("Permission denied")));
 }
 
+TEST(LogFailures, ACountThatFailsFreesTheTextFilesNumberAlone) {
+  LogScene scene;
+  scene.Open.OpenAnew(packetroutines::TextFile, scene.PathOf("block.txt"));
+  scene.Open.OpenAnew(7, scene.PathOf("sheet.xls"));
+  scene.Files.Folders.clear();
+  scene.BuildRecordLog();
+  EXPECT_FALSE(scene.Open.IsOpen(packetroutines::TextFile));
+  EXPECT_TRUE(scene.Open.IsOpen(7));
+}
+
 TEST(LogFailures, ALackOfMemoryWhileCountingIsTold) {
   LogScene scene;
   scene.Recorded(LinesOf(Ramp(1)));
@@ -127,7 +142,7 @@ TEST(LogFailures, ALackOfMemoryWhileCountingIsTold) {
 /// No log, no message, and the pointer is normal again.
 void ExpectSilence(LogScene& scene) {
   EXPECT_FALSE(scene.BuildRecordLog());
-  EXPECT_THAT(scene.Journal, ElementsAre("hourglass", "close files", "normal pointer"));
+  EXPECT_THAT(scene.Journal, ElementsAre("hourglass", "normal pointer"));
   EXPECT_FALSE(scene.HasLog());
 }
 
@@ -214,7 +229,7 @@ TEST(LogFailures, AFrequencyOfZeroEndsTheLogBeforeItsDivision) {
 
 TEST(LogProgress, FillsItsPartOfTheBarAndGoes) {
   LogScene scene;
-  scene.Recorded(LinesOf(Ramp(20'000)));
+  scene.Recorded(LinesOf(Ramp(200'000)));
   std::vector<std::int16_t> painted;
   scene.Recorder.ProgressBar1.Repaint = [&] {
     EXPECT_TRUE(scene.Recorder.ProgressBar1.Visible);

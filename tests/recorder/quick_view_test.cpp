@@ -181,8 +181,14 @@ TEST(QuickViewScene, StaysAwayAfterTwoStreams) {
 TEST(QuickViewScene, RunsUnderTheHourglassWithAllFilesClosed) {
   ViewScene scene;
   scene.Recorded(Lines(1, 1));
+  scene.Open.OpenAnew(7, scene.PathOf("sheet.xls"));
+  scene.Disk.AtRead = [&](int read) {
+    EXPECT_EQ(scene.Open.IsOpen(7), read == 1);
+    EXPECT_TRUE(scene.Pointer.Hourglass);
+  };
   scene.Analysis.ViewRecording();
-  EXPECT_THAT(scene.Journal, ElementsAre("hourglass", "close files", "normal pointer"));
+  EXPECT_EQ(scene.Disk.Reads, 2);
+  EXPECT_THAT(scene.Journal, ElementsAre("hourglass", "normal pointer"));
 }
 
 TEST(QuickViewScene, LetsItsFailuresThrough) {
