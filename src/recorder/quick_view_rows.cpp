@@ -56,7 +56,7 @@ class Fields {
       count = at - first - 1;
     }
     const bool ended = Last ? at == end_ : at != end_ && *at == FieldSign;
-    if (!ended || count == 0 || count > MostDigits || digits > LargestExact) return Odd<Last>();
+    if (!ended || count > MostDigits || digits > LargestExact) return Odd<Last>();
     at_ = Last ? at : at + 1;
     const double magnitude = static_cast<double>(digits) / PowersOfTen[fraction];
     return static_cast<float>(negative ? -magnitude : magnitude);

@@ -79,6 +79,12 @@ TEST(RecordLine, ReadsANumberInAnyOfItsForms) {
   }
 }
 
+TEST(RecordLine, RoundsALongNumberOnceAndNotByItsDigits) {
+  // Just below the middle between two 64-bit floats, of which the upper one would round up.
+  EXPECT_EQ(FirstOf("16777217.0000000017"), 16777216.0F);
+  EXPECT_EQ(FirstOf("16777217.0000000019"), 16777218.0F);
+}
+
 TEST(RecordLine, RefusesANumberThatIsNo32BitFloat) {
   EXPECT_EQ(FirstOf("3.4028234663852886e38"), std::numeric_limits<float>::max());
   for (const char* text : {"1e39", "-1e39", "1e400"}) {
