@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTemporaryDir>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -9,6 +10,7 @@
 #include <vector>
 
 #include "adapters/windows1252.h"
+#include "desktop/services/qt_file_system.h"
 #include "shell/application.h"
 
 namespace bench {
@@ -87,6 +89,7 @@ class BenchCapture : public platform::CaptureLayer {
     platform::CaptureAdapter& Adapter() override { return adapter_; }
     void Start() override { layer_.Running = true; }
     void Stop() override { layer_.Running = false; }
+    void DeliverArrived() override {}
 
    private:
     BenchCapture& layer_;
@@ -98,16 +101,21 @@ class BenchCapture : public platform::CaptureLayer {
   };
 };
 
-class BenchServices : public platform::FileSystem,
-                      public platform::FolderDialog,
-                      public platform::Printers,
-                      public platform::ShellLinks {
+/// The files of this computer, in a folder that is gone at the end.
+class BenchFiles : public desktop::QtFileSystem {
  public:
-  std::string Separator() const override { return "/"; }
-  bool DirectoryExists(const std::string&) const override { return true; }
-  std::string DefaultFolder() const override { return "/"; }
-  std::string Native(const std::string& path) const override { return path; }
-  void MakeFolder(const std::string&) override {}
+  std::string DefaultFolder() const override { return folder_.path().toStdString(); }
+
+ private:
+  QTemporaryDir folder_;
+};
+
+class BenchServices : public platform::FolderDialog,
+                      public platform::Printers,
+                      public platform::ShellLinks,
+                      public platform::Calendar,
+                      public platform::MousePointer {
+ public:
   std::optional<std::string> Browse(const std::string&, const std::string&) override {
     return std::nullopt;
   }
@@ -115,6 +123,14 @@ class BenchServices : public platform::FileSystem,
   std::string Current() const override { return "Bench"; }
   void MakeCurrent(std::int32_t) override {}
   void Open(const std::string&) override {}
+  std::int32_t OpenFile(const std::string&) override { return 33; }
+  platform::LocalTime Now() const override { return {2024, 3, 9, 14, 5, 7}; }
+  std::string GeneralText(const platform::LocalTime& moment) const override {
+    return platform::DottedText(moment);
+  }
+  std::string MonthName(std::int32_t) const override { return "Mar"; }
+  void ShowHourglass() override {}
+  void ShowNormal() override {}
 };
 
 /// A canvas that draws nothing.
@@ -144,6 +160,7 @@ struct BenchScene {
   BenchCapture Capture;
   adapters::Windows1252 Code;
   platform::NumberText Numbers;
+  BenchFiles Files;
   BenchServices Services;
   platform::Screen Screen{1920 * 15, 1080 * 15};
   BenchCanvas Nothing;
@@ -155,8 +172,8 @@ struct BenchScene {
   BenchScene(const std::string& first, const std::string& second,
              platform::Canvas* picture = nullptr)
       : Picture(picture != nullptr ? *picture : Nothing),
-        App({Timers, Events, Dialogs, Program, Store, Capture, Code, Numbers, Services, Services,
-             Services, Services, Screen, Picture}) {
+        App({Timers, Events, Dialogs, Program, Store, Capture, Code, Numbers, Files, Services,
+             Services, Services, Services, Services, Screen, Picture}) {
     App.Load();
     App.Main.TabStrip1.SelectedTab = 2;
     App.Main.Text1[14].Text = second;

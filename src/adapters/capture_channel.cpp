@@ -82,6 +82,14 @@ void CaptureChannel::Stop() {
   SetRunning(false);
 }
 
+void CaptureChannel::DeliverArrived() {
+  if (!running_) return;
+  selected_->Source().TakeNoMore();
+  // A handler may stop the delivery; then nothing more is due.
+  while (DeliverOne()) {
+  }
+}
+
 void CaptureChannel::SetRunning(bool running) {
   if (running == running_) return;
   running_ = running;

@@ -37,6 +37,7 @@ class CaptureChannel : public platform::CaptureObject {
   platform::CaptureAdapter& Adapter() override { return Selected(); }
   void Start() override;
   void Stop() override;
+  void DeliverArrived() override;
 
   /// Raises `OnPacket` for one frame that is due; False when none is due.
   bool DeliverOne();

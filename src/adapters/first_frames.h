@@ -24,6 +24,7 @@ class FirstFrames : public FrameSource {
   void Start() override;
   /// Frames that were gathered and not handed over are lost, like all frames of a stopped time.
   void Stop() override;
+  void TakeNoMore() override { source_->TakeNoMore(); }
   void Release() override;
   std::optional<platform::CapturedFrame> Next() override;
 

@@ -35,6 +35,9 @@ class FrameSource {
   /// told in `Prepare` and the program is to go on.
   virtual void Start() = 0;
   virtual void Stop() = 0;
+  /// Only frames that have arrived before this moment are handed over from now on, until the next
+  /// start; legal when stopped.
+  virtual void TakeNoMore() = 0;
   /// Gives back what `Prepare` opened; called when another adapter is chosen.
   virtual void Release() = 0;
   /// The next selected frame that is due now; nothing also where many others had to be passed over.

@@ -164,14 +164,20 @@ void CaptureSession::GiveButtonsBack() {
   controls_.Buttons.ShowIdleTips();
 }
 
+Verdict CaptureSession::OnStopFailure(const Failure& failure) {
+  return failure.Number() == platform::failure::HarmlessStop ? Verdict::SkipStep
+                                                             : Verdict::LeaveRoutine;
+}
+
+void CaptureSession::StopBehindArrived() {
+  RunSteps(services_.Program, &OnStopFailure, [&] { aPacketX().DeliverArrived(); });
+  StopCapture();
+}
+
 void CaptureSession::StopCapture() {
   const std::uint32_t starts = starts_;
-  const auto trap = [](const Failure& failure) {
-    return failure.Number() == platform::failure::HarmlessStop ? Verdict::SkipStep
-                                                               : Verdict::LeaveRoutine;
-  };
   RunSteps(
-      services_.Program, trap, [&] { ShowIndicators(false); }, [&] { aPacketX().Stop(); },
+      services_.Program, &OnStopFailure, [&] { ShowIndicators(false); }, [&] { aPacketX().Stop(); },
       [&] { services_.Events.Pump(); },
       [&] {
         if (!oPacketColl_) oPacketColl_ = layer_.NewPacketCollection();

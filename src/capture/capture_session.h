@@ -46,6 +46,8 @@ class CaptureSession {
   void StartCapture(ModeName mode);
   /// Ends a burst; legal when idle. What starts capture anew in its pumps is ended with it.
   void StopCapture();
+  /// The same for a run that keeps every frame: what has arrived by now is handed over first.
+  void StopBehindArrived();
 
   /// Capture rests: a burst or a run has ended, or one is about to begin.
   platform::Event<> Stopped;
@@ -61,6 +63,7 @@ class CaptureSession {
   platform::Verdict OnAdapterListFailure(const platform::Failure& failure, int attempt);
   platform::Verdict OnSetupFailure(const platform::Failure& failure);
   platform::Verdict OnStartFailure(const platform::Failure& failure);
+  static platform::Verdict OnStopFailure(const platform::Failure& failure);
 
   platform::CaptureLayer& layer_;
   CaptureControls controls_;

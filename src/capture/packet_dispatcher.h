@@ -61,6 +61,8 @@ class PacketDispatcher : public PacketConsumer {
                    PacketConsumers consumers, PacketServices services);
 
   void aPacketX_OnPacket(const platform::CapturedFrame& pPacket) override;
+  /// The frame that came last.
+  const PacketBytes& Bytes() const { return bytes_; }
 
  private:
   void MeasureLength(const platform::CapturedFrame& pPacket);

@@ -9,6 +9,7 @@
 #include "forms/shared_controls.h"
 #include "forms/waveforms_controls.h"
 #include "platform/number_text.h"
+#include "platform/services/file_system.h"
 #include "platform/services/system_services.h"
 
 namespace config {

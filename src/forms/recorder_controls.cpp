@@ -13,6 +13,7 @@ RecorderControls::RecorderControls() {
   Label10[record_line::Heading].Caption = "Real-time recording to hard disk";
   Label10[record_line::ProgressHeading].Caption = "Duration of recording / sample counter:";
   Label10[record_line::Progress].Caption = "0 s / 0 samples";
+  CWGraph2.XAxis.Caption = "x * 4000 samples";
   Command9.Caption = "Open &log file";
   Command9.ToolTipText = "opens the log 'txt' file in your standard text editor";
   Text3[trigger_field::Pause].ToolTipText = "seconds pause after trigger event";

@@ -6,6 +6,8 @@
 #include "platform/controls/cw_graph.h"
 #include "platform/controls/label.h"
 #include "platform/controls/option_button.h"
+#include "platform/controls/progress_bar.h"
+#include "platform/controls/quiet_line.h"
 #include "platform/controls/text_box.h"
 
 namespace forms {
@@ -55,10 +57,16 @@ struct RecorderControls {
   std::array<platform::Label, record_line::Count> Label10;
   platform::CWGraph CWGraph2;
   platform::CommandButton Command9;
+  /// Below the progress text, while a finished recording is read back.
+  platform::ProgressBar ProgressBar1;
   std::array<platform::TextBox, trigger_field::Count> Text3;
   platform::Shape Shape9;
   platform::GroupBox Frame4;
   std::array<platform::OptionButton, trigger_kind::Count> Option1;
+  /// What of each stream is on disk, beside the progress.
+  std::array<platform::Label, 2> OnDisk;
+  /// Since when, and why, a recording that goes on stores nothing.
+  platform::QuietLine NotStored;
 };
 
 }  // namespace forms

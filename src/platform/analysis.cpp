@@ -10,8 +10,8 @@ namespace {
 
 /// Sums f(x) in eight lanes: independent sums keep the adders busy and round less than one long
 /// one.
-template <typename Function>
-double Sum(std::span<const double> x, Function f) {
+template <typename Number, typename Function>
+double Sum(std::span<const Number> x, Function f) {
   constexpr std::size_t Lanes = 8;
   std::array<double, Lanes> sums{};
   std::size_t i = 0;
@@ -57,6 +57,12 @@ AcDc CWDSP::AcDcEstimate(std::span<const double> x) {
   const double mean = Sum(x, [](double value) { return value; }) / n;
   const double squares = Sum(x, [mean](double value) { return (value - mean) * (value - mean); });
   return {std::sqrt(squares / n), mean};
+}
+
+float CWStat::RootMeanSquare(std::span<const float> x) {
+  if (x.empty()) return 0;
+  const double squares = Sum(x, [](double value) { return value * value; });
+  return static_cast<float>(std::sqrt(squares / static_cast<double>(x.size())));
 }
 
 }  // namespace platform

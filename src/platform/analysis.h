@@ -36,4 +36,11 @@ class CWDSP {
   static AcDc AcDcEstimate(std::span<const double> x);
 };
 
+/// The statistics control.
+class CWStat {
+ public:
+  /// The root mean square of one sequence, in its units; 0 for an empty one.
+  static float RootMeanSquare(std::span<const float> x);
+};
+
 }  // namespace platform

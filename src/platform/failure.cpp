@@ -20,14 +20,24 @@ std::string StandardText(std::int32_t number) {
       return "Division by zero";
     case failure::TypeMismatch:
       return "Type mismatch";
+    case failure::BadFileNumber:
+      return "Bad file name or number";
     case failure::FileNotFound:
       return "File not found";
+    case failure::FileAlreadyOpen:
+      return "File already open";
     case failure::DeviceIo:
       return "Device I/O error";
     case failure::DiskFull:
       return "Disk full";
+    case failure::TooManyFiles:
+      return "Too many files";
     case failure::PermissionDenied:
       return "Permission denied";
+    case failure::PathFileAccess:
+      return "Path/File access error";
+    case failure::PathNotFound:
+      return "Path not found";
     case failure::ObjectNotSet:
       return "Object variable not set";
     case failure::InvalidPropertyValue:

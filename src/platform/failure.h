@@ -33,10 +33,18 @@ inline constexpr std::int32_t OutOfMemory = 7;
 inline constexpr std::int32_t SubscriptOutOfRange = 9;
 inline constexpr std::int32_t DivisionByZero = 11;
 inline constexpr std::int32_t TypeMismatch = 13;
+/// A file number under which no file is open.
+inline constexpr std::int32_t BadFileNumber = 52;
 inline constexpr std::int32_t FileNotFound = 53;
+/// A file number under which another file is open still.
+inline constexpr std::int32_t FileAlreadyOpen = 55;
 inline constexpr std::int32_t DeviceIo = 57;
 inline constexpr std::int32_t DiskFull = 61;
+inline constexpr std::int32_t TooManyFiles = 67;
 inline constexpr std::int32_t PermissionDenied = 70;
+/// The path leads to something that is no file.
+inline constexpr std::int32_t PathFileAccess = 75;
+inline constexpr std::int32_t PathNotFound = 76;
 inline constexpr std::int32_t ObjectNotSet = 91;
 inline constexpr std::int32_t InvalidPropertyValue = 380;
 /// A minimised or maximised window refuses to be sized.

@@ -5,37 +5,50 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
 #include <limits>
+
+#include "platform/decimal_digits.h"
 
 namespace platform {
 
 namespace {
 
-constexpr int SignificantDigits = 15;
+/// A number of at least this many digits in front of its point has the exponent form.
+constexpr int LongestPlain = SignificantDigits;
+/// So has one with more zeros behind its point.
+constexpr int MostZeros = 4;
 
-/// A finite value as decimal digits: value = 0.d1d2d3... * 10^Point.
-struct Decimal {
-  std::array<char, 40> Digits{};
-  int Count = 0;
-  int Point = 0;
-};
+void AppendZeros(std::string& text, int count) {
+  if (count > 0) text.append(static_cast<std::size_t>(count), '0');
+}
 
-Decimal ToDecimal(double magnitude) {
-  std::array<char, 64> text{};
-  const auto end = std::to_chars(text.data(), text.data() + text.size(), magnitude,
-                                 std::chars_format::scientific, SignificantDigits - 1)
-                       .ptr;
-  Decimal decimal;
-  const char* at = text.data();
-  for (; at != end && *at != 'e'; ++at) {
-    if (*at != '.') decimal.Digits[static_cast<std::size_t>(decimal.Count++)] = *at;
+void AppendDigits(std::string& text, const Decimal& decimal, int first, int behind) {
+  text.append(decimal.Digits.data() + first, static_cast<std::size_t>(behind - first));
+}
+
+/// "1.25E-07": one digit in front of the point and a power of at least two digits.
+void AppendExponentForm(std::string& text, const Decimal& decimal, char point) {
+  AppendDigits(text, decimal, 0, 1);
+  if (decimal.Count > 1) {
+    text += point;
+    AppendDigits(text, decimal, 1, decimal.Count);
   }
-  ++at;
-  if (at != end && *at == '+') ++at;
-  int exponent = 0;
-  std::from_chars(at, end, exponent);
-  decimal.Point = exponent + 1;
-  return decimal;
+  const int exponent = decimal.Point - 1;
+  text += exponent < 0 ? "E-" : "E+";
+  if (std::abs(exponent) < 10) text += '0';
+  NumberText::AppendGeneral(text, std::int64_t{std::abs(exponent)});
+}
+
+void AppendPlainForm(std::string& text, const Decimal& decimal, char point) {
+  const int whole = std::clamp(decimal.Point, 0, decimal.Count);
+  if (decimal.Point <= 0) text += '0';
+  AppendDigits(text, decimal, 0, whole);
+  AppendZeros(text, decimal.Point - decimal.Count);
+  if (whole == decimal.Count) return;
+  text += point;
+  AppendZeros(text, -decimal.Point);
+  AppendDigits(text, decimal, whole, decimal.Count);
 }
 
 /// Whether the magnitude of a decimal number is below 1, whatever its length.
@@ -63,6 +76,7 @@ double TooSmallOrOverflow(std::string_view number) {
 /// Rounds half away from zero behind `decimals` places; gives the integer and fraction digits.
 std::string RoundedDigits(const Decimal& decimal, int decimals) {
   const int kept = decimal.Point + decimals;
+  // Digits of the usual size need no memory of their own.
   std::string digits;
   if (kept < 0) return std::string(static_cast<std::size_t>(decimals) + 1, '0');
   for (int i = 0; i < kept; ++i) {
@@ -110,11 +124,30 @@ bool EqualIgnoringCase(std::string_view a, std::string_view b) {
 }  // namespace
 
 std::string NumberText::General(double value) const {
-  std::array<char, 64> text{};
-  const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
-                                 std::chars_format::general, SignificantDigits)
-                       .ptr;
-  return Localised(std::string(text.data(), end), locale_.Decimal);
+  std::string text;
+  AppendGeneral(text, value);
+  return text;
+}
+
+void NumberText::AppendGeneral(std::string& text, double value) const {
+  if (std::signbit(value)) text += '-';
+  if (!std::isfinite(value)) {
+    text += std::isnan(value) ? "nan" : "inf";
+    return;
+  }
+  const Decimal decimal = ToDecimal(std::abs(value));
+  if (decimal.Point > LongestPlain || decimal.Point < 1 - MostZeros) {
+    AppendExponentForm(text, decimal, locale_.Decimal);
+  } else {
+    AppendPlainForm(text, decimal, locale_.Decimal);
+  }
+}
+
+void NumberText::AppendGeneral(std::string& text, std::int64_t value) {
+  std::array<char, 24> digits{};
+  const char* const begin = digits.data();
+  const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+  text.append(begin, end);
 }
 
 std::string NumberText::General(float value) const {
@@ -127,7 +160,16 @@ std::string NumberText::General(float value) const {
 }
 
 std::string NumberText::Format(double value, std::string_view pattern) const {
-  if (pattern.find('0') == std::string_view::npos || !std::isfinite(value)) return General(value);
+  std::string text;
+  AppendFormat(text, value, pattern);
+  return text;
+}
+
+void NumberText::AppendFormat(std::string& text, double value, std::string_view pattern) const {
+  if (pattern.find('0') == std::string_view::npos || !std::isfinite(value)) {
+    AppendGeneral(text, value);
+    return;
+  }
   const auto point = pattern.find('.');
   const int decimals =
       point == std::string_view::npos ? 0 : static_cast<int>(pattern.size() - point - 1);
@@ -135,8 +177,6 @@ std::string NumberText::Format(double value, std::string_view pattern) const {
 
   const std::string digits = RoundedDigits(ToDecimal(std::abs(value)), decimals);
   const std::size_t whole = digits.size() - static_cast<std::size_t>(decimals);
-  std::string text;
-  text.reserve(digits.size() + whole / 3 + 2);
   // A value that rounds to zero shows no sign.
   if (value < 0 && digits.find_first_not_of('0') != std::string::npos) text += '-';
   for (std::size_t i = 0; i < whole; ++i) {
@@ -147,7 +187,6 @@ std::string NumberText::Format(double value, std::string_view pattern) const {
     text += locale_.Decimal;
     text.append(digits, whole);
   }
-  return text;
 }
 
 double NumberText::ToDouble(std::string_view text) const {

@@ -31,10 +31,17 @@ class NumberText {
   std::string General(float value) const;
   static std::string General(std::int32_t value) { return std::to_string(value); }
   static std::string General(std::int16_t value) { return std::to_string(value); }
+  static std::string General(std::int64_t value) { return std::to_string(value); }
 
   /// The value through a pattern such as "###,###,##0.00": rounded half away from zero to the
   /// decimals of the pattern. A pattern without a digit place gives the general form.
   std::string Format(double value, std::string_view pattern) const;
+
+  /// The same texts written behind a text that grows: they allocate nothing as long as it has room,
+  /// so a writer of many numbers keeps one text for them all.
+  void AppendGeneral(std::string& text, double value) const;
+  static void AppendGeneral(std::string& text, std::int64_t value);
+  void AppendFormat(std::string& text, double value, std::string_view pattern) const;
 
   double ToDouble(std::string_view text) const;
   float ToSingle(std::string_view text) const;

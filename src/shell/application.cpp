@@ -29,6 +29,23 @@ Application::Application(const Platform& platform)
       adapters_(Main, Settings, stored_),
       printers_(Main, Main, Settings, stored_, platform.Printers, platform.Dialogs,
                 platform.Program),
+      open_(platform.Files),
+      analysis_({Settings, Present, State.RecordFileName, platform.Files}, dispatcher_.Bytes(),
+                Main,
+                {platform.Code, platform.Numbers, platform.Calendar, platform.Pointer,
+                 platform.Dialogs, platform.Links, platform.Program, open_}),
+      record_{Settings, Present,          State,        Rings, platform.Files,
+              open_,    platform.Numbers, platform.Code},
+      sheets_(open_, platform.Numbers, platform.Code),
+      textWriter_(record_),
+      sheetWriter_(record_, sheets_, recording_),
+      comtradeWriter_(record_),
+      diskReport_(Main, platform.Files, platform.Calendar, platform.Numbers),
+      writers_{textWriter_, sheetWriter_, comtradeWriter_, sheets_, diskReport_},
+      samples_(record_, writers_, {Main, Main}, State, capture_, services_),
+      recording_(Main, Settings, stored_, State, capture_, {record_, writers_, samples_, analysis_},
+                 {services_, platform.Calendar}),
+      trigger_(Main, Main, Settings),
       tabs_(Main, Settings, Present, stored_, State, capture_, services_, platform.Files, *this,
             platform.Timers),
       watchdog_(State, Main, Main.Buttons(), capture_, tabs_, *this, services_),
@@ -91,14 +108,20 @@ void Application::UpdatePhases() {
   phases_.UpdatePhases();
 }
 
+void Application::WriteRecordBlock(std::int16_t stream) {
+  samples_.WriteRecordBlock(stream);
+}
+
+void Application::ShowFileFormat() {
+  recording_.ShowFileFormat();
+}
+
 // The views below stand empty until they are built.
-void Application::WriteRecordBlock(std::int16_t) {}
 std::string Application::ReportAnalyse(const packetroutines::PacketBytes&) {
   return {};
 }
 void Application::AddStreamToList(const std::string&) {}
 void Application::UnloadIDlook() {}
-void Application::ShowFileFormat() {}
 void Application::ReportLayout() {}
 
 }  // namespace formroutines

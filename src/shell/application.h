@@ -30,14 +30,22 @@
 #include "platform/controls/canvas.h"
 #include "platform/controls/timer.h"
 #include "platform/number_text.h"
+#include "platform/services/calendar.h"
 #include "platform/services/capture_object.h"
 #include "platform/services/code_page.h"
 #include "platform/services/dialogs.h"
 #include "platform/services/event_queue.h"
+#include "platform/services/file_system.h"
+#include "platform/services/mouse_pointer.h"
 #include "platform/services/program.h"
 #include "platform/services/services.h"
 #include "platform/services/settings_store.h"
 #include "platform/services/system_services.h"
+#include "recorder/disk_report.h"
+#include "recorder/record_analysis.h"
+#include "recorder/recording_session.h"
+#include "recorder/sample_writer.h"
+#include "recorder/trigger_block.h"
 #include "shell/form_layout.h"
 #include "shell/info_pages.h"
 #include "shell/tab_controller.h"
@@ -58,6 +66,8 @@ struct Platform {
   platform::FolderDialog& Folders;
   platform::Printers& Printers;
   platform::ShellLinks& Links;
+  const platform::Calendar& Calendar;
+  platform::MousePointer& Pointer;
   const platform::Screen& Screen;
   /// The picture of the phasor diagram.
   platform::Canvas& PhasorPicture;
@@ -132,6 +142,18 @@ class Application : private config::SetupConsumers,
   subroutines::SetupView setup_;
   subroutines::AdapterChoice adapters_;
   subroutines::PrinterChoices printers_;
+  packetroutines::FileNumbers open_;
+  packetroutines::RecordAnalysis analysis_;
+  packetroutines::RecordContext record_;
+  packetroutines::Worksheets sheets_;
+  packetroutines::TextWriter textWriter_;
+  packetroutines::WorksheetWriter sheetWriter_;
+  packetroutines::ComtradeWriter comtradeWriter_;
+  packetroutines::DiskReport diskReport_;
+  packetroutines::RecordWriters writers_;
+  packetroutines::SampleWriter samples_;
+  subroutines::RecordingSession recording_;
+  subroutines::TriggerBlock trigger_;
   TabController tabs_;
   packetroutines::NoDataWatchdog watchdog_;
   packetroutines::ViewRestart restart_;

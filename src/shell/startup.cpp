@@ -98,7 +98,14 @@ void Application::ReserveMemory() {
 void Application::LoadRecorder() {
   Main.CWButton3.BackColor = Rgb{237, 246, 240};
   Main.Frame4.Visible = false;
+  // The choice shows that there is one; the stored setting is selected later on.
+  const std::int16_t stored = Settings.SingleTrigger;
   Main.Option1[forms::trigger_kind::Immediate].Value = true;
+  Settings.SingleTrigger = stored;
+  // The quick view of a recording has the colours of the scope.
+  for (std::size_t i = 0; i < Main.CWGraph2.Plots.size(); ++i) {
+    Main.CWGraph2.Plots[i].LineColor = Main.CWGraph1.Plots[i].LineColor.Get();
+  }
 }
 
 void Application::LoadReport() {

@@ -12,8 +12,8 @@
 #include "forms/main_form.h"
 #include "platform/controls/timer.h"
 #include "platform/controls/window.h"
+#include "platform/services/file_system.h"
 #include "platform/services/services.h"
-#include "platform/services/system_services.h"
 #include "platform/trap.h"
 
 namespace formroutines {

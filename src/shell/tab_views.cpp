@@ -3,6 +3,7 @@
 #include <string>
 
 #include "config/setup_view.h"
+#include "recorder/record_files.h"
 #include "shell/tab_controller.h"
 
 namespace formroutines {
@@ -11,7 +12,11 @@ using platform::Crlf;
 
 namespace {
 
-constexpr const char* RecordPlaceholder = "SV record dd.mm.yyyy hh-MM-ss.txt (after 'RUN')";
+/// The name that stands for a recording until its start, whatever the format is.
+std::string PlaceholderOfText() {
+  return packetroutines::RecordPlaceholder(
+      packetroutines::RecordFormats[forms::record_format::Text]);
+}
 
 }  // namespace
 
@@ -133,10 +138,14 @@ void TabController::RefuseStoragePath() {
 }
 
 void TabController::ShowRecorderPaths() {
-  if (state_.RecordFileName.empty()) state_.RecordFileName = RecordPlaceholder;
-  const std::string folder = files_.Native(settings_.StoragePath) + files_.Separator();
-  main_.Label10[forms::record_line::FirstPath].Caption = folder + RecordPlaceholder;
-  main_.Label10[forms::record_line::SecondPath].Caption = folder + "2_" + RecordPlaceholder;
+  const std::string placeholder = PlaceholderOfText();
+  if (state_.RecordFileName.empty()) state_.RecordFileName = placeholder;
+  const auto path = [&](const std::string& name) {
+    return packetroutines::RecordPath(files_, settings_, name);
+  };
+  main_.Label10[forms::record_line::FirstPath].Caption = path(placeholder);
+  main_.Label10[forms::record_line::SecondPath].Caption =
+      path(packetroutines::SecondPrefix + placeholder);
   if (HasSecondStream()) main_.Label10[forms::record_line::SecondPath].Visible = true;
 }
 

@@ -34,6 +34,7 @@ class ScriptedSource : public adapters::FrameSource {
     Log += "start ";
   }
   void Stop() override { Log += "stop "; }
+  void TakeNoMore() override { Log += "no more "; }
   void Release() override { Log += "release "; }
   std::optional<CapturedFrame> Next() override {
     if (Count == 0) return std::nullopt;
@@ -73,6 +74,30 @@ class CaptureChannel : public ::testing::Test {
   std::shared_ptr<adapters::ChannelLink> link_ = std::make_shared<adapters::ChannelLink>();
   std::unique_ptr<adapters::CaptureChannel> channel_;
 };
+
+TEST_F(CaptureChannel, DeliversAtOnceWhatHasArrived) {
+  int frames = 0;
+  channel_->OnPacket = [&](const CapturedFrame&) { ++frames; };
+  channel_->DeliverArrived();
+  EXPECT_EQ(sources_[0]->Log, "") << "nothing runs yet";
+  channel_->Start();
+  sources_[0]->Count = 5;
+  clock_.Time += std::chrono::seconds(1);
+  channel_->DeliverArrived();
+  EXPECT_EQ(frames, 5);
+  EXPECT_EQ(sources_[0]->Log, "start no more ");
+}
+
+TEST_F(CaptureChannel, DeliversNothingMoreBehindAStopWithinAnEvent) {
+  int frames = 0;
+  channel_->OnPacket = [&](const CapturedFrame&) {
+    if (++frames == 2) channel_->Stop();
+  };
+  channel_->Start();
+  sources_[0]->Count = 5;
+  channel_->DeliverArrived();
+  EXPECT_EQ(frames, 2);
+}
 
 TEST_F(CaptureChannel, DeliversOneFrameACall) {
   Bytes marks;

@@ -42,6 +42,7 @@ class ArrivingFrames : public adapters::FrameSource {
     running_ = false;
     Waiting.clear();
   }
+  void TakeNoMore() override { ++NoMore; }
   void Release() override { Stop(); }
   std::optional<CapturedFrame> Next() override {
     if (!running_ || Waiting.empty()) return std::nullopt;
@@ -51,6 +52,7 @@ class ArrivingFrames : public adapters::FrameSource {
     return CapturedFrame{buffer_, length};
   }
 
+  int NoMore = 0;
   std::int32_t PrepareFailure = 0;
   std::int32_t StartFailure = 0;
   std::deque<std::pair<std::uint8_t, std::size_t>> Waiting;
@@ -108,6 +110,12 @@ TEST_F(FirstFrames, ComeAfterTwentyMillisecondsTheEarliestOfTheLongestBeforeTheO
   Arrive(5, 134);
   EXPECT_EQ(TakenAfter(15ms - 1ns), Marks());
   EXPECT_EQ(TakenAfter(1ns), Marks({3, 1, 2, 4, 5}));
+}
+
+TEST_F(FirstFrames, PassOnThatNoMoreIsTaken) {
+  Run();
+  frames_->TakeNoMore();
+  EXPECT_EQ(wire_->NoMore, 1);
 }
 
 TEST_F(FirstFrames, KeepTheirTrueLength) {

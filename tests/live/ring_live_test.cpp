@@ -56,6 +56,24 @@ TEST_F(Ring, HoldsThirtyTwoThousandWholeFramesForARecording) {
   HoldsWhileNobodyReads(RecordingBuffer, 32768);
 }
 
+TEST_F(Ring, HandsOverWhatHasArrivedAndNoMore) {
+  live::Sender sender;
+  source_.Prepare(Settings("", RecordingBuffer));
+  source_.Start();
+  for (std::uint32_t i = 0; i < 500; ++i) sender.Send(Numbered(i));
+  std::this_thread::sleep_for(10ms);
+  source_.TakeNoMore();
+  std::this_thread::sleep_for(10ms);
+  for (std::uint32_t i = 500; i < 600; ++i) sender.Send(Numbered(i));
+  const auto frames = ReadAll();
+  ASSERT_EQ(frames.size(), 500U);
+  for (std::uint32_t i = 0; i < 500; ++i) ASSERT_EQ(frames[i], Numbered(i));
+  source_.Stop();
+  source_.Start();
+  sender.Send(Numbered(7));
+  EXPECT_EQ(ReadAll().size(), 1U) << "a start takes what comes";
+}
+
 TEST_F(Ring, CountsWhatNoLongerFits) {
   live::Sender sender;
   source_.Prepare(Settings());

@@ -117,7 +117,7 @@ TEST_F(TabViews, BeginTheRecorderAnew) {
   EXPECT_EQ(main.Label10[4].Caption,
             "c:\\StoredData\\2_SV record dd.mm.yyyy hh-MM-ss.txt (after 'RUN')");
   EXPECT_FALSE(main.Label10[4].Visible);
-  EXPECT_EQ(scene.State.RecordFileName, "SV record dd.mm.yyyy hh-MM-ss.txt (after 'RUN')");
+  EXPECT_EQ(scene.State.RecordFileName, "SV record 09.03.2024 14-05-07.txt");
 }
 
 TEST_F(TabViews, KeepTheNameOfARecordingButShowTheFixedText) {

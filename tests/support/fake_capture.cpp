@@ -56,7 +56,15 @@ class FakeCapture::Object : public platform::CaptureObject {
   void Stop() override {
     layer_.journal_.push_back("stop");
     layer_.Running = false;
+    layer_.waiting_.clear();
     RaiseIfSet(layer_.StopFailure);
+  }
+  void DeliverArrived() override {
+    while (layer_.Running && !layer_.waiting_.empty()) {
+      const std::vector<std::uint8_t> frame = layer_.waiting_.front();
+      layer_.waiting_.pop_front();
+      layer_.Receive(frame);
+    }
   }
 
  private:

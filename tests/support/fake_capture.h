@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <map>
 #include <memory>
@@ -53,6 +54,8 @@ class FakeCapture : public platform::CaptureLayer {
   void Receive(std::span<const std::uint8_t> bytes);
   /// A frame that was in flight when capture stopped.
   void ReceiveInFlight(std::span<const std::uint8_t> bytes);
+  /// A frame arrives, and waits to be handed over; a stop drops it.
+  void Arrive(std::vector<std::uint8_t> frame) { waiting_.push_back(std::move(frame)); }
   /// A frame whose true length is more than what was captured of it.
   void ReceiveCut(std::span<const std::uint8_t> bytes, std::size_t trueLength);
 
@@ -76,6 +79,7 @@ class FakeCapture : public platform::CaptureLayer {
   std::vector<std::unique_ptr<FakeAdapter>> adapters_;
   Object* object_ = nullptr;
   int holds_ = 0;
+  std::deque<std::vector<std::uint8_t>> waiting_;
 };
 
 }  // namespace support

@@ -2,19 +2,23 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "platform/failure.h"
+#include "platform/services/file_system.h"
 #include "platform/services/standing_box.h"
 #include "platform/services/system_services.h"
 #include "support/journal.h"
+#include "support/memory_files.h"
 
 namespace support {
 
-/// Folders that exist by name. The platform is Windows until a scene moves it elsewhere.
+/// Folders that exist by name, and files in memory, which lie in them. The platform is Windows
+/// until a scene moves it elsewhere.
 class FakeFiles : public platform::FileSystem {
  public:
   std::string Separator() const override { return SeparatorText; }
@@ -29,6 +33,30 @@ class FakeFiles : public platform::FileSystem {
     Made.push_back(path);
     Folders.insert(path);
   }
+  bool FileExists(const std::string& path) const override { return Stored.count(path) > 0; }
+  std::int64_t FileSize(const std::string& path) const override {
+    const auto file = Stored.find(path);
+    return file == Stored.end() ? 0 : static_cast<std::int64_t>(file->second.size());
+  }
+  void DeleteFile(const std::string& path) override {
+    if (Stored.erase(path) == 0) throw platform::Failure(platform::failure::FileNotFound);
+  }
+  std::unique_ptr<platform::OutputFile> Append(const std::string& path) override {
+    if (Folders.count(path.substr(0, path.rfind(SeparatorText))) == 0) {
+      throw platform::Failure(platform::failure::PathNotFound);
+    }
+    Stored[path];
+    return std::make_unique<MemoryOutput>(Stored, path);
+  }
+  std::unique_ptr<platform::OutputFile> Create(const std::string& path) override {
+    auto file = Append(path);
+    Stored[path].clear();
+    return file;
+  }
+  std::unique_ptr<platform::InputFile> Read(const std::string& path) override {
+    if (!FileExists(path)) throw platform::Failure(platform::failure::FileNotFound);
+    return std::make_unique<MemoryInput>(Stored[path]);
+  }
   /// A platform with "/" and no drives, and a user named "user".
   void LeaveWindows() {
     SeparatorText = "/";
@@ -42,6 +70,7 @@ class FakeFiles : public platform::FileSystem {
   std::map<std::string, std::string> NativePaths;
   std::vector<std::string> Made;
   std::set<std::string> Folders{"c:\\StoredData"};
+  Contents Stored;
 };
 
 /// A folder dialog that answers with what the test set.
@@ -85,6 +114,13 @@ class FakePrinters : public platform::Printers {
 class FakeLinks : public platform::ShellLinks {
  public:
   void Open(const std::string& target) override { Opened.push_back(target); }
+  std::int32_t OpenFile(const std::string& path) override {
+    Open(path);
+    return Code;
+  }
+
+  /// What comes of opening a file.
+  std::int32_t Code = platform::open_code::Opened;
 
   std::vector<std::string> Opened;
 };

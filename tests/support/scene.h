@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "shell/application.h"
+#include "support/failing_files.h"
 #include "support/fake_platform.h"
 #include "support/sv_frame.h"
 
@@ -20,8 +21,11 @@ class Scene : public FakePlatform {
   /// Ends the program where the test left it.
   ~Scene();
 
+  /// The files of the platform, which fail where the test wants it.
+  FailingFiles Disk{Files};
   formroutines::Application App{{Timers, Events, Dialogs, Runtime, Store, Capture, Code, Numbers,
-                                 Files, Folders, Printers, Links, Screen, PhasorPicture}};
+                                 Disk, Folders, Printers, Links, Calendar, Pointer, Screen,
+                                 PhasorPicture}};
   forms::Main& Main = App.Main;
   config::Settings& Settings = App.Settings;
   config::RunSettings& Present = App.Present;

@@ -1,5 +1,6 @@
 #include "adapters/files/file_source.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace adapters {
@@ -38,12 +39,13 @@ void FileSource::Start() {
   if (!waiting_) Fetch();
   // The first frame after a start is due at once.
   due_ = clock_.Now();
+  bound_ = nanoseconds::max();
   running_ = true;
 }
 
 std::optional<platform::CapturedFrame> FileSource::Next() {
   if (!running_) return std::nullopt;
-  const nanoseconds now = clock_.Now();
+  const nanoseconds now = std::min(clock_.Now(), bound_);
   // Begun anew a second time, the file has been searched as a whole, and beginning it is dear.
   const std::uint64_t lastPass = passes_ + 1;
   for (int passedOver = 0; passedOver < MostPassedOver; ++passedOver) {

@@ -24,6 +24,7 @@ class FileSource : public FrameSource {
   void Prepare(const SourceSettings& settings) override;
   void Start() override;
   void Stop() override { running_ = false; }
+  void TakeNoMore() override { bound_ = clock_.Now(); }
   /// The file stays open, for its place to go on from.
   void Release() override { running_ = false; }
   std::optional<platform::CapturedFrame> Next() override;
@@ -47,6 +48,8 @@ class FileSource : public FrameSource {
   std::optional<WireFilter> filter_;
   std::string filterText_;
   bool running_ = false;
+  /// Frames that are due later are not handed over.
+  std::chrono::nanoseconds bound_ = std::chrono::nanoseconds::max();
 
   std::optional<RecordedFrame> waiting_;
   /// When the waiting frame is due; before it is fetched, when the frame before it was due.

@@ -89,6 +89,7 @@ void PcapSource::CompileFilter() {
 }
 
 void PcapSource::Start() {
+  bound_.reset();
   if (handle_) Listen();
   running_ = true;
 }
@@ -107,6 +108,11 @@ void PcapSource::Listen() {
 void PcapSource::Stop() {
   if (running_ && handle_) RejectAll();
   running_ = false;
+}
+
+void PcapSource::TakeNoMore() {
+  bound_ = std::chrono::duration_cast<std::chrono::microseconds>(
+      std::chrono::system_clock::now().time_since_epoch());
 }
 
 void PcapSource::RejectAll() {
@@ -130,6 +136,9 @@ std::optional<platform::CapturedFrame> PcapSource::Next() {
   const int read = pcap_next_ex(handle_.get(), &header, &bytes);
   if (read < 0) lost_ = true;
   if (read != 1) return std::nullopt;
+  const auto arrived =
+      std::chrono::seconds(header->ts.tv_sec) + std::chrono::microseconds(header->ts.tv_usec);
+  if (bound_ && arrived > *bound_) return std::nullopt;
   return platform::CapturedFrame{{bytes, header->caplen}, header->len};
 }
 

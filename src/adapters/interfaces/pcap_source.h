@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -26,6 +27,8 @@ class PcapSource : public FrameSource {
   void Prepare(const SourceSettings& settings) override;
   void Start() override;
   void Stop() override;
+  /// The bound is a time stamp of the system's clock, as the frames carry one.
+  void TakeNoMore() override;
   void Release() override;
   std::optional<platform::CapturedFrame> Next() override;
 
@@ -51,6 +54,8 @@ class PcapSource : public FrameSource {
   std::optional<FilterProgram> program_;
   std::string programText_;
   bool running_ = false;
+  /// Frames that arrived later are not handed over.
+  std::optional<std::chrono::microseconds> bound_;
   /// Reading failed: the handle is of no more use.
   bool lost_ = false;
 };

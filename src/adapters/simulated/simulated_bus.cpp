@@ -87,6 +87,7 @@ void SimulatedBus::Start() {
   // Who takes one frame a start would otherwise meet the same stream each time.
   leading_ = (leading_ + 1) % StreamCount;
   stream_ = leading_;
+  bound_ = nanoseconds::max();
   running_ = true;
 }
 
@@ -102,7 +103,7 @@ SimulatedBus::Stream& SimulatedBus::WriteNext() {
 
 std::optional<platform::CapturedFrame> SimulatedBus::Next() {
   if (!running_) return std::nullopt;
-  const nanoseconds now = clock_.Now();
+  const nanoseconds now = std::min(clock_.Now(), bound_);
   for (int passedOver = 0; passedOver < MostPassedOver && sample_ * SampleTime <= now;
        ++passedOver) {
     const std::span<const std::uint8_t> frame = WriteNext().Writer.Frame();

@@ -24,6 +24,7 @@ class SimulatedBus : public FrameSource {
   void Prepare(const SourceSettings& settings) override;
   void Start() override;
   void Stop() override { running_ = false; }
+  void TakeNoMore() override { bound_ = clock_.Now(); }
   void Release() override { running_ = false; }
   std::optional<platform::CapturedFrame> Next() override;
 
@@ -43,6 +44,8 @@ class SimulatedBus : public FrameSource {
   std::string filterText_;
   std::optional<WireFilter> filter_;
   bool running_ = false;
+  /// Frames that are due later are not handed over.
+  std::chrono::nanoseconds bound_ = std::chrono::nanoseconds::max();
   /// Samples since the clock's origin, so that the sample count runs on while nobody listens.
   std::int64_t sample_ = 0;
   std::size_t stream_ = 0;

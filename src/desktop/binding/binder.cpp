@@ -83,9 +83,11 @@ void Binder::Bind(platform::Label& control, QLabel& widget, const QString& name,
   });
 }
 
-void Binder::Bind(platform::Label& control, ClickLabel& widget, const QString& name) {
-  Bind(control, static_cast<QLabel&>(widget), name);
+void Binder::Bind(platform::Label& control, ClickLabel& widget, const QString& name,
+                  Ampersand ampersand) {
+  Bind(control, static_cast<QLabel&>(widget), name, ampersand);
   widget.Clicked = [&] { guard_([&] { control.Click(); }); };
+  widget.DoubleClicked = [&] { guard_([&] { control.DblClick(); }); };
 }
 
 void Binder::Bind(platform::Label& control, ReadingField& widget, const QString& name) {
@@ -202,6 +204,14 @@ void Binder::Bind(platform::PictureBox& control, QWidget& widget, const QString&
 
 void Binder::Bind(platform::Shape& control, QWidget& widget, const QString& name) {
   BindControl(control, widget, name);
+}
+
+void Binder::Bind(platform::ProgressBar& control, QProgressBar& widget, const QString& name) {
+  BindControl(control, widget, name);
+  widget.setRange(0, 100);
+  widget.setTextVisible(false);
+  Follow(control.Value, [&] { widget.setValue(control.Value); });
+  control.Repaint = [&] { widget.repaint(); };
 }
 
 void Binder::Bind(platform::Panel& panel, QLabel& widget, const QString& name) {

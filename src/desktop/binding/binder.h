@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QLabel>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QString>
 #include <QWidget>
@@ -21,6 +22,7 @@
 #include "platform/controls/combo_box.h"
 #include "platform/controls/label.h"
 #include "platform/controls/option_button.h"
+#include "platform/controls/progress_bar.h"
 #include "platform/controls/quiet_line.h"
 #include "platform/controls/status_bar.h"
 #include "platform/controls/text_box.h"
@@ -40,7 +42,8 @@ class Binder {
 
   void Bind(platform::Label& control, QLabel& widget, const QString& name,
             Ampersand ampersand = Ampersand::Mnemonic);
-  void Bind(platform::Label& control, ClickLabel& widget, const QString& name);
+  void Bind(platform::Label& control, ClickLabel& widget, const QString& name,
+            Ampersand ampersand = Ampersand::Mnemonic);
   void Bind(platform::Label& control, ReadingField& widget, const QString& name);
   void Bind(platform::QuietLine& control, QuietLine& widget, const QString& name);
   void Bind(platform::CWButton& control, RunButton& widget, const QString& name);
@@ -55,6 +58,7 @@ class Binder {
   void Bind(platform::GroupBox& control, QWidget& widget, const QString& name);
   void Bind(platform::PictureBox& control, QWidget& widget, const QString& name);
   void Bind(platform::Shape& control, QWidget& widget, const QString& name);
+  void Bind(platform::ProgressBar& control, QProgressBar& widget, const QString& name);
   void Bind(platform::Panel& panel, QLabel& widget, const QString& name);
 
  private:

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "desktop/look/look.h"
+#include "desktop/look/text.h"
 
 namespace desktop {
 
@@ -27,6 +28,8 @@ constexpr std::size_t SmoothSamples = 4000;
 constexpr int SmallestZoom = 5;
 /// Half the height of the range that a flat curve stands in.
 constexpr double FlatReach = 1;
+/// Half the length of an axis that holds a single point.
+constexpr double PointReach = 0.5;
 /// A block is put on the graph in many steps, with a pump among them, and drawn by the last one.
 /// What is to be drawn soon waits for that long enough.
 constexpr int DrawMs = 30;
@@ -78,7 +81,28 @@ void GraphView::FollowPlots() {
   }
 }
 
+void GraphView::FollowAxis(platform::Axis& axis, QCPAxis& shown) {
+  const auto caption = [this, &axis, &shown] {
+    shown.setLabel(ToQt(axis.Caption));
+    DrawSoon();
+  };
+  caption();
+  axis.Caption.Observe(caption);
+  const auto ends = [this, &axis, &shown] {
+    QCPRange range(axis.Minimum, axis.Maximum);
+    // A course of one point alone leaves its axis no length.
+    if (axis.Maximum <= axis.Minimum)
+      range = QCPRange(axis.Minimum - PointReach, axis.Minimum + PointReach);
+    shown.setRange(range);
+    DrawSoon();
+  };
+  axis.Minimum.Observe(ends);
+  axis.Maximum.Observe(ends);
+}
+
 void GraphView::FollowGraph() {
+  FollowAxis(graph_.XAxis, *xAxis);
+  FollowAxis(graph_.YAxis, *yAxis);
   graph_.XAxis.ScaleNow = [this] {
     ScaleX();
     DrawSoon();

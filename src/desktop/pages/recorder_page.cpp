@@ -1,6 +1,7 @@
 #include "desktop/pages/recorder_page.h"
 
 #include <QHBoxLayout>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -18,6 +19,7 @@ namespace {
 constexpr int Margin = 16;
 constexpr int PanelWidth = 226;
 constexpr int ShortField = 96;
+constexpr int BarHeight = 8;
 /// Room at the foot of the page for the logo.
 constexpr int FootHeight = 52;
 
@@ -74,7 +76,7 @@ TextField* RecorderPage::Field(std::size_t index, QWidget* parent, const QString
 
 Card* RecorderPage::RecordingCard() {
   auto* card = new Card(QString(), this);
-  auto* heading = new QLabel(card);
+  auto* heading = new ClickLabel(card);
   MakeHeading(*heading);
   binder_.Bind(recorder_.Label10[forms::record_line::Heading], *heading, ArrayName("Label10", 0));
   card->AddWide(heading);
@@ -91,6 +93,21 @@ Card* RecorderPage::RecordingCard() {
     card->AddWide(label);
   }
   card->AddWide(Progress(card));
+  auto* analysis = new QProgressBar(card);
+  analysis->setFixedHeight(BarHeight);
+  analysis->setAccessibleName(QStringLiteral("Progress of the analysis"));
+  binder_.Bind(recorder_.ProgressBar1, *analysis, QStringLiteral("ProgressBar1"));
+  // It is painted where no layout is made anew.
+  KeepRoom(*analysis);
+  card->AddWide(analysis);
+  for (std::size_t i = 0; i < recorder_.OnDisk.size(); ++i) {
+    auto* stored = new QLabel(card);
+    binder_.Bind(recorder_.OnDisk[i], *stored, ArrayName("OnDisk", i));
+    card->AddWide(stored);
+  }
+  auto* notStored = new QuietLine(card);
+  binder_.Bind(recorder_.NotStored, *notStored, QStringLiteral("NotStored"));
+  card->AddWide(notStored);
   return card;
 }
 
@@ -98,8 +115,8 @@ QWidget* RecorderPage::Progress(QWidget* parent) {
   auto* line = new QWidget(parent);
   auto* row = new QHBoxLayout(line);
   row->setContentsMargins(0, Margin / 2, 0, 0);
-  auto* heading = new QLabel(line);
-  auto* counter = new QLabel(line);
+  auto* heading = new ClickLabel(line);
+  auto* counter = new ClickLabel(line);
   // So a screen reader tells what is counted.
   heading->setBuddy(counter);
   binder_.Bind(recorder_.Label10[2], *heading, ArrayName("Label10", 2));

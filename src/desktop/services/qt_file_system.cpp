@@ -1,9 +1,12 @@
 #include "desktop/services/qt_file_system.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 #include "desktop/look/text.h"
+#include "desktop/services/stdio_files.h"
+#include "platform/failure.h"
 
 namespace desktop {
 
@@ -55,6 +58,32 @@ std::string QtFileSystem::Native(const std::string& path) const {
 
 void QtFileSystem::MakeFolder(const std::string& path) {
   QDir().mkpath(Resolve(path));
+}
+
+bool QtFileSystem::FileExists(const std::string& path) const {
+  return QFileInfo(Resolve(path)).isFile();
+}
+
+std::int64_t QtFileSystem::FileSize(const std::string& path) const {
+  const QFileInfo file(Resolve(path));
+  return file.isFile() ? file.size() : 0;
+}
+
+void QtFileSystem::DeleteFile(const std::string& path) {
+  if (!FileExists(path)) throw platform::Failure(platform::failure::FileNotFound);
+  if (!QFile::remove(Resolve(path))) throw platform::Failure(platform::failure::PermissionDenied);
+}
+
+std::unique_ptr<platform::OutputFile> QtFileSystem::Append(const std::string& path) {
+  return OpenToAppend(Resolve(path));
+}
+
+std::unique_ptr<platform::OutputFile> QtFileSystem::Create(const std::string& path) {
+  return OpenAnew(Resolve(path));
+}
+
+std::unique_ptr<platform::InputFile> QtFileSystem::Read(const std::string& path) {
+  return OpenToRead(Resolve(path));
 }
 
 }  // namespace desktop

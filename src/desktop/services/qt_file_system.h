@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include "platform/services/system_services.h"
+#include "platform/services/file_system.h"
 
 namespace desktop {
 
@@ -14,6 +14,12 @@ class QtFileSystem : public platform::FileSystem {
   std::string DefaultFolder() const override;
   std::string Native(const std::string& path) const override;
   void MakeFolder(const std::string& path) override;
+  bool FileExists(const std::string& path) const override;
+  std::int64_t FileSize(const std::string& path) const override;
+  void DeleteFile(const std::string& path) override;
+  std::unique_ptr<platform::OutputFile> Append(const std::string& path) override;
+  std::unique_ptr<platform::OutputFile> Create(const std::string& path) override;
+  std::unique_ptr<platform::InputFile> Read(const std::string& path) override;
 
   /// The place that a path of the program means here. Off Windows a path with a drive letter lies
   /// in the user's home, and a backslash separates folders.

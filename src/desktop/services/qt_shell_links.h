@@ -10,6 +10,9 @@ namespace desktop {
 class QtShellLinks : public platform::ShellLinks {
  public:
   void Open(const std::string& target) override;
+  /// Waits a few seconds for the desktop's word on a viewer; one that still runs then has taken the
+  /// file.
+  std::int32_t OpenFile(const std::string& path) override;
 
   /// The address of a target: the program writes links, and mail links with their subject, as plain
   /// texts.

@@ -13,4 +13,8 @@ void ClickLabel::mouseReleaseEvent(QMouseEvent* event) {
   if (Clicked) Clicked();
 }
 
+void ClickLabel::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton && DoubleClicked) DoubleClicked();
+}
+
 }  // namespace desktop

@@ -4,7 +4,7 @@
 
 namespace desktop {
 
-PathLabel::PathLabel(QWidget* parent) : QLabel(parent) {}
+PathLabel::PathLabel(QWidget* parent) : ClickLabel(parent) {}
 
 QSize PathLabel::minimumSizeHint() const {
   return {1, QLabel::minimumSizeHint().height()};

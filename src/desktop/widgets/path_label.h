@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QLabel>
+#include "desktop/widgets/click_label.h"
 
 namespace desktop {
 
 /// A line with the path of a file; one that is too long loses its middle, never its name.
-class PathLabel : public QLabel {
+class PathLabel : public ClickLabel {
   Q_OBJECT
 
  public:

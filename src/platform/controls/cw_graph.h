@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "platform/controls/control.h"
@@ -29,6 +30,11 @@ class Axis {
  public:
   /// The axis follows the data whenever curves are drawn.
   Property<bool> AutoScale;
+  /// The words along the axis.
+  Property<std::string> Caption;
+  /// The ends of the axis, where the program sets them; they do not follow the user's hand.
+  Property<double> Minimum;
+  Property<double> Maximum;
   /// Scales the axis once to the data now shown.
   Event<> ScaleNow;
 };

@@ -16,6 +16,7 @@ class Label : public Control {
   Property<bool> FontUnderline;
   Property<Rgb> ForeColor;
   Event<> Click;
+  Event<> DblClick;
 };
 
 /// A picture on a view, such as a logo.

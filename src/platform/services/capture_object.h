@@ -71,6 +71,9 @@ class CaptureObject {
   virtual void Start() = 0;
   /// Ends delivery; frames that arrive until the next start are lost. Legal when idle.
   virtual void Stop() = 0;
+  /// Raises `OnPacket` for each frame that has arrived before this moment and was not handed over
+  /// yet, while delivery runs. What arrives later waits for the stop, which drops it.
+  virtual void DeliverArrived() = 0;
   /// One received frame; valid until the handler returns, also where it stops, starts or pumps.
   std::function<void(const CapturedFrame&)> OnPacket;
 };

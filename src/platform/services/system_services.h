@@ -18,22 +18,6 @@ class Printers {
   virtual void MakeCurrent(std::int32_t index) = 0;
 };
 
-/// All work on files and folders. Paths are the program's own: off Windows a path such as
-/// `c:\StoredData` stands for the folder `StoredData` in the user's home.
-class FileSystem {
- public:
-  virtual ~FileSystem() = default;
-  /// "\" on Windows, "/" elsewhere.
-  virtual std::string Separator() const = 0;
-  virtual bool DirectoryExists(const std::string& path) const = 0;
-  /// The folder for data as long as the user chose no other.
-  virtual std::string DefaultFolder() const = 0;
-  /// The place that a path means here, in the platform's own writing.
-  virtual std::string Native(const std::string& path) const = 0;
-  /// Makes a folder and those above it, where they are missing; what cannot be made stays missing.
-  virtual void MakeFolder(const std::string& path) = 0;
-};
-
 /// The dialog that selects a folder of the file system.
 class FolderDialog {
  public:
@@ -44,12 +28,28 @@ class FolderDialog {
                                             const std::string& present) = 0;
 };
 
-/// The desktop's "open" of a document or a link.
+/// What came of opening a file.
+namespace open_code {
+
+inline constexpr std::int32_t FileNotFound = 2;
+inline constexpr std::int32_t PathNotFound = 3;
+inline constexpr std::int32_t AccessDenied = 5;
+/// No viewer knows files of this kind.
+inline constexpr std::int32_t NoViewer = 31;
+/// The file was handed to its viewer.
+inline constexpr std::int32_t Opened = 33;
+
+}  // namespace open_code
+
+/// The desktop's "open" of a document or a link. Its viewer comes in a window of its usual size.
 class ShellLinks {
  public:
   virtual ~ShellLinks() = default;
   /// A call that fails is not reported.
   virtual void Open(const std::string& target) = 0;
+  /// Opens a file in the viewer of its kind and tells what came of it: a code above 32 where it was
+  /// handed over, else one of `open_code`.
+  virtual std::int32_t OpenFile(const std::string& path) = 0;
 };
 
 }  // namespace platform

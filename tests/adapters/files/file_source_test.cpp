@@ -98,6 +98,18 @@ TEST_F(FileSource, HandsOverEverythingThatIsDueToALateReader) {
   EXPECT_EQ(DueAfter(500us), Marks({1, 2, 3}));
 }
 
+TEST_F(FileSource, HandsOverWhatHasArrivedAndNoMore) {
+  PcapFile().Add(0, 0, Marked(1)).Add(0, 250, Marked(2)).Add(0, 500, Marked(3)).Save(file_);
+  Play();
+  clock_.Time += 250us;
+  source_.TakeNoMore();
+  EXPECT_EQ(DueAfter(250us), Marks({1, 2}));
+  EXPECT_EQ(DueAfter(250us), Marks());
+  source_.Stop();
+  source_.Start();
+  EXPECT_EQ(Due(), Marks({3})) << "a start takes what comes";
+}
+
 TEST_F(FileSource, BeginsAnewAtItsEndAfterTheUsualGap) {
   PcapFile().Add(0, 0, Marked(1)).Add(0, 400, Marked(2)).Add(0, 800, Marked(3)).Save(file_);
   Play();

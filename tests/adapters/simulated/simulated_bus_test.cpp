@@ -170,6 +170,19 @@ TEST_F(SimulatedBus, DropsTheFramesOfTheStoppedTimeAndGoesOnWithTime) {
   EXPECT_EQ(Decode(frames[0]).Number("60.A2.30.82"), 41U);
 }
 
+TEST_F(SimulatedBus, HandsOverWhatHasArrivedAndNoMore) {
+  Listen();
+  clock_.Time = 10ms;
+  bus_.TakeNoMore();
+  clock_.Time = 20ms;
+  EXPECT_EQ(Due().size(), 2U * 41U);
+  clock_.Time = 30ms;
+  EXPECT_EQ(Due().size(), 0U);
+  bus_.Stop();
+  bus_.Start();
+  EXPECT_EQ(Due().size(), 2U) << "a start takes what comes";
+}
+
 TEST_F(SimulatedBus, BeginsWithTheOtherStreamAtEachStart) {
   for (const std::string first : {"VORNIK-SIM-1", "VORNIK-SIM-2", "VORNIK-SIM-1"}) {
     Listen();

@@ -2,14 +2,27 @@
 
 #include <QDir>
 #include <QTemporaryDir>
+#include <array>
+#include <string>
 
 #include "desktop/services/qt_file_system.h"
 #include "desktop/services/qt_printers.h"
 #include "desktop/services/qt_shell_links.h"
 #include "platform/failure.h"
+#include "support/failures.h"
 
 namespace desktop {
 namespace {
+
+using support::FailureOf;
+
+std::string Content(QtFileSystem& files, const std::string& path) {
+  const auto file = files.Read(path);
+  std::string text;
+  std::array<char, 4> piece{};
+  while (const std::size_t count = file->Read(piece)) text.append(piece.data(), count);
+  return text;
+}
 
 TEST(Files, AFolderIsFoundByItsPath) {
   const QTemporaryDir folder;
@@ -26,6 +39,85 @@ TEST(Files, AFolderIsMadeWithThoseAboveIt) {
 
   EXPECT_TRUE(QDir(folder.filePath("a/b")).exists());
 }
+
+TEST(Files, WhatIsAppendedStandsBehindWhatWasThere) {
+  const QTemporaryDir folder;
+  const std::string path = folder.filePath("a.txt").toStdString();
+  QtFileSystem files;
+  EXPECT_FALSE(files.FileExists(path));
+  EXPECT_EQ(files.FileSize(path), 0);
+
+  files.Append(path)->Write("one\r\n");
+  files.Append(path)->Write("two");
+
+  EXPECT_TRUE(files.FileExists(path));
+  EXPECT_EQ(files.FileSize(path), 8);
+  EXPECT_EQ(Content(files, path), "one\r\ntwo");
+}
+
+TEST(Files, ANewFileIsEmpty) {
+  const QTemporaryDir folder;
+  const std::string path = folder.filePath("a.txt").toStdString();
+  QtFileSystem files;
+  files.Create(path)->Write("older and longer");
+
+  files.Create(path)->Write("new");
+
+  EXPECT_EQ(Content(files, path), "new");
+}
+
+TEST(Files, AWriteIsOnDiskBeforeTheFileIsClosed) {
+  const QTemporaryDir folder;
+  const std::string path = folder.filePath("a.txt").toStdString();
+  QtFileSystem files;
+  const auto file = files.Create(path);
+
+  file->Write("at once");
+
+  EXPECT_EQ(files.FileSize(path), 7);
+}
+
+TEST(Files, AClosedFileTakesNothingMore) {
+  const QTemporaryDir folder;
+  QtFileSystem files;
+  const auto file = files.Create(folder.filePath("a.txt").toStdString());
+  file->Close();
+
+  EXPECT_EQ(FailureOf([&] { file->Write("more"); }), 52);
+  EXPECT_EQ(FailureOf([&] { file->Close(); }), 52);
+}
+
+TEST(Files, ADeletedFileIsGone) {
+  const QTemporaryDir folder;
+  const std::string path = folder.filePath("a.txt").toStdString();
+  QtFileSystem files;
+  files.Create(path)->Close();
+
+  files.DeleteFile(path);
+
+  EXPECT_FALSE(files.FileExists(path));
+  EXPECT_EQ(FailureOf([&] { files.DeleteFile(path); }), 53);
+}
+
+TEST(Files, EachFailureHasTheNumberOfItsReason) {
+  const QTemporaryDir folder;
+  QtFileSystem files;
+  const std::string missing = folder.filePath("missing/a.txt").toStdString();
+
+  EXPECT_EQ(FailureOf([&] { files.Read(missing); }), 53);
+  EXPECT_EQ(FailureOf([&] { files.Append(missing); }), 76);
+  EXPECT_EQ(FailureOf([&] { files.Create(missing); }), 76);
+  EXPECT_EQ(FailureOf([&] { files.Append(folder.path().toStdString()); }), 75);
+}
+
+#ifdef Q_OS_LINUX
+TEST(Files, AFullDiskIsToldByItsNumber) {
+  QtFileSystem files;
+  const auto file = files.Append("/dev/full");
+
+  EXPECT_EQ(FailureOf([&] { file->Write("a"); }), 61);
+}
+#endif
 
 #ifndef Q_OS_WIN
 TEST(Files, APathWithADriveLiesInTheHome) {

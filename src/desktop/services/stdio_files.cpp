@@ -1,0 +1,129 @@
+#include "desktop/services/stdio_files.h"
+
+#include <QFile>
+#include <cerrno>
+#include <cstdio>
+#include <utility>
+
+#include "platform/failure.h"
+
+namespace desktop {
+
+namespace failure = platform::failure;
+using platform::Failure;
+
+namespace {
+
+/// The failure of what the system reported last. A name that leads nowhere is a missing file to a
+/// reader; one who writes misses its folder.
+std::int32_t NumberOf(int error, std::int32_t missing) {
+  switch (error) {
+    case ENOENT:
+    case ENOTDIR:
+      return missing;
+    case ENOSPC:
+    case EFBIG:
+#ifdef EDQUOT
+    case EDQUOT:
+#endif
+      return failure::DiskFull;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+    case EBUSY:
+      return failure::PermissionDenied;
+    case EISDIR:
+      return failure::PathFileAccess;
+    case EMFILE:
+    case ENFILE:
+      return failure::TooManyFiles;
+    case EBADF:
+    case ENAMETOOLONG:
+      return failure::BadFileNumber;
+    default:
+      return failure::DeviceIo;
+  }
+}
+
+/// An open file of the C library, closed at the end at the latest.
+class Stream {
+ public:
+  Stream(const QString& place, const char* mode, std::int32_t missing) {
+    errno = 0;
+#ifdef Q_OS_WIN
+    file_ = _wfopen(reinterpret_cast<const wchar_t*>(place.utf16()),
+                    QString::fromLatin1(mode).toStdWString().c_str());
+#else
+    file_ = std::fopen(QFile::encodeName(place).constData(), mode);
+#endif
+    if (file_ == nullptr) throw Failure(NumberOf(errno, missing));
+    std::setvbuf(file_, nullptr, _IONBF, 0);
+  }
+  ~Stream() {
+    if (file_ != nullptr) std::fclose(file_);
+  }
+  Stream(const Stream&) = delete;
+  Stream& operator=(const Stream&) = delete;
+
+  void Write(std::string_view bytes) {
+    if (file_ == nullptr) throw Failure(failure::BadFileNumber);
+    errno = 0;
+    if (std::fwrite(bytes.data(), 1, bytes.size(), file_) != bytes.size()) Raise();
+  }
+
+  std::size_t Read(std::span<char> piece) {
+    errno = 0;
+    const std::size_t count = std::fread(piece.data(), 1, piece.size(), file_);
+    if (count == 0 && std::ferror(file_) != 0) Raise();
+    return count;
+  }
+
+  void Close() {
+    if (file_ == nullptr) throw Failure(failure::BadFileNumber);
+    errno = 0;
+    if (std::fclose(std::exchange(file_, nullptr)) != 0) Raise();
+  }
+
+ private:
+  [[noreturn]] static void Raise() {
+    throw Failure(NumberOf(errno, failure::PathNotFound));
+  }
+
+  std::FILE* file_ = nullptr;
+};
+
+class StdioOutput : public platform::OutputFile {
+ public:
+  StdioOutput(const QString& place, const char* mode)
+      : stream_(place, mode, failure::PathNotFound) {}
+  void Write(std::string_view bytes) override { stream_.Write(bytes); }
+  void Close() override { stream_.Close(); }
+
+ private:
+  Stream stream_;
+};
+
+class StdioInput : public platform::InputFile {
+ public:
+  explicit StdioInput(const QString& place) : stream_(place, "rb", failure::FileNotFound) {}
+  std::size_t Read(std::span<char> piece) override { return stream_.Read(piece); }
+
+ private:
+  Stream stream_;
+};
+
+}  // namespace
+
+std::unique_ptr<platform::OutputFile> OpenToAppend(const QString& place) {
+  return std::make_unique<StdioOutput>(place, "ab");
+}
+
+std::unique_ptr<platform::OutputFile> OpenAnew(const QString& place) {
+  return std::make_unique<StdioOutput>(place, "wb");
+}
+
+std::unique_ptr<platform::InputFile> OpenToRead(const QString& place) {
+  return std::make_unique<StdioInput>(place);
+}
+
+}  // namespace desktop

@@ -1,0 +1,118 @@
+#include "recorder/quick_view.h"
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <utility>
+
+#include "platform/analysis.h"
+#include "recorder/analysis_progress.h"
+#include "recorder/line_count.h"
+#include "recorder/line_reader.h"
+#include "recorder/record_files.h"
+
+namespace subroutines {
+
+using packetroutines::AnalysisPass;
+
+namespace {
+
+/// The ends of the two passes on the progress bar, whose beginning belongs to the log.
+constexpr std::int16_t FirstPercent = 25;
+constexpr std::int16_t CountedPercent = 30;
+constexpr std::int16_t LastPercent = 100;
+
+/// What the desktop answers where it could not open a file.
+constexpr std::array<std::int32_t, 12> RefusedCodes = {2, 3, 5, 8, 11, 26, 27, 28, 29, 30, 31, 32};
+
+/// The hourglass, as long as it lives.
+class ShownHourglass {
+ public:
+  explicit ShownHourglass(platform::MousePointer& pointer) : pointer_(pointer) {
+    pointer_.ShowHourglass();
+  }
+  ~ShownHourglass() { pointer_.ShowNormal(); }
+  ShownHourglass(const ShownHourglass&) = delete;
+  ShownHourglass& operator=(const ShownHourglass&) = delete;
+
+ private:
+  platform::MousePointer& pointer_;
+};
+
+}  // namespace
+
+QuickView::QuickView(const packetroutines::RecordedFile& file, forms::RecorderControls& recorder,
+                     packetroutines::AnalysisServices services)
+    : file_(file), recorder_(recorder), services_(std::move(services)) {}
+
+void QuickView::ViewRecording() {
+  if (!file_.Exists()) return;
+  if (file_.Settings.FileFormat == packetroutines::file_format::Text) ShowQuickView();
+  if (file_.Settings.FileFormat == packetroutines::file_format::Worksheet) OpenWorksheet();
+}
+
+void QuickView::ShowQuickView() {
+  const packetroutines::ShownProgress progress(recorder_.ProgressBar1);
+  const ShownHourglass hourglass(services_.Pointer);
+  const std::int32_t lines = CountLines();
+  if (lines == 0) return;
+  Plot(ReadGroups(lines), lines);
+}
+
+std::int32_t QuickView::CountLines() {
+  AnalysisPass pass(recorder_.ProgressBar1, FirstPercent, CountedPercent,
+                    file_.Files.FileSize(file_.Path()));
+  return packetroutines::CountFileLines(file_.Files, file_.Path(), pass);
+}
+
+QuickView::GroupTable QuickView::ReadGroups(std::int32_t lines) {
+  const std::int32_t rows = file_.Present.BaseSamples;
+  const auto lastGroup = static_cast<std::size_t>(static_cast<double>(lines) / rows + 0.5);
+  GroupTable groups;
+  for (std::vector<double>& points : groups) points.resize(lastGroup + 1);
+  quickViewRows_.Rebuild(rows);
+  services_.Open.CloseAll();
+  const std::unique_ptr<platform::InputFile> file = file_.Files.Read(file_.Path());
+  AnalysisPass pass(recorder_.ProgressBar1, CountedPercent, LastPercent,
+                    file_.Files.FileSize(file_.Path()));
+  packetroutines::LineReader reader(*file, pass);
+  bool more = true;
+  for (std::size_t group = 0; more; ++group) {
+    for (std::int32_t row = 0; row < rows && more; ++row) {
+      quickViewRows_.ParseRecordLine(reader.Next(), row);
+      more = !reader.AtEnd();
+    }
+    for (std::size_t channel = 0; channel < groups.size(); ++channel) {
+      const auto column = quickViewRows_.Column(channel);
+      groups[channel][group] = static_cast<double>(platform::CWStat::RootMeanSquare(column));
+    }
+  }
+  return groups;
+}
+
+void QuickView::Plot(GroupTable groups, std::int32_t lines) {
+  platform::CWGraph& graph = recorder_.CWGraph2;
+  for (std::size_t channel = 0; channel < groups.size(); ++channel) {
+    graph.Plots[channel].Y = std::move(groups[channel]);
+  }
+  const std::int32_t rows = file_.Present.BaseSamples;
+  graph.XAxis.Caption = "x * " + services_.Numbers.General(rows) + " samples; ";
+  graph.XAxis.Minimum = 0;
+  // The point behind the last full group stays outside.
+  graph.XAxis.Maximum = lines / rows - 0.5;
+  graph.YAxis.ScaleNow();
+  graph.Visible = true;
+}
+
+void QuickView::OpenWorksheet() {
+  const std::int32_t code = services_.Links.OpenFile(file_.Path());
+  if (std::find(RefusedCodes.begin(), RefusedCodes.end(), code) == RefusedCodes.end()) return;
+  services_.Dialogs.Show(
+      {"Attention",
+       std::string("It was not possible to open Excel for viewing the stored data file!") +
+           "Nevertheless the 'xls' file is stored properly." + platform::Crlf +
+           "Please install as minimum an 'Excel' file viewer.",
+       platform::Icon::Exclamation});
+}
+
+}  // namespace subroutines

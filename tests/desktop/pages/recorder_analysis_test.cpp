@@ -1,0 +1,172 @@
+#include <qcustomplot.h>
+
+#include <QFile>
+#include <QProgressBar>
+
+#include "desktop/binding/graph_view.h"
+#include "desktop/services/qt_shell_links.h"
+#include "desktop/widgets/click_label.h"
+#include "window_scene.h"
+
+namespace desktop {
+namespace {
+
+class RecorderAnalysis : public WindowScene {
+ protected:
+  void StartAtRecorder() {
+    Start();
+    ClickTab(RecorderTab);
+  }
+};
+
+TEST_F(RecorderAnalysis, ADoubleClickReachesEachLineOfTheRecording) {
+  StartAtRecorder();
+  for (int i = 0; i < 5; ++i) {
+    int clicks = 0;
+    Form().Label10[static_cast<std::size_t>(i)].DblClick = [&] { ++clicks; };
+    auto& line = Find<ClickLabel>(Member("Label10", i));
+    QTest::mouseDClick(&line, Qt::RightButton);
+    EXPECT_EQ(clicks, 0) << i;
+    QTest::mouseDClick(&line, Qt::LeftButton);
+    EXPECT_EQ(clicks, 1) << i;
+  }
+}
+
+/// Counts the paintings of a widget.
+class Paintings : public QObject {
+ public:
+  explicit Paintings(QWidget& widget) { widget.installEventFilter(this); }
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++Count;
+    return false;
+  }
+  int Count = 0;
+};
+
+TEST_F(RecorderAnalysis, TheBarIsPaintedAtOnceWithoutAnEventOfTheQueue) {
+  StartAtRecorder();
+  auto& bar = Find<QProgressBar>("ProgressBar1");
+  EXPECT_FALSE(bar.isVisible());
+  Paintings paintings(bar);
+  bool handled = false;
+  QTimer::singleShot(0, &bar, [&] { handled = true; });
+
+  Form().ProgressBar1.Visible = true;
+  Form().ProgressBar1.Value = 40;
+  Form().ProgressBar1.Repaint();
+
+  EXPECT_EQ(bar.value(), 40);
+  EXPECT_GT(paintings.Count, 0);
+  EXPECT_FALSE(handled);
+  EXPECT_GT(bar.width(), 100);
+}
+
+TEST_F(RecorderAnalysis, TheBarKeepsItsRoom) {
+  StartAtRecorder();
+  QTest::qWait(50);
+  const QRect before = Find<GraphView>("CWGraph2").geometry();
+  Form().ProgressBar1.Visible = true;
+  QTest::qWait(50);
+  EXPECT_EQ(Find<GraphView>("CWGraph2").geometry(), before);
+}
+
+TEST_F(RecorderAnalysis, TheGraphShowsTheWordsAndTheEndsOfItsAxis) {
+  StartAtRecorder();
+  auto& graph = Find<GraphView>("CWGraph2");
+  EXPECT_EQ(graph.xAxis->label(), "x * 4000 samples");
+
+  Form().CWGraph2.XAxis.Caption = std::string("x * 400 samples; ");
+  Form().CWGraph2.XAxis.Minimum = 0;
+  Form().CWGraph2.XAxis.Maximum = 19.5;
+
+  EXPECT_EQ(graph.xAxis->label(), "x * 400 samples; ");
+  EXPECT_EQ(graph.xAxis->range().lower, 0);
+  EXPECT_EQ(graph.xAxis->range().upper, 19.5);
+}
+
+TEST_F(RecorderAnalysis, AnAxisOfOnePointHasALengthAllTheSame) {
+  StartAtRecorder();
+  Form().CWGraph2.XAxis.Minimum = 0;
+  Form().CWGraph2.XAxis.Maximum = -0.5;
+  const QCPRange range = Find<GraphView>("CWGraph2").xAxis->range();
+  EXPECT_LT(range.lower, 0);
+  EXPECT_GT(range.upper, 0);
+}
+
+TEST_F(RecorderAnalysis, TheQuickViewHasTheColoursOfTheScope) {
+  StartAtRecorder();
+  for (std::size_t i = 0; i < 8; ++i) {
+    EXPECT_EQ(Form().CWGraph2.Plots[i].LineColor, Form().CWGraph1.Plots[i].LineColor.Get()) << i;
+  }
+}
+
+#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
+
+/// A desktop whose opener is a script of the test.
+class Opener : public testing::Test {
+ protected:
+  Opener() : path_(qgetenv("PATH")) {
+    Write("file.xls", "");
+    qputenv("PATH", folder_.path().toUtf8() + ":/bin:/usr/bin");
+  }
+  ~Opener() override { qputenv("PATH", path_); }
+
+  void Write(const QString& name, const QByteArray& text) {
+    QFile file(folder_.filePath(name));
+    ASSERT_TRUE(file.open(QFile::WriteOnly));
+    file.write(text);
+    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+  }
+  void Answering(const char* script) {
+    Write("xdg-open", QByteArray("#!/bin/sh\n") + script + "\n");
+  }
+  std::int32_t Open(const char* name = "file.xls") {
+    return QtShellLinks().OpenFile(folder_.filePath(name).toStdString());
+  }
+
+  QTemporaryDir folder_;
+
+ private:
+  QByteArray path_;
+};
+
+TEST_F(Opener, TellsThatAFileWasTaken) {
+  Answering("echo \"$1\" > \"$0.seen\"");
+  EXPECT_GT(Open(), 32);
+  QFile seen(folder_.filePath("xdg-open.seen"));
+  ASSERT_TRUE(seen.open(QFile::ReadOnly));
+  EXPECT_EQ(seen.readAll().trimmed(), folder_.filePath("file.xls").toUtf8());
+}
+
+TEST_F(Opener, TellsThatNoViewerKnowsTheFile) {
+  for (const char* script : {"exit 3", "exit 4", "exit 1", "kill -9 $$"}) {
+    Answering(script);
+    EXPECT_EQ(Open(), 31) << script;
+  }
+}
+
+TEST_F(Opener, TellsThatThereIsNoOpener) {
+  qputenv("PATH", folder_.path().toUtf8());
+  EXPECT_EQ(Open(), 31);
+}
+
+TEST_F(Opener, TellsThatTheFileOrItsFolderIsMissing) {
+  Answering("exit 0");
+  EXPECT_EQ(Open("other.xls"), 2);
+  EXPECT_EQ(Open("nowhere/file.xls"), 3);
+  Answering("exit 2");
+  EXPECT_EQ(Open(), 2);
+}
+
+TEST_F(Opener, DoesNotWaitForAViewerThatStays) {
+  Answering("sleep 5; : > \"$0.ended\"");
+  EXPECT_GT(Open(), 32);
+  EXPECT_FALSE(QFile::exists(folder_.filePath("xdg-open.ended")));
+  EXPECT_TRUE(
+      QTest::qWaitFor([&] { return QFile::exists(folder_.filePath("xdg-open.ended")); }, 8000));
+}
+
+#endif
+
+}  // namespace
+}  // namespace desktop

@@ -1,0 +1,179 @@
+// A press of the button, or a change of the tab, at each moment of a recording.
+
+#include <algorithm>
+
+#include "recorder_bench.h"
+
+namespace recorder_tests {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+namespace line = forms::record_line;
+
+class Press : public testing::Test {
+ protected:
+  void Toggle() { bench.Main.CWButton3.Value = !bench.Main.CWButton3.Value; }
+  /// What a change of the tab does to the acquisition.
+  void ChangeTab() {
+    bench.Acquisition.StopCapture();
+    ++bench.State.TabChanges;
+    packetroutines::ClearModes(bench.State);
+    bench.Main.CWButton3.Visible = false;
+    bench.Main.Command9.Visible = false;
+  }
+  int Times(const std::string& entry) const {
+    return static_cast<int>(std::count(bench.Journal.begin(), bench.Journal.end(), entry));
+  }
+
+  RecorderBench bench;
+};
+
+TEST_F(Press, WhileTheRecorderIsBusyDoesNothing) {
+  bench.State.RecorderBusy = true;
+  Toggle();
+  Toggle();
+  EXPECT_THAT(bench.Journal, testing::Not(testing::Contains("pump")));
+  EXPECT_FALSE(bench.State.LookingForRecording);
+}
+
+TEST_F(Press, InTheFirstPumpOfAStartDropsIt) {
+  bench.Journal.clear();
+  bench.Events.AtPump(1, [&] { Toggle(); });
+  Toggle();
+  EXPECT_FALSE(bench.Main.CWButton3.Value);
+  EXPECT_THAT(bench.Journal, ElementsAre("pump")) << "neither a start nor a stop";
+  EXPECT_TRUE(bench.Main.CWButton3.Visible);
+}
+
+TEST_F(Press, InTheSecondPumpOfAStartDropsItAndGivesThePageBack) {
+  bench.Events.AtPump(2, [&] { Toggle(); });
+  Toggle();
+  EXPECT_FALSE(bench.Main.CWButton3.Value);
+  EXPECT_EQ(Times("start"), 0);
+  EXPECT_EQ(Times("log"), 0);
+  EXPECT_FALSE(bench.State.RecorderBusy);
+  EXPECT_TRUE(bench.Main.CWButton3.Visible);
+  for (const platform::OptionButton& format : bench.Main.Option2) EXPECT_TRUE(format.Enabled);
+  EXPECT_EQ(bench.Main.Label10[line::Progress].ForeColor.Get(), (platform::Rgb{0, 0, 0}));
+}
+
+TEST_F(Press, OfStopAndRunInThePumpOfAStartLetsItGoOn) {
+  bench.Events.AtPump(1, [&] {
+    Toggle();
+    Toggle();
+  });
+  Toggle();
+  EXPECT_TRUE(bench.State.LookingForRecording);
+  EXPECT_EQ(Times("start"), 1);
+}
+
+TEST_F(Press, OfAFormatWhileTheyAreLockedDoesNotCount) {
+  bench.Events.AtPump(2, [&] { bench.Main.Option2[2].Value = true; });
+  Toggle();
+  EXPECT_EQ(bench.Settings.FileFormat, "TXT");
+  EXPECT_TRUE(bench.Main.Option2[0].Value) << "the choice is shown as it is";
+  EXPECT_EQ(bench.State.RecordFileName, Started + ".txt");
+}
+
+TEST_F(Press, WhileTheFirstFrameIsAwaitedStops) {
+  Toggle();
+  Toggle();
+  EXPECT_FALSE(bench.State.LookingForRecording);
+  EXPECT_FALSE(bench.State.CaptureRunning);
+  EXPECT_THAT(bench.Names(), IsEmpty());
+}
+
+TEST_F(Press, WhileTheFirstRingFillsStopsWithoutAFile) {
+  bench.Run("TXT");
+  bench.Frames(2000);
+  Toggle();
+  EXPECT_FALSE(bench.State.LookingForRecording);
+  EXPECT_THAT(bench.Names(), IsEmpty());
+}
+
+/// The pumps of a stop: its own first one, two of capture, and the one that shows the analysis.
+class PressInStop : public Press, public testing::WithParamInterface<int> {};
+
+TEST_P(PressInStop, DoesNotBeginAnother) {
+  bench.Run("TXT");
+  bench.Frames(4000);
+  bench.Journal.clear();
+  bench.Events.AtPump(GetParam(), [&] { Toggle(); });
+  Toggle();
+  EXPECT_FALSE(bench.Main.CWButton3.Value);
+  EXPECT_FALSE(bench.State.LookingForRecording);
+  EXPECT_EQ(Times("start"), 0);
+  EXPECT_EQ(Times("log"), 1);
+  EXPECT_EQ(Times("view"), 1);
+  EXPECT_TRUE(bench.Main.CWButton3.Visible);
+}
+
+TEST_P(PressInStop, LeavesARecorderThatStartsAgain) {
+  bench.Run("TXT");
+  bench.Frames(4000);
+  bench.Events.AtPump(GetParam(), [&] { Toggle(); });
+  Toggle();
+  bench.Calendar.Present.Second = 8;
+  bench.Run("TXT");
+  bench.Frames(4000);
+  EXPECT_TRUE(bench.Content("SV record 09.03.2024 14-05-08.txt").starts_with("0;"));
+}
+
+TEST_P(PressInStop, OfAnotherTabKeepsItFreeOfWhatBelongsHere) {
+  bench.Run("TXT");
+  bench.Frames(4000);
+  bench.Journal.clear();
+  bench.Events.AtPump(GetParam(), [&] { ChangeTab(); });
+  Toggle();
+  EXPECT_EQ(Times("log"), 1) << "the recording is finished all the same";
+  EXPECT_EQ(Times("view"), 0);
+  EXPECT_FALSE(bench.Main.Command9.Visible);
+}
+
+INSTANTIATE_TEST_SUITE_P(Pumps, PressInStop, testing::Values(1, 2, 3, 4));
+
+TEST_F(Press, WhileTheLogIsMadeDoesNotBeginAnother) {
+  bench.Run("TXT");
+  bench.Frames(4000);
+  bench.Reader.AtLog = [&] { Toggle(); };
+  Toggle();
+  EXPECT_FALSE(bench.Main.CWButton3.Value);
+  EXPECT_EQ(Times("log"), 1);
+  EXPECT_FALSE(bench.State.CaptureRunning);
+}
+
+/// The pumps of a start: its own two, and two of capture.
+class TabInStart : public Press, public testing::WithParamInterface<int> {};
+
+TEST_P(TabInStart, DropsTheStart) {
+  bench.Events.AtPump(GetParam(), [&] { ChangeTab(); });
+  Toggle();
+  EXPECT_EQ(Times("start"), 0);
+  EXPECT_FALSE(bench.State.LookingForRecording);
+  EXPECT_FALSE(bench.State.RecorderBusy);
+  EXPECT_FALSE(bench.Main.CWButton3.Visible);
+}
+
+INSTANTIATE_TEST_SUITE_P(Pumps, TabInStart, testing::Values(1, 2, 3, 4));
+
+TEST_F(Press, BehindAFailedStopWorks) {
+  bench.Run("TXT");
+  bench.Reader.AtLog = [] { throw platform::Failure(platform::failure::DeviceIo); };
+  EXPECT_THROW(Toggle(), platform::Failure);
+  bench.Reader.AtLog = nullptr;
+  bench.Run("TXT");
+  EXPECT_TRUE(bench.State.LookingForRecording);
+}
+
+TEST_F(Press, IsTakenBackByTheRowLimitWithinTheWriter) {
+  bench.Run("EXCEL");
+  for (int ring = 0; ring < 8; ++ring) bench.WriteRing(0);
+  bench.Events.AtPump(1, [&] { Toggle(); });
+  bench.WriteRing(0);
+  EXPECT_FALSE(bench.Main.CWButton3.Value);
+  EXPECT_EQ(Times("start"), 0);
+}
+
+}  // namespace
+}  // namespace recorder_tests

@@ -1,0 +1,57 @@
+#include "support/failing_files.h"
+
+#include <utility>
+
+#include "platform/failure.h"
+
+namespace support {
+
+class FailingFiles::Output : public platform::OutputFile {
+ public:
+  Output(FailingFiles& files, std::unique_ptr<platform::OutputFile> file)
+      : files_(files), file_(std::move(file)) {}
+
+  void Write(std::string_view bytes) override {
+    try {
+      files_.Meet(files_.Writes, files_.FailingWrite);
+    } catch (const platform::Failure&) {
+      file_->Write(bytes.substr(0, bytes.size() / 2));
+      throw;
+    }
+    file_->Write(bytes);
+  }
+
+  void Close() override {
+    file_->Close();
+    files_.Meet(files_.Closes, files_.FailingClose);
+  }
+
+ private:
+  FailingFiles& files_;
+  std::unique_ptr<platform::OutputFile> file_;
+};
+
+void FailingFiles::Meet(int& count, int failing) const {
+  if (++count == failing) throw platform::Failure(Number);
+}
+
+void FailingFiles::DeleteFile(const std::string& path) {
+  Meet(Deletes, FailingDelete);
+  files_.DeleteFile(path);
+}
+
+std::unique_ptr<platform::OutputFile> FailingFiles::Append(const std::string& path) {
+  Meet(Opens, FailingOpen);
+  return std::make_unique<Output>(*this, files_.Append(path));
+}
+
+std::unique_ptr<platform::OutputFile> FailingFiles::Create(const std::string& path) {
+  Meet(Opens, FailingOpen);
+  return std::make_unique<Output>(*this, files_.Create(path));
+}
+
+std::unique_ptr<platform::InputFile> FailingFiles::Read(const std::string& path) {
+  return files_.Read(path);
+}
+
+}  // namespace support

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "platform/services/file_system.h"
+
+namespace support {
+
+/// Another file service that fails where the test wants it to.
+class FailingFiles : public platform::FileSystem {
+ public:
+  explicit FailingFiles(platform::FileSystem& files) : files_(files) {}
+
+  std::string Separator() const override { return files_.Separator(); }
+  bool DirectoryExists(const std::string& path) const override {
+    return files_.DirectoryExists(path);
+  }
+  std::string DefaultFolder() const override { return files_.DefaultFolder(); }
+  std::string Native(const std::string& path) const override { return files_.Native(path); }
+  void MakeFolder(const std::string& path) override { files_.MakeFolder(path); }
+  bool FileExists(const std::string& path) const override { return files_.FileExists(path); }
+  std::int64_t FileSize(const std::string& path) const override { return files_.FileSize(path); }
+  void DeleteFile(const std::string& path) override;
+  std::unique_ptr<platform::OutputFile> Append(const std::string& path) override;
+  std::unique_ptr<platform::OutputFile> Create(const std::string& path) override;
+  std::unique_ptr<platform::InputFile> Read(const std::string& path) override;
+
+  /// The write that fails, counted from 1 over all files; 0 for none. It stores the first half of
+  /// its bytes, as a disk does that fills up.
+  int FailingWrite = 0;
+  /// The opening for writing that fails, counted likewise.
+  int FailingOpen = 0;
+  /// The closing that fails, counted likewise. The file is closed all the same.
+  int FailingClose = 0;
+  /// The deleting that fails, counted likewise.
+  int FailingDelete = 0;
+  /// The number of the failure.
+  std::int32_t Number = 61;
+
+  /// What was asked for so far.
+  int Writes = 0;
+  int Opens = 0;
+  int Closes = 0;
+  int Deletes = 0;
+
+ private:
+  class Output;
+
+  void Meet(int& count, int failing) const;
+
+  platform::FileSystem& files_;
+};
+
+}  // namespace support

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include "platform/services/file_system.h"
+
+namespace support {
+
+/// The contents of the files of a played platform, by path.
+using Contents = std::map<std::string, std::string>;
+
+/// A file of a played platform, open for writing. It writes to its place even where another has
+/// opened the same file anew meanwhile; a file that was deleted comes back, which no test expects.
+class MemoryOutput : public platform::OutputFile {
+ public:
+  MemoryOutput(Contents& contents, std::string path)
+      : contents_(contents), path_(std::move(path)) {}
+  void Write(std::string_view bytes) override;
+  void Close() override;
+
+ private:
+  Contents& contents_;
+  std::string path_;
+  bool closed_ = false;
+};
+
+/// A file of a played platform, open for reading.
+class MemoryInput : public platform::InputFile {
+ public:
+  explicit MemoryInput(std::string bytes) : bytes_(std::move(bytes)) {}
+  std::size_t Read(std::span<char> piece) override;
+
+ private:
+  std::string bytes_;
+  std::size_t at_ = 0;
+};
+
+}  // namespace support

@@ -1,0 +1,106 @@
+#include "support/real_files.h"
+
+#include <fstream>
+#include <iterator>
+#include <random>
+
+#include "platform/failure.h"
+
+namespace support {
+
+using platform::Failure;
+namespace failure = platform::failure;
+
+namespace {
+
+class RealOutput : public platform::OutputFile {
+ public:
+  RealOutput(const std::string& path, std::ios::openmode mode)
+      : file_(path, std::ios::binary | std::ios::out | mode) {
+    if (!file_) throw Failure(failure::PathNotFound);
+  }
+  void Write(std::string_view bytes) override {
+    if (!file_.is_open()) throw Failure(failure::BadFileNumber);
+    file_.write(bytes.data(), static_cast<std::streamsize>(bytes.size())).flush();
+    if (!file_) throw Failure(failure::DiskFull);
+  }
+  void Close() override {
+    if (!file_.is_open()) throw Failure(failure::BadFileNumber);
+    file_.close();
+    if (!file_) throw Failure(failure::DiskFull);
+  }
+
+ private:
+  std::ofstream file_;
+};
+
+class RealInput : public platform::InputFile {
+ public:
+  explicit RealInput(const std::string& path) : file_(path, std::ios::binary) {
+    if (!file_) throw Failure(failure::FileNotFound);
+  }
+  std::size_t Read(std::span<char> piece) override {
+    file_.read(piece.data(), static_cast<std::streamsize>(piece.size()));
+    return static_cast<std::size_t>(file_.gcount());
+  }
+
+ private:
+  std::ifstream file_;
+};
+
+}  // namespace
+
+TemporaryFolder::TemporaryFolder()
+    : path_(std::filesystem::temp_directory_path() /
+            ("vornik-" + std::to_string(std::random_device()()))) {
+  std::filesystem::create_directories(path_);
+}
+
+TemporaryFolder::~TemporaryFolder() {
+  std::error_code ignored;
+  std::filesystem::remove_all(path_, ignored);
+}
+
+bool RealFiles::DirectoryExists(const std::string& path) const {
+  return std::filesystem::is_directory(path);
+}
+
+std::string RealFiles::DefaultFolder() const {
+  return std::filesystem::temp_directory_path().string();
+}
+
+void RealFiles::MakeFolder(const std::string& path) {
+  std::error_code ignored;
+  std::filesystem::create_directories(path, ignored);
+}
+
+bool RealFiles::FileExists(const std::string& path) const {
+  return std::filesystem::is_regular_file(path);
+}
+
+std::int64_t RealFiles::FileSize(const std::string& path) const {
+  return FileExists(path) ? static_cast<std::int64_t>(std::filesystem::file_size(path)) : 0;
+}
+
+void RealFiles::DeleteFile(const std::string& path) {
+  if (!std::filesystem::remove(path)) throw Failure(failure::FileNotFound);
+}
+
+std::unique_ptr<platform::OutputFile> RealFiles::Append(const std::string& path) {
+  return std::make_unique<RealOutput>(path, std::ios::app);
+}
+
+std::unique_ptr<platform::OutputFile> RealFiles::Create(const std::string& path) {
+  return std::make_unique<RealOutput>(path, std::ios::trunc);
+}
+
+std::unique_ptr<platform::InputFile> RealFiles::Read(const std::string& path) {
+  return std::make_unique<RealInput>(path);
+}
+
+std::string BytesOf(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+}  // namespace support
