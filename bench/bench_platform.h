@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
 #include <chrono>
 #include <cstdio>
@@ -105,6 +107,10 @@ class BenchCapture : public platform::CaptureLayer {
 class BenchFiles : public desktop::QtFileSystem {
  public:
   std::string DefaultFolder() const override { return folder_.path().toStdString(); }
+  void EmptyFolder() const {
+    const QDir folder(folder_.path());
+    for (const QString& name : folder.entryList(QDir::Files)) QFile::remove(folder.filePath(name));
+  }
 
  private:
   QTemporaryDir folder_;

@@ -74,14 +74,44 @@ void TwoStreams(benchmark::State& state) {
 }
 BENCHMARK(TwoStreams)->Name("FramePath/TwoStreams");
 
-void Recording(benchmark::State& state) {
+/// A recording of every frame, with the files that it writes; they are begun anew before they fill
+/// the disk.
+void Record(benchmark::State& state, const char* format, const Frames& frames) {
+  constexpr std::size_t FramesOfFile = 400'000;
   bench::BenchScene scene("MU_ALPHA", "MU_BRAVO");
-  scene.App.Main.CWButton4.Value = true;
-  scene.App.State.LookingForValues = false;
-  scene.App.State.LookingForRecording = true;
-  Feed(state, scene, BothStreams());
+  scene.App.Settings.StoragePath = scene.Files.DefaultFolder();
+  scene.App.Settings.FileFormat = format;
+  scene.App.Main.CWButton3.Value = true;
+  std::size_t next = 0;
+  std::size_t received = 0;
+  for (auto _ : state) {
+    scene.Receive(frames[next]);
+    if (++next == frames.size()) next = 0;
+    if (++received % FramesOfFile == 0) scene.Files.EmptyFolder();
+  }
+  state.SetItemsProcessed(state.iterations());
 }
-BENCHMARK(Recording)->Name("FramePath/Recording");
+
+void RecordingText(benchmark::State& state) {
+  Record(state, "TXT", FirstStream());
+}
+BENCHMARK(RecordingText)->Name("FramePath/Recording/Text");
+
+void RecordingTwoStreams(benchmark::State& state) {
+  Record(state, "TXT", BothStreams());
+}
+BENCHMARK(RecordingTwoStreams)->Name("FramePath/Recording/TextOfTwoStreams");
+
+void RecordingComtrade(benchmark::State& state) {
+  Record(state, "COMTRADE", FirstStream());
+}
+BENCHMARK(RecordingComtrade)->Name("FramePath/Recording/Comtrade");
+
+/// What the recorder costs without the writing.
+void RecordingNothing(benchmark::State& state) {
+  Record(state, "none", BothStreams());
+}
+BENCHMARK(RecordingNothing)->Name("FramePath/Recording/Nothing");
 
 void RealTime(benchmark::State& state) {
   bench::BenchScene scene("MU_ALPHA", "");

@@ -28,7 +28,6 @@ bool WorksheetWriter::Write(std::size_t stream) {
   sheet.Gather();
   for (std::int16_t i = 0; i < RecordRings::Cells; ++i) {
     if (excelRow_[stream] + i > end.LastRow) {
-      sheet.WriteGathered();
       (limits_.*end.Stop)();
       whole = false;
       break;

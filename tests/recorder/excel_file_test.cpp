@@ -289,7 +289,9 @@ TEST_F(Excel, AFullDiskIsTheResultOfWritingWhatWasGathered) {
   files.FailingWrite = files.Writes + 1;
   EXPECT_EQ(file->WriteGathered(), 61);
   EXPECT_EQ(file->Trouble()->Number(), 61);
-  EXPECT_EQ(file->WriteGathered(), 0) << "it is not tried again";
+  const std::string content = Hex();
+  EXPECT_EQ(file->WriteGathered(), 0);
+  EXPECT_EQ(Hex(), content) << "it is not tried again";
 }
 
 TEST_F(Excel, GatheringTellsThatNoFileIsOpen) {

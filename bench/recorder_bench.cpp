@@ -1,0 +1,104 @@
+// A ring of 4000 samples on its way to disk, and whole recordings from played frames.
+
+#include <benchmark/benchmark.h>
+
+#include <QTemporaryDir>
+#include <cmath>
+#include <random>
+#include <string>
+
+#include "adapters/windows1252.h"
+#include "desktop/services/qt_file_system.h"
+#include "recorder/comtrade_writer.h"
+#include "recorder/text_writer.h"
+#include "recorder/worksheet_writer.h"
+
+namespace {
+
+/// The writers with a ring of sampled values: sines of 707 A and 70.7 kV RMS in whole raw counts,
+/// with noise, so that no two numbers are alike.
+struct WriterScene {
+  WriterScene() {
+    Settings.StoragePath = folder_.path().toStdString();
+    Settings.FilterContent = {"MU_ALPHA", "MU_BRAVO"};
+    State.RecordFileName = "SV record 09.03.2024 14-05-07.txt";
+    Rings.Reserve(packetroutines::RecordRings::Cells);
+    std::mt19937 random(1);
+    for (std::int16_t i = 0; i < packetroutines::RecordRings::Cells; ++i) {
+      Rings.RecordCount(i) = i;
+      for (std::size_t k = 0; k < 8; ++k) {
+        const double wave = std::sin(i * 0.0785 - static_cast<double>(k % 4) * 2.0943951);
+        const double raw =
+            std::round((k < 4 ? 1e6 : 1e7) * wave + static_cast<double>(random() % 1000));
+        Rings.RecordChannel[k](i) = raw / (k < 4 ? 1e3 : 1e5);
+      }
+    }
+  }
+
+  /// Begins the file anew before it fills the disk.
+  void KeepSmall(std::int64_t most) {
+    const std::string path = RecordPath(Context, 0);
+    if (Files.FileSize(path) > most) Files.DeleteFile(path);
+  }
+
+  config::Settings Settings;
+  config::RunSettings Present;
+  packetroutines::AcquisitionState State;
+  packetroutines::RecordRings Rings;
+  desktop::QtFileSystem Files;
+  packetroutines::FileNumbers Open{Files};
+  platform::NumberText Numbers;
+  adapters::Windows1252 Code;
+  packetroutines::RecordContext Context{Settings, Present, State,   Rings,
+                                        Files,    Open,    Numbers, Code};
+
+ private:
+  QTemporaryDir folder_;
+};
+
+constexpr std::int64_t MostBytes = 32'000'000;
+
+void Text(benchmark::State& state) {
+  WriterScene scene;
+  packetroutines::TextWriter writer(scene.Context);
+  for (auto _ : state) {
+    writer.Write(0);
+    scene.KeepSmall(MostBytes);
+  }
+}
+BENCHMARK(Text)->Name("RecordRing/Text")->Unit(benchmark::kMillisecond);
+
+void Comtrade(benchmark::State& state) {
+  WriterScene scene;
+  scene.State.BlockCount = 18;
+  packetroutines::ComtradeWriter writer(scene.Context);
+  for (auto _ : state) {
+    writer.Write(0);
+    scene.KeepSmall(MostBytes);
+  }
+}
+BENCHMARK(Comtrade)->Name("RecordRing/Comtrade")->Unit(benchmark::kMillisecond);
+
+class NoLimits : public packetroutines::RowLimits {
+ public:
+  void StopAtRowLimit() override {}
+  void StopAtRowLimit2() override {}
+};
+
+void Worksheet(benchmark::State& state) {
+  constexpr int RingsOfSheet = 8;
+  WriterScene scene;
+  NoLimits limits;
+  packetroutines::Worksheets sheets(scene.Open, scene.Numbers, scene.Code);
+  packetroutines::WorksheetWriter writer(scene.Context, sheets, limits);
+  int ring = 0;
+  for (auto _ : state) {
+    writer.Write(0);
+    if (++ring % RingsOfSheet != 0) continue;
+    sheets.ExcelOut[0].CloseFile();
+    sheets.ExcelStarted = {};
+  }
+}
+BENCHMARK(Worksheet)->Name("RecordRing/Worksheet")->Unit(benchmark::kMillisecond);
+
+}  // namespace
