@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+/// A byte as two hexadecimal digits in upper case.
+std::string HexByteText(std::uint8_t value);
+
+/// The number that the first two characters spell: the digits "0" to "9" and "A" to "F", the first
+/// one worth sixteen times the second. Any other character, a lower case letter too, and a
+/// character that is missing counts nothing.
+std::int16_t HexPairValue(std::string_view text);
+
+}  // namespace platform
