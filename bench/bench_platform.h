@@ -101,7 +101,9 @@ class BenchCapture : public platform::CaptureLayer {
 class BenchServices : public platform::FileSystem,
                       public platform::FolderDialog,
                       public platform::Printers,
-                      public platform::ShellLinks {
+                      public platform::ShellLinks,
+                      public platform::Calendar,
+                      public platform::MousePointer {
  public:
   std::string Separator() const override { return "/"; }
   bool DirectoryExists(const std::string&) const override { return true; }
@@ -115,6 +117,13 @@ class BenchServices : public platform::FileSystem,
   std::string Current() const override { return "Bench"; }
   void MakeCurrent(std::int32_t) override {}
   void Open(const std::string&) override {}
+  platform::LocalTime Now() const override { return {2024, 3, 9, 14, 5, 7}; }
+  std::string GeneralText(const platform::LocalTime& moment) const override {
+    return platform::DottedText(moment);
+  }
+  std::string MonthName(std::int32_t) const override { return "Mar"; }
+  void ShowHourglass() override {}
+  void ShowNormal() override {}
 };
 
 /// A canvas that draws nothing.
@@ -156,7 +165,7 @@ struct BenchScene {
              platform::Canvas* picture = nullptr)
       : Picture(picture != nullptr ? *picture : Nothing),
         App({Timers, Events, Dialogs, Program, Store, Capture, Code, Numbers, Services, Services,
-             Services, Services, Screen, Picture}) {
+             Services, Services, Services, Services, Screen, Picture}) {
     App.Load();
     App.Main.TabStrip1.SelectedTab = 2;
     App.Main.Text1[14].Text = second;

@@ -29,10 +29,12 @@ DesktopProgram::DesktopProgram(const Sources& sources, QtProgram::Leave leave)
       timers_(sources.Clock),
       numbers_(SeparatorsOf(QLocale::system())),
       frames_(sources.Frames, guard_),
+      calendar_(QLocale::system()),
       screen_(PrimaryScreen()),
       picture_(nullptr),
       application_({timers_, events_, dialogs_, program_, store_, sources.Capture, sources.Code,
-                    numbers_, files_, folders_, printers_, links_, screen_, picture_}),
+                    numbers_, files_, folders_, printers_, links_, calendar_, pointer_, screen_,
+                    picture_}),
       alarms_(timers_, sources.Clock, guard_),
       window_({application_.Main, application_.Revisionhistory, application_.DebugWindow}, guard_,
               repaints_, picture_) {

@@ -5,9 +5,11 @@
 #include "desktop/binding/qt_event_queue.h"
 #include "desktop/binding/repaint_queue.h"
 #include "desktop/binding/timer_driver.h"
+#include "desktop/services/qt_calendar.h"
 #include "desktop/services/qt_dialogs.h"
 #include "desktop/services/qt_file_system.h"
 #include "desktop/services/qt_folder_dialog.h"
+#include "desktop/services/qt_mouse_pointer.h"
 #include "desktop/services/qt_printers.h"
 #include "desktop/services/qt_program.h"
 #include "desktop/services/qt_settings_store.h"
@@ -65,6 +67,8 @@ class DesktopProgram {
   QtFolderDialog folders_;
   QtPrinters printers_;
   QtShellLinks links_;
+  QtCalendar calendar_;
+  QtMousePointer pointer_;
   platform::Screen screen_;
   PicturePad picture_;
   formroutines::Application application_;

@@ -30,10 +30,12 @@
 #include "platform/controls/canvas.h"
 #include "platform/controls/timer.h"
 #include "platform/number_text.h"
+#include "platform/services/calendar.h"
 #include "platform/services/capture_object.h"
 #include "platform/services/code_page.h"
 #include "platform/services/dialogs.h"
 #include "platform/services/event_queue.h"
+#include "platform/services/mouse_pointer.h"
 #include "platform/services/program.h"
 #include "platform/services/services.h"
 #include "platform/services/settings_store.h"
@@ -58,6 +60,8 @@ struct Platform {
   platform::FolderDialog& Folders;
   platform::Printers& Printers;
   platform::ShellLinks& Links;
+  const platform::Calendar& Calendar;
+  platform::MousePointer& Pointer;
   const platform::Screen& Screen;
   /// The picture of the phasor diagram.
   platform::Canvas& PhasorPicture;

@@ -17,7 +17,9 @@
 #include "platform/services/program.h"
 #include "platform/services/settings_store.h"
 #include "platform/services/standing_box.h"
+#include "support/fake_calendar.h"
 #include "support/fake_capture.h"
+#include "support/fake_pointer.h"
 #include "support/fake_services.h"
 #include "support/journal.h"
 #include "support/manual_clock.h"
@@ -122,6 +124,8 @@ class FakePlatform {
   FakeFolders Folders;
   FakePrinters Printers;
   FakeLinks Links;
+  FakeCalendar Calendar;
+  FakePointer Pointer{Journal};
   platform::Screen Screen{1920 * 15, 1080 * 15};
   RecordingCanvas PhasorPicture;
 

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "platform/services/calendar.h"
+
+namespace support {
+
+/// A calendar that stands at the date of the test, of a system with German settings.
+class FakeCalendar : public platform::Calendar {
+ public:
+  platform::LocalTime Now() const override { return Present; }
+  std::string GeneralText(const platform::LocalTime& moment) const override {
+    return platform::DottedText(moment);
+  }
+  std::string MonthName(std::int32_t month) const override {
+    static constexpr std::array Names{"Jan", "Feb", "Mrz", "Apr", "Mai", "Jun",
+                                      "Jul", "Aug", "Sep", "Okt", "Nov", "Dez"};
+    return Names.at(static_cast<std::size_t>(month - 1));
+  }
+
+  platform::LocalTime Present{2024, 3, 9, 14, 5, 7};
+};
+
+}  // namespace support
