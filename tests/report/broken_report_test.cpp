@@ -42,8 +42,6 @@ class ComparedReport : public report_tests::Analysis {
   support::BrokenBus bus{dice};
 };
 
-constexpr int ManyFrames = 25'000;
-
 TEST_F(ComparedReport, ReadsWellFormedFramesOfAnyLength) {
   for (std::size_t channels = 0; channels <= 24; ++channels) {
     for (const char* id : {"MU01", "8-", "\x18\x02", "\x08\x00\x10", "(P", "\x88\x50 x", ""}) {
@@ -65,19 +63,19 @@ TEST_F(ComparedReport, ReadsFramesFromTwentyToNineThousandBytes) {
 }
 
 TEST_F(ComparedReport, ReadsFramesThatEndTooEarly) {
-  Compare(ManyFrames, &support::BrokenBus::Cut);
+  Compare(30'000, &support::BrokenBus::Cut);
 }
 
 TEST_F(ComparedReport, ReadsFramesWithNoiseBehindTheirEnd) {
-  Compare(ManyFrames, &support::BrokenBus::Overlong);
+  Compare(15'000, &support::BrokenBus::Overlong);
 }
 
 TEST_F(ComparedReport, ReadsFramesWithTurnedBits) {
-  Compare(ManyFrames, &support::BrokenBus::Flipped);
+  Compare(35'000, &support::BrokenBus::Flipped);
 }
 
 TEST_F(ComparedReport, ReadsNoise) {
-  Compare(ManyFrames, &support::BrokenBus::Random);
+  Compare(20'000, &support::BrokenBus::Random);
 }
 
 }  // namespace

@@ -21,8 +21,8 @@ class Scene : public FakePlatform {
   ~Scene();
 
   formroutines::Application App{{Timers, Events, Dialogs, Runtime, Store, Capture, Code, Numbers,
-                                 Files, Folders, Printers, Links, Calendar, Pointer, Screen,
-                                 PhasorPicture}};
+                                 Files, Folders, Printers, Surface, Clipboard, Links, Calendar,
+                                 Pointer, Screen, PhasorPicture}};
   forms::Main& Main = App.Main;
   config::Settings& Settings = App.Settings;
   config::RunSettings& Present = App.Present;

@@ -35,6 +35,8 @@ class GraphView : public QCustomPlot, public look::Scalable {
   void ShowStyle(std::size_t plot);
   void ShowTrackMode();
   void ShowBackground();
+  void TellRange(platform::Axis& control, const QCPAxis& axis);
+  platform::Picture Draw();
   void ScaleX();
   void ScaleY();
   void ZoomInto(const QRect& drag, Qt::MouseButton button);

@@ -2,9 +2,11 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 #include "platform/controls/control.h"
+#include "platform/picture.h"
 #include "platform/stream_format.h"
 
 namespace platform {
@@ -29,6 +31,9 @@ class Axis {
  public:
   /// The axis follows the data whenever curves are drawn.
   Property<bool> AutoScale;
+  /// The part of the axis that shows, as whoever shows the graph has it.
+  Property<double> Minimum;
+  Property<double> Maximum;
   /// Scales the axis once to the data now shown.
   Event<> ScaleNow;
 };
@@ -38,9 +43,6 @@ class CWGraph : public Control {
  public:
   static constexpr std::int16_t PanMode = 3;
   static constexpr std::int16_t ZoomMode = 6;
-  static constexpr std::int16_t LeftButton = 1;
-  static constexpr std::int16_t RightButton = 2;
-  static constexpr std::int16_t MiddleButton = 4;
 
   std::array<Plot, channels::Count> Plots;
   Axis XAxis;
@@ -55,6 +57,11 @@ class CWGraph : public Control {
   Event<> ZoomFinished;
   /// Redraws at once.
   Event<> Refresh;
+  /// Draws the graph as it looks now. Whoever shows the graph sets it.
+  std::function<Picture()> Draw;
+
+  /// The image of the graph; empty where nothing shows it.
+  Picture Image() const { return Draw ? Draw() : Picture(); }
 };
 
 }  // namespace platform

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "platform/controls/control.h"
+#include "platform/picture.h"
 
 namespace platform {
 
@@ -15,12 +16,15 @@ class Label : public Control {
   Property<bool> FontBold;
   Property<bool> FontUnderline;
   Property<Rgb> ForeColor;
+  /// The ground of the text, where it has one of its own.
+  Property<Rgb> BackColor{Rgb{255, 255, 255}};
   Event<> Click;
 };
 
 /// A picture on a view, such as a logo.
 class PictureBox : public Control {
  public:
+  Property<Picture> Image;
   Event<> Click;
 };
 
