@@ -209,6 +209,24 @@ TEST_F(ReportRun, ThatTheFilterRefusesSaysSoToo) {
   EXPECT_EQ(Line(), "There is no report. RUN comes back when this page is entered anew.");
 }
 
+TEST_F(ReportRun, IsOverWhenAnotherModeReadsAFrame) {
+  main.Text1[forms::setup_field::Content2].Text = "MU02";
+  Run(SvFrame("MU01").Bytes());
+  scene.App.IDlook.Window.ShowModal = [this] {
+    scene.Elapse(100ms);
+    scene.Receive(SvFrame("MU02").Bytes());
+  };
+  main.Command7.Click();
+  EXPECT_EQ(Line(), "");
+}
+
+TEST_F(ReportRun, SaysNothingWhereAnotherViewsFilterIsRefused) {
+  scene.Select(forms::tab::Values);
+  scene.Capture.StartFailure = platform::Failure(platform::failure::FilterRefused);
+  main.CWButton4.Value = true;
+  EXPECT_EQ(Line(), "");
+}
+
 TEST_F(ReportRun, LeftByATabSaysNothing) {
   main.Command2.Value = true;
   scene.Select(1);

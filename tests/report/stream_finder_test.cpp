@@ -115,6 +115,19 @@ TEST_F(Finder, DoesNotListWhatIsPartOfAnEarlierId) {
   });
 }
 
+TEST_F(Finder, CountsAKnownSenderAsMetBeforeTheNext) {
+  Search([&] {
+    for (const char* id : {"AX", "BX", "AX", "BX AX"}) Sends(id);
+    EXPECT_EQ(Listed(), Ids({"AX", "BX"}));
+  });
+}
+
+TEST_F(Finder, SaysNothingOnTheReportsLine) {
+  ASSERT_EQ(scene.Present.StreamCount, 2);
+  Search([&] { Sends("MU09"); });
+  EXPECT_EQ(main.QuietLine[forms::quiet_line::Report].Caption.Get(), "");
+}
+
 TEST_F(Finder, DoesNotListAnEmptyId) {
   Search([&] {
     Sends("");
