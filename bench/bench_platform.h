@@ -139,6 +139,28 @@ class BenchServices : public platform::FolderDialog,
   void ShowNormal() override {}
 };
 
+/// Paper that takes everything and shows nothing, and a clipboard like it.
+class BenchPaper : public platform::PrintSurface, public platform::Clipboard {
+ public:
+  void Orientation(platform::PageOrientation) override {}
+  void Colours(platform::ColourMode) override {}
+  void DocumentName(const std::string&) override {}
+  void FontName(const std::string&) override {}
+  void FontSize(float) override {}
+  void FontBold(bool) override {}
+  void FontUnderline(bool) override {}
+  void ForeColor(platform::Rgb) override {}
+  void CurrentX(double) override {}
+  void CurrentY(double) override {}
+  void Print(const std::string&) override {}
+  void PrintLine(const std::string&) override {}
+  double TextWidth(const std::string&) const override { return 0; }
+  void PaintPicture(const platform::Picture&, double, double, double, double) override {}
+  std::string EndDoc() override { return {}; }
+  void Clear() override {}
+  void SetPicture(const platform::Picture&) override {}
+};
+
 /// A canvas that draws nothing.
 class BenchCanvas : public platform::Canvas {
  public:
@@ -168,6 +190,7 @@ struct BenchScene {
   platform::NumberText Numbers;
   BenchFiles Files;
   BenchServices Services;
+  BenchPaper Paper;
   platform::Screen Screen{1920 * 15, 1080 * 15};
   BenchCanvas Nothing;
   platform::Canvas& Picture;
@@ -179,7 +202,7 @@ struct BenchScene {
              platform::Canvas* picture = nullptr)
       : Picture(picture != nullptr ? *picture : Nothing),
         App({Timers, Events, Dialogs, Program, Store, Capture, Code, Numbers, Files, Services,
-             Services, Services, Services, Services, Screen, Picture}) {
+             Services, Paper, Paper, Services, Services, Services, Screen, Picture}) {
     App.Load();
     App.Main.TabStrip1.SelectedTab = 2;
     App.Main.Text1[14].Text = second;

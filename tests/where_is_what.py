@@ -56,7 +56,7 @@ def shown_by(name, texts):
 
 
 def table():
-    core = [(file, file.read_text()) for file in sources("config", "capture", "measure", "recorder", "shell")]
+    core = [(file, file.read_text()) for file in sources("config", "capture", "measure", "recorder", "report", "shell")]
     desktop = [(file, file.read_text()) for file in sources("desktop")]
     yield "| control | kind | view | handler | shown by |"
     yield "|---|---|---|---|---|"

@@ -46,7 +46,7 @@ void FirstFrames::Drop() {
 std::optional<platform::CapturedFrame> FirstFrames::Next() {
   if (end_) {
     if (!Gather()) return std::nullopt;
-    PutLongestFirst();
+    PutInOrder();
     end_.reset();
     fresh_ = false;
   }
@@ -67,11 +67,19 @@ bool FirstFrames::Gather() {
   return gathered_.size() == MostGathered;
 }
 
-void FirstFrames::PutLongestFirst() {
+void FirstFrames::PutInOrder() {
+  BringLongestTo(0);
+  if (twoOfTheLongest_) BringLongestTo(1);
+  twoOfTheLongest_ = !twoOfTheLongest_;
+}
+
+void FirstFrames::BringLongestTo(std::size_t place) {
+  if (place >= gathered_.size()) return;
+  const auto begin = gathered_.begin() + static_cast<std::ptrdiff_t>(place);
   const auto longest = std::max_element(
-      gathered_.begin(), gathered_.end(),
+      begin, gathered_.end(),
       [](const GatheredFrame& a, const GatheredFrame& b) { return a.Length < b.Length; });
-  std::rotate(gathered_.begin(), longest, longest + 1);
+  std::rotate(begin, longest, longest + 1);
 }
 
 }  // namespace adapters

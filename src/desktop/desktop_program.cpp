@@ -30,14 +30,17 @@ DesktopProgram::DesktopProgram(const Sources& sources, QtProgram::Leave leave)
       numbers_(SeparatorsOf(QLocale::system())),
       frames_(sources.Frames, guard_),
       calendar_(QLocale::system()),
+      surface_(printers_, calendar_),
       screen_(PrimaryScreen()),
       picture_(nullptr),
       application_({timers_, events_, dialogs_, program_, store_, sources.Capture, sources.Code,
-                    numbers_, files_, folders_, printers_, links_, calendar_, pointer_, screen_,
-                    picture_}),
+                    numbers_, files_, folders_, printers_, surface_, clipboard_, links_, calendar_,
+                    pointer_, screen_, picture_}),
       alarms_(timers_, sources.Clock, guard_),
-      window_({application_.Main, application_.Revisionhistory, application_.DebugWindow}, guard_,
-              repaints_, picture_) {
+      window_({application_.Main, application_.Revisionhistory, application_.DebugWindow,
+               application_.IDlook},
+              guard_, repaints_, picture_) {
+  surface_.DataPath = [this] { return application_.Settings.StoragePath; };
   dialogs_.SetOwner(&window_);
   folders_.SetOwner(&window_);
   dialogs_.Stands = [this](bool stands) { StandStill(stands); };

@@ -6,10 +6,12 @@
 #include "desktop/binding/repaint_queue.h"
 #include "desktop/binding/timer_driver.h"
 #include "desktop/services/qt_calendar.h"
+#include "desktop/services/qt_clipboard.h"
 #include "desktop/services/qt_dialogs.h"
 #include "desktop/services/qt_file_system.h"
 #include "desktop/services/qt_folder_dialog.h"
 #include "desktop/services/qt_mouse_pointer.h"
+#include "desktop/services/qt_print_surface.h"
 #include "desktop/services/qt_printers.h"
 #include "desktop/services/qt_program.h"
 #include "desktop/services/qt_settings_store.h"
@@ -69,6 +71,8 @@ class DesktopProgram {
   QtShellLinks links_;
   QtCalendar calendar_;
   QtMousePointer pointer_;
+  QtPrintSurface surface_;
+  QtClipboard clipboard_;
   platform::Screen screen_;
   PicturePad picture_;
   formroutines::Application application_;

@@ -1,11 +1,32 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 
 #include "platform/controls/buttons.h"
 #include "platform/controls/label.h"
 
 namespace forms {
+
+/// The rows of the report: `Label7` and `Label8`.
+namespace report_row {
+inline constexpr std::size_t Filter = 0;
+inline constexpr std::size_t Destination = 1;
+inline constexpr std::size_t Source = 2;
+inline constexpr std::size_t Ethertype = 3;
+inline constexpr std::size_t AppId = 4;
+/// Length of the sequence of ASDUs and of the first of them.
+inline constexpr std::size_t Sequence = 5;
+inline constexpr std::size_t FirstAsdu = 6;
+inline constexpr std::size_t StationId = 7;
+inline constexpr std::size_t SampleCount = 8;
+inline constexpr std::size_t Synchronisation = 9;
+inline constexpr std::size_t Complete = 12;
+/// The lines of the dump, sixteen bytes each.
+inline constexpr std::size_t FirstDump = 13;
+inline constexpr std::size_t DumpCount = 10;
+inline constexpr std::size_t Count = FirstDump + DumpCount;
+}  // namespace report_row
 
 /// The controls of the Report view: row i is the title `Label7[i]` and the value `Label8[i]`.
 struct ReportControls {
@@ -15,8 +36,10 @@ struct ReportControls {
   platform::CommandButton Command4;
   /// Heading of the station choice.
   platform::Label sevLabel4;
-  std::array<platform::Label, 23> Label7;
-  std::array<platform::Label, 23> Label8;
+  /// The frame round the rows.
+  platform::Shape Shape3;
+  std::array<platform::Label, report_row::Count> Label7;
+  std::array<platform::Label, report_row::Count> Label8;
 };
 
 }  // namespace forms

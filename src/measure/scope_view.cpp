@@ -103,7 +103,7 @@ void ScopeView::CWGraph1_ZoomFinished() {
 }
 
 void ScopeView::CWGraph1_MouseDown(std::int16_t button) {
-  if (button != CWGraph::RightButton) return;
+  if (button != platform::mouse_button::Right) return;
   samplesShown_ = !samplesShown_;
   for (platform::Plot& plot : scope_.CWGraph1.Plots) {
     plot.LineStyle = static_cast<std::int16_t>(samplesShown_ ? 0 : 1);
@@ -113,7 +113,7 @@ void ScopeView::CWGraph1_MouseDown(std::int16_t button) {
 }
 
 void ScopeView::CWGraph2_MouseDown(std::int16_t button) {
-  if (button != CWGraph::RightButton) return;
+  if (button != platform::mouse_button::Right) return;
   recorder_.CWGraph2.TrackMode = recorderZoomMode_ ? CWGraph::PanMode : CWGraph::ZoomMode;
   recorderZoomMode_ = !recorderZoomMode_;
 }

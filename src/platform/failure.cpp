@@ -46,6 +46,8 @@ std::string StandardText(std::int32_t number) {
       return "A minimized or maximized window cannot be sized";
     case failure::WindowMoving:
       return "A minimized or maximized window cannot be moved";
+    case failure::PrinterError:
+      return "Printer error";
     case failure::NoPrinter:
       return "There is no printer";
     case failure::HarmlessStop:

@@ -50,6 +50,8 @@ inline constexpr std::int32_t InvalidPropertyValue = 380;
 /// A minimised or maximised window refuses to be sized.
 inline constexpr std::int32_t WindowSizing = 384;
 inline constexpr std::int32_t WindowMoving = 385;
+/// The printer, or the file that it prints to, refuses the page.
+inline constexpr std::int32_t PrinterError = 482;
 inline constexpr std::int32_t NoPrinter = 484;
 /// The capture control may report this when it is stopped; it does no harm.
 inline constexpr auto HarmlessStop = static_cast<std::int32_t>(0x8004022BU);

@@ -7,6 +7,7 @@ namespace formroutines {
 
 Application::Application(const Platform& platform)
     : Main(platform.Timers),
+      IDlook(platform.Timers),
       platform_(platform),
       services_{platform.Events, platform.Dialogs, platform.Program},
       stored_(platform.Store, platform.Numbers, Settings),
@@ -52,11 +53,20 @@ Application::Application(const Platform& platform)
       restart_(State, Settings, Main, Main.Buttons(), capture_, platform.Events),
       release_(Main, Main.Buttons()),
       waiting_(State, Settings, Present, Main, Main.Buttons(), platform.Timers, platform.Numbers),
+      analysis_(Main, Main, Settings, Present, platform.Code),
+      report_({Main, Main, State, capture_, analysis_}, platform.Events, platform.Program),
+      printing_{
+          Main, Main, platform.Printers, platform.Surface, platform.Calendar, platform.Program},
+      reportPrint_(Main, Main.QuietLine[forms::quiet_line::Report], printing_),
+      waveformPrint_(
+          {Main, Main, Main, Settings, platform.Numbers, platform.Dialogs, platform.Clipboard},
+          printing_),
+      finder_({IDlook, Main, Main, Main}, State, Settings, stored_, capture_, services_),
       pages_({Main, Main, Main, Main}, Revisionhistory, Settings, Present, platform.Numbers,
              platform.Printers, platform.Links, platform.Program),
       resize_(Main, State, platform.Program) {
   stored_.StatusUpdate = [this] { pages_.StatusUpdate(); };
-  tabs_.OtherForms = {&Revisionhistory.Window, &DebugWindow.Window};
+  tabs_.OtherForms = {&Revisionhistory.Window, &DebugWindow.Window, &IDlook.Window};
   resize_.PassFirstTab = [this] { tabs_.PassFirstTab(); };
   resize_.ReturnToTab = [this](std::int16_t tab) { tabs_.ReturnToTab(tab); };
   resize_.DrawPhasorGrid = [this] { phasors_.DrawPhasorGrid(); };
@@ -116,12 +126,20 @@ void Application::ShowFileFormat() {
   recording_.ShowFileFormat();
 }
 
-// The views below stand empty until they are built.
-std::string Application::ReportAnalyse(const packetroutines::PacketBytes&) {
-  return {};
+std::string Application::ReportAnalyse(const packetroutines::PacketBytes& bytes) {
+  return report_.ReportAnalyse(bytes);
 }
-void Application::AddStreamToList(const std::string&) {}
-void Application::UnloadIDlook() {}
-void Application::ReportLayout() {}
+
+void Application::ReportLayout() {
+  report_.ReportLayout();
+}
+
+void Application::AddStreamToList(const std::string& id) {
+  finder_.AddStreamToList(id);
+}
+
+void Application::UnloadIDlook() {
+  finder_.Unload();
+}
 
 }  // namespace formroutines

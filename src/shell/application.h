@@ -21,6 +21,7 @@
 #include "config/setup_view.h"
 #include "config/stored_settings.h"
 #include "forms/debug_window.h"
+#include "forms/id_look.h"
 #include "forms/main_form.h"
 #include "forms/revision_history.h"
 #include "measure/phase_analysis.h"
@@ -32,11 +33,13 @@
 #include "platform/number_text.h"
 #include "platform/services/calendar.h"
 #include "platform/services/capture_object.h"
+#include "platform/services/clipboard.h"
 #include "platform/services/code_page.h"
 #include "platform/services/dialogs.h"
 #include "platform/services/event_queue.h"
 #include "platform/services/file_system.h"
 #include "platform/services/mouse_pointer.h"
+#include "platform/services/print_surface.h"
 #include "platform/services/program.h"
 #include "platform/services/services.h"
 #include "platform/services/settings_store.h"
@@ -46,6 +49,11 @@
 #include "recorder/recording_session.h"
 #include "recorder/sample_writer.h"
 #include "recorder/trigger_block.h"
+#include "report/report_analysis.h"
+#include "report/report_print.h"
+#include "report/report_view.h"
+#include "report/stream_finder.h"
+#include "report/waveform_print.h"
 #include "shell/form_layout.h"
 #include "shell/info_pages.h"
 #include "shell/tab_controller.h"
@@ -65,6 +73,8 @@ struct Platform {
   platform::FileSystem& Files;
   platform::FolderDialog& Folders;
   platform::Printers& Printers;
+  platform::PrintSurface& Surface;
+  platform::Clipboard& Clipboard;
   platform::ShellLinks& Links;
   const platform::Calendar& Calendar;
   platform::MousePointer& Pointer;
@@ -94,6 +104,7 @@ class Application : private config::SetupConsumers,
   forms::Main Main;
   forms::Revisionhistory Revisionhistory;
   forms::DebugWindow DebugWindow;
+  forms::IDlook IDlook;
   config::Settings Settings;
   config::RunSettings Present;
   packetroutines::AcquisitionState State;
@@ -159,6 +170,12 @@ class Application : private config::SetupConsumers,
   packetroutines::ViewRestart restart_;
   packetroutines::ButtonRelease release_;
   packetroutines::WaitingLine waiting_;
+  packetroutines::ReportAnalysis analysis_;
+  subroutines::ReportView report_;
+  subroutines::PrintParts printing_;
+  subroutines::ReportPrint reportPrint_;
+  subroutines::WaveformPrint waveformPrint_;
+  packetroutines::StreamFinder finder_;
   InfoPages pages_;
   FormLayout resize_;
 };

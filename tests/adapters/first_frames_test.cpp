@@ -118,6 +118,27 @@ TEST_F(FirstFrames, PassOnThatNoMoreIsTaken) {
   EXPECT_EQ(wire_->NoMore, 1);
 }
 
+TEST_F(FirstFrames, LetEachOfTwoAlternatingStreamsBeSecondAfterEveryOtherSetup) {
+  const auto setup = [this](std::initializer_list<int> marks) {
+    Run();
+    // The stream of the odd marks has the longer frames.
+    for (const int mark : marks) Arrive(mark, mark % 2 == 1 ? 134 : 130);
+    return TakenAfter(20ms);
+  };
+  EXPECT_EQ(setup({1, 2, 3, 4}), Marks({1, 2, 3, 4}));
+  EXPECT_EQ(setup({1, 2, 3, 4}), Marks({1, 3, 2, 4}));
+  EXPECT_EQ(setup({2, 1, 4, 3}), Marks({1, 2, 4, 3}));
+  EXPECT_EQ(setup({2, 1, 4, 3}), Marks({1, 3, 2, 4}));
+}
+
+TEST_F(FirstFrames, AreHandedOverAlsoWhereOnlyOneCame) {
+  for (int i = 0; i < 2; ++i) {
+    Run();
+    Arrive(1);
+    EXPECT_EQ(TakenAfter(20ms), Marks({1}));
+  }
+}
+
 TEST_F(FirstFrames, KeepTheirTrueLength) {
   Run();
   Arrive(1, 2000);

@@ -20,6 +20,7 @@
 #include "support/fake_calendar.h"
 #include "support/fake_capture.h"
 #include "support/fake_pointer.h"
+#include "support/fake_print.h"
 #include "support/fake_services.h"
 #include "support/journal.h"
 #include "support/manual_clock.h"
@@ -123,6 +124,8 @@ class FakePlatform {
   FakeFiles Files;
   FakeFolders Folders;
   FakePrinters Printers;
+  FakeSurface Surface;
+  FakeClipboard Clipboard{Journal};
   FakeLinks Links;
   FakeCalendar Calendar;
   FakePointer Pointer{Journal};

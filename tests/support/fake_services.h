@@ -102,7 +102,11 @@ class FakePrinters : public platform::Printers {
     if (List.empty()) throw platform::Failure(platform::failure::NoPrinter);
     return List[Chosen];
   }
-  void MakeCurrent(std::int32_t index) override { Chosen = static_cast<std::size_t>(index); }
+  void MakeCurrent(std::int32_t index) override {
+    const auto place = static_cast<std::size_t>(index);
+    if (index < 0 || place >= List.size()) throw platform::Failure(platform::failure::NoPrinter);
+    Chosen = place;
+  }
 
   std::vector<std::string> List{"Office", "Control room"};
   std::size_t Chosen = 0;

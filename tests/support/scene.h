@@ -24,8 +24,8 @@ class Scene : public FakePlatform {
   /// The files of the platform, which fail where the test wants it.
   FailingFiles Disk{Files};
   formroutines::Application App{{Timers, Events, Dialogs, Runtime, Store, Capture, Code, Numbers,
-                                 Disk, Folders, Printers, Links, Calendar, Pointer, Screen,
-                                 PhasorPicture}};
+                                 Disk, Folders, Printers, Surface, Clipboard, Links, Calendar,
+                                 Pointer, Screen, PhasorPicture}};
   forms::Main& Main = App.Main;
   config::Settings& Settings = App.Settings;
   config::RunSettings& Present = App.Present;

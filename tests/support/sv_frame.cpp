@@ -46,6 +46,11 @@ SvFrame& SvFrame::Tagged() {
   return *this;
 }
 
+SvFrame& SvFrame::Synch(std::uint8_t smpSynch) {
+  synch_ = smpSynch;
+  return *this;
+}
+
 SvFrame& SvFrame::Trailer(std::vector<std::uint8_t> bytes) {
   trailer_ = std::move(bytes);
   return *this;
@@ -73,7 +78,7 @@ FrameBytes SvFrame::Bytes() const {
   Append(asdu, Field(0x82, {static_cast<std::uint8_t>(count_ >> 8),
                             static_cast<std::uint8_t>(count_ & 0xFF)}));
   Append(asdu, Field(0x83, {0, 0, 0, 1}));
-  Append(asdu, Field(0x85, {2}));
+  Append(asdu, Field(0x85, {synch_}));
   Append(asdu, Field(0x87, samples));
 
   Octets pdu = Field(0x80, {1});

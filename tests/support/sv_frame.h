@@ -22,6 +22,8 @@ class SvFrame {
   /// Channels in seqData; those beyond the eighth carry 0x55 bytes.
   SvFrame& Channels(std::size_t count);
   SvFrame& Tagged();
+  /// smpSynch: 0 not synchronised, 1 by a local clock, 2 by a global one.
+  SvFrame& Synch(std::uint8_t smpSynch);
   /// Bytes behind the samples.
   SvFrame& Trailer(std::vector<std::uint8_t> bytes);
   /// A field in front of smpCnt, tag and length included.
@@ -32,6 +34,7 @@ class SvFrame {
  private:
   std::string id_;
   std::uint16_t count_ = 0;
+  std::uint8_t synch_ = 2;
   std::array<std::int32_t, 8> raw_{};
   std::size_t channels_ = 8;
   bool tagged_ = false;

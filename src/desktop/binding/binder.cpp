@@ -2,6 +2,7 @@
 
 #include <QSignalBlocker>
 
+#include "desktop/binding/mouse_presses.h"
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
 #include "desktop/widgets/focus_giver.h"
@@ -120,6 +121,8 @@ void Binder::Bind(platform::CommandButton& control, QPushButton& widget, const Q
   Follow(control.Caption, [&] { widget.setText(ToQt(control.Caption)); });
   QObject::connect(&widget, &QAbstractButton::clicked, &widget,
                    [&] { guard_([&] { control.Click(); }); });
+  new MousePresses(widget,
+                   [&](std::int16_t button) { guard_([&] { control.MouseDown(button); }); });
 }
 
 void Binder::Bind(platform::CheckBox& control, QCheckBox& widget, const QString& name,
@@ -168,6 +171,13 @@ void Binder::Bind(platform::ComboBox& control, ChoiceBox& widget, const QString&
   Follow(control.ListIndex, showChoice);
   QObject::connect(&widget, &QComboBox::activated, &widget,
                    [&](int index) { guard_([&] { control.ListIndex = index; }); });
+}
+
+void Binder::Bind(platform::CheckList& control, CheckListView& widget, const QString& name) {
+  BindControl(control, widget, name);
+  Follow(control.Items, [&] { widget.ShowItems(control.Items); });
+  widget.Moved = [&](int row) { guard_([&] { control.MoveTo(row); }); };
+  widget.Turned = [&](int row, bool checked) { guard_([&] { control.Turn(row, checked); }); };
 }
 
 void Binder::Bind(platform::TextBox& control, TextField& widget, const QString& name) {

@@ -9,6 +9,7 @@
 
 #include "desktop/binding/guard.h"
 #include "desktop/binding/repaint_queue.h"
+#include "desktop/widgets/check_list_view.h"
 #include "desktop/widgets/choice_box.h"
 #include "desktop/widgets/click_label.h"
 #include "desktop/widgets/quiet_line.h"
@@ -19,6 +20,7 @@
 #include "desktop/widgets/text_field.h"
 #include "platform/controls/buttons.h"
 #include "platform/controls/check_box.h"
+#include "platform/controls/check_list.h"
 #include "platform/controls/combo_box.h"
 #include "platform/controls/label.h"
 #include "platform/controls/option_button.h"
@@ -53,6 +55,7 @@ class Binder {
   void Bind(platform::OptionButton& control, RadioButton& widget, const QString& name,
             Ampersand ampersand = Ampersand::Mnemonic);
   void Bind(platform::ComboBox& control, ChoiceBox& widget, const QString& name);
+  void Bind(platform::CheckList& control, CheckListView& widget, const QString& name);
   void Bind(platform::TextBox& control, TextField& widget, const QString& name);
   void Bind(platform::TextBox& control, TextArea& widget, const QString& name);
   void Bind(platform::GroupBox& control, QWidget& widget, const QString& name);

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "desktop/look/look.h"
+#include "desktop/look/picture.h"
 #include "desktop/look/text.h"
 
 namespace desktop {
@@ -33,6 +34,8 @@ constexpr double PointReach = 0.5;
 /// A block is put on the graph in many steps, with a pump among them, and drawn by the last one.
 /// What is to be drawn soon waits for that long enough.
 constexpr int DrawMs = 30;
+/// Width of the graph's image on paper: 300 dots an inch on 180 mm.
+constexpr double PaperDots = 2126;
 
 }  // namespace
 
@@ -89,6 +92,7 @@ void GraphView::FollowAxis(platform::Axis& axis, QCPAxis& shown) {
   caption();
   axis.Caption.Observe(caption);
   const auto ends = [this, &axis, &shown] {
+    if (telling_) return;
     QCPRange range(axis.Minimum, axis.Maximum);
     // A course of one point alone leaves its axis no length.
     if (axis.Maximum <= axis.Minimum)
@@ -111,6 +115,9 @@ void GraphView::FollowGraph() {
     ScaleY();
     DrawSoon();
   };
+  TellRange(graph_.XAxis, *xAxis);
+  TellRange(graph_.YAxis, *yAxis);
+  graph_.Draw = [this] { return Draw(); };
   graph_.TrackMode.Observe([this] { ShowTrackMode(); });
   graph_.ScreenLook.Observe([this] { ShowBackground(); });
   graph_.Refresh = [this] {
@@ -121,22 +128,40 @@ void GraphView::FollowGraph() {
   };
 }
 
+void GraphView::TellRange(platform::Axis& control, const QCPAxis& axis) {
+  const auto tell = [this, &control](const QCPRange& range) {
+    telling_ = true;
+    control.Minimum = range.lower;
+    control.Maximum = range.upper;
+    telling_ = false;
+  };
+  connect(&axis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this, tell);
+  tell(axis.range());
+}
+
+platform::Picture GraphView::Draw() {
+  if (size().isEmpty()) return {};
+  const double fine = std::max(1.0, PaperDots / width());
+  return PictureOf(
+      toPixmap(width(), height(), graph_.ScreenLook ? devicePixelRatioF() : fine).toImage());
+}
+
 void GraphView::DrawSoon() {
   if (!drawing_.isActive()) drawing_.start();
 }
 
 void GraphView::TakeMouse() {
   connect(this, &QCustomPlot::mousePress, this, [this](QMouseEvent* event) {
-    const std::int16_t button = event->button() == Qt::RightButton ? platform::CWGraph::RightButton
+    const std::int16_t button = event->button() == Qt::RightButton ? platform::mouse_button::Right
                                 : event->button() == Qt::LeftButton
-                                    ? platform::CWGraph::LeftButton
-                                    : platform::CWGraph::MiddleButton;
+                                    ? platform::mouse_button::Left
+                                    : platform::mouse_button::Middle;
     guard_([this, button] { graph_.MouseDown(button); });
   });
   connect(this, &QCustomPlot::mouseDoubleClick, this, [this](QMouseEvent* event) {
     // The second of two quick presses of the right button is a press like the first.
     if (event->button() == Qt::RightButton)
-      guard_([this] { graph_.MouseDown(platform::CWGraph::RightButton); });
+      guard_([this] { graph_.MouseDown(platform::mouse_button::Right); });
     if (event->button() == Qt::LeftButton) guard_([this] { graph_.DblClick(); });
   });
   connect(selectionRect(), &QCPSelectionRect::accepted, this,
@@ -204,6 +229,7 @@ void GraphView::ShowBackground() {
   paper.setCoordinateMode(QGradient::ObjectMode);
   paper.setColorAt(0, PaperLight);
   paper.setColorAt(1, PaperDark);
+  setBackground(graph_.ScreenLook ? look::Page : QColor(Qt::white));
   axisRect()->setBackground(graph_.ScreenLook ? QBrush(paper) : QBrush(Qt::white));
   for (CasedCurve* curve : curves_) curve->SetGround(graph_.ScreenLook ? PaperDark : Qt::white);
   DrawSoon();

@@ -36,6 +36,8 @@ class GraphView : public QCustomPlot, public look::Scalable {
   void ShowStyle(std::size_t plot);
   void ShowTrackMode();
   void ShowBackground();
+  void TellRange(platform::Axis& control, const QCPAxis& axis);
+  platform::Picture Draw();
   void ScaleX();
   void ScaleY();
   void ZoomInto(const QRect& drag, Qt::MouseButton button);
@@ -47,6 +49,8 @@ class GraphView : public QCustomPlot, public look::Scalable {
   Guard& guard_;
   std::array<CasedCurve*, 8> curves_{};
   QTimer drawing_;
+  /// The ends of an axis come from the screen, not from the program.
+  bool telling_ = false;
 };
 
 }  // namespace desktop

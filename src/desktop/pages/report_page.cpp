@@ -5,6 +5,7 @@
 #include "desktop/binding/run_binding.h"
 #include "desktop/look/look.h"
 #include "desktop/look/scale.h"
+#include "desktop/look/twips.h"
 #include "desktop/widgets/tab_bar.h"
 #include "platform/rich_row.h"
 
@@ -23,6 +24,7 @@ constexpr QPointF SheetCorner(20, 22);
 constexpr double SheetHeight = 500;
 constexpr double PanelGap = 18;
 constexpr double PanelWidth = 226;
+constexpr double QuietGap = 10;
 
 }  // namespace
 
@@ -32,7 +34,9 @@ ReportPage::ReportPage(forms::ReportControls& report, forms::SharedControls& sha
       rows_(binder, *this, QPoint(0, TabBar::DesignHeight)),
       panel_(new Card(QString(), this)),
       run_(new RunColumn(panel_)),
-      print_(new QPushButton(run_)) {
+      print_(new QPushButton(run_)),
+      quiet_(new QuietLine(this)),
+      report_(report) {
   AddRows(report);
   BindControls(report, shared, binder);
 }
@@ -60,6 +64,8 @@ void ReportPage::BindControls(forms::ReportControls& report, forms::SharedContro
   binder.Bind(report.Command4, *print_, QStringLiteral("Command4"));
   run_->AddRow(print_);
   panel_->AddWide(run_);
+  binder.Bind(shared.QuietLine[forms::quiet_line::Report], *quiet_,
+              ArrayName("QuietLine", forms::quiet_line::Report));
 }
 
 void ReportPage::resizeEvent(QResizeEvent*) {
@@ -71,6 +77,10 @@ void ReportPage::resizeEvent(QResizeEvent*) {
   panel_->setGeometry(QRectF(sheet_.right() + PanelGap * ratio, sheet_.top(), PanelWidth * ratio,
                              panel_->sizeHint().height())
                           .toRect());
+  // The rows are laid out in the size of the smallest window.
+  report_.Shape3.Width = twips::Of(static_cast<int>(sheet_.width() / ratio));
+  const double below = sheet_.bottom() + QuietGap * ratio;
+  quiet_->setGeometry(QRectF(sheet_.left(), below, sheet_.width(), height() - below).toRect());
   update();
 }
 

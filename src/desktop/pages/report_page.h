@@ -6,6 +6,7 @@
 #include "desktop/binding/binder.h"
 #include "desktop/binding/rich_rows.h"
 #include "desktop/widgets/card.h"
+#include "desktop/widgets/quiet_line.h"
 #include "desktop/widgets/run_column.h"
 #include "forms/report_controls.h"
 #include "forms/shared_controls.h"
@@ -32,6 +33,8 @@ class ReportPage : public QWidget {
   Card* panel_;
   RunColumn* run_;
   QPushButton* print_;
+  QuietLine* quiet_;
+  forms::ReportControls& report_;
   QRectF sheet_;
 };
 

@@ -1,5 +1,6 @@
 #include "desktop/services/qt_dialogs.h"
 
+#include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -42,6 +43,8 @@ platform::Answer AskOkStop(QMessageBox& box) {
 }  // namespace
 
 QWidget* QtDialogs::Parent() const {
+  // The stream finder has windows of its own on top of it.
+  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
   return owner_ && owner_->isVisible() ? owner_.data() : nullptr;
 }
 

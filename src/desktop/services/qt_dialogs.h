@@ -19,7 +19,7 @@ class QtDialogs : public platform::Dialogs {
   platform::StandingBox::Listener Stands;
 
  private:
-  /// A box belongs to the window only once that can be seen.
+  /// A box belongs to the modal window below it, or to the main window once that can be seen.
   QWidget* Parent() const;
 
   QPointer<QWidget> owner_;

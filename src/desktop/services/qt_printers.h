@@ -19,6 +19,8 @@ class QtPrinters : public platform::Printers {
   std::vector<std::string> Names() const override;
   std::string Current() const override;
   void MakeCurrent(std::int32_t index) override;
+  /// The current printer is the one that prints to a file.
+  bool PrintsToFile() const { return current_ == names_.size() - 1; }
 
  private:
   QStringList names_;

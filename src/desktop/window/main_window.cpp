@@ -8,6 +8,7 @@
 #include <array>
 
 #include "desktop/look/look.h"
+#include "desktop/look/picture.h"
 #include "desktop/look/scale.h"
 #include "desktop/look/text.h"
 #include "desktop/pages/info_page.h"
@@ -36,6 +37,7 @@ MainWindow::MainWindow(const Forms& forms, Guard& guard, RepaintQueue& repaints,
     : main_(forms.Main),
       history_(forms.History),
       debug_(forms.Debug),
+      finder_(forms.Finder),
       guard_(guard),
       binder_(guard, repaints),
       tabs_(new TabBar(this)),
@@ -68,6 +70,8 @@ MainWindow::MainWindow(const Forms& forms, Guard& guard, RepaintQueue& repaints,
     if (Unloaded) Unloaded();
   };
   FollowOtherWindows();
+  // The logo of the printed page is on no page of the window.
+  main_.Picture3.Image = LogoPicture();
   new TabKeys(*this, *tabs_, *pages_);
   qApp->installEventFilter(this);
 }
@@ -86,6 +90,12 @@ void MainWindow::FollowOtherWindows() {
       historyDialog_ = new HistoryDialog(history_, main_.TabStrip1, binder_, guard_, this);
     }
     historyDialog_->exec();
+  };
+  finder_.Window.ShowModal = [this] {
+    if (finderDialog_ == nullptr) {
+      finderDialog_ = new FinderDialog(finder_, main_.TabStrip1, binder_, guard_, this);
+    }
+    finderDialog_->exec();
   };
   debug_.Window.Visible.Observe([this] {
     const bool visible = debug_.Window.Visible;

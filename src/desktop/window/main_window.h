@@ -10,9 +10,11 @@
 #include "desktop/widgets/picture_pad.h"
 #include "desktop/widgets/tab_bar.h"
 #include "desktop/window/debug_view.h"
+#include "desktop/window/finder_dialog.h"
 #include "desktop/window/history_dialog.h"
 #include "desktop/window/window_frame.h"
 #include "forms/debug_window.h"
+#include "forms/id_look.h"
 #include "forms/main_form.h"
 #include "forms/revision_history.h"
 
@@ -23,6 +25,7 @@ struct Forms {
   forms::Main& Main;
   forms::Revisionhistory& History;
   forms::DebugWindow& Debug;
+  forms::IDlook& Finder;
 };
 
 /// The program's one window: the strip of tabs, the view of the selected tab, and the status bar.
@@ -52,12 +55,14 @@ class MainWindow : public QWidget {
   forms::Main& main_;
   forms::Revisionhistory& history_;
   forms::DebugWindow& debug_;
+  forms::IDlook& finder_;
   Guard& guard_;
   Binder binder_;
   TabBar* tabs_;
   QStackedWidget* pages_;
   WindowFrame* frame_ = nullptr;
   HistoryDialog* historyDialog_ = nullptr;
+  FinderDialog* finderDialog_ = nullptr;
   DebugView* debugView_ = nullptr;
   /// What the widgets stand in; they are made as the smallest window has them.
   double scale_ = 1;

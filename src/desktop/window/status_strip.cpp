@@ -1,12 +1,12 @@
 #include "desktop/window/status_strip.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPainter>
 #include <array>
 
 #include "desktop/look/look.h"
 #include "desktop/look/twips.h"
+#include "desktop/widgets/path_label.h"
 
 namespace desktop {
 
@@ -29,7 +29,8 @@ StatusStrip::StatusStrip(platform::StatusBar& bar, Binder& binder, QWidget* pare
   row->setContentsMargins(Padding, 0, Padding, 0);
   row->setSpacing(Padding);
   for (std::size_t i = 0; i < bar.Panels.size(); ++i) {
-    auto* panel = new QLabel(this);
+    // A panel may hold the path of a file.
+    auto* panel = new PathLabel(this);
     panel->setFont(look::TextFont(look::SmallSize));
     panel->setMinimumWidth(1);
     look::SetTextColour(*panel, look::QuietText);

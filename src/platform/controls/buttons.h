@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "platform/controls/control.h"
@@ -10,6 +11,8 @@ class CommandButton : public Control {
  public:
   Property<std::string> Caption;
   Event<> Click;
+  /// A press of the mouse button of that number, one of `mouse_button`.
+  Event<std::int16_t> MouseDown;
 };
 
 /// A two-position button; `ValueChanged` comes when `Value` really changes, by hand or from code.

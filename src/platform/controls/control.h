@@ -19,6 +19,13 @@ struct Rgb {
   }
 };
 
+/// The numbers of the mouse buttons.
+namespace mouse_button {
+inline constexpr std::int16_t Left = 1;
+inline constexpr std::int16_t Right = 2;
+inline constexpr std::int16_t Middle = 4;
+}  // namespace mouse_button
+
 /// What every control has: whether it shows and reacts, its tool tip, and its place in twips
 /// (15 to a pixel) within its view.
 class Control {

@@ -2,10 +2,12 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "platform/controls/control.h"
+#include "platform/picture.h"
 #include "platform/stream_format.h"
 
 namespace platform {
@@ -32,7 +34,7 @@ class Axis {
   Property<bool> AutoScale;
   /// The words along the axis.
   Property<std::string> Caption;
-  /// The ends of the axis, where the program sets them; they do not follow the user's hand.
+  /// The ends of the part that shows, as the program or whoever shows the graph sets them.
   Property<double> Minimum;
   Property<double> Maximum;
   /// Scales the axis once to the data now shown.
@@ -44,9 +46,6 @@ class CWGraph : public Control {
  public:
   static constexpr std::int16_t PanMode = 3;
   static constexpr std::int16_t ZoomMode = 6;
-  static constexpr std::int16_t LeftButton = 1;
-  static constexpr std::int16_t RightButton = 2;
-  static constexpr std::int16_t MiddleButton = 4;
 
   std::array<Plot, channels::Count> Plots;
   Axis XAxis;
@@ -61,6 +60,11 @@ class CWGraph : public Control {
   Event<> ZoomFinished;
   /// Redraws at once.
   Event<> Refresh;
+  /// Draws the graph as it looks now. Whoever shows the graph sets it.
+  std::function<Picture()> Draw;
+
+  /// The image of the graph; empty where nothing shows it.
+  Picture Image() const { return Draw ? Draw() : Picture(); }
 };
 
 }  // namespace platform

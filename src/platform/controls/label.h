@@ -3,6 +3,7 @@
 #include <string>
 
 #include "platform/controls/control.h"
+#include "platform/picture.h"
 
 namespace platform {
 
@@ -15,6 +16,8 @@ class Label : public Control {
   Property<bool> FontBold;
   Property<bool> FontUnderline;
   Property<Rgb> ForeColor;
+  /// The ground of the text, where it has one of its own.
+  Property<Rgb> BackColor{Rgb{255, 255, 255}};
   Event<> Click;
   Event<> DblClick;
 };
@@ -22,6 +25,7 @@ class Label : public Control {
 /// A picture on a view, such as a logo.
 class PictureBox : public Control {
  public:
+  Property<Picture> Image;
   Event<> Click;
 };
 

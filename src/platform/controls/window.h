@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/controls/property.h"
+#include "platform/controls/control.h"
 #include "platform/failure.h"
 
 namespace platform {
@@ -15,6 +15,7 @@ enum class WindowState { Normal, Minimized, Maximized };
 class Window {
  public:
   Property<std::string> Caption;
+  Property<Rgb> BackColor{Rgb{255, 255, 255}};
   Property<WindowState> State{WindowState::Normal};
   Property<std::int32_t> Width;
   Property<std::int32_t> Height;

@@ -1,0 +1,147 @@
+#include "desktop/services/qt_print_surface.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QFile>
+#include <QPageSize>
+#include <QPdfWriter>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <utility>
+
+#include "desktop/look/look.h"
+#include "desktop/look/picture.h"
+#include "desktop/look/text.h"
+#include "desktop/services/qt_file_system.h"
+#include "platform/failure.h"
+
+namespace desktop {
+
+using platform::Failure;
+
+namespace {
+
+constexpr int PdfDotsPerInch = 1200;
+constexpr const char* Creator = "Vornik";
+
+QPageLayout::Orientation QtOrientation(platform::PageOrientation orientation) {
+  return orientation == platform::PageOrientation::Landscape ? QPageLayout::Landscape
+                                                             : QPageLayout::Portrait;
+}
+
+[[noreturn]] void Refuse(const QString& why) {
+  throw Failure(platform::failure::PrinterError, FromQt(why));
+}
+
+/// Paints a page on a device of its own and closes that.
+void PaintOn(QPaintDevice& device, const PrintPage& page, const QString& name) {
+  QPainter painter;
+  if (!painter.begin(&device)) Refuse(QStringLiteral("\"%1\" takes no page").arg(name));
+  page.Paint(painter);
+  if (!painter.end()) Refuse(QStringLiteral("\"%1\" did not take the page").arg(name));
+}
+
+}  // namespace
+
+QtPrintSurface::QtPrintSurface(const QtPrinters& printers, const platform::Calendar& calendar)
+    : printers_(printers), calendar_(calendar) {}
+
+void QtPrintSurface::Orientation(platform::PageOrientation orientation) {
+  page_ = {};
+  orientation_ = orientation;
+  position_ = {};
+}
+
+void QtPrintSurface::DocumentName(const std::string& name) {
+  document_ = ToQt(name);
+}
+
+void QtPrintSurface::FontName(const std::string& name) {
+  family_ = ToQt(name);
+}
+
+void QtPrintSurface::ForeColor(platform::Rgb colour) {
+  colour_ = look::ColourOf(colour);
+}
+
+void QtPrintSurface::Print(const std::string& text) {
+  page_.AddText(position_, ToQt(text), Font(), colour_);
+  position_.rx() += TextWidth(text);
+}
+
+void QtPrintSurface::PrintLine(const std::string& text) {
+  page_.AddText(position_, ToQt(text), Font(), colour_);
+  position_ = {0, position_.y() + PrintPage::LineHeight(Font())};
+}
+
+double QtPrintSurface::TextWidth(const std::string& text) const {
+  return PrintPage::TextWidth(ToQt(text), Font());
+}
+
+void QtPrintSurface::PaintPicture(const platform::Picture& picture, double x, double y,
+                                  double width, double height) {
+  page_.AddPicture(QRectF(x, y, width, height), ImageOf(picture));
+}
+
+std::string QtPrintSurface::EndDoc() {
+  const PrintPage page = std::exchange(page_, {});
+  if (printers_.PrintsToFile()) return FromQt(WriteFile(page));
+  SendToPrinter(page);
+  return {};
+}
+
+QByteArray QtPrintSurface::Pdf(const PrintPage& page) const {
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  QPdfWriter writer(&buffer);
+  writer.setResolution(PdfDotsPerInch);
+  writer.setPageSize(QPageSize(QPageSize::A4));
+  writer.setPageOrientation(QtOrientation(orientation_));
+  writer.setPageMargins({});
+  writer.setTitle(document_);
+  writer.setCreator(QLatin1String(Creator));
+  PaintOn(writer, page, document_);
+  return bytes;
+}
+
+QString QtPrintSurface::WriteFile(const PrintPage& page) const {
+  const QByteArray bytes = Pdf(page);
+  const QDir folder(QtFileSystem::Resolve(DataPath()));
+  const QString stem = document_ + u' ' + ToQt(platform::DottedText(calendar_.Now(), '-'));
+  for (int copy = 1;; ++copy) {
+    const QString number = copy == 1 ? QString() : QStringLiteral(" (%1)").arg(copy);
+    QFile file(folder.filePath(stem + number + QStringLiteral(".pdf")));
+    // Opened only where it is new, so that an older page is never lost.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
+      if (file.exists()) continue;
+      Refuse(QStringLiteral("%1 (%2)").arg(file.errorString(),
+                                           QDir::toNativeSeparators(file.fileName())));
+    }
+    if (file.write(bytes) == bytes.size() && file.flush()) {
+      return QDir::toNativeSeparators(file.fileName());
+    }
+    const QString why = file.errorString();
+    file.remove();
+    Refuse(why);
+  }
+}
+
+void QtPrintSurface::SendToPrinter(const PrintPage& page) const {
+  const QString name = ToQt(printers_.Current());
+  const QPrinterInfo info = QPrinterInfo::printerInfo(name);
+  if (info.isNull()) Refuse(QStringLiteral("the printer \"%1\" is not there any more").arg(name));
+  QPrinter printer(info, QPrinter::HighResolution);
+  printer.setFullPage(true);
+  printer.setPageOrientation(QtOrientation(orientation_));
+  printer.setColorMode(colours_ == platform::ColourMode::Colour ? QPrinter::Color
+                                                                : QPrinter::GrayScale);
+  printer.setDocName(document_);
+  printer.setCreator(QLatin1String(Creator));
+  PaintOn(printer, page, name);
+  if (printer.printerState() == QPrinter::Error || printer.printerState() == QPrinter::Aborted) {
+    Refuse(QStringLiteral("\"%1\" refused the page").arg(name));
+  }
+}
+
+}  // namespace desktop

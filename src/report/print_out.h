@@ -1,0 +1,55 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "forms/setup_controls.h"
+#include "forms/window_controls.h"
+#include "platform/controls/quiet_line.h"
+#include "platform/services/calendar.h"
+#include "platform/services/print_surface.h"
+#include "platform/services/program.h"
+#include "platform/services/system_services.h"
+
+namespace subroutines {
+
+/// What a print-out takes of the platform and of the form: the printers with the list that chooses
+/// one, the surface, the date, and the status bar that tells where a file went.
+struct PrintParts {
+  forms::SetupControls& Setup;
+  forms::WindowControls& Window;
+  platform::Printers& Printers;
+  platform::PrintSurface& Surface;
+  const platform::Calendar& Calendar;
+  platform::Program& Program;
+};
+
+/// What both print-outs do round their page.
+class PrintOut {
+ public:
+  /// `what` is printed, such as "report"; `line` says so where it fails.
+  PrintOut(const PrintParts& parts, platform::QuietLine& line, std::string what);
+
+  /// Makes the printer of the list the current one. Failure 484 where there is none.
+  void SelectPrinter();
+  /// Prints a page, landscape or portrait, and ends it. A page that fails is left without a box:
+  /// no end of the document is sent, the mode of colours stays, and the quiet line says why.
+  void Print(platform::PageOrientation orientation, const std::function<void()>& page);
+  /// Takes back what the quiet line says about an older page.
+  void Forget();
+
+  /// The present day as "dd.MMM.yyyy", with `sign` between its parts.
+  std::string Today(char sign) const;
+  void At(double x, double y);
+
+  platform::PrintSurface& Surface() { return parts_.Surface; }
+
+ private:
+  PrintParts parts_;
+  platform::QuietLine& line_;
+  std::string what_;
+  /// What this class has written to the line.
+  std::string said_;
+};
+
+}  // namespace subroutines

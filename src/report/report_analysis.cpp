@@ -1,0 +1,152 @@
+#include "report/report_analysis.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+#include "platform/hex_text.h"
+#include "platform/number_text.h"
+
+namespace packetroutines {
+
+using platform::HexPairValue;
+
+namespace row = forms::report_row;
+
+namespace {
+
+constexpr std::size_t LineBytes = 16;
+constexpr std::size_t DigitsOfByte = 2;
+/// Two digits and a blank.
+constexpr std::size_t GroupWidth = 3;
+/// Bytes below this one print as a point.
+constexpr std::int16_t FirstPrinted = 31;
+constexpr char Point = '.';
+
+constexpr std::array<const char*, 3> SynchronisationTexts = {
+    "value=0; not synchronized by an external clock", "value=1; synchronized by a local area clock",
+    "value=2; synchronized by a global area clock"};
+
+char Upper(char digit) {
+  return digit >= 'a' && digit <= 'z' ? static_cast<char>(digit - 'a' + 'A') : digit;
+}
+
+}  // namespace
+
+std::string HexLineText(std::string_view line, const platform::CodePage& code) {
+  std::string characters;
+  for (std::size_t at = 0; at < line.size(); at += GroupWidth) {
+    std::string digits(line.substr(at, DigitsOfByte));
+    std::transform(digits.begin(), digits.end(), digits.begin(), Upper);
+    const std::int16_t value = HexPairValue(digits);
+    characters += value < FirstPrinted ? Point : static_cast<char>(value);
+    characters += ' ';
+  }
+  return code.ToUtf8(characters);
+}
+
+ReportAnalysis::ReportAnalysis(forms::ReportControls& report, const forms::SharedControls& shared,
+                               const config::Settings& settings, const config::RunSettings& present,
+                               const platform::CodePage& code)
+    : report_(report), shared_(shared), settings_(settings), present_(present), code_(code) {}
+
+const std::string& ReportAnalysis::ChosenStation() const {
+  const auto& stations = shared_.Option3;
+  const bool first = stations[forms::station::Report].Value;
+  return stations[first ? forms::station::Report : forms::station::Report + 1].Caption;
+}
+
+bool ReportAnalysis::ReportAnalyse(const PacketBytes& bytes, std::string& id) {
+  ShowHead(false);
+  BuildHexText(bytes);
+  WriteHead();
+  // Each search begins where the one before it ended.
+  std::size_t position = Find("8001", 1);
+  report_.Label8[row::Sequence].Caption = "lenght: " + std::string(Pair(position + 8));
+  report_.Label8[row::FirstAsdu].Caption = "lenght: " + std::string(Pair(position + 12));
+  position = Find("80", position + 2);
+  id += StationId(position + 2);
+  if (present_.StreamCount > 1 && ChosenStation() != id) return false;
+  report_.Label8[row::StationId].Caption = id;
+  ShowHead(true);
+  // From here on the position is that of the length byte.
+  position = Find("82", position + 2) + 2;
+  const std::int32_t count =
+      HexPairValue(Pair(position + 2)) * 256 + HexPairValue(Pair(position + 4));
+  report_.Label8[row::SampleCount].Caption = platform::NumberText::General(count);
+  position = Find("85", position + 2) + 2;
+  WriteSynchronisation(Pair(position + 2));
+  for (std::size_t line = 0; line < row::DumpCount; ++line) WriteDumpLine(line);
+  return true;
+}
+
+std::size_t ReportAnalysis::Find(std::string_view digits, std::size_t from) const {
+  const std::size_t at = hexText_.find(digits, from - 1);
+  return at == std::string::npos ? 0 : at + 1;
+}
+
+std::string_view ReportAnalysis::Pair(std::size_t position) const {
+  const std::string_view text = hexText_;
+  return text.substr(std::min(position - 1, text.size()), DigitsOfByte);
+}
+
+std::string ReportAnalysis::Pairs(std::size_t firstByte, std::size_t count) const {
+  std::string pairs;
+  for (std::size_t byte = firstByte; byte < firstByte + count; ++byte) {
+    if (byte > firstByte) pairs += ':';
+    pairs += Pair((byte - 1) * DigitsOfByte + 1);
+  }
+  return pairs;
+}
+
+void ReportAnalysis::BuildHexText(const PacketBytes& bytes) {
+  hexText_.clear();
+  for (std::int32_t n = 1; n <= bytes.Upper(); ++n) hexText_ += platform::HexByteText(bytes(n));
+}
+
+void ReportAnalysis::ShowHead(bool visible) {
+  for (std::size_t i = row::Filter; i < row::StationId; ++i) report_.Label8[i].Visible = visible;
+}
+
+void ReportAnalysis::WriteHead() {
+  auto& values = report_.Label8;
+  values[row::Filter].Caption = settings_.FilterString + " / " + settings_.FilterContent[0] +
+                                " / " + settings_.FilterContent[1];
+  values[row::Destination].Caption = Pairs(1, 6);
+  values[row::Source].Caption = Pairs(7, 6);
+  values[row::Ethertype].Caption = "0x" + Pairs(13, 1) + Pairs(14, 1);
+  values[row::AppId].Caption = "0x" + Pairs(15, 1) + Pairs(16, 1);
+}
+
+std::string ReportAnalysis::StationId(std::size_t lengthPosition) const {
+  const auto length = static_cast<std::size_t>(HexPairValue(Pair(lengthPosition)));
+  std::string id;
+  for (std::size_t k = 1; k <= length; ++k) {
+    id += static_cast<char>(HexPairValue(Pair(lengthPosition + k * DigitsOfByte)));
+  }
+  return code_.ToUtf8(id);
+}
+
+void ReportAnalysis::WriteSynchronisation(std::string_view digits) {
+  const auto value = static_cast<std::size_t>(platform::NumberText::Leading(digits));
+  if (value >= SynchronisationTexts.size()) return;
+  report_.Label8[row::Synchronisation].Caption = SynchronisationTexts[value];
+}
+
+void ReportAnalysis::WriteDumpLine(std::size_t line) {
+  std::string dump;
+  for (std::size_t j = 0; j < LineBytes; ++j) {
+    const std::string_view digits = Pair((line * LineBytes + j) * DigitsOfByte + 1);
+    dump += digits.empty() ? "00" : digits;
+    dump += ' ';
+  }
+  platform::Label& value = report_.Label8[row::FirstDump + line];
+  value.Visible = false;
+  // The line reaches over both columns.
+  value.Left = report_.Label7[row::FirstDump + line].Left.Get();
+  value.Width = report_.Shape3.Width.Get();
+  value.Caption = std::to_string(line) + "0: " + dump + HexLineText(dump, code_);
+  value.Visible = true;
+}
+
+}  // namespace packetroutines

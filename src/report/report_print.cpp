@@ -1,0 +1,64 @@
+#include "report/report_print.h"
+
+#include <cstddef>
+
+#include "config/program_facts.h"
+
+namespace subroutines {
+
+namespace {
+
+// Millimetres.
+constexpr double Left = 15;
+constexpr double ValueLeft = 80;
+constexpr double CaptionTop = 10;
+constexpr double HeadingTop = 18;
+constexpr double FirstRowTop = 40;
+constexpr double RowPitch = 7;
+constexpr double FooterTop = 250;
+
+/// The rows that have a title beside their value, and those that the page has room for.
+constexpr std::size_t TitledRows = 15;
+constexpr std::size_t PrintedRows = 21;
+
+}  // namespace
+
+ReportPrint::ReportPrint(forms::ReportControls& report, platform::QuietLine& line,
+                         const PrintParts& parts)
+    : report_(report), out_(parts, line, "report") {
+  report_.Command4.Click = [this] { Command4_Click(); };
+}
+
+void ReportPrint::Command4_Click() {
+  out_.SelectPrinter();
+  out_.Print(platform::PageOrientation::Portrait, [this] { Page(); });
+}
+
+void ReportPrint::Page() {
+  platform::PrintSurface& surface = out_.Surface();
+  surface.FontBold(false);
+  out_.At(Left, CaptionTop);
+  surface.PrintLine(config::ProgramCaption());
+  surface.FontBold(true);
+  out_.At(Left, HeadingTop);
+  surface.Print("Report of received sample set; ");
+  surface.PrintLine(" dated " + out_.Today('.'));
+  for (std::size_t i = 0; i < PrintedRows; ++i) {
+    const double top = FirstRowTop + RowPitch * static_cast<double>(i);
+    out_.At(Left, top);
+    if (i < TitledRows) {
+      surface.Print(report_.Label7[i].Caption);
+      out_.At(ValueLeft, top);
+    } else {
+      surface.FontName("Courier New");
+    }
+    surface.PrintLine(report_.Label8[i].Caption);
+  }
+  // The footer keeps the font of the rows above it.
+  surface.FontBold(false);
+  out_.At(Left, FooterTop);
+  surface.PrintLine(std::string(config::ProgramName) + " " + config::ProgramVersion +
+                    "; Harlengard GmbH & Co. KG; dated " + out_.Today('-'));
+}
+
+}  // namespace subroutines

@@ -1,0 +1,131 @@
+#include "report/report_view.h"
+
+#include <array>
+#include <string_view>
+
+#include "platform/rich_line.h"
+#include "platform/rich_row.h"
+#include "platform/trap.h"
+
+namespace subroutines {
+
+namespace row = forms::report_row;
+
+namespace {
+
+constexpr std::string_view EmptyLine = "Verdana|10|normal| ";
+constexpr std::string_view DumpLine = "Courier New|10|normal| ";
+
+constexpr std::array<std::string_view, row::Count> Template = {
+    "Verdana|10|fett|Used filter string:",
+    "Verdana|10|fett|Destination adress:",
+    "Verdana|10|fett|Source adress:",
+    "Verdana|10|normal|Ethertype:",
+    "Verdana|10|fett|AppID:",
+    "Verdana|10|normal|ASDU:",
+    "Verdana|10|normal|ASDU 1:",
+    "Verdana|10|fett|ID:",
+    "Verdana|10|normal|Sample Count:",
+    "Verdana|10|fett|Sample Sync:",
+    EmptyLine,
+    EmptyLine,
+    "Verdana|10|normalunderline|Complete packet:",
+    DumpLine,
+    DumpLine,
+    DumpLine,
+    DumpLine,
+    DumpLine,
+    DumpLine,
+    DumpLine,
+    DumpLine,
+    DumpLine,
+    DumpLine};
+
+}  // namespace
+
+ReportView::ReportView(const ReportParts& parts, platform::EventQueue& events,
+                       platform::Program& program)
+    : parts_(parts),
+      line_(parts.Shared.QuietLine[forms::quiet_line::Report]),
+      events_(events),
+      program_(program) {
+  parts_.Report.Command2.ValueChanged = [this] { Command2_ValueChanged(); };
+  parts_.Report.Command2.Enabled.Observe([this] { FollowEnd(); });
+}
+
+void ReportView::ReportLayout() {
+  Rest();
+  if (layoutDone_) return;
+  const auto skip = [](const platform::Failure&) { return platform::Verdict::SkipStep; };
+  const auto show = [this](bool visible) {
+    for (platform::Label& title : parts_.Report.Label7) title.Visible = visible;
+    for (platform::Label& value : parts_.Report.Label8) value.Visible = visible;
+  };
+  platform::RunSteps(program_, skip, [&] { show(false); });
+  std::int32_t place = 0;
+  for (std::size_t i = 0; i < Template.size(); ++i) {
+    if (!platform::TakesPlace(Template[i])) continue;
+    platform::RunSteps(
+        program_, skip, [&] { LayRow(i, place); }, [&] { events_.Pump(); });
+    ++place;
+  }
+  platform::RunSteps(program_, skip, [&] { show(true); });
+  layoutDone_ = true;
+}
+
+void ReportView::LayRow(std::size_t row, std::int32_t place) {
+  const auto under = [row, place](platform::Label& label, const platform::Label& first) {
+    label.Left = first.Left.Get();
+    label.Width = first.Width.Get();
+    label.Top = first.Top + place * platform::RowPitch;
+    label.FontName = platform::RichFont(Template[row]);
+  };
+  platform::Label& title = parts_.Report.Label7[row];
+  platform::Label& value = parts_.Report.Label8[row];
+  under(title, parts_.Report.Label7[0]);
+  under(value, parts_.Report.Label8[0]);
+  title.FontSize = platform::RichSize(Template[row]);
+  title.FontBold = platform::RichBold(Template[row]);
+  title.FontUnderline = platform::RichUnderline(Template[row]);
+  title.Caption = platform::RichText(Template[row]);
+  value.Caption = Template[row].ends_with(' ') ? "" : "- - - -";
+}
+
+void ReportView::Rest() {
+  running_ = false;
+  line_.Say({});
+  // A run that got no frame has left its button pressed.
+  parts_.Report.Command2.Value = false;
+}
+
+void ReportView::Command2_ValueChanged() {
+  if (!parts_.Report.Command2.Value) return;
+  line_.Say({});
+  running_ = true;
+  parts_.Report.Command2.Visible = false;
+  parts_.State.PacketLengthPending = true;
+  parts_.Capture.SetupAdapter(packetroutines::LiveBuffer);
+  parts_.Capture.StartCapture("Report");
+}
+
+void ReportView::FollowEnd() {
+  // Whoever ends a run without a frame gives the button back, but does not show it.
+  const platform::CWButton& button = parts_.Report.Command2;
+  if (!running_ || !button.Enabled || button.Visible) return;
+  running_ = false;
+  line_.Say("There is no report. RUN comes back when this page is entered anew.");
+}
+
+std::string ReportView::ReportAnalyse(const packetroutines::PacketBytes& bytes) {
+  std::string id;
+  const bool shown = parts_.Analysis.ReportAnalyse(bytes, id);
+  // The stream finder has frames read too.
+  if (running_ && !shown) {
+    line_.Say("The frame that came was sent by \"" + id + "\" and not by \"" +
+              parts_.Analysis.ChosenStation() + "\". RUN asks again.");
+  }
+  running_ = false;
+  return id;
+}
+
+}  // namespace subroutines

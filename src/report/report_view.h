@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "capture/acquisition_state.h"
+#include "capture/capture_session.h"
+#include "forms/report_controls.h"
+#include "forms/shared_controls.h"
+#include "platform/services/event_queue.h"
+#include "platform/services/program.h"
+#include "report/report_analysis.h"
+
+namespace subroutines {
+
+/// What the Report view works with.
+struct ReportParts {
+  forms::ReportControls& Report;
+  forms::SharedControls& Shared;
+  packetroutines::AcquisitionState& State;
+  packetroutines::CaptureSession& Capture;
+  packetroutines::ReportAnalysis& Analysis;
+};
+
+/// The Report view: its rows, and a run that asks the bus for one frame. Its quiet line says where
+/// a run ended without a report, and why.
+class ReportView {
+ public:
+  ReportView(const ReportParts& parts, platform::EventQueue& events, platform::Program& program);
+
+  /// The view is entered: builds the rows, once in the life of the program.
+  void ReportLayout();
+  /// Reads a frame into the rows; the result is its station ID.
+  std::string ReportAnalyse(const packetroutines::PacketBytes& bytes);
+
+ private:
+  void Command2_ValueChanged();
+  void Rest();
+  void FollowEnd();
+  void LayRow(std::size_t row, std::int32_t place);
+
+  ReportParts parts_;
+  platform::QuietLine& line_;
+  platform::EventQueue& events_;
+  platform::Program& program_;
+  bool layoutDone_ = false;
+  /// A run was begun, and no frame has come since.
+  bool running_ = false;
+};
+
+}  // namespace subroutines

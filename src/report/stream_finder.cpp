@@ -1,0 +1,136 @@
+#include "report/stream_finder.h"
+
+#include <array>
+#include <cstddef>
+#include <utility>
+#include <vector>
+
+namespace packetroutines {
+
+namespace {
+
+constexpr platform::Rgb Ground{147, 201, 254};
+/// Between the window's coming up and the first start of capture, in ms.
+constexpr std::int32_t BeginAfter = 100;
+/// As many streams as there are content filters.
+constexpr std::int32_t MostChecked = 2;
+constexpr std::array<std::size_t, MostChecked> FilterFields = {forms::setup_field::Content1,
+                                                               forms::setup_field::Content2};
+
+}  // namespace
+
+StreamFinder::StreamFinder(const FinderControls& controls, AcquisitionState& state,
+                           config::Settings& settings, subroutines::StoredSettings& stored,
+                           CaptureSession& capture, const platform::Services& services)
+    : look_(controls.Look),
+      controls_(controls),
+      state_(state),
+      settings_(settings),
+      stored_(stored),
+      capture_(capture),
+      services_(services) {
+  controls_.Setup.Command7.Click = [this] { Command7_Click(); };
+  look_.Window.Loaded.Observe([this] {
+    if (look_.Window.Loaded) Load();
+  });
+  look_.Window.QueryUnload = [this] { CloseOnce(); };
+  look_.Timer1.Elapsed = [this] { Timer1_Timer(); };
+  look_.List1.Click = [this] { List1_Click(); };
+  look_.Command1.Click = [this] { look_.Window.Unload(); };
+}
+
+void StreamFinder::Command7_Click() {
+  for (const std::size_t field : FilterFields) controls_.Setup.Text1[field].Text = std::string();
+  look_.Window.OpenModal();
+  settings_.SetupDone = true;
+  stored_.SaveSettings();
+  services_.Events.Pump();
+}
+
+void StreamFinder::Load() {
+  look_.Window.BackColor = Ground;
+  look_.Label1.BackColor = Ground;
+  look_.Frame1.BackColor = Ground;
+  look_.List1.Clear();
+  frames_ = 0;
+  tooLongBefore_ = state_.Counters.TooLong;
+  ShowFrameCount();
+  seenStreams_.Clear();
+  look_.Timer1.Enabled = false;
+  look_.Timer1.Interval = BeginAfter;
+  look_.Timer1.Enabled = true;
+}
+
+void StreamFinder::Timer1_Timer() {
+  look_.Timer1.Enabled = false;
+  capture_.SetupAdapter(LiveBuffer);
+  capture_.StartCapture("LookingForID");
+}
+
+void StreamFinder::AddStreamToList(const std::string& id) {
+  // A frame may be under way while the window closes.
+  if (!look_.Window.Loaded) return;
+  ++frames_;
+  ShowFrameCount();
+  if (!seenStreams_.Holds(id)) look_.List1.AddItem(id);
+  seenStreams_.Append(id);
+}
+
+void StreamFinder::ShowFrameCount() {
+  std::string text = frames_ == 0   ? "No frame was looked at yet."
+                     : frames_ == 1 ? "1 frame was looked at."
+                                    : std::to_string(frames_) + " frames were looked at.";
+  // Their senders are not found, and nothing else would say so.
+  const std::uint64_t tooLong = state_.Counters.TooLong - tooLongBefore_;
+  if (tooLong > 0) {
+    text += " " + std::to_string(tooLong) + (tooLong == 1 ? " was" : " were") +
+            " longer than expected and left out.";
+  }
+  look_.FrameCount.Caption = text;
+}
+
+void StreamFinder::List1_Click() {
+  if (look_.List1.CheckedCount() <= MostChecked) return;
+  services_.Dialogs.Show({"Attention",
+                          "Please take care, only the first 2 items can be checked for recording!",
+                          platform::Icon::Information});
+  look_.List1.SetChecked(look_.List1.ListIndex, false);
+}
+
+void StreamFinder::CloseOnce() {
+  // The end has pumps, in which the window may be closed once more.
+  if (std::exchange(closing_, true)) return;
+  try {
+    TakeStreamChoice();
+  } catch (...) {
+    closing_ = false;
+    throw;
+  }
+  closing_ = false;
+}
+
+void StreamFinder::TakeStreamChoice() {
+  look_.Timer1.Enabled = false;
+  controls_.Timers.Timer1.Enabled = false;
+  controls_.Timers.Timer2.Enabled = false;
+  controls_.Timers.Timer3.Enabled = false;
+  state_.LookingForID = false;
+  // A restart that waits in a pump, with this window closing inside of it, starts nothing any more.
+  ++state_.TabChanges;
+  capture_.StopCapture();
+  auto& stations = controls_.Shared.Option3;
+  std::size_t taken = 0;
+  const std::vector<platform::CheckItem> items = look_.List1.Items;
+  for (const platform::CheckItem& item : items) {
+    if (!item.Checked || taken == FilterFields.size()) continue;
+    controls_.Setup.Text1[FilterFields[taken]].Text = item.Text;
+    if (taken == 0) {
+      // A lone stream stands in both choices of a view. The second field gives the other choice its
+      // own text when it is filled.
+      for (std::size_t i = 0; i < forms::station::Report; ++i) stations[i].Caption = item.Text;
+    }
+    ++taken;
+  }
+}
+
+}  // namespace packetroutines

@@ -1,0 +1,191 @@
+#include "desktop/services/print_page.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QPainter>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <cmath>
+
+#include "desktop/look/picture.h"
+#include "desktop/services/qt_print_surface.h"
+#include "platform/failure.h"
+
+namespace desktop {
+namespace {
+
+/// Dots of the played paper to a millimetre.
+constexpr int Dots = 10;
+
+QImage Paper() {
+  QImage paper(210 * Dots, 297 * Dots, QImage::Format_RGB32);
+  paper.setDotsPerMeterX(Dots * 1000);
+  paper.setDotsPerMeterY(Dots * 1000);
+  paper.fill(Qt::white);
+  return paper;
+}
+
+QImage Printed(const PrintPage& page) {
+  QImage paper = Paper();
+  QPainter painter(&paper);
+  page.Paint(painter);
+  return paper;
+}
+
+/// The smallest rectangle round all that is not white, in millimetres.
+QRectF Ink(const QImage& paper) {
+  QRect ink;
+  for (int y = 0; y < paper.height(); ++y) {
+    for (int x = 0; x < paper.width(); ++x) {
+      if (paper.pixelColor(x, y).lightness() < 200) ink |= QRect(x, y, 1, 1);
+    }
+  }
+  return {QPointF(ink.topLeft()) / Dots, QSizeF(ink.size()) / Dots};
+}
+
+TEST(PrintPage, StandsATextWithItsUpperLeftCornerAtItsPlace) {
+  const QFont font = PrintPage::Font("Verdana", 36, false, false);
+  PrintPage page;
+  page.AddText({80, 40}, "HH", font, Qt::black);
+  const QRectF ink = Ink(Printed(page));
+  const QFontMetricsF metrics(font);
+  const double unit = 25.4 / 7200;
+  EXPECT_NEAR(ink.left(), 80 + metrics.leftBearing(u'H') * unit, 0.2);
+  EXPECT_NEAR(ink.bottom(), 40 + metrics.ascent() * unit, 0.2);
+  EXPECT_NEAR(ink.height(), metrics.capHeight() * unit, 0.3);
+  EXPECT_NEAR(ink.right(),
+              80 + PrintPage::TextWidth("HH", font) - metrics.rightBearing(u'H') * unit, 0.2);
+}
+
+TEST(PrintPage, PrintsAFontInItsSizeInPoints) {
+  const QFont font = PrintPage::Font("Courier New", 10, false, false);
+  // A letter of a fixed pitch font is 0.6 of its size wide, and 10 points are 3.53 mm.
+  EXPECT_NEAR(PrintPage::TextWidth(QString(80, u'x'), font), 80 * 0.6 * 10 / 72 * 25.4, 2);
+  EXPECT_EQ(PrintPage::TextWidth("iiii", font), PrintPage::TextWidth("WWWW", font));
+  EXPECT_NEAR(PrintPage::LineHeight(font), 10 / 72.0 * 25.4 * 1.165, 0.2);
+}
+
+TEST(PrintPage, FillsARectangleWithAPicture) {
+  QImage picture(3, 2, QImage::Format_RGB32);
+  picture.fill(Qt::red);
+  PrintPage page;
+  page.AddPicture({15, 20, 180, 97.5}, picture);
+  const QImage paper = Printed(page);
+  const QRectF ink = Ink(paper);
+  EXPECT_NEAR(ink.left(), 15, 0.15);
+  EXPECT_NEAR(ink.top(), 20, 0.15);
+  EXPECT_NEAR(ink.width(), 180, 0.2);
+  EXPECT_NEAR(ink.height(), 97.5, 0.2);
+  EXPECT_EQ(paper.pixelColor(1000, 600), QColor(Qt::red));
+}
+
+TEST(PictureOfTheProgram, BecomesAnImageAndBack) {
+  const platform::Picture picture{3, 2, {1, 0xFF000002, 0x80FF0003, 4, 5, 0xFFFFFFFF}};
+  EXPECT_EQ(PictureOf(ImageOf(picture)), picture);
+  EXPECT_TRUE(PictureOf(QImage()).Empty());
+  EXPECT_TRUE(ImageOf({}).isNull());
+}
+
+class Noon : public platform::Calendar {
+ public:
+  platform::LocalTime Now() const override { return {2024, 3, 9, 14, 5, 7}; }
+  std::string GeneralText(const platform::LocalTime&) const override { return {}; }
+  std::string MonthName(std::int32_t) const override { return {}; }
+};
+
+class PdfFile : public ::testing::Test {
+ protected:
+  PdfFile() {
+    surface_.DataPath = [this] { return Folder().toStdString(); };
+  }
+  QString Folder() const { return folder_.filePath("data"); }
+  std::string Print(platform::PageOrientation orientation = platform::PageOrientation::Portrait) {
+    surface_.Orientation(orientation);
+    surface_.DocumentName("SV report");
+    surface_.FontName("Verdana");
+    surface_.CurrentX(15);
+    surface_.CurrentY(10);
+    surface_.Print("first");
+    return surface_.EndDoc();
+  }
+  static QByteArray Content(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+
+  QTemporaryDir folder_;
+  QtPrinters printers_{{"Office"}, ""};
+  Noon noon_;
+  QtPrintSurface surface_{printers_, noon_};
+};
+
+TEST_F(PdfFile, IsNamedAfterTheDocumentTheDateAndTheTime) {
+  QDir(folder_.path()).mkdir("data");
+  const std::string path = Print();
+  EXPECT_EQ(path, (Folder() + "/SV report 09.03.2024 14-05-07.pdf").toStdString());
+  EXPECT_TRUE(Content(QString::fromStdString(path)).startsWith("%PDF-"));
+}
+
+TEST_F(PdfFile, NeverOverwritesAnOlderOne) {
+  QDir(folder_.path()).mkdir("data");
+  const QString first = QString::fromStdString(Print());
+  const QByteArray before = Content(first);
+  EXPECT_EQ(Print(), (Folder() + "/SV report 09.03.2024 14-05-07 (2).pdf").toStdString());
+  EXPECT_EQ(Print(), (Folder() + "/SV report 09.03.2024 14-05-07 (3).pdf").toStdString());
+  EXPECT_EQ(Content(first), before);
+}
+
+TEST_F(PdfFile, HasTheOrientationOfItsPage) {
+  QDir(folder_.path()).mkdir("data");
+  const auto size = [this](platform::PageOrientation orientation) {
+    const QByteArray pdf = Content(QString::fromStdString(Print(orientation)));
+    static const QRegularExpression box(R"(/MediaBox \[0 0 ([\d.]+) ([\d.]+)\])");
+    const auto match = box.match(QString::fromLatin1(pdf));
+    return QSizeF(match.captured(1).toDouble(), match.captured(2).toDouble());
+  };
+  const QSizeF portrait = size(platform::PageOrientation::Portrait);
+  EXPECT_NEAR(portrait.width(), 595, 1);
+  EXPECT_NEAR(portrait.height(), 842, 1);
+  EXPECT_EQ(size(platform::PageOrientation::Landscape), portrait.transposed());
+}
+
+TEST_F(PdfFile, ThatCannotBeWrittenIsAFailureThatNamesIt) {
+  try {
+    Print();
+    FAIL();
+  } catch (const platform::Failure& failure) {
+    EXPECT_EQ(failure.Number(), platform::failure::PrinterError);
+    EXPECT_NE(failure.Text().find(Folder().toStdString()), std::string::npos) << failure.Text();
+  }
+}
+
+TEST_F(PdfFile, DropsAPageThatWasBegunAndNotEnded) {
+  QDir(folder_.path()).mkdir("data");
+  const QByteArray once = Content(QString::fromStdString(Print()));
+  surface_.Orientation(platform::PageOrientation::Portrait);
+  surface_.Print(std::string(2000, 'x'));
+  const QByteArray again = Content(QString::fromStdString(Print()));
+  EXPECT_LT(std::abs(once.size() - again.size()), 50);
+}
+
+TEST_F(PdfFile, IsNotForAPrinterThatIsGone) {
+  QDir(folder_.path()).mkdir("data");
+  printers_.MakeCurrent(0);
+  EXPECT_THROW(Print(), platform::Failure);
+  EXPECT_TRUE(QDir(Folder()).isEmpty());
+}
+
+TEST_F(PdfFile, MeasuresATextInItsPresentFont) {
+  surface_.FontName("Verdana");
+  surface_.FontSize(10);
+  const double plain = surface_.TextWidth("Harlengard");
+  surface_.FontBold(true);
+  EXPECT_GT(surface_.TextWidth("Harlengard"), plain);
+  surface_.FontSize(20);
+  EXPECT_GT(surface_.TextWidth("Harlengard"), 1.9 * plain);
+}
+
+}  // namespace
+}  // namespace desktop
