@@ -51,6 +51,8 @@ void ScopeView::Load() {
     plot.LineColor = PlotColours[i];
     plot.PointColor = i == platform::channels::CurrentN ? NeutralMarker : PlotColours[i];
     plot.Visible = false;
+    // The quick view of a recording has the same eight channels.
+    recorder_.CWGraph2.Plots[i].LineColor = PlotColours[i];
     scope_.Check2[i].Value = context_.Settings.SensorEnabled[i];
     scope_.Check2[i].ForeColor = plot.LineColor.Get();
   }

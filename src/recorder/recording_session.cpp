@@ -20,6 +20,7 @@ namespace {
 
 constexpr platform::Rgb Black{0, 0, 0};
 constexpr platform::Rgb LightRed{255, 0, 0};
+constexpr platform::Rgb ButtonColour{237, 246, 240};
 
 /// Why the configuration of a recording could not be ended.
 std::string ReasonOf(const Failure& failure) {
@@ -45,6 +46,10 @@ RecordingSession::RecordingSession(forms::RecorderControls& recorder, config::Se
   for (std::size_t i = 0; i < recorder_.Option2.size(); ++i) {
     recorder_.Option2[i].Click = [this, i] { Option2_Click(i); };
   }
+}
+
+void RecordingSession::Load() {
+  recorder_.CWButton3.BackColor = ButtonColour;
 }
 
 void RecordingSession::ShowFileFormat() {

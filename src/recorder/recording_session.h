@@ -39,6 +39,8 @@ class RecordingSession : public packetroutines::RowLimits {
                    packetroutines::CaptureSession& capture, const RecordingParts& parts,
                    const RecordingServices& services);
 
+  /// The first state of the view's button.
+  void Load();
   /// Selects the choice that matches the stored format; an unknown one selects nothing.
   void ShowFileFormat();
   /// The sheet of the first stream is full.

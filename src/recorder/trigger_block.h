@@ -3,6 +3,7 @@
 #include "config/settings.h"
 #include "forms/recorder_controls.h"
 #include "forms/shared_controls.h"
+#include "platform/number_text.h"
 
 namespace subroutines {
 
@@ -11,7 +12,14 @@ namespace subroutines {
 class TriggerBlock {
  public:
   TriggerBlock(forms::RecorderControls& recorder, forms::SharedControls& shared,
-               config::Settings& settings);
+               config::Settings& settings, const platform::NumberText& numbers);
+
+  /// Hides the choice, which nothing shows, and lets it say that a recording starts at once.
+  void Load();
+  /// Writes the stored numbers to their fields.
+  void ShowStored();
+  /// Selects the stored choice; any other number leaves the choice as it is.
+  void SelectStored();
 
  private:
   void Option1_Click(std::size_t kind);
@@ -20,6 +28,7 @@ class TriggerBlock {
   forms::RecorderControls& recorder_;
   forms::SharedControls& shared_;
   config::Settings& settings_;
+  const platform::NumberText& numbers_;
 };
 
 }  // namespace subroutines

@@ -13,6 +13,9 @@ namespace row = forms::report_row;
 
 namespace {
 
+constexpr platform::Rgb ButtonColour{237, 246, 254};
+/// What a row reads until a frame has come.
+constexpr const char* NothingYet = "- - - -";
 constexpr std::string_view EmptyLine = "Verdana|10|normal| ";
 constexpr std::string_view DumpLine = "Courier New|10|normal| ";
 
@@ -53,6 +56,15 @@ ReportView::ReportView(const ReportParts& parts, platform::EventQueue& events,
   parts_.Report.Command2.Enabled.Observe([this] { FollowEnd(); });
 }
 
+void ReportView::Load() {
+  forms::ReportControls& report = parts_.Report;
+  report.Command2.BackColor = ButtonColour;
+  report.Command4.Enabled = false;
+  for (platform::Label& title : report.Label7) title.Caption = std::string();
+  for (platform::Label& value : report.Label8) value.Caption = std::string();
+  report.Label8[row::Filter].Caption = NothingYet;
+}
+
 void ReportView::ReportLayout() {
   Rest();
   if (layoutDone_) return;
@@ -88,7 +100,7 @@ void ReportView::LayRow(std::size_t row, std::int32_t place) {
   title.FontBold = platform::RichBold(Template[row]);
   title.FontUnderline = platform::RichUnderline(Template[row]);
   title.Caption = platform::RichText(Template[row]);
-  value.Caption = Template[row].ends_with(' ') ? "" : "- - - -";
+  value.Caption = Template[row].ends_with(' ') ? "" : NothingYet;
 }
 
 void ReportView::Rest() {

@@ -29,6 +29,8 @@ class ReportView {
  public:
   ReportView(const ReportParts& parts, platform::EventQueue& events, platform::Program& program);
 
+  /// Empties the rows, before the view is entered for the first time.
+  void Load();
   /// The view is entered: builds the rows, once in the life of the program.
   void ReportLayout();
   /// Reads a frame into the rows; the result is its station ID.

@@ -46,7 +46,7 @@ Application::Application(const Platform& platform)
       samples_(record_, writers_, {Main, Main}, State, capture_, services_),
       recording_(Main, Settings, stored_, State, capture_, {record_, writers_, samples_, analysis_},
                  {services_, platform.Calendar}),
-      trigger_(Main, Main, Settings),
+      trigger_(Main, Main, Settings, platform.Numbers),
       tabs_(Main, Settings, Present, stored_, State, capture_, services_, platform.Files, *this,
             platform.Timers),
       watchdog_(State, Main, Main.Buttons(), capture_, tabs_, *this, services_),

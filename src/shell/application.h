@@ -117,10 +117,7 @@ class Application : private config::SetupConsumers,
   void FormSetup();
   void LoadViews();
   void ReserveMemory();
-  void LoadRecorder();
-  void LoadReport();
   void SetFlags();
-  void LoadTrigger();
 
   void RebuildBlockArrays(std::int32_t baseSamples) override;
   void ShowChannelNames() override;

@@ -10,7 +10,6 @@
 namespace formroutines {
 
 using platform::Crlf;
-using platform::Rgb;
 
 void Application::Load() {
   Main.Window.Loaded = true;
@@ -73,10 +72,11 @@ void Application::LoadViews() {
   tabs_.Load();
   scope_.Load();
   setup_.LoadFields();
-  LoadRecorder();
+  recording_.Load();
+  trigger_.Load();
   values_.Load();
   phases_.Load();
-  LoadReport();
+  report_.Load();
   values_.ShowChannelNames();
   setup_.FillUnitLists();
   values_.FillFormatList();
@@ -84,7 +84,9 @@ void Application::LoadViews() {
   release_.Load();
   setup_.LoadStreams();
   SetFlags();
-  LoadTrigger();
+  trigger_.ShowStored();
+  recording_.ShowFileFormat();
+  trigger_.SelectStored();
   setup_.SelectFirstStation();
   scope_.SelectPan();
 }
@@ -95,57 +97,10 @@ void Application::ReserveMemory() {
   Rings.Reserve(platform::Round<std::int32_t>(seconds * platform::SamplesASecond));
 }
 
-void Application::LoadRecorder() {
-  Main.CWButton3.BackColor = Rgb{237, 246, 240};
-  Main.Frame4.Visible = false;
-  // The choice shows that there is one; the stored setting is selected later on.
-  const std::int16_t stored = Settings.SingleTrigger;
-  Main.Option1[forms::trigger_kind::Immediate].Value = true;
-  Settings.SingleTrigger = stored;
-  // The quick view of a recording has the colours of the scope.
-  for (std::size_t i = 0; i < Main.CWGraph2.Plots.size(); ++i) {
-    Main.CWGraph2.Plots[i].LineColor = Main.CWGraph1.Plots[i].LineColor.Get();
-  }
-}
-
-void Application::LoadReport() {
-  Main.Command2.BackColor = Rgb{237, 246, 254};
-  Main.Command4.Enabled = false;
-  for (platform::Label& title : Main.Label7) title.Caption = std::string();
-  for (platform::Label& value : Main.Label8) value.Caption = std::string();
-  Main.Label8[0].Caption = "- - - -";
-}
-
 void Application::SetFlags() {
   State.PacketLengthPending = true;
   State.RealTimeChannel = 1;
   Present.ActiveStream = 1;
-}
-
-void Application::LoadTrigger() {
-  Main.Text3[forms::trigger_field::Current].Text =
-      platform_.Numbers.General(Settings.CurrentTriggerWave);
-  Main.Text3[forms::trigger_field::Voltage].Text =
-      platform_.Numbers.General(Settings.VoltageTriggerWave);
-  Main.Text3[forms::trigger_field::Before].Text =
-      platform_.Numbers.General(Settings.BeforeTriggerWaveTime);
-  Main.Text3[forms::trigger_field::After].Text =
-      platform_.Numbers.General(Settings.AfterTriggerWaveTime);
-  Main.Text3[forms::trigger_field::Pause].Text = platform_.Numbers.General(Settings.TriggerPause);
-  ShowFileFormat();
-  switch (Settings.SingleTrigger) {
-    case 1:
-      Main.Option1[forms::trigger_kind::Continuous].Value = true;
-      break;
-    case 0:
-      Main.Option1[forms::trigger_kind::Single].Value = true;
-      break;
-    case -1:
-      Main.Option1[forms::trigger_kind::Immediate].Value = true;
-      break;
-    default:
-      break;
-  }
 }
 
 }  // namespace formroutines

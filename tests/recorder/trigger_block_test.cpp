@@ -27,7 +27,8 @@ class TriggerBlock : public testing::Test {
   platform::TimerQueue timers{clock};
   forms::Main main{timers};
   config::Settings settings;
-  subroutines::TriggerBlock block{main, main, settings};
+  platform::NumberText numbers;
+  subroutines::TriggerBlock block{main, main, settings, numbers};
 };
 
 TEST_F(TriggerBlock, HidesItsFieldsForARecordingThatStartsAtOnce) {
