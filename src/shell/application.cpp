@@ -53,8 +53,8 @@ Application::Application(const Platform& platform)
       restart_(State, Settings, Main, Main.Buttons(), capture_, platform.Events),
       release_(Main, Main.Buttons()),
       waiting_(State, Settings, Present, Main, Main.Buttons(), platform.Timers, platform.Numbers),
-      analysis_(Main, Main, Settings, Present, platform.Code),
-      report_({Main, Main, State, capture_, analysis_}, platform.Events, platform.Program),
+      frameAnalysis_(Main, Main, Settings, Present, platform.Code),
+      report_({Main, Main, State, capture_, frameAnalysis_}, platform.Events, platform.Program),
       printing_{
           Main, Main, platform.Printers, platform.Surface, platform.Calendar, platform.Program},
       reportPrint_(Main, Main.QuietLine[forms::quiet_line::Report], printing_),

@@ -167,7 +167,7 @@ class Application : private config::SetupConsumers,
   packetroutines::ViewRestart restart_;
   packetroutines::ButtonRelease release_;
   packetroutines::WaitingLine waiting_;
-  packetroutines::ReportAnalysis analysis_;
+  packetroutines::ReportAnalysis frameAnalysis_;
   subroutines::ReportView report_;
   subroutines::PrintParts printing_;
   subroutines::ReportPrint reportPrint_;
