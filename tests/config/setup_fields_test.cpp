@@ -343,6 +343,8 @@ TEST(SetupStart, LeavesEverySettingWithItsDefaultInAnEmptyStore) {
   for (const support::StoredRow& row : support::StoredDefaults()) left[row.Key] = row.Default;
   // The only adapter is chosen, and the store keeps its name.
   left["Name of used Networkadapter"] = "Bus";
+  // The choice that stands for the default stores what a click on it stores.
+  left["SingleTrigger"] = "0";
   EXPECT_THAT(scene.Store.Texts, testing::ElementsAreArray(left));
 }
 
