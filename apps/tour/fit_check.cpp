@@ -59,6 +59,9 @@ const QWidget* Cover(const QWidget& widget, QWidget& view, QPoint place) {
 
 QString Covered(const QWidget& widget, QWidget& view) {
   if (widget.testAttribute(Qt::WA_TransparentForMouseEvents)) return {};
+  // A text that says nothing may lie below one that does.
+  const auto* label = qobject_cast<const QLabel*>(&widget);
+  if (label != nullptr && label->text().trimmed().isEmpty()) return {};
   const QRect area = widget.rect().adjusted(1, 1, -1, -1);
   for (const QPoint place :
        {area.center(), area.topLeft(), area.topRight(), area.bottomLeft(), area.bottomRight()}) {

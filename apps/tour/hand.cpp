@@ -42,10 +42,10 @@ void Hand::Type(const QString& field, const QString& text) const {
   QTest::keyClicks(&widget, text);
 }
 
-void Hand::ChooseFirst(const QString& list) const {
+void Hand::Choose(const QString& list, Qt::Key key) const {
   auto& box = dynamic_cast<QComboBox&>(Find(list));
   QTest::mouseClick(&box, Qt::LeftButton);
-  QTest::keyClick(box.view(), Qt::Key_Home);
+  QTest::keyClick(box.view(), key);
   QTest::keyClick(box.view(), Qt::Key_Return);
 }
 

@@ -66,6 +66,8 @@ bool StartWalk(const QString& folder, const Plan& plan) {
   environment.insert("HOME", home.filePath("home/engineer"));
   environment.insert("XDG_CONFIG_HOME", home.filePath("config"));
   environment.insert("XDG_DATA_HOME", home.filePath("data"));
+  // No viewer comes up for what the walk records, whatever the computer has.
+  environment.insert("PATH", home.filePath("nothing"));
   environment.insert("QT_SCALE_FACTOR", plan.Scale);
   environment.insert("LC_ALL", "C.UTF-8");
   QProcess process;

@@ -54,6 +54,12 @@ void Record::Picture(QWidget& widget, const QString& what) {
   for (const QString& misfit : Misfits(widget)) Step(what + QStringLiteral(": ") + misfit, false);
 }
 
+void Record::Keep(const QString& path, const QString& name) {
+  const QString copy = PathOf(name);
+  QFile::remove(copy);
+  if (!QFile::copy(path, copy)) Step("a copy of " + name, false);
+}
+
 bool Record::Save() const {
   const QJsonObject all{{"walk", name_},       {"right", allRight_},    {"steps", steps_},
                         {"numbers", numbers_}, {"measures", measures_}, {"pictures", pictures_}};

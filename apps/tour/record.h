@@ -23,6 +23,9 @@ class Record {
   /// is a step that did not happen.
   void Picture(QWidget& widget, const QString& what);
 
+  /// Leaves a copy of a file.
+  void Keep(const QString& path, const QString& name);
+
   bool AllRight() const { return allRight_; }
   /// Writes the record beside the pictures; False where that was not possible.
   bool Save() const;

@@ -54,6 +54,9 @@ void Walk::Run() {
   Stop();
   MeasurePhasors();
   WatchWaveforms();
+  MakeReports();
+  PrintPages();
+  RecordInAllFormats();
   MeetNoData();
   Exit();
 }
@@ -114,8 +117,9 @@ void Walk::SetUp() {
   hand_.ClickTab(SetupTab);
   record_.Picture(program_.Window(), "setup_empty");
   hand_.ChooseFirst("Combo1");
-  hand_.Type(Member("Text1", 12), "VORNIK-SIM-1");
-  hand_.Type(Member("Text1", 14), "VORNIK-SIM-2");
+  FindStreams();
+  // Pages go to files, whatever printers the computer has.
+  hand_.ChooseLast("Combo2");
   hand_.Click("Check4");
   const auto& settings = program_.Application().Settings;
   record_.Step("the simulated bus is chosen", settings.AdapterIndex == 1);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDir>
 #include <QString>
 #include <functional>
 #include <optional>
@@ -30,6 +31,16 @@ class Walk {
   void Stop();
   void MeasurePhasors();
   void WatchWaveforms();
+  void FindStreams();
+  void RecordInAllFormats();
+  void RecordAs(const QString& format);
+  void PictureOfTheAnalysis();
+  void MakeReports();
+  void PrintPages();
+  /// Leaves what the program has written beside the pictures.
+  void KeepFiles(const QString& what);
+  QDir DataFolder();
+  static QString ToText(const std::string& text) { return QString::fromStdString(text); }
   void MeetNoData();
   void Exit();
 

@@ -1,0 +1,146 @@
+// The walk through what leaves something behind: recordings, reports, printed pages.
+
+#include <QDir>
+#include <QLabel>
+#include <QListWidget>
+#include <QTest>
+#include <memory>
+
+#include "desktop/widgets/run_button.h"
+#include "walk.h"
+
+namespace tour {
+
+namespace {
+
+constexpr int PatienceMs = 8000;
+/// A ring is a second of a stream, and the files of two of them are written and read back.
+constexpr int RecordingMs = 30'000;
+constexpr int RecorderTab = 5;
+constexpr int ReportTab = 6;
+constexpr int WaveformsTab = 4;
+constexpr int SetupTab = 7;
+constexpr int DrawMs = 250;
+
+}  // namespace
+
+QDir Walk::DataFolder() {
+  return {QString::fromStdString(program_.Application().Settings.StoragePath)};
+}
+
+void Walk::FindStreams() {
+  bool both = false;
+  hand_.OnDialog([&](QDialog& dialog) {
+    auto* list = dialog.findChild<QListWidget*>("IDlook.List1");
+    both = Hand::WaitFor([&] { return list->count() == 2; }, PatienceMs);
+    for (int row = 0; row < list->count(); ++row) {
+      list->setCurrentRow(row);
+      QTest::keyClick(list, Qt::Key_Space);
+    }
+    QTest::qWait(DrawMs);
+    record_.Picture(dialog, "finder");
+    QTest::mouseClick(dialog.findChild<QAbstractButton*>("IDlook.Command1"), Qt::LeftButton);
+  });
+  hand_.Click("Command7");
+  record_.Step("the finder lists both streams", both);
+  const auto& content = program_.Application().Settings.FilterContent;
+  record_.Step("both streams are taken", !content[0].empty() && !content[1].empty());
+  if (content[0] == "VORNIK-SIM-1") return;
+  // The list has them in the order of their first frames; the walk goes by their numbers.
+  hand_.Type("Text1(12)", "VORNIK-SIM-1");
+  hand_.Type("Text1(14)", "VORNIK-SIM-2");
+}
+
+void Walk::RecordInAllFormats() {
+  // One stream alone has a log and a quick view; the field that was written last counts.
+  hand_.ClickTab(SetupTab);
+  hand_.Type("Text1(14)", "");
+  hand_.Type("Text1(12)", "VORNIK-SIM-1");
+  hand_.ClickTab(RecorderTab);
+  for (const char* format : {"comtrade", "worksheet", "text"}) RecordAs(format);
+  hand_.ClickTab(SetupTab);
+  hand_.Type("Text1(14)", "VORNIK-SIM-2");
+}
+
+void Walk::RecordAs(const QString& format) {
+  const int index = format == "text" ? 0 : format == "worksheet" ? 1 : 2;
+  auto& main = program_.Application().Main;
+  hand_.Click(QStringLiteral("Option2(%1)").arg(index));
+  hand_.Click("CWButton3");
+  record_.Step(format + ": the button is away until the first ring is on disk",
+               !hand_.Find("CWButton3").isVisible());
+  if (index == 0) record_.Picture(program_.Window(), "recorder_waiting");
+  record_.Step(format + ": the first ring is on disk",
+               Hand::WaitFor([&] { return main.CWButton3.Visible.Get(); }, RecordingMs));
+  QTest::qWait(1300);
+  record_.Picture(program_.Window(), "recorder_" + format);
+  if (index == 0) PictureOfTheAnalysis();
+  if (index == 1) {
+    hand_.OnDialog([this](QDialog& dialog) {
+      record_.Picture(dialog, "no_viewer_box");
+      dialog.accept();
+    });
+  }
+  hand_.Click("CWButton3");
+  const auto ended = [&] { return !main.CWButton3.Value && main.Option2[0].Enabled; };
+  record_.Step(format + ": the recording has ended", Hand::WaitFor(ended, RecordingMs));
+  QTest::qWait(DrawMs);
+  record_.Picture(program_.Window(), "recorder_" + format + "_ended");
+  KeepFiles(format);
+}
+
+void Walk::PictureOfTheAnalysis() {
+  // The analysis holds the window, but it paints its bar; a picture is taken of such a moment.
+  auto& bar = program_.Application().Main.ProgressBar1;
+  auto taken = std::make_shared<bool>(false);
+  bar.Value.Observe([this, &bar, taken] {
+    if (*taken || !bar.Visible || bar.Value < 50) return;
+    *taken = true;
+    record_.Picture(program_.Window(), "recorder_analysing");
+  });
+}
+
+void Walk::KeepFiles(const QString& what) {
+  const QFileInfoList files = DataFolder().entryInfoList(QDir::Files);
+  record_.Step(what + ": files are left", !files.isEmpty());
+  for (const QFileInfo& file : files) {
+    record_.Keep(file.filePath(), file.fileName());
+    QFile::remove(file.filePath());
+  }
+}
+
+void Walk::MakeReports() {
+  hand_.ClickTab(ReportTab);
+  auto& main = program_.Application().Main;
+  for (int station = 0; station < 2; ++station) {
+    hand_.Click(QStringLiteral("Option3(%1)").arg(6 + station));
+    const QString id = QStringLiteral("VORNIK-SIM-%1").arg(station + 1);
+    // The frame that comes may be the other station's; RUN asks again.
+    const auto shown = [&] { return ToText(main.Label8[7].Caption) == id; };
+    for (int attempt = 0; attempt < 6 && !shown(); ++attempt) {
+      AwaitButton("Command2");
+      hand_.Click("Command2");
+      Hand::WaitFor([&] { return main.Command2.Visible && main.Command2.Enabled; }, PatienceMs);
+    }
+    QTest::qWait(DrawMs);
+    record_.Step("the report of " + id, shown());
+    record_.Picture(program_.Window(), QStringLiteral("report_%1").arg(station + 1));
+  }
+}
+
+void Walk::PrintPages() {
+  hand_.Click("Command4");
+  QTest::qWait(DrawMs);
+  record_.Picture(program_.Window(), "report_printed");
+  hand_.ClickTab(WaveformsTab);
+  AwaitButton("Command1");
+  hand_.Click("Command1");
+  const QStringList pages = DataFolder().entryList({"*.pdf"}, QDir::Files);
+  record_.Step("both pages are printed to files", pages.size() == 2);
+  QTest::qWait(DrawMs);
+  const auto& panel = dynamic_cast<QLabel&>(hand_.Find("StatusBar1.Panels(2)"));
+  record_.Step("the status bar tells the file", panel.text().startsWith("Printed to "));
+  KeepFiles("prints");
+}
+
+}  // namespace tour
