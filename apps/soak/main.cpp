@@ -125,8 +125,8 @@ class Soak {
     main_.CWButton3.Value = false;
     std::cout << "file " << program_.Settings.StoragePath << "/" << program_.State.RecordFileName
               << std::endl;
-    ++done_;
     Tell("behind", "rss_kb", ResidentKb());
+    ++done_;
     if (done_ < plan_.Recordings) {
       // The name of a recording is its second.
       QTimer::singleShot(StartMs, &look_, [this] { Start(); });
