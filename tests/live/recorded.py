@@ -13,7 +13,8 @@ import sys
 from decimal import ROUND_HALF_UP, Decimal
 from pathlib import Path
 
-from publisher import RATE, Stream
+from publisher import PER_PERIOD, RATE, Stream
+from recorded_files import Cannot, Lines, Wrong, cells_of, demand, first_fields, lines_of
 
 RING = 4000
 BLOCK = 400
@@ -22,19 +23,6 @@ BLOCK = 400
 MOST_APART = 2
 CURRENTS = 4
 HEADINGS = ["Ramp"] + [f"{kind} Sensor {k}" for kind in ("Current", "Voltage") for k in "ABCN"]
-
-
-class Wrong(Exception):
-    pass
-
-
-class Cannot(Exception):
-    pass
-
-
-def demand(there, expected, what):
-    if there != expected:
-        raise Wrong(f"{what}: {there!r} instead of {expected!r}")
 
 
 def exact(raw, channel):
@@ -102,6 +90,7 @@ class Recording:
         self.whole = arguments.to_the_end
         self.firsts = []
         self.stored = [0] * len(ids)
+        self.periods = {}
 
     def prefix(self, slot):
         return f"{slot + 1}_" if len(self.streams) == 2 else ""
@@ -116,51 +105,53 @@ class Recording:
         return rings_of(self.streams, self.order, self.firsts, self.total)
 
     def texts(self, slot, sample, form=plain):
-        values = self.streams[slot].values(sample)
-        return [form(exact(raw, channel)) for channel, raw in enumerate(values)]
+        stream = self.streams[slot]
+        key = (slot, sample % PER_PERIOD, form)
+        if key not in self.periods:
+            values = stream.values(sample)
+            self.periods[key] = [form(exact(raw, k)) for k, raw in enumerate(values)]
+        texts = list(self.periods[key])
+        texts[stream.count_channel] = form(exact(sample, stream.count_channel))
+        return texts
 
-    def count_of(self, slot, text):
+    @staticmethod
+    def count_of(text):
         """The frame's number, out of the channel that carries it."""
         return int(Decimal(text).scaleb(3))
 
+    def files(self):
+        return [Lines(self.name(slot)) for slot in range(len(self.streams))]
+
     def compare(self, slot, lines, expected):
         """Whether the file goes on with these lines; False at its end."""
-        at = self.stored[slot]
-        found = lines[at : at + len(expected)]
+        found = lines.take(len(expected))
         if not found and not self.whole:
             return False
         if found != expected:
             for k, line in enumerate(expected):
-                demand(found[k] if k < len(found) else None, line, f"{self.name(slot)}:{at + k + 1}")
+                there = found[k] if k < len(found) else None
+                demand(there, line, f"{self.name(slot)}:{self.stored[slot] + k + 1}")
         self.stored[slot] += len(expected)
         return True
 
     def at_their_end(self, files):
         for slot, lines in enumerate(files):
-            demand(len(lines), self.stored[slot], f"lines of {self.name(slot)}")
+            demand(lines.left(), 0, f"lines behind the last ring of {self.name(slot)}")
 
     def words(self):
         told = []
         for slot, stream in enumerate(self.streams):
-            due = [k for k in range(self.firsts[slot], self.total) if stream.sends_at(k / RATE)]
-            behind = len(due) - self.stored[slot]
-            told.append(f"{stream.id}: {len(due)} sent, {self.stored[slot]} stored and right, "
+            due = sum(stream.sends_at(k / RATE) for k in range(self.firsts[slot], self.total))
+            behind = due - self.stored[slot]
+            told.append(f"{stream.id}: {due} sent, {self.stored[slot]} stored and right, "
                         f"{behind} behind the last whole ring")
         return "; ".join(told)
 
 
-def lines_of(path):
-    bytes_there = path.read_bytes()
-    if not bytes_there.endswith(b"\r\n"):
-        raise Wrong(f"{path} ends within a line")
-    return bytes_there[:-2].decode("cp1252").split("\r\n")
-
-
 def check_text(record):
-    files = [lines_of(record.name(slot)) for slot in range(len(record.streams))]
-    channels = [stream.count_channel for stream in record.streams]
-    record.firsts = [record.count_of(slot, files[slot][0].split(";")[2 + channels[slot]])
-                     for slot in range(len(files))]
+    files = record.files()
+    record.firsts = [record.count_of(first_fields(lines.path, ";")[2 + stream.count_channel])
+                     for lines, stream in zip(files, record.streams)]
     for ring in record.rings():
         # The second stream's numbers follow the counted blocks.
         first = ring.number * RING if ring.slot == 0 else ring.blocks[1] * BLOCK - 3600
@@ -232,13 +223,13 @@ def matching(record, check):
 
 
 def check_comtrade(record):
-    files = [lines_of(record.name(slot)) for slot in range(len(record.streams))]
     channel = record.streams[0].count_channel
-    record.firsts = [record.count_of(0, files[0][0].split(",")[2 + channel])]
+    record.firsts = [record.count_of(first_fields(record.name(0), ",")[2 + channel])]
     blocks = 0
 
     def check():
         nonlocal blocks
+        files = record.files()
         for ring in record.rings():
             form = three_decimals if ring.slot == 0 else plain
             expected = []
@@ -282,37 +273,8 @@ def check_configuration(record, blocks):
     demand(end[-4:], [stamp, stamp, "ASCII", "1000"], "end of the configuration")
 
 
-def open_sheet(path):
-    try:
-        import xlrd
-    except ImportError as missing:
-        raise Cannot(f"{missing}: install python3-xlrd") from missing
-    make = xlrd.sheet.Sheet.__init__
-
-    def with_all_rows(self, *arguments, **named):
-        # The reader stops at the 16384 rows that the format has by its book; the program goes on.
-        make(self, *arguments, **named)
-        self.utter_max_rows = 65536
-
-    content = path.read_bytes()
-    demand(content[:8].hex(" "), "09 00 04 00 02 00 0a 00", f"head of {path}")
-    # The reader knows the type of a sheet by its book, 16, alone.
-    content = content[:6] + b"\x10\0" + content[8:]
-    xlrd.sheet.Sheet.__init__ = with_all_rows
-    try:
-        with open("/dev/null", "w", encoding="ascii") as quiet:
-            book = xlrd.open_workbook(
-                file_contents=content, logfile=quiet, ragged_rows=True)
-    finally:
-        xlrd.sheet.Sheet.__init__ = make
-    demand(book.biff_version, 20, f"format of {path}")
-    sheet = book.sheet_by_index(0)
-    return {(row, column): sheet.cell_value(row, column) for row in range(sheet.nrows)
-            for column in range(sheet.row_len(row)) if sheet.cell_type(row, column) != 0}
-
-
 def check_sheet(record):
-    sheets = [open_sheet(record.name(slot)) for slot in range(len(record.streams))]
+    sheets = [cells_of(record.name(slot)) for slot in range(len(record.streams))]
     for slot, stream in enumerate(record.streams):
         column = 1 + stream.count_channel
         counts = [value for (row, k), value in sheets[slot].items() if k == column and row > 0]

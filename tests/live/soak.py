@@ -14,7 +14,9 @@ import recorded
 HERE = Path(__file__).resolve().parent
 NEAR, FAR = "vornik-near", "vornik-far"
 FIRST, SECOND = "MU-A", "MU-LONGER-NAME"
-STREAMS = [f"id={SECOND},tag=4:7,currents=150:151:152:1,count=3", f"id={FIRST},count=3"]
+# The channel that carries the number of the frame.
+COUNT = 3
+STREAMS = [f"id={SECOND},tag=4:7,currents=150:151:152:1,count={COUNT}", f"id={FIRST},count={COUNT}"]
 SCREEN = {"screens": [{"name": "screen", "x": 0, "y": 0, "width": 1920, "height": 1080,
                        "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]}
 # The program starts behind the publisher, and stops behind it.
@@ -56,6 +58,20 @@ def number(line):
     return float(line.rsplit(" ", 1)[1])
 
 
+def counts(path, prefix, sent):
+    """What became of the frames that were sent, by the numbers that they carry."""
+    first = last = None
+    stored = 0
+    with open(path.with_name(prefix + path.name), encoding="ascii") as lines:
+        for line in lines:
+            stored += 1
+            first = first or line
+            last = line
+    begin, end = (recorded.Recording.count_of(line.split(";")[2 + COUNT]) for line in (first, last))
+    return (f"{sent} sent, {begin} of them before the recording and {sent - 1 - end} behind its last "
+            f"whole ring; {stored} stored, {end - begin + 1 - stored} lost")
+
+
 def soak(program, folder, seconds):
     with publish(seconds) as publisher:
         told = record(program, folder, seconds + EXTRA_SECONDS, 1, [FIRST, SECOND])
@@ -63,13 +79,14 @@ def soak(program, folder, seconds):
         sent = publisher.stdout.read()
     if not sent:
         sys.exit("the publisher was held up and had not finished at the stop")
-    print("published:     ", sent.strip())
+    for name, prefix in ((FIRST, "1_"), (SECOND, "2_")):
+        print(f"{name:15}", counts(Path(told["file"][0]), prefix, json.loads(sent)[name]))
     arguments = ["--record", told["file"][0], "--first", FIRST, "--second", SECOND, "--to-the-end",
                  "--duration", str(seconds)]
     for stream in STREAMS:
         arguments += ["--stream", stream]
     result = recorded.check(recorded.arguments_of(arguments))
-    print("frames:        ", result)
+    print("line by line:  ", result)
     for words in told.get("box", []):
         print("box:           ", words)
     print(f"processor:      {number(told['took'][0]):.1f} % of a core")
