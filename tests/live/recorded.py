@@ -211,14 +211,16 @@ def check_log(record):
 def matching(record, check):
     """The files of the second stream do not tell its first frame: looks for the one that fits."""
     first = record.firsts[0]
-    trouble = None
+    trouble, most = None, -1
     for second in sorted(range(first - MOST_APART, first + MOST_APART + 1), key=lambda k: -k):
         record.firsts[1:] = [max(0, second)]
         record.stored = [0] * len(record.streams)
         try:
             return check()
         except Wrong as wrong:
-            trouble = trouble or wrong
+            # What is told is the trouble of the one that fits furthest.
+            if sum(record.stored) > most:
+                trouble, most = wrong, sum(record.stored)
     raise trouble
 
 

@@ -26,6 +26,11 @@ class FullDisk : public WindowScene {
         live::Run("mount -t tmpfs -o size=2m tmpfs " + Folder().toStdString());
     if (!refused.empty()) GTEST_SKIP() << refused;
     mounted_ = true;
+    // There is room for two rings and a part of the third.
+    QFile other(Folder() + "/other");
+    ASSERT_TRUE(other.open(QFile::WriteOnly));
+    other.write(QByteArray(1'300'000, 'x'));
+    other.close();
     Start();
     ClickTab(SetupTab);
     Type(Member("Text1", 12), "VORNIK-SIM-1");
@@ -109,7 +114,7 @@ class FullDisk : public WindowScene {
 constexpr qsizetype Ring = 4000;
 
 TEST_F(FullDisk, StopsATextRecordingWithABoxAndKeepsWhatReachedTheDisk) {
-  RecordUntilFull(forms::record_format::Text);
+  ASSERT_NO_FATAL_FAILURE(RecordUntilFull(forms::record_format::Text));
   ExpectStoppedWithTheBox();
   const QByteArray bytes = Bytes(Place());
   const qsizetype lines = WholeLines(bytes, ';');
@@ -125,7 +130,7 @@ TEST_F(FullDisk, StopsATextRecordingWithABoxAndKeepsWhatReachedTheDisk) {
 }
 
 TEST_F(FullDisk, StopsAComtradeRecordingWithABoxAndEndsItsConfiguration) {
-  RecordUntilFull(forms::record_format::Comtrade);
+  ASSERT_NO_FATAL_FAILURE(RecordUntilFull(forms::record_format::Comtrade));
   ExpectStoppedWithTheBox();
   const qsizetype lines = WholeLines(Bytes(Place()), ',');
   EXPECT_GE(RingsTold(), 2);
@@ -138,7 +143,7 @@ TEST_F(FullDisk, StopsAComtradeRecordingWithABoxAndEndsItsConfiguration) {
 }
 
 TEST_F(FullDisk, RecordsAgainWhenThereIsRoom) {
-  RecordUntilFull(forms::record_format::Text);
+  ASSERT_NO_FATAL_FAILURE(RecordUntilFull(forms::record_format::Text));
   const QString full = Place();
   for (const QString& name : QDir(Folder()).entryList(QDir::Files))
     QFile::remove(Folder() + "/" + name);
