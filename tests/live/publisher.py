@@ -9,7 +9,8 @@ Each --stream is a list of key=value pairs, separated by commas; lists inside us
   angles=...        eight angles in degrees, currents then voltages
   dc=...            eight offsets, four in A and four in V
   start=S stop=S    send only from and until so many seconds after the beginning
-  pause=S:S         a break in between
+  pause=S:S         a break in between; more pairs are more breaks
+  count=CHANNEL     this channel's raw value is the number of the frame, from 0 on
 
 At the end it prints how many frames of each stream it sent, as JSON. It stops before that, and
 without a word, as soon as nobody is left to read what it prints.
@@ -32,6 +33,7 @@ LONGEST_CATCH_UP = 160
 PER_PERIOD = 80
 ANGLES = [0.0, -120.0, 120.0, 0.0] * 2
 COUNT_MARK = b"\x82\x02"
+BYTES_PER_CHANNEL = 8
 
 
 def numbers(text):
@@ -57,16 +59,19 @@ class Stream:
         offsets = numbers(options.pop("dc", ":".join(["0"] * 8)))
         self.start = float(options.pop("start", 0))
         self.stop = float(options.pop("stop", math.inf))
-        self.pause = numbers(options.pop("pause", "inf:inf"))
+        ends = numbers(options.pop("pause", "inf:inf"))
+        self.pauses = list(zip(ends[::2], ends[1::2]))
+        count = options.pop("count", None)
+        self.count_channel = None if count is None else int(count)
         if options:
             raise ValueError(f"unknown keys of a stream: {', '.join(options)}")
         if not len(rms) == len(angles) == len(offsets) == 8:
             raise ValueError("a stream has eight channels")
         self.number = number
-        self.frames = [
-            self.frame(self.samples(place, rms, angles, offsets)) for place in range(PER_PERIOD)
-        ]
+        self.period = [self.samples(place, rms, angles, offsets) for place in range(PER_PERIOD)]
+        self.frames = [self.frame(values) for values in self.period]
         self.count_at = self.frames[0].index(COUNT_MARK, self.frames[0].index(self.id.encode())) + 2
+        self.data_at = len(self.frames[0]) - 8 * BYTES_PER_CHANNEL
         self.sent = 0
 
     @staticmethod
@@ -98,14 +103,24 @@ class Stream:
         return bytearray(head + pdu)
 
     def sends_at(self, seconds):
-        paused = self.pause[0] <= seconds < self.pause[1]
+        paused = any(begin <= seconds < end for begin, end in self.pauses)
         return self.start <= seconds < self.stop and not paused
+
+    def values(self, sample):
+        """The eight raw values of a frame."""
+        values = list(self.period[sample % PER_PERIOD])
+        if self.count_channel is not None:
+            values[self.count_channel] = sample
+        return values
 
     def send(self, wire, sample):
         if not self.sends_at(sample / RATE):
             return
         frame = self.frames[sample % PER_PERIOD]
         struct.pack_into(">H", frame, self.count_at, sample % RATE)
+        if self.count_channel is not None:
+            place = self.data_at + self.count_channel * BYTES_PER_CHANNEL
+            struct.pack_into(">i", frame, place, sample)
         wire.send(frame)
         self.sent += 1
 

@@ -1,6 +1,5 @@
 // The whole program in its window, listening to a publisher on a virtual wire.
 
-#include <QComboBox>
 #include <QDialog>
 #include <QElapsedTimer>
 #include <QLabel>
@@ -13,44 +12,24 @@
 
 #include "desktop/widgets/reading_field.h"
 #include "desktop/widgets/run_button.h"
-#include "live/publisher.h"
-#include "live/wire.h"
-#include "window_scene.h"
+#include "live/program/wire_scene.h"
 
 namespace desktop {
 namespace {
 
 using live::Publisher;
 
-class ProgramOnTheWire : public WindowScene {
+class ProgramOnTheWire : public WireScene {
  protected:
   static constexpr int PhasorTab = 3;
 
-  ProgramOnTheWire() : WindowScene(adapters::ListNetworkInterfaces) {}
-
   void SetUp() override {
-    const std::string reason = live::WhyNoWire();
-    if (!reason.empty()) GTEST_SKIP() << reason;
-    live::LayWire();
-    Start();
-    ClickTab(SetupTab);
-    ChooseAdapter(live::NearEnd);
+    WireScene::SetUp();
+    if (IsSkipped()) return;
     Type(Member("Text1", 12), "MU-A");
     Type(Member("Text1", 14), "MU-B");
     Click("Check4");
     ClickTab(ValuesTab);
-  }
-  void TearDown() override {
-    if (live::WhyNoWire().empty()) live::CutWire();
-  }
-
-  void ChooseAdapter(const std::string& name) {
-    auto& list = Find<QComboBox>("Combo1");
-    const int entry = list.findText(QString::fromStdString(name), Qt::MatchContains);
-    ASSERT_GE(entry, 0) << "the interface is not in the list";
-    QTest::keyClick(&list, Qt::Key_Home);
-    for (int i = 0; i < entry; ++i) QTest::keyClick(&list, Qt::Key_Down);
-    ASSERT_EQ(list.currentIndex(), entry);
   }
 
   /// Presses the run button, which stops a run that is under way.

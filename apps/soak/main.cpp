@@ -1,0 +1,194 @@
+// Records for a given time with the whole program, and tells what that took of the computer.
+
+#include <sys/resource.h>
+
+#include <QApplication>
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QTimer>
+#include <chrono>
+#include <cstdint>
+#include <exception>
+#include <fstream>
+#include <iostream>
+#include <stdexcept>
+#include <string>
+
+#include "adapters/steady_clock.h"
+#include "adapters/system_capture_layer.h"
+#include "adapters/windows1252.h"
+#include "desktop/desktop_program.h"
+#include "desktop/look/look.h"
+
+namespace soak {
+
+namespace {
+
+constexpr std::int16_t RecorderTab = 5;
+constexpr int LookMs = 20;
+constexpr int StartMs = 500;
+/// A reading of what the recording takes begins when its first ring is written.
+constexpr int WarmMs = 1500;
+
+/// What is recorded, as the arguments tell it.
+struct Plan {
+  /// A part of the adapter's name.
+  std::string Adapter;
+  std::size_t Format = 0;
+  int Ms = 0;
+  int Recordings = 1;
+  std::string First;
+  std::string Second;
+};
+
+Plan PlanOf(const QStringList& arguments) {
+  constexpr qsizetype Least = 6;
+  constexpr qsizetype Most = 7;
+  if (arguments.size() < Least || arguments.size() > Most) {
+    throw std::invalid_argument(
+        "usage: vornik_soak ADAPTER FORMAT(0..2) SECONDS RECORDINGS FIRST-ID [SECOND-ID]");
+  }
+  return {arguments[1].toStdString(),
+          arguments[2].toULongLong(),
+          static_cast<int>(arguments[3].toDouble() * 1000),
+          arguments[4].toInt(),
+          arguments[5].toStdString(),
+          arguments.value(Least).toStdString()};
+}
+
+/// Processor time that this process has taken, in ms.
+double ProcessorMs() {
+  rusage used{};
+  getrusage(RUSAGE_SELF, &used);
+  const auto ms = [](const timeval& time) {
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_usec) / 1e3;
+  };
+  return ms(used.ru_utime) + ms(used.ru_stime);
+}
+
+/// Resident memory of this process, in kB.
+long ResidentKb() {
+  std::ifstream status("/proc/self/status");
+  for (std::string word; status >> word;) {
+    if (word != "VmRSS:") continue;
+    long kb = 0;
+    status >> kb;
+    return kb;
+  }
+  return 0;
+}
+
+/// Runs the recordings one behind the other, and prints a line an event.
+class Soak {
+ public:
+  Soak(formroutines::Application& program, Plan plan)
+      : program_(program), main_(program.Main), plan_(std::move(plan)) {
+    look_.callOnTimeout([this] { Look(); });
+    look_.start(LookMs);
+  }
+
+  void SetUp() {
+    ChooseAdapter();
+    main_.Text1[forms::setup_field::Content1].Text = plan_.First;
+    main_.Text1[forms::setup_field::Content2].Text = plan_.Second;
+    main_.TabStrip1.SelectedTab = RecorderTab;
+    main_.Option2[plan_.Format].Value = true;
+    Start();
+  }
+
+ private:
+  void ChooseAdapter() {
+    const std::vector<std::string> names = main_.Combo1.List;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      if (names[i].find(plan_.Adapter) == std::string::npos) continue;
+      main_.Combo1.ListIndex = static_cast<std::int32_t>(i);
+      return;
+    }
+    throw std::invalid_argument("no adapter " + plan_.Adapter);
+  }
+
+  void Start() {
+    main_.CWButton3.Value = true;
+    QTimer::singleShot(WarmMs, &look_, [this] {
+      Tell("begins", "rss_kb", ResidentKb());
+      processorMs_ = ProcessorMs();
+      taken_.start();
+    });
+    QTimer::singleShot(plan_.Ms, &look_, [this] { Stop(); });
+  }
+
+  void Stop() {
+    const double share = (ProcessorMs() - processorMs_) / static_cast<double>(taken_.elapsed());
+    Tell("ends", "rss_kb", ResidentKb());
+    Tell("took", "cpu_percent", share * 100);
+    main_.CWButton3.Value = false;
+    std::cout << "file " << program_.Settings.StoragePath << "/" << program_.State.RecordFileName
+              << std::endl;
+    Tell("behind", "rss_kb", ResidentKb());
+    ++done_;
+    if (done_ < plan_.Recordings) {
+      // The name of a recording is its second.
+      QTimer::singleShot(StartMs, &look_, [this] { Start(); });
+    } else {
+      QApplication::quit();
+    }
+  }
+
+  template <typename Value>
+  void Tell(const char* event, const char* what, Value value) const {
+    std::cout << event << " " << done_ + 1 << " " << what << " " << value << std::endl;
+  }
+
+  /// Tells what the page says of the disk, and closes boxes, which nobody sits at.
+  void Look() {
+    for (std::size_t i = 0; i < said_.size(); ++i) {
+      const std::string words = main_.OnDisk[i].Caption;
+      if (words == said_[i]) continue;
+      said_[i] = words;
+      std::cout << "page " << words << std::endl;
+    }
+    auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (box == nullptr) return;
+    std::cout << "box " << box->property("text").toString().simplified().toStdString() << std::endl;
+    box->reject();
+  }
+
+  formroutines::Application& program_;
+  forms::Main& main_;
+  Plan plan_;
+  QTimer look_;
+  QElapsedTimer taken_;
+  double processorMs_ = 0;
+  int done_ = 0;
+  std::array<std::string, 2> said_;
+};
+
+int Run() {
+  const Plan plan = PlanOf(QApplication::arguments());
+  const adapters::SteadyClock clock;
+  const adapters::Windows1252 code;
+  adapters::SystemCaptureLayer capture(clock, {});
+  desktop::DesktopProgram program({capture, capture, code, clock});
+  program.Load();
+  Soak soak(program.Application(), plan);
+  QTimer::singleShot(StartMs, QApplication::instance(), [&] { soak.SetUp(); });
+  return QApplication::exec();
+}
+
+}  // namespace
+
+}  // namespace soak
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("Vornik"));
+  QApplication::setQuitOnLastWindowClosed(false);
+  desktop::look::Apply(application);
+  try {
+    return soak::Run();
+  } catch (const std::exception& error) {
+    std::cerr << error.what() << std::endl;
+    return 1;
+  }
+}
