@@ -1,16 +1,20 @@
 #!/usr/bin/env python3
-"""Sends streams of sampled values on a network interface, each 4000 frames a second in real time.
+"""Sends streams of sampled values on a network interface in real time.
 
 Each --stream is a list of key=value pairs, separated by commas; lists inside use colons:
 
   id=NAME           the stream's name
   tag=PRIO:VID      send with a VLAN tag (without: untagged)
+  rate=N            frames a second, a divisor of 4000 (without: 4000)
   currents=A:B:C:N  RMS in A            voltages=A:B:C:N  RMS in V
   angles=...        eight angles in degrees, currents then voltages
   dc=...            eight offsets, four in A and four in V
   start=S stop=S    send only from and until so many seconds after the beginning
   pause=S:S         a break in between; more pairs are more breaks
   count=CHANNEL     this channel's raw value is the number of the frame, from 0 on
+
+With --shuffled it is chance whose frame comes first after each pause of a millisecond; without, the
+streams keep their order.
 
 At the end it prints how many frames of each stream it sent, as JSON. It stops before that, and
 without a word, as soon as nobody is left to read what it prints.
@@ -20,6 +24,7 @@ import argparse
 import json
 import math
 import os
+import random
 import select
 import socket
 import struct
@@ -57,6 +62,10 @@ class Stream:
         )
         angles = numbers(options.pop("angles", ":".join(map(str, ANGLES))))
         offsets = numbers(options.pop("dc", ":".join(["0"] * 8)))
+        rate = int(options.pop("rate", RATE))
+        if RATE % rate:
+            raise ValueError(f"{rate} does not divide {RATE}")
+        self.every = RATE // rate
         self.start = float(options.pop("start", 0))
         self.stop = float(options.pop("stop", math.inf))
         ends = numbers(options.pop("pause", "inf:inf"))
@@ -114,13 +123,15 @@ class Stream:
         return values
 
     def send(self, wire, sample):
-        if not self.sends_at(sample / RATE):
+        # Slower streams take turns, as senders with clocks of their own do.
+        place = sample - self.number % self.every
+        if place % self.every or not self.sends_at(sample / RATE):
             return
         frame = self.frames[sample % PER_PERIOD]
-        struct.pack_into(">H", frame, self.count_at, sample % RATE)
+        struct.pack_into(">H", frame, self.count_at, place % RATE // self.every)
         if self.count_channel is not None:
-            place = self.data_at + self.count_channel * BYTES_PER_CHANNEL
-            struct.pack_into(">i", frame, place, sample)
+            channel = self.data_at + self.count_channel * BYTES_PER_CHANNEL
+            struct.pack_into(">i", frame, channel, sample)
         wire.send(frame)
         self.sent += 1
 
@@ -137,7 +148,7 @@ class Reader:
         return bool(self.poll.poll(0))
 
 
-def publish(wire, streams, duration, reader):
+def publish(wire, streams, duration, shuffled, reader):
     """Sends what is due about once a millisecond, so that a frame is never early. Returns whether
     it came to its end."""
     begin = time.monotonic()
@@ -151,6 +162,8 @@ def publish(wire, streams, duration, reader):
             begin += (due - sample - LONGEST_CATCH_UP) / RATE
             due = sample + LONGEST_CATCH_UP
         due = min(total, due)
+        if shuffled:
+            random.shuffle(streams)
         for place in range(sample, due):
             for stream in streams:
                 stream.send(wire, place)
@@ -165,12 +178,13 @@ def main():
     )
     parser.add_argument("--interface", required=True)
     parser.add_argument("--duration", type=float, default=1.0, help="seconds")
+    parser.add_argument("--shuffled", action="store_true")
     parser.add_argument("--stream", action="append", required=True)
     arguments = parser.parse_args()
     streams = [Stream(text, number) for number, text in enumerate(arguments.stream)]
     with socket.socket(socket.AF_PACKET, socket.SOCK_RAW) as wire:
         wire.bind((arguments.interface, 0))
-        if not publish(wire, streams, arguments.duration, Reader()):
+        if not publish(wire, streams, arguments.duration, arguments.shuffled, Reader()):
             return
     try:
         print(json.dumps({stream.id: stream.sent for stream in streams}), flush=True)

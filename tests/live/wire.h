@@ -2,6 +2,7 @@
 
 #include <pcap/pcap.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -44,6 +45,15 @@ inline void LayWire(int mtu = 1500) {
 
 inline void CutWire() {
   Run("ip link delete " + NearEnd);
+}
+
+/// How many frames have come in at the near end since the wire was laid.
+inline std::uint64_t FramesArrived() {
+  const std::string told = Run("ip -s -j link show dev " + NearEnd);
+  const std::string mark = "\"packets\":";
+  // What was received stands in front of what was sent.
+  const std::size_t at = told.find(mark, std::min(told.find("\"rx\""), told.size()));
+  return at == std::string::npos ? 0 : std::stoull(told.substr(at + mark.size()));
 }
 
 /// Puts single frames on the wire at its far end.

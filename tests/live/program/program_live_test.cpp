@@ -6,25 +6,24 @@
 #include <QTableWidget>
 #include <QTimer>
 #include <algorithm>
-#include <cmath>
 #include <string>
 #include <utility>
 
-#include "desktop/widgets/reading_field.h"
-#include "desktop/widgets/run_button.h"
-#include "live/program/wire_scene.h"
+#include "live/program/program_on_the_wire.h"
+#include "live/publisher.h"
 
 namespace desktop {
 namespace {
 
 using live::Publisher;
 
-class ProgramOnTheWire : public WireScene {
+/// The program with both of its streams typed in, on the Values view.
+class MeasuringOnTheWire : public ProgramOnTheWire {
  protected:
   static constexpr int PhasorTab = 3;
 
   void SetUp() override {
-    WireScene::SetUp();
+    ProgramOnTheWire::SetUp();
     if (IsSkipped()) return;
     Type(Member("Text1", 12), "MU-A");
     Type(Member("Text1", 14), "MU-B");
@@ -32,18 +31,9 @@ class ProgramOnTheWire : public WireScene {
     ClickTab(ValuesTab);
   }
 
-  /// Presses the run button, which stops a run that is under way.
-  void Run() {
-    ASSERT_TRUE(WaitFor([this] { return Find<RunButton>("CWButton4").isEnabled(); }));
-    Click("CWButton4");
-  }
-  double Number(int channel) { return Reading(channel).remove(QLatin1Char(',')).toDouble(); }
   double Dc(int channel) {
     const QString text = Find<QLabel>(Member("Label12", channel + 8)).text();
     return text.mid(3).remove(QLatin1Char(',')).toDouble();
-  }
-  bool WaitForNumber(int channel, double expected) {
-    return WaitFor([&] { return std::abs(Number(channel) - expected) < 0.0001 * expected; });
   }
   /// Whether the frames in the block's rows came one after another. Frames that were handled while
   /// the block was being finished stand in its first rows already, hence the turn.
@@ -72,7 +62,7 @@ constexpr const char* TwoStreams =
     "--stream id=MU-B,currents=150:151:152:1,voltages=11547:11600:11700:20,"
     "dc=1:2:3:0.25:10:20:30:5";
 
-TEST_F(ProgramOnTheWire, ShowsTheKnownRmsAndDcOfBothStreams) {
+TEST_F(MeasuringOnTheWire, ShowsTheKnownRmsAndDcOfBothStreams) {
   const Publisher publisher(std::string("--duration 9 ") + TwoStreams);
   Run();
   ASSERT_TRUE(WaitForNumber(0, 400));
@@ -95,7 +85,7 @@ TEST_F(ProgramOnTheWire, ShowsTheKnownRmsAndDcOfBothStreams) {
   }
 }
 
-TEST_F(ProgramOnTheWire, ShowsEitherOfTwoStreamsOfDifferentLengthAtEachRun) {
+TEST_F(MeasuringOnTheWire, ShowsEitherOfTwoStreamsOfDifferentLengthAtEachRun) {
   // The shorter frame comes first, and the first stream's is the longer one.
   const Publisher publisher(
       "--duration 40 --stream id=MU-B,currents=150:151:152:1 "
@@ -112,7 +102,7 @@ TEST_F(ProgramOnTheWire, ShowsEitherOfTwoStreamsOfDifferentLengthAtEachRun) {
   }
 }
 
-TEST_F(ProgramOnTheWire, LosesNoFrameOfItsBlocks) {
+TEST_F(MeasuringOnTheWire, LosesNoFrameOfItsBlocks) {
   const Publisher publisher(std::string("--duration 10 ") + TwoStreams);
   Run();
   ASSERT_TRUE(WaitForNumber(0, 400));
@@ -143,7 +133,7 @@ TEST_F(ProgramOnTheWire, LosesNoFrameOfItsBlocks) {
   if (!enough) GTEST_SKIP() << "this machine held the program up again and again";
 }
 
-TEST_F(ProgramOnTheWire, NoticesAStreamThatDied) {
+TEST_F(MeasuringOnTheWire, NoticesAStreamThatDied) {
   const Publisher publisher("--duration 8 --stream id=MU-A,currents=400:410:420:2,stop=3");
   Run();
   ASSERT_TRUE(WaitForNumber(0, 400));
@@ -161,7 +151,7 @@ TEST_F(ProgramOnTheWire, NoticesAStreamThatDied) {
   EXPECT_FALSE(Program().State.CaptureRunning);
 }
 
-TEST_F(ProgramOnTheWire, OutlivesAStartWithItsInterfaceGone) {
+TEST_F(MeasuringOnTheWire, OutlivesAStartWithItsInterfaceGone) {
   live::CutWire();
   QStringList boxes;
   const auto read = [&](QDialog& dialog) {
@@ -190,7 +180,7 @@ TEST_F(ProgramOnTheWire, OutlivesAStartWithItsInterfaceGone) {
   EXPECT_TRUE(WaitForNumber(0, 400));
 }
 
-TEST_F(ProgramOnTheWire, ReadsTheKnownAngles) {
+TEST_F(MeasuringOnTheWire, ReadsTheKnownAngles) {
   const Publisher publisher(
       "--duration 7 --stream id=MU-A,tag=4:0,currents=400:410:420:2,"
       "voltages=63509:63600:63700:80,angles=-23.4:-150:97.25:12:10:-110:130.5:-45");
@@ -209,7 +199,7 @@ TEST_F(ProgramOnTheWire, ReadsTheKnownAngles) {
   }
 }
 
-TEST_F(ProgramOnTheWire, FollowsOneChannelFrameByFrame) {
+TEST_F(MeasuringOnTheWire, FollowsOneChannelFrameByFrame) {
   const Publisher publisher(std::string("--duration 6 ") + TwoStreams);
   Click("Check5");
   Run();
