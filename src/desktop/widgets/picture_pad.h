@@ -44,6 +44,8 @@ class PicturePad : public QWidget, public platform::Canvas {
 
   /// The texts that the picture shows, in the order of their drawing.
   QString Texts() const;
+  /// Where each of these texts stands, in pixels of the widget.
+  std::vector<QRectF> TextAreas() const;
   /// Side of the picture in pixels, without the room for texts.
   int Side() const { return side_; }
 

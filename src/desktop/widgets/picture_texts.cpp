@@ -96,6 +96,19 @@ QRectF PicturePad::ClearOfArrows(const Text& text, const std::vector<PlacedText>
   return natural;
 }
 
+std::vector<QRectF> PicturePad::TextAreas() const {
+  const std::vector<PlacedText> placed = PlaceTexts();
+  std::vector<QRectF> areas;
+  for (const auto& call : calls_) {
+    const auto* text = std::get_if<Text>(&call);
+    if (text == nullptr) continue;
+    const auto place = std::find_if(placed.begin(), placed.end(),
+                                    [text](const PlacedText& each) { return each.Source == text; });
+    areas.push_back(place->Box);
+  }
+  return areas;
+}
+
 std::vector<PicturePad::PlacedText> PicturePad::PlaceTexts() const {
   std::vector<PlacedText> placed;
   for (const bool arrows : {false, true}) {

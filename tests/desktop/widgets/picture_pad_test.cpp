@@ -3,6 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <cmath>
+#include <numbers>
+#include <utility>
+#include <vector>
 
 namespace desktop {
 namespace {
@@ -210,6 +214,81 @@ TEST_F(Picture, TheThinLinesOfTheBackgroundKeepAwayFromATextAndTheVectorsDoNot) 
 
   EXPECT_EQ(touches(1), 0);
   EXPECT_GT(touches(3), 5);
+}
+
+/// An arrow from the middle, with its head and its name, as the phasor diagram draws it.
+void DrawArrow(PicturePad& pad, double degrees, float length, platform::Rgb colour,
+               const char* name) {
+  const auto at = [](double angle, double radius) {
+    const double turn = angle / 180 * std::numbers::pi;
+    return Point{static_cast<float>(std::cos(turn) * radius),
+                 static_cast<float>(std::sin(turn) * radius)};
+  };
+  pad.DrawWidth(3);
+  const Point tip = at(degrees, static_cast<double>(length));
+  pad.Line({0, 0}, tip, colour);
+  for (const double side : {-20.0, 20.0}) {
+    const Point barb = at(degrees + side, 50);
+    pad.LineTo({tip.X - barb.X, tip.Y - barb.Y}, colour);
+    pad.MoveTo(tip);
+  }
+  pad.Print(name);
+}
+
+bool Overlap(const std::vector<QRectF>& areas) {
+  for (std::size_t i = 0; i < areas.size(); ++i) {
+    for (std::size_t j = i + 1; j < areas.size(); ++j) {
+      if (areas[i].intersects(areas[j])) return true;
+    }
+  }
+  return false;
+}
+
+TEST_F(Picture, TheNamesOfShortArrowsDoNotPileUp) {
+  for (const float length : {0.0F, 1.0F, 20.0F, 80.0F, 400.0F}) {
+    Lay(Side);
+    const char* names[] = {"I1", "I2", "I3", "U1", "U2", "U3"};
+    const double angles[] = {-30, -150, 90, 0, -120, 120};
+    for (std::size_t i = 0; i < 6; ++i) DrawArrow(pad, angles[i], length, Red, names[i]);
+
+    EXPECT_EQ(pad.TextAreas().size(), 6U);
+    EXPECT_FALSE(Overlap(pad.TextAreas())) << length;
+  }
+}
+
+TEST_F(Picture, ANameStandsClearOfTheShaftOfAnotherArrow) {
+  Lay(Side);
+  // The first ends right beside the second, which goes far beyond it.
+  DrawArrow(pad, 92, 400, Red, "U3");
+  DrawArrow(pad, 90, 900, Red, "I3");
+
+  const QRectF name = pad.TextAreas().front();
+  const double shaft = Side / 2.0;
+  EXPECT_TRUE(name.right() < shaft - 1.5 || name.left() > shaft + 1.5)
+      << name.left() << " to " << name.right();
+}
+
+TEST_F(Picture, TheScaleLinesLeaveTheOuterCircleWhole) {
+  for (const int side : {430, 600, 1000}) {
+    Lay(side);
+    pad.Circle({0, 0}, 1000, Black);
+    for (const auto& [place, line] : {std::pair(Point{-950, 950}, "FS current=10000 (1250)A"),
+                                      std::pair(Point{380, 950}, "FS voltage=10000 (1250)kV")}) {
+      pad.MoveTo(place);
+      pad.Print(line);
+    }
+    const double middle = side / 2.0;
+    const double radius = middle * 1000 / static_cast<double>(Edge);
+    for (const QRectF& text : pad.TextAreas()) {
+      for (double degrees = 0; degrees < 360; degrees += 0.5) {
+        const double turn = degrees / 180 * std::numbers::pi;
+        const QPointF rim(middle + std::cos(turn) * radius, middle + std::sin(turn) * radius);
+        // The upper part of a text's box is room for accents.
+        EXPECT_FALSE(text.adjusted(0, text.height() * 0.2, 0, 0).contains(rim))
+            << side << " at " << degrees;
+      }
+    }
+  }
 }
 
 }  // namespace
