@@ -13,8 +13,8 @@ Each --stream is a list of key=value pairs, separated by commas; lists inside us
   pause=S:S         a break in between; more pairs are more breaks
   count=CHANNEL     this channel's raw value is the number of the frame, from 0 on
 
-With --shuffled it is chance whose frame comes first after each pause of a millisecond; without, the
-streams keep their order.
+With --shuffled it is chance whose frame comes first after each pause between two frames, the more
+likely the faster the stream; without, the streams keep their order.
 
 At the end it prints how many frames of each stream it sent, as JSON. It stops before that, and
 without a word, as soon as nobody is left to read what it prints.
@@ -36,6 +36,8 @@ RATE = 4000
 # flood that no merging unit sends.
 LONGEST_CATCH_UP = 160
 PER_PERIOD = 80
+# Between two looks at what is due, in seconds.
+PAUSE = 0.001
 ANGLES = [0.0, -120.0, 120.0, 0.0] * 2
 COUNT_MARK = b"\x82\x02"
 BYTES_PER_CHANNEL = 8
@@ -162,13 +164,15 @@ def publish(wire, streams, duration, shuffled, reader):
             begin += (due - sample - LONGEST_CATCH_UP) / RATE
             due = sample + LONGEST_CATCH_UP
         due = min(total, due)
-        if shuffled:
-            random.shuffle(streams)
         for place in range(sample, due):
             for stream in streams:
                 stream.send(wire, place)
         sample = due
-        time.sleep(0.001)
+        time.sleep(PAUSE)
+        if shuffled:
+            random.shuffle(streams)
+            # A pause of one length would fall into step with a slow stream.
+            time.sleep(PAUSE * random.random())
     return True
 
 

@@ -105,7 +105,7 @@ class FinderOnTheWire : public ProgramOnTheWire {
 TEST_F(FinderOnTheWire, ListsSevenSendersAndRunShowsTheFirstOneChecked) {
   const Publisher six(
       "--duration 115 --shuffled --stream id=FEEDER-10,currents=400:410:420:2 "
-      "--stream id=BAY-2,tag=4:0,rate=2000,currents=150:151:152:1 --stream id=bay-2,rate=2000 "
+      "--stream id=BAY-2,tag=4:0,rate=2000,currents=150:151:152:1 --stream id=bay-2,rate=1000 "
       "--stream id=MU04,rate=1000 --stream id=T1,rate=800 "
       "--stream id=STATION-OF-A-LONG-NAME,tag=4:7,rate=1000");
   const QStringList sixIds{"BAY-2", "FEEDER-10", "MU04", "STATION-OF-A-LONG-NAME", "T1", "bay-2"};
@@ -115,7 +115,7 @@ TEST_F(FinderOnTheWire, ListsSevenSendersAndRunShowsTheFirstOneChecked) {
   const QStringList part{"EEDER-1"};
   const char* lateArguments =
       "--duration 110 --shuffled --stream id=EEDER-1,rate=2000 "
-      "--stream id=STATION-OF-A-NAME-LONGER-STILL,tag=4:7,rate=500";
+      "--stream id=STATION-OF-A-NAME-LONGER-STILL,tag=4:7";
   WaitForFrames();
 
   bool heldUp = false;
@@ -126,22 +126,21 @@ TEST_F(FinderOnTheWire, ListsSevenSendersAndRunShowsTheFirstOneChecked) {
   Search([&](QDialog& finder) {
     QListWidget& list = ListOf(finder);
     const auto tooLong = [this] { return Program().State.Counters.TooLong > 0; };
-    EXPECT_TRUE(QTest::qWaitFor(
-        [&] {
-          return tooLong() || WereLookedAt({"FEEDER-10", "STATION-OF-A-LONG-NAME"});
-        },
-        PatienceOfASearch));
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return tooLong() || WereLookedAt(sixIds); }, PatienceOfASearch));
     heldUp = tooLong();
     if (heldUp) return;
     late.emplace(lateArguments);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return WereLookedAt(sixIds + part); }, PatienceOfASearch));
+    EXPECT_TRUE(WaitFor([&] { return WereLookedAt(part); }));
     std::cout << "Seven senders were met in " << static_cast<double>(search.elapsed()) / 1000
               << " s, by " << lookedAt_.size() << " frames.\n";
     const auto* count = finder.findChild<QLabel*>("IDlook.FrameCount");
-    EXPECT_TRUE(WaitFor([&] {
+    const auto isTold = [&] {
       return count->text().startsWith(QString::number(lookedAt_.size()) + " frames were") &&
              count->text().endsWith("longer than expected and left out.");
-    })) << count->text().toStdString();
+    };
+    // A longer frame is met by chance too.
+    EXPECT_TRUE(QTest::qWaitFor(isTold, PatienceMs * 3)) << count->text().toStdString();
     listed = Texts(list);
     EXPECT_EQ(Told(listed), Told(Expected()));
     Check(list, "BAY-2");
