@@ -11,8 +11,8 @@ namespace {
 void ReportAnalyse(benchmark::State& state) {
   bench::BenchScene scene("MU_ALPHA", "");
   formroutines::Application& app = scene.App;
-  packetroutines::ReportAnalysis analysis(app.Main, app.Main, app.Settings, app.Present,
-                                          scene.Code);
+  packetroutines::ReportAnalysis analysis(app.Main, app.Main, app.Settings, app.Present, scene.Code,
+                                          {scene.Events, scene.Dialogs, scene.Program});
   support::FrameBytes frame = support::SvFrame("MU_ALPHA").Bytes();
   frame.resize(static_cast<std::size_t>(state.range(0)), 0x11);
   packetroutines::PacketBytes bytes;

@@ -101,8 +101,10 @@ bool PacketDispatcher::LongerThanExpected(const CapturedFrame& pPacket) const {
 
 Flow PacketDispatcher::CopyFrame(const CapturedFrame& pPacket) {
   if (LongerThanExpected(pPacket)) {
-    // It is dropped as a whole.
+    // It is dropped. What was expected of it is the text of the last frame, which a recording's log
+    // reads at the stop.
     ++state_.Counters.TooLong;
+    bytes_.Copy(pPacket.Bytes);
     return Flow::Leave;
   }
   bytes_.Copy(pPacket.Bytes);

@@ -23,7 +23,7 @@ platform::Screen PrimaryScreen() {
 
 DesktopProgram::DesktopProgram(const Sources& sources, QtProgram::Leave leave)
     : store_(dialogs_),
-      program_([this] { store_.SyncQuietly(); }, std::move(leave)),
+      program_([this] { Flush(); }, std::move(leave)),
       guard_(dialogs_, program_),
       events_(repaints_, guard_),
       timers_(sources.Clock),
@@ -56,6 +56,11 @@ DesktopProgram::~DesktopProgram() {
   window_.hide();
   // The picture outlives the view that shows it.
   picture_.setParent(nullptr);
+}
+
+void DesktopProgram::Flush() {
+  store_.SyncQuietly();
+  application_.CloseFiles();
 }
 
 void DesktopProgram::StandStill(bool boxStands) {

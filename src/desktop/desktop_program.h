@@ -54,6 +54,8 @@ class DesktopProgram {
   formroutines::Application& Application() { return application_; }
 
  private:
+  /// Saves what must outlive the process.
+  void Flush();
   void StandStill(bool boxStands);
 
   QtDialogs dialogs_;

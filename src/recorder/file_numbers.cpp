@@ -55,14 +55,16 @@ void FileNumbers::Close(std::int16_t number) {
   closing->Close();
 }
 
-void FileNumbers::CloseAll() {
-  while (!open_.empty()) {
-    try {
-      Close(open_.begin()->first);
-    } catch (const Failure&) {
-      // The number is free, and there is nobody to tell.
-    }
+void FileNumbers::CloseQuietly(std::int16_t number) {
+  try {
+    Close(number);
+  } catch (const Failure&) {
+    // The number is free, and there is nobody to tell.
   }
+}
+
+void FileNumbers::CloseAll() {
+  while (!open_.empty()) CloseQuietly(open_.begin()->first);
 }
 
 }  // namespace packetroutines

@@ -31,6 +31,8 @@ class FileNumbers {
   void Write(std::int16_t number, std::string_view bytes);
   /// Frees the number in any case. One that is free already is no failure.
   void Close(std::int16_t number);
+  /// The same where nobody is there to tell of a failure.
+  void CloseQuietly(std::int16_t number);
   /// Closes whatever is open, without a word about what fails.
   void CloseAll();
 

@@ -13,6 +13,8 @@ constexpr std::int64_t RampLength = GapSearch::LastRampValue + 1;
 
 void GapSearch::Begin(std::int32_t ramp) {
   expected_ = platform::Narrow<std::int16_t>(ramp);
+  // The value behind it is expected next, and it must be a 16-bit integer too.
+  platform::Narrow<std::int16_t>(ramp + 1);
 }
 
 void GapSearch::Lose(std::int32_t ramp) {

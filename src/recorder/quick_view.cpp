@@ -67,6 +67,7 @@ std::int32_t QuickView::CountLines() {
 
 QuickView::GroupTable QuickView::ReadGroups(std::int32_t lines) {
   const std::int32_t rows = file_.Present.BaseSamples;
+  if (rows == 0) throw platform::Failure(platform::failure::DivisionByZero);
   const auto lastGroup = static_cast<std::size_t>(static_cast<double>(lines) / rows + 0.5);
   GroupTable groups;
   for (std::vector<double>& points : groups) points.resize(lastGroup + 1);
@@ -98,8 +99,8 @@ void QuickView::Plot(GroupTable groups, std::int32_t lines) {
   const std::int32_t rows = file_.Present.BaseSamples;
   graph.XAxis.Caption = "x * " + services_.Numbers.General(rows) + " samples; ";
   graph.XAxis.Minimum = 0;
-  // The point behind the last full group stays outside.
-  graph.XAxis.Maximum = lines / rows - 0.5;
+  // The last group that is at least half full is the last that shows; the point behind it is none.
+  graph.XAxis.Maximum = std::max(0.0, std::trunc(static_cast<double>(lines) / rows - 0.5));
   graph.YAxis.ScaleNow();
   graph.Visible = true;
 }

@@ -77,9 +77,7 @@ void RecordLog::BuildRecordLog(bool& nothingToRead) {
         [this] { services_.Pointer.ShowHourglass(); }, [&] { Analyse(lines); });
   }
   // A block that failed may have left its file open, which would keep the next recording from disk.
-  RunSteps(
-      services_.Program, [](const Failure&) { return Verdict::SkipStep; },
-      [this] { services_.Open.Close(TextFile); });
+  services_.Open.CloseQuietly(TextFile);
   services_.Pointer.ShowNormal();
 }
 

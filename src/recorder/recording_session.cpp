@@ -188,16 +188,14 @@ void RecordingSession::FinishFiles() {
     parts_.Samples.WriteRecordBlock(packetroutines::SampleWriter::RewindText);
   }
   // The second worksheet stays open; its own end, or that of the program, finishes it.
-  if (format == file_format::Worksheet) parts_.Writers.Sheets.ExcelOut[0].CloseFile();
+  if (format == file_format::Worksheet) CloseSheet(0);
   if (format == file_format::Comtrade) FinishComtrade();
 }
 
 void RecordingSession::FinishComtrade() {
   packetroutines::FileNumbers& open = parts_.Context.Open;
   const auto tell = [&](const Failure& failure) {
-    platform::RunSteps(
-        services_.Usual.Program, [](const Failure&) { return platform::Verdict::LeaveRoutine; },
-        [&] { open.Close(packetroutines::TextFile); });
+    open.CloseQuietly(packetroutines::TextFile);
     services_.Usual.Dialogs.Show({"Information",
                                   "The file " + parts_.Writers.Comtrade.ConfigPath() +
                                       " is incomplete." + Crlf + ReasonOf(failure) + Crlf +
@@ -205,11 +203,10 @@ void RecordingSession::FinishComtrade() {
                                   platform::Icon::Information});
     return platform::Verdict::LeaveRoutine;
   };
-  platform::RunSteps(
-      services_.Usual.Program, tell,
-      // A ring that failed may have left its file open.
-      [&] { open.Close(packetroutines::TextFile); },
-      [&] { parts_.Writers.Comtrade.FinishComtradeConfig(); });
+  // A ring that failed may have left its file open.
+  open.CloseQuietly(packetroutines::TextFile);
+  platform::RunSteps(services_.Usual.Program, tell,
+                     [&] { parts_.Writers.Comtrade.FinishComtradeConfig(); });
 }
 
 void RecordingSession::Analyse() {
@@ -228,9 +225,14 @@ void RecordingSession::StopAt(std::size_t stream) {
   recorder_.CWButton3.Value = false;
   capture_.StopCapture();
   state_.LookingForRecording = false;
-  if (settings_.FileFormat == file_format::Worksheet) {
-    parts_.Writers.Sheets.ExcelOut[stream].CloseFile();
-  }
+  if (settings_.FileFormat == file_format::Worksheet) CloseSheet(stream);
+}
+
+void RecordingSession::CloseSheet(std::size_t stream) {
+  packetroutines::ExcelFile& sheet = parts_.Writers.Sheets.ExcelOut[stream];
+  sheet.CloseFile();
+  // The sheet keeps its failures to itself; the page tells of them.
+  if (sheet.Trouble()) parts_.Writers.Report.NotStored(*sheet.Trouble());
 }
 
 void RecordingSession::EnableFormats(bool enabled) {

@@ -63,6 +63,7 @@ class RecordingSession : public packetroutines::RowLimits {
   void Stop();
   void StopCapture();
   void FinishFiles();
+  void CloseSheet(std::size_t stream);
   void FinishComtrade();
   void Analyse();
   void StopAt(std::size_t stream);

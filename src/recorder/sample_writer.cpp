@@ -73,7 +73,7 @@ void SampleWriter::StopOnFullDisk() {
                           platform::Icon::Information});
   controls_.Recorder.CWButton3.Value = false;
   controls_.Recorder.CWButton3.Enabled = true;
-  context_.Open.Close(TextFile);
+  context_.Open.CloseQuietly(TextFile);
 }
 
 }  // namespace packetroutines

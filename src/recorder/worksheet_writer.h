@@ -15,6 +15,11 @@ struct Worksheets {
              const platform::CodePage& code)
       : ExcelOut{{{files, numbers, code}, {files, numbers, code}}} {}
 
+  /// The program ends: finishes what is still open.
+  void Finish() {
+    for (ExcelFile& sheet : ExcelOut) sheet.CloseFile();
+  }
+
   std::array<ExcelFile, 2> ExcelOut;
   /// The worksheet of the stream was begun in this recording.
   std::array<bool, 2> ExcelStarted{};

@@ -4,12 +4,16 @@
 #include <array>
 #include <cstdint>
 
+#include "platform/failure.h"
 #include "platform/hex_text.h"
 #include "platform/number_text.h"
 
 namespace packetroutines {
 
+using platform::Failure;
+using platform::Flow;
 using platform::HexPairValue;
+using platform::Verdict;
 
 namespace row = forms::report_row;
 
@@ -47,8 +51,23 @@ std::string HexLineText(std::string_view line, const platform::CodePage& code) {
 
 ReportAnalysis::ReportAnalysis(forms::ReportControls& report, const forms::SharedControls& shared,
                                const config::Settings& settings, const config::RunSettings& present,
-                               const platform::CodePage& code)
-    : report_(report), shared_(shared), settings_(settings), present_(present), code_(code) {}
+                               const platform::CodePage& code, const platform::Services& services)
+    : report_(report),
+      shared_(shared),
+      settings_(settings),
+      present_(present),
+      code_(code),
+      services_(services),
+      run_(services.Program, [this](const Failure& failure, int) { return OnFailure(failure); }) {}
+
+Verdict ReportAnalysis::OnFailure(const Failure& failure) {
+  if (failure.Number() == platform::failure::NoSuchControl) return Verdict::SkipStep;
+  services_.Dialogs.Show({"unknown...",
+                          std::string("unknown error. ") + platform::Crlf + failure.Text() +
+                              platform::Crlf + "this happens while generating a report-analyse",
+                          platform::Icon::Critical});
+  return Verdict::EndProgram;
+}
 
 const std::string& ReportAnalysis::ChosenStation() const {
   const auto& stations = shared_.Option3;
@@ -57,27 +76,39 @@ const std::string& ReportAnalysis::ChosenStation() const {
 }
 
 bool ReportAnalysis::ReportAnalyse(const PacketBytes& bytes, std::string& id) {
-  ShowHead(false);
-  BuildHexText(bytes);
-  WriteHead();
   // Each search begins where the one before it ended.
-  std::size_t position = Find("8001", 1);
-  report_.Label8[row::Sequence].Caption = "lenght: " + std::string(Pair(position + 8));
-  report_.Label8[row::FirstAsdu].Caption = "lenght: " + std::string(Pair(position + 12));
-  position = Find("80", position + 2);
-  id += StationId(position + 2);
-  if (present_.StreamCount > 1 && ChosenStation() != id) return false;
-  report_.Label8[row::StationId].Caption = id;
-  ShowHead(true);
-  // From here on the position is that of the length byte.
-  position = Find("82", position + 2) + 2;
-  const std::int32_t count =
-      HexPairValue(Pair(position + 2)) * 256 + HexPairValue(Pair(position + 4));
-  report_.Label8[row::SampleCount].Caption = platform::NumberText::General(count);
-  position = Find("85", position + 2) + 2;
-  WriteSynchronisation(Pair(position + 2));
-  for (std::size_t line = 0; line < row::DumpCount; ++line) WriteDumpLine(line);
-  return true;
+  std::size_t position = 0;
+  const Flow flow = run_(
+      [&] { ShowHead(false); }, [&] { BuildHexText(bytes); }, [&] { WriteHead(); },
+      [&] { position = Find("8001", 1); },
+      [&] { report_.Label8[row::Sequence].Caption = "lenght: " + std::string(Pair(position + 8)); },
+      [&] {
+        report_.Label8[row::FirstAsdu].Caption = "lenght: " + std::string(Pair(position + 12));
+      },
+      [&] { position = Find("80", position + 2); }, [&] { id += StationId(position + 2); },
+      [&] {
+        const bool other = present_.StreamCount > 1 && ChosenStation() != id;
+        return other ? Flow::Leave : Flow::Next;
+      },
+      [&] { report_.Label8[row::StationId].Caption = id; }, [&] { ShowHead(true); },
+      [&] { WriteFields(position); });
+  return flow == Flow::Next;
+}
+
+void ReportAnalysis::WriteFields(std::size_t position) {
+  run_(
+      // From here on the position is that of the length byte.
+      [&] { position = Find("82", position + 2) + 2; },
+      [&] {
+        const std::int32_t count =
+            HexPairValue(Pair(position + 2)) * 256 + HexPairValue(Pair(position + 4));
+        report_.Label8[row::SampleCount].Caption = platform::NumberText::General(count);
+      },
+      [&] { position = Find("85", position + 2) + 2; },
+      [&] { WriteSynchronisation(Pair(position + 2)); });
+  for (std::size_t line = 0; line < row::DumpCount; ++line) {
+    run_([&] { WriteDumpLine(line); });
+  }
 }
 
 std::size_t ReportAnalysis::Find(std::string_view digits, std::size_t from) const {

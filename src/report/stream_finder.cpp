@@ -36,6 +36,7 @@ StreamFinder::StreamFinder(const FinderControls& controls, AcquisitionState& sta
   look_.Window.QueryUnload = [this] { CloseOnce(); };
   look_.Timer1.Elapsed = [this] { Timer1_Timer(); };
   look_.List1.Click = [this] { List1_Click(); };
+  controls_.Timers.Timer1.Enabled.Observe([this] { FollowSearch(); });
   look_.Command1.Click = [this] { look_.Window.Unload(); };
 }
 
@@ -65,6 +66,11 @@ void StreamFinder::Timer1_Timer() {
   look_.Timer1.Enabled = false;
   capture_.SetupAdapter(LiveBuffer);
   capture_.StartCapture("LookingForID");
+}
+
+void StreamFinder::FollowSearch() {
+  // The watchdog rests when a search has ended without a frame, whatever came instead.
+  if (look_.Window.Loaded && !controls_.Timers.Timer1.Enabled) ShowFrameCount();
 }
 
 void StreamFinder::AddStreamToList(const std::string& id) {

@@ -46,6 +46,7 @@ class StreamFinder {
   void CloseOnce();
   void TakeStreamChoice();
   void ShowFrameCount();
+  void FollowSearch();
 
   forms::IDlook& look_;
   FinderControls controls_;

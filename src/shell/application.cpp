@@ -53,7 +53,7 @@ Application::Application(const Platform& platform)
       restart_(State, Settings, Main, Main.Buttons(), capture_, platform.Events),
       release_(Main, Main.Buttons()),
       waiting_(State, Settings, Present, Main, Main.Buttons(), platform.Timers, platform.Numbers),
-      frameAnalysis_(Main, Main, Settings, Present, platform.Code),
+      frameAnalysis_(Main, Main, Settings, Present, platform.Code, services_),
       report_({Main, Main, State, capture_, frameAnalysis_}, platform.Events, platform.Program),
       printing_{
           Main, Main, platform.Printers, platform.Surface, platform.Calendar, platform.Program},

@@ -100,6 +100,8 @@ class Application : private config::SetupConsumers,
   /// The end that cannot wait for a run button, such as the end of the user's session: capture is
   /// stopped, and the program ends.
   void EndSession();
+  /// Finishes the files that are still open; the last that is done before the process is left.
+  void CloseFiles() { sheets_.Finish(); }
 
   forms::Main Main;
   forms::Revisionhistory Revisionhistory;

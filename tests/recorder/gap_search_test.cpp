@@ -112,7 +112,9 @@ TEST(GapSearch, ComesBackFromAFirstValueBeyondTheRamp) {
 }
 
 TEST(GapSearch, RefusesAFirstValueThatIsNo16BitInteger) {
-  EXPECT_EQ(Search({32767}).Lost, 0);
+  EXPECT_EQ(Search({32766}).Lost, 0);
+  // The value behind it is none.
+  EXPECT_EQ(support::FailureOf([] { Search({32767}); }), Overflow);
   EXPECT_EQ(support::FailureOf([] { Search({32768}); }), Overflow);
   EXPECT_EQ(support::FailureOf([] { Search({-32769}); }), Overflow);
 }

@@ -105,11 +105,11 @@ TEST(QuickViewScene, NamesItsAxisAndCutsThePointBehindTheLastGroupOff) {
   scene.Analysis.ViewRecording();
   EXPECT_EQ(scene.Recorder.CWGraph2.XAxis.Caption, "x * 400 samples; ");
   EXPECT_EQ(scene.Recorder.CWGraph2.XAxis.Minimum, 0.0);
-  EXPECT_EQ(scene.Recorder.CWGraph2.XAxis.Maximum, 2.5);
+  EXPECT_EQ(scene.Recorder.CWGraph2.XAxis.Maximum, 2.0);
 
   scene.Recorded(Lines(1500, 1));
   scene.Analysis.ViewRecording();
-  EXPECT_EQ(scene.Recorder.CWGraph2.XAxis.Maximum, 2.5);
+  EXPECT_EQ(scene.Recorder.CWGraph2.XAxis.Maximum, 3.0) << "a group that is more than half full";
 }
 
 TEST(QuickViewScene, ScalesTheHeightToItsPointsBeforeItShows) {
@@ -122,7 +122,7 @@ TEST(QuickViewScene, ScalesTheHeightToItsPointsBeforeItShows) {
     ++scalings;
     EXPECT_FALSE(graph.Visible);
     EXPECT_THAT(Points(scene, 7), SizeIs(1));
-    EXPECT_EQ(graph.XAxis.Maximum, -0.5);
+    EXPECT_EQ(graph.XAxis.Maximum, 0.0);
   };
   graph.XAxis.ScaleNow = [] { ADD_FAILURE() << "the time axis has its own ends"; };
   scene.Analysis.ViewRecording();

@@ -47,7 +47,9 @@ class Analysis : public ::testing::Test {
   forms::Main main{platform_.Timers};
   config::Settings settings;
   config::RunSettings present;
-  packetroutines::ReportAnalysis analysis{main, main, settings, present, platform_.Code};
+  packetroutines::ReportAnalysis analysis{
+      main,    main,           settings,
+      present, platform_.Code, {platform_.Events, platform_.Dialogs, platform_.Runtime}};
   bool accepted = false;
 };
 

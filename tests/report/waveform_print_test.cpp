@@ -241,6 +241,9 @@ class PrinterListAtTheStart : public report_tests::PrintScene {};
 TEST_F(PrinterListAtTheStart, MarksTheCurrentPrinterInTheListAlone) {
   EXPECT_EQ(main.Combo2.List.Get(), std::vector<std::string>({"Office*", "Control room"}));
   EXPECT_EQ(scene.Printers.Current(), "Office");
+  // The mark is no part of the name: the printer is found by its place.
+  main.Combo2.ListIndex = 1;
+  ASSERT_EQ(scene.Printers.Chosen, 1U);
   main.Combo2.ListIndex = 0;
   EXPECT_EQ(scene.Printers.Chosen, 0U);
 }
@@ -249,11 +252,13 @@ TEST_F(PrinterListAtTheStart, WithoutAPrinterDisablesThePrintOfTheWaveformsAlone
   support::Scene bare;
   bare.Printers.List.clear();
   bare.App.Load();
+  bare.Main.Command4.Enabled = true;
   ASSERT_EQ(bare.Dialogs.Shown.size(), 1U);
   EXPECT_EQ(bare.Dialogs.Shown[0].Title, "Attention");
   EXPECT_EQ(bare.Dialogs.Shown[0].Text,
             "There is no printer available\r\nTherefore printing is disabled.");
   EXPECT_FALSE(bare.Main.Command1.Enabled);
+  EXPECT_TRUE(bare.Main.Command4.Enabled);
   EXPECT_EQ(bare.Main.Combo2.ListIndex.Get(), -1);
 }
 

@@ -31,6 +31,58 @@ TEST(StaticTexts, OfTheTabsAreTheirCaptionsAndTips) {
   }
 }
 
+TEST(StaticTexts, OfTheRecorderAreItsCaptionsAndTips) {
+  const support::ManualClock clock;
+  platform::TimerQueue timers{clock};
+  const forms::Main main{timers};
+  EXPECT_EQ(main.Option2[0].Caption, "CSV - text format (&max. 4GBbyte)");
+  EXPECT_EQ(main.Option2[1].Caption,
+            "file format Microsoft E&xcel™ compatible (limitation to 32767 lines)");
+  EXPECT_EQ(main.Option2[2].Caption, "COMTRA&DE format (max. 4GByte)");
+  EXPECT_EQ(main.Option1[0].Caption, "single trig&ger");
+  EXPECT_EQ(main.Option1[1].Caption, "co&nt trigger");
+  EXPECT_EQ(main.Option1[2].Caption, "immedi&ate");
+  EXPECT_EQ(main.Label10[0].Caption, "Real-time recording to hard disk");
+  EXPECT_EQ(main.Label10[2].Caption, "Duration of recording / sample counter:");
+  EXPECT_EQ(main.Label10[3].Caption, "0 s / 0 samples");
+  EXPECT_EQ(main.Command9.Caption, "Open &log file");
+  EXPECT_EQ(main.Command9.ToolTipText, "opens the log 'txt' file in your standard text editor");
+  EXPECT_EQ(main.CWButton3.OffText, "RUN");
+  EXPECT_EQ(main.CWButton3.OnText, "STOP");
+  EXPECT_EQ(main.CWButton3.ToolTipText,
+            "'RUN' starts recording samples acc. to time base; 'STOP' stops it");
+  EXPECT_EQ(main.Label3[5].Caption, "voltage:");
+  EXPECT_EQ(main.Label3[6].Caption, "current:");
+  EXPECT_EQ(main.Label3[9].Caption, "sample diff for channel A/B/C");
+  EXPECT_EQ(main.Label3[22].Caption, "overflo&w value:");
+  EXPECT_EQ(main.Label3[23].Caption, "seconds");
+  EXPECT_EQ(main.Label3[24].Caption, "ti&me before/after");
+  EXPECT_EQ(main.Label3[28].Caption, "seconds pause after trigger event");
+}
+
+TEST(StaticTexts, OfTheTriggerFieldsAreTheStoredNumbers) {
+  Scene scene;
+  scene.Store.Texts["CurrentTriggerWave"] = "21";
+  scene.Store.Texts["VoltageTriggerWave"] = "16";
+  scene.Store.Texts["BeforeTriggerWaveTime"] = "3";
+  scene.Store.Texts["AfterTriggerWaveTime"] = "6";
+  scene.Store.Texts["TriggerPause"] = "11";
+
+  scene.Start();
+
+  EXPECT_EQ(scene.Main.Text3[2].Text, "21");
+  EXPECT_EQ(scene.Main.Text3[3].Text, "16");
+  EXPECT_EQ(scene.Main.Text3[4].Text, "3");
+  EXPECT_EQ(scene.Main.Text3[5].Text, "6");
+  EXPECT_EQ(scene.Main.Text3[8].Text, "11");
+  for (const std::size_t field : {2U, 3U, 4U, 5U, 8U}) scene.Main.Text3[field].Text = "99";
+  EXPECT_EQ(scene.Settings.CurrentTriggerWave, 21);
+  EXPECT_EQ(scene.Settings.VoltageTriggerWave, 16);
+  EXPECT_EQ(scene.Settings.BeforeTriggerWaveTime, 3);
+  EXPECT_EQ(scene.Settings.AfterTriggerWaveTime, 6);
+  EXPECT_EQ(scene.Settings.TriggerPause, 11);
+}
+
 TEST(StaticTexts, OfTheStatusBarAreItsKeysAndTips) {
   struct Panel {
     const char* Key;

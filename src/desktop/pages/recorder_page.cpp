@@ -20,6 +20,8 @@ constexpr int Margin = 16;
 constexpr int PanelWidth = 226;
 constexpr int ShortField = 96;
 constexpr int BarHeight = 8;
+/// Two rows of text.
+constexpr int NotStoredHeight = 34;
 /// Room at the foot of the page for the logo.
 constexpr int FootHeight = 52;
 
@@ -106,6 +108,7 @@ Card* RecorderPage::RecordingCard() {
     card->AddWide(stored);
   }
   auto* notStored = new QuietLine(card);
+  notStored->setMinimumHeight(NotStoredHeight);
   binder_.Bind(recorder_.NotStored, *notStored, QStringLiteral("NotStored"));
   card->AddWide(notStored);
   return card;

@@ -133,6 +133,7 @@ void QtPrintSurface::SendToPrinter(const PrintPage& page) const {
   if (info.isNull()) Refuse(QStringLiteral("the printer \"%1\" is not there any more").arg(name));
   QPrinter printer(info, QPrinter::HighResolution);
   printer.setFullPage(true);
+  printer.setPageSize(QPageSize(QPageSize::A4));
   printer.setPageOrientation(QtOrientation(orientation_));
   printer.setColorMode(colours_ == platform::ColourMode::Colour ? QPrinter::Color
                                                                 : QPrinter::GrayScale);

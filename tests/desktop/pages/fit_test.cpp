@@ -28,6 +28,19 @@ TEST_P(Fit, NothingIsCutCoveredOrOutOfSight) {
   }
 }
 
+TEST_P(Fit, ARecordingThatIsNotStoredSaysSoUncut) {
+  Start();
+  ResizeFrame(GetParam());
+  ClickTab(RecorderTab);
+  for (auto& stored : Form().OnDisk) stored.Caption = "stream 1: 86,400 whole rings, 26,697,600 kB";
+  Form().NotStored.Say(
+      "not stored since 21 Nov 2026 18:15:57: Path/File access error "
+      "(/home/engineer/StoredData/1_SV record 21.11.2026 18-15-57.txt)");
+  QTest::qWait(60);
+  EXPECT_GT(Find<QWidget>("NotStored").height(), 20);
+  ExpectNoMisfits("Recorder");
+}
+
 TEST_P(Fit, TheLongestMagnitudeStandsUncutInTheTable) {
   Start();
   ResizeFrame(GetParam());
