@@ -5,6 +5,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QProcess>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <exception>
 #include <iostream>
@@ -95,6 +96,20 @@ bool WriteSummary(const QString& folder, bool right) {
   return summary.open(QIODevice::WriteOnly) && summary.write(text) == text.size();
 }
 
+/// Leaves a picture of each printed page, where the computer has something to draw it with.
+void DrawPages(const QString& folder) {
+  const QString tool = QStandardPaths::findExecutable("pdftoppm");
+  if (tool.isEmpty()) {
+    std::cout << "no pictures of the printed pages: pdftoppm is not on this computer" << std::endl;
+    return;
+  }
+  const QDir pages(folder);
+  for (const QString& page : pages.entryList({"*.pdf"}, QDir::Files)) {
+    QProcess::execute(tool, {"-r", "80", "-png", "-singlefile", pages.filePath(page),
+                             pages.filePath(QFileInfo(page).completeBaseName())});
+  }
+}
+
 int RunTour(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
   const QString folder = QDir(QCoreApplication::arguments()[1]).absolutePath();
@@ -104,6 +119,7 @@ int RunTour(int argc, char** argv) {
   }
   bool right = true;
   for (const Plan& plan : Plans()) right = StartWalk(folder, plan) && right;
+  DrawPages(folder);
   right = WriteSummary(folder, right) && right;
   std::cout << (right ? "The tour went well: " : "The tour FAILED: ") << folder.toStdString()
             << std::endl;

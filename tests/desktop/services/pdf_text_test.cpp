@@ -4,6 +4,7 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QStandardPaths>
+#include <algorithm>
 
 #include "window_scene.h"
 
@@ -54,13 +55,18 @@ class PdfText : public WindowScene {
     return words;
   }
   static void ExpectAt(const QList<Word>& words, const QString& text, double x, double y) {
+    std::string elsewhere;
     for (const Word& word : words) {
       if (word.Text != text) continue;
       if (std::abs(word.X - x) < 0.5 && std::abs(word.Y - y) < 0.5) return;
-      ADD_FAILURE() << text.toStdString() << " at " << word.X << ", " << word.Y;
-      return;
+      elsewhere += " " + std::to_string(word.X) + "," + std::to_string(word.Y);
     }
-    ADD_FAILURE() << "no " << text.toStdString();
+    ADD_FAILURE() << text.toStdString() << " is not at " << x << "," << y << " but at" << elsewhere;
+  }
+  /// The first word of a text, as the page has it; nothing where the text does not begin with one.
+  static QString FirstWord(const std::string& text) {
+    if (text.starts_with(' ')) return {};
+    return QString::fromStdString(text).simplified().section(u' ', 0, 0).toHtmlEscaped();
   }
 
  private:
@@ -73,7 +79,24 @@ TEST_F(PdfText, OfAReportStandsInItsRows) {
   ASSERT_TRUE(WaitFor([&] { return Form().Command4.Enabled.Get(); }));
   Click("Command4");
   const QList<Word> words = Words();
+  ExpectAt(words, "Vornik:", 15, 10);
   ExpectAt(words, "Report", 15, 18);
+  for (std::size_t row = 0; row <= 20; ++row) {
+    const double y = 40 + 7 * static_cast<double>(row);
+    const QString title = FirstWord(Form().Label7[row].Caption);
+    const QString value = FirstWord(Form().Label8[row].Caption);
+    // The dump lines from the third on take the whole width.
+    if (row < 15 && !title.isEmpty()) ExpectAt(words, title, 15, y);
+    if (!value.isEmpty()) ExpectAt(words, value, row < 15 ? 80 : 15, y);
+  }
+  const auto printed = [&words](const char* text) {
+    return std::any_of(words.begin(), words.end(),
+                       [text](const Word& word) { return word.Text == QLatin1String(text); });
+  };
+  EXPECT_TRUE(printed("70:"));
+  EXPECT_FALSE(printed("80:"));
+  EXPECT_FALSE(printed("90:"));
+  ExpectAt(words, "Vornik", 15, 250);
   ExpectAt(words, "Used", 15, 40);
   ExpectAt(words, "Ethertype:", 15, 61);
   // Which of the two units was met is not said; one of them tags its frames.
@@ -90,6 +113,10 @@ TEST_F(PdfText, OfTheWaveformsStandsBesideTheGraph) {
   ExpectAt(words, "Print-out", 15, 10);
   ExpectAt(words, "shown", 205, 30);
   ExpectAt(words, "Legend:", 205, 38);
+  // All channels are shown, one below the other; their names begin alike.
+  for (int channel = 0; channel < 8; ++channel) {
+    ExpectAt(words, channel < 4 ? "Current" : "Voltage", 205, 46 + 8 * channel);
+  }
   ExpectAt(words, "Vornik", 205, 180);
 }
 
