@@ -112,6 +112,14 @@ TEST(QuickViewScene, NamesItsAxisAndCutsThePointBehindTheLastGroupOff) {
   EXPECT_EQ(scene.Recorder.CWGraph2.XAxis.Maximum, 3.0) << "a group that is more than half full";
 }
 
+TEST(QuickViewScene, WithoutSamplesInAGroupIsAFailureThatNothingTakes) {
+  ViewScene scene;
+  scene.Present.BaseSamples = 0;
+  scene.Recorded(Lines(4, 2));
+  EXPECT_EQ(support::FailureOf([&] { scene.Analysis.ViewRecording(); }),
+            platform::failure::DivisionByZero);
+}
+
 TEST(QuickViewScene, ScalesTheHeightToItsPointsBeforeItShows) {
   ViewScene scene;
   scene.Recorded(Lines(1, 1));

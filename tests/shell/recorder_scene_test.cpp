@@ -54,6 +54,26 @@ TEST_F(Recorder, StoresTheValuesOfTheFramesInTheChosenUnits) {
                         "0.04999;0.04999;0.04999;0.04999\r\n"));
 }
 
+TEST_F(Recorder, WritesItsLogAlsoBehindAFrameOfALongerStream) {
+  Run();
+  Frames(4000);
+  scene.Receive(support::SvFrame("A LONGER NAME OF ANOTHER UNIT").Bytes());
+  Stop();
+  EXPECT_THAT(Files(), ElementsAre(folder + "Errorlog " + started + ".txt",
+                                   folder + started + ".txt"));
+}
+
+TEST_F(Recorder, LeavesAnEmptyFileWithoutItsPrefixBehindTwoStreams) {
+  main.Text1[forms::setup_field::Content2].Text = "MU02";
+  Run();
+  Frames(4000);
+  Stop();
+  EXPECT_THAT(Files(), ElementsAre(folder + "1_" + started + ".txt", folder + started + ".txt"));
+  EXPECT_EQ(scene.Files.Stored.at(folder + started + ".txt"), "");
+  EXPECT_TRUE(main.Command9.Visible);
+  EXPECT_FALSE(main.CWGraph2.Visible);
+}
+
 TEST_F(Recorder, StoresTheUnitsOfTheMoment) {
   main.Combo4[0].ListIndex = 1;
   Run();
