@@ -7,6 +7,9 @@
 #include <QPdfWriter>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryFile>
 #include <utility>
 
 #include "desktop/look/look.h"
@@ -23,6 +26,9 @@ namespace {
 
 constexpr int PdfDotsPerInch = 1200;
 constexpr const char* Creator = "Vornik";
+/// Hands files to the queues of a Unix system. Qt's own way there does not tell of a refused job.
+constexpr const char* QueueCommand = "lp";
+constexpr int QueuePatienceMs = 10'000;
 
 QPageLayout::Orientation QtOrientation(platform::PageOrientation orientation) {
   return orientation == platform::PageOrientation::Landscape ? QPageLayout::Landscape
@@ -129,6 +135,11 @@ QString QtPrintSurface::WriteFile(const PrintPage& page) const {
 
 void QtPrintSurface::SendToPrinter(const PrintPage& page) const {
   const QString name = ToQt(printers_.Current());
+  const QString command = QStandardPaths::findExecutable(QLatin1String(QueueCommand));
+  if (!command.isEmpty()) {
+    Enqueue(command, name, page);
+    return;
+  }
   const QPrinterInfo info = QPrinterInfo::printerInfo(name);
   if (info.isNull()) Refuse(QStringLiteral("the printer \"%1\" is not there any more").arg(name));
   QPrinter printer(info, QPrinter::HighResolution);
@@ -143,6 +154,25 @@ void QtPrintSurface::SendToPrinter(const PrintPage& page) const {
   if (printer.printerState() == QPrinter::Error || printer.printerState() == QPrinter::Aborted) {
     Refuse(QStringLiteral("\"%1\" refused the page").arg(name));
   }
+}
+
+void QtPrintSurface::Enqueue(const QString& command, const QString& printer,
+                             const PrintPage& page) const {
+  QTemporaryFile file(QDir::tempPath() + QStringLiteral("/vornik_XXXXXX.pdf"));
+  const QByteArray bytes = Pdf(page);
+  if (!file.open() || file.write(bytes) != bytes.size() || !file.flush()) {
+    Refuse(file.errorString());
+  }
+  QProcess job;
+  job.setStandardInputFile(QProcess::nullDevice());
+  job.start(command, {QStringLiteral("-d"), printer, QStringLiteral("-t"), document_,
+                      QStringLiteral("-o"), QStringLiteral("media=A4"), file.fileName()});
+  if (!job.waitForFinished(QueuePatienceMs)) {
+    Refuse(QStringLiteral("the queue of \"%1\" does not answer").arg(printer));
+  }
+  if (job.exitStatus() == QProcess::NormalExit && job.exitCode() == 0) return;
+  Refuse(QStringLiteral("\"%1\" refused the page (%2)")
+             .arg(printer, QString::fromLocal8Bit(job.readAllStandardError()).simplified()));
 }
 
 }  // namespace desktop

@@ -45,6 +45,8 @@ class QtPrintSurface : public platform::PrintSurface {
   QByteArray Pdf(const PrintPage& page) const;
   QString WriteFile(const PrintPage& page) const;
   void SendToPrinter(const PrintPage& page) const;
+  /// Hands the page to a queue by the system's own command, which tells when the queue refuses it.
+  void Enqueue(const QString& command, const QString& printer, const PrintPage& page) const;
 
   const QtPrinters& printers_;
   const platform::Calendar& calendar_;
