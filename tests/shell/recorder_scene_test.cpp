@@ -59,8 +59,8 @@ TEST_F(Recorder, WritesItsLogAlsoBehindAFrameOfALongerStream) {
   Frames(4000);
   scene.Receive(support::SvFrame("A LONGER NAME OF ANOTHER UNIT").Bytes());
   Stop();
-  EXPECT_THAT(Files(), ElementsAre(folder + "Errorlog " + started + ".txt",
-                                   folder + started + ".txt"));
+  EXPECT_THAT(Files(),
+              ElementsAre(folder + "Errorlog " + started + ".txt", folder + started + ".txt"));
 }
 
 TEST_F(Recorder, LeavesAnEmptyFileWithoutItsPrefixBehindTwoStreams) {
