@@ -9,7 +9,8 @@
 namespace {
 
 using support::SvFrame;
-using namespace std::chrono_literals;
+using std::chrono_literals::operator""ms;
+using std::chrono_literals::operator""s;
 namespace row = forms::report_row;
 
 class ReportScene : public ::testing::Test {

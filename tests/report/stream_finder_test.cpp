@@ -9,7 +9,8 @@ namespace {
 
 using platform::CheckItem;
 using support::SvFrame;
-using namespace std::chrono_literals;
+using std::chrono_literals::operator""ms;
+using std::chrono_literals::operator""s;
 
 class Finder : public ::testing::Test {
  protected:

@@ -6,7 +6,7 @@ using support::PlainFrame;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
-using namespace std::chrono_literals;
+using std::chrono_literals::operator""s;
 namespace line = forms::record_line;
 
 /// The whole program on its Recorder view.

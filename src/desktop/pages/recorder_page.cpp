@@ -7,6 +7,7 @@
 
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
+#include "desktop/widgets/keep_room.h"
 #include "desktop/widgets/path_label.h"
 #include "desktop/widgets/quiet_line.h"
 #include "desktop/widgets/run_column.h"
@@ -24,12 +25,6 @@ constexpr int BarHeight = 8;
 constexpr int NotStoredHeight = 34;
 /// Room at the foot of the page for the logo.
 constexpr int FootHeight = 52;
-
-void KeepRoom(QWidget& widget) {
-  QSizePolicy policy = widget.sizePolicy();
-  policy.setRetainSizeWhenHidden(true);
-  widget.setSizePolicy(policy);
-}
 
 void MakeHeading(QLabel& label) {
   label.setFont(look::BoldFont(look::HeadingSize));

@@ -5,15 +5,14 @@
 #include <QTextOption>
 
 #include "desktop/look/look.h"
+#include "desktop/widgets/keep_room.h"
 
 namespace desktop {
 
 QuietLine::QuietLine(QWidget* parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
-  QSizePolicy policy = sizePolicy();
-  policy.setRetainSizeWhenHidden(true);
-  setSizePolicy(policy);
+  KeepRoom(*this);
   look::SetTextColour(*this, look::QuietText);
 }
 

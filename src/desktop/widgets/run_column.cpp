@@ -1,6 +1,7 @@
 #include "desktop/widgets/run_column.h"
 
 #include "desktop/look/look.h"
+#include "desktop/widgets/keep_room.h"
 
 namespace desktop {
 
@@ -8,13 +9,6 @@ namespace {
 
 /// In pixels of the smallest window.
 constexpr int RowGap = 6;
-
-/// What comes and goes keeps its room, so that nothing jumps.
-void KeepRoom(QWidget& widget) {
-  QSizePolicy policy = widget.sizePolicy();
-  policy.setRetainSizeWhenHidden(true);
-  widget.setSizePolicy(policy);
-}
 
 }  // namespace
 
