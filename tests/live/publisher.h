@@ -14,11 +14,7 @@ namespace live {
 class Publisher {
  public:
   explicit Publisher(const std::string& arguments)
-      : pipe_(popen((std::string(VORNIK_PYTHON) + " " + VORNIK_PUBLISHER + " --interface " +
-                     FarEnd + " " + arguments)
-                        .c_str(),
-                    "r"),
-              pclose) {}
+      : Publisher(std::string(VORNIK_PYTHON) + " " + VORNIK_PUBLISHER, arguments) {}
 
   bool HasFinished() const {
     pollfd finished{fileno(pipe_.get()), POLLIN, 0};
@@ -26,9 +22,16 @@ class Publisher {
   }
   /// What the publisher says that it sent; waits until it has finished.
   std::string Sent() {
-    char sent[256] = {};
-    return std::fgets(sent, sizeof sent, pipe_.get()) != nullptr ? sent : "";
+    std::string sent;
+    for (int c = std::fgetc(pipe_.get()); c != EOF; c = std::fgetc(pipe_.get())) {
+      sent += static_cast<char>(c);
+    }
+    return sent;
   }
+
+ protected:
+  Publisher(const std::string& program, const std::string& arguments)
+      : pipe_(popen((program + " --interface " + FarEnd + " " + arguments).c_str(), "r"), pclose) {}
 
  private:
   std::unique_ptr<FILE, int (*)(FILE*)> pipe_;

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <sys/socket.h>
+#include <sys/uio.h>
+
+#include <string>
+#include <vector>
+
+#include "frame.h"
+
+namespace bus {
+
+/// The end of the wire that the bus sends from. Frames are gathered and go out in one call of the
+/// system.
+class FarEnd {
+ public:
+  /// Throws where there is no such interface, or no right to send on it.
+  explicit FarEnd(const std::string& interface);
+  FarEnd(const FarEnd&) = delete;
+  FarEnd& operator=(const FarEnd&) = delete;
+  ~FarEnd();
+
+  /// The frame must stay as it is until it was sent.
+  void Put(const Bytes& frame);
+  void Send();
+
+ private:
+  int socket_;
+  std::vector<iovec> frames_;
+  std::vector<mmsghdr> messages_;
+};
+
+}  // namespace bus
