@@ -211,5 +211,23 @@ TEST_F(MeasuringOnTheWire, FollowsOneChannelFrameByFrame) {
   EXPECT_EQ(Reading(1), "0.0000");
 }
 
+TEST_F(MeasuringOnTheWire, FollowsTheOtherStationWhoseSamplesStandElsewhere) {
+  // IDs and tags of different length: the samples of one stand where the other one has none.
+  ClickTab(SetupTab);
+  Type(Member("Text1", 14), "MU-OF-A-LONGER-NAME");
+  const Publisher publisher(
+      "--duration 20 --stream id=MU-A,currents=400:410:420:2 "
+      "--stream id=MU-OF-A-LONGER-NAME,tag=4:0,currents=150:151:152:1");
+  ClickTab(ValuesTab);
+  // Frame by frame no burst ends, and no start has the samples located anew.
+  Click("Check5");
+  Run();
+  for (const auto& [choice, current] : {std::pair{0, 400.0}, {1, 150.0}, {0, 400.0}, {1, 150.0}}) {
+    Click(Member("Option3", choice));
+    ASSERT_TRUE(WaitForNumber(0, current)) << "choice " << choice << ": " << Number(0);
+    EXPECT_TRUE(Program().State.CaptureRunning);
+  }
+}
+
 }  // namespace
 }  // namespace desktop
