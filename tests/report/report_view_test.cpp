@@ -165,6 +165,15 @@ TEST_F(ReportRun, SaysThatTheFrameWasTheOtherStations) {
   EXPECT_TRUE(main.Label8[0].Visible);
 }
 
+TEST_F(ReportRun, SaysThatAFrameOnlyHoldsTheFilterAndNotAsItsId) {
+  main.Text1[forms::setup_field::Content1].Text = "MU0";
+  main.Text1[forms::setup_field::Content2].Text = "MU02";
+  Run(SvFrame("MU01").Bytes());
+  EXPECT_EQ(Line(),
+            "The frame that came was sent by \"MU01\", which is more than \"MU0\". Of two streams "
+            "a report needs the whole ID: see 'Packet content filter' under 'Setup'.");
+}
+
 TEST_F(ReportRun, ANewRunTakesTheLineAway) {
   main.Text1[forms::setup_field::Content2].Text = "MU02";
   Run(SvFrame("MU02").Bytes());
