@@ -32,10 +32,12 @@ Sender Tagged(int number) {
   // Priorities and VLANs, also those whose digits are the digits of another field, those with the
   // drop bit, and those of priority alone.
   static const std::optional<std::uint16_t> Tags[] = {0x8001, std::nullopt, 0x8000, 0x8002,
-                                                      0x0000, 0x0001,       0xE00A, 0x9001,
-                                                      0x8801, 0x1800,       0xEFFE, 0x2080};
+                                                      0x0000, 0x8001,       0xE00A, 0x9001,
+                                                      0x8801, 0x1800,       0xEFFE, 0x0001};
   Sender sender = Usual(number);
   sender.Tag = At(Tags, number);
+  // What is taken for the ID of such a frame depends on its length.
+  if (number == 5) sender.Id = "LINE-" + sender.Id;
   return sender;
 }
 
@@ -56,7 +58,10 @@ Sender Addressed(int number) {
   // Addresses that hold the digits 8001, of two bytes, across bytes, and from one address into the
   // other.
   if (number == 2) sender.Source = {0x02, 0x00, 0x80, 0x01, 0x00, 0x05};
-  if (number == 4) sender.Source = {0x02, 0x18, 0x00, 0x1A, 0x00, 0x06};
+  if (number == 4) {
+    sender.Id = "LINE-" + sender.Id;
+    sender.Source = {0x02, 0x18, 0x00, 0x1A, 0x00, 0x06};
+  }
   if (number == 6) {
     sender.Destination[5] = 0x08;
     sender.Source = {0x00, 0x1B, 0x44, 0x11, 0x3A, 0xB7};
@@ -155,21 +160,17 @@ constexpr Kind Kinds[] = {
 
 }  // namespace
 
-std::vector<std::string> ProfileNames() {
-  std::vector<std::string> names;
-  for (const Kind& kind : Kinds) names.emplace_back(kind.Name);
-  return names;
-}
-
 Profile ProfileOf(const std::string& name, int senders) {
+  std::string known;
   for (const Kind& kind : Kinds) {
+    known += std::string(" ") + kind.Name;
     if (name != kind.Name) continue;
     Profile profile{{}, kind.Rate, kind.Swapped, kind.Others};
     const int count = senders == 0 ? kind.Senders : senders;
     for (int number = 0; number < count; ++number) profile.Senders.push_back(kind.Make(number));
     return profile;
   }
-  throw std::invalid_argument("no profile " + name);
+  throw std::invalid_argument("no profile " + name + " among" + known);
 }
 
 }  // namespace bus

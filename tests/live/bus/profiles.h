@@ -18,10 +18,8 @@ struct Profile {
   bool Others = false;
 };
 
-/// Names of all profiles.
-std::vector<std::string> ProfileNames();
-/// A profile with so many senders, or with those that show what it is about where that is 0. Throws
-/// where there is none of this name.
+/// A profile with so many senders, or with those that show all of it where that is 0. Throws where
+/// there is none of this name.
 Profile ProfileOf(const std::string& name, int senders);
 
 }  // namespace bus
