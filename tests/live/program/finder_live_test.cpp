@@ -1,19 +1,13 @@
 // The stream finder on a virtual wire.
 
-#include <QApplication>
 #include <QElapsedTimer>
-#include <QLabel>
-#include <QListWidget>
 #include <QPushButton>
-#include <QTimer>
-#include <algorithm>
-#include <functional>
 #include <iostream>
 #include <optional>
 #include <string>
 #include <utility>
 
-#include "live/program/program_on_the_wire.h"
+#include "live/program/finder_scene.h"
 #include "live/publisher.h"
 
 namespace desktop {
@@ -21,62 +15,11 @@ namespace {
 
 using live::Publisher;
 
-class FinderOnTheWire : public ProgramOnTheWire {
+class FinderOnTheWire : public FinderScene {
  protected:
   /// A slow sender may stay unmet for a long time.
   static constexpr int PatienceOfASearch = 80'000;
 
-  void SetUp() override {
-    // Two frames a second instead of one.
-    Store("Internal Delay", "0");
-    ProgramOnTheWire::SetUp();
-    if (IsSkipped()) return;
-    // The analysis of each frame leaves the ID in the report.
-    auto& id = Form().Label8[forms::report_row::StationId].Caption;
-    id.Observe([this, &id] { lookedAt_ << QString::fromStdString(id); });
-  }
-
-  /// Opens the finder and works in it. What the work leaves open is closed behind it.
-  void Search(std::function<void(QDialog&)> work) {
-    OnDialog([work = std::move(work)](QDialog& finder) {
-      work(finder);
-      if (finder.isVisible()) finder.reject();
-    });
-    Click("Command7");
-  }
-  /// Waits until the publishers are under way, so that the first frames tell of all of them.
-  static void WaitForFrames() {
-    ASSERT_TRUE(WaitFor([] { return live::FramesArrived() > 1000; }));
-  }
-  static QStringList Texts(const QListWidget& list) {
-    QStringList texts;
-    for (int row = 0; row < list.count(); ++row) texts << list.item(row)->text();
-    return texts;
-  }
-  static std::string Told(const QStringList& texts) { return texts.join(", ").toStdString(); }
-  /// What the list must hold for the frames that were looked at, in their order.
-  QStringList Expected() const {
-    QStringList expected;
-    QString seen;
-    for (const QString& id : lookedAt_) {
-      if (!seen.contains(id)) expected << id;
-      seen += ' ' + id;
-    }
-    return expected;
-  }
-  bool WereLookedAt(const QStringList& ids) const {
-    return std::all_of(ids.begin(), ids.end(),
-                       [this](const QString& id) { return lookedAt_.contains(id); });
-  }
-  static void Check(QListWidget& list, const QString& id) {
-    const auto found = list.findItems(id, Qt::MatchExactly | Qt::MatchCaseSensitive);
-    ASSERT_EQ(found.size(), 1) << id.toStdString();
-    list.setCurrentItem(found[0]);
-    QTest::keyClick(&list, Qt::Key_Space);
-  }
-  static QListWidget& ListOf(QDialog& finder) {
-    return *finder.findChild<QListWidget*>("IDlook.List1");
-  }
   /// Closes the box that comes on top of the finder and waits until the finder has gone with it.
   /// Gives the words of the box.
   static QString CloseBoxOver(const QDialog& finder) {
@@ -94,12 +37,6 @@ class FinderOnTheWire : public ProgramOnTheWire {
     EXPECT_TRUE(WaitFor([&] { return !finder.isVisible(); }));
     return words;
   }
-  QString Field(int index) { return Find<QLineEdit>(Member("Text1", index)).text(); }
-  QString Station(int index) {
-    return QString::fromStdString(Form().Option3[static_cast<std::size_t>(index)].Caption);
-  }
-
-  QStringList lookedAt_;
 };
 
 TEST_F(FinderOnTheWire, ListsSevenSendersAndRunShowsTheFirstOneChecked) {
