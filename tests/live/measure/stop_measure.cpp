@@ -1,0 +1,84 @@
+// Presses of STOP at all moments of a live view's cycle.
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <chrono>
+#include <iostream>
+#include <thread>
+
+#include "live/scenes/bus_scene.h"
+
+namespace desktop {
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr int Moments = 50;
+/// Of a usual cycle: a block of 100 ms, two pauses of 600 ms, and the drawing.
+constexpr milliseconds Cycle{800};
+constexpr int SettleMs = 1500;
+
+struct View {
+  const char* Name;
+  int Tab;
+  const char* Button;
+};
+
+/// A hand that presses when its moment has come, whatever the program is at. The press waits in the
+/// queue and is handled in the next pump.
+class Hand {
+ public:
+  Hand(QWidget& button, milliseconds after)
+      : press_([&button, after] {
+          std::this_thread::sleep_for(after);
+          const QPointF at(12, button.height() / 2.0);
+          for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            const bool down = type == QEvent::MouseButtonPress;
+            QApplication::postEvent(
+                &button, new QMouseEvent(type, at, button.mapToGlobal(at), Qt::LeftButton,
+                                         down ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier));
+          }
+        }) {}
+  ~Hand() { press_.join(); }
+
+ private:
+  std::thread press_;
+};
+
+class StopAtAnyMoment : public BusScene, public testing::WithParamInterface<View> {};
+
+TEST_P(StopAtAnyMoment, LeavesNothingRunning) {
+  ASSERT_NO_FATAL_FAILURE(Play("locked", 7, "--spacing 5"));
+  Type(Member("Text1", static_cast<int>(forms::setup_field::Interval)), "500");
+  TypeStations("BAY-01", "BAY-05");
+  const View view = GetParam();
+  int left = 0;
+  for (int moment = 0; moment < Moments; ++moment) {
+    ClickTab(InfoTab);
+    ClickTab(view.Tab);
+    auto& button = Find<RunButton>(view.Button);
+    Press(view.Button);
+    QTest::qWait(SettleMs);
+    ASSERT_TRUE(WaitFor([&] { return button.isEnabled() && button.Position(); }));
+    {
+      const Hand hand(button, Cycle * moment / Moments);
+      QTest::qWait(static_cast<int>(Cycle.count()));
+    }
+    QTest::qWait(SettleMs);
+    const bool running = Program().State.CaptureRunning || button.Position();
+    if (!running) continue;
+    ++left;
+    std::cout << view.Name << ": still running behind the press at "
+              << (Cycle * moment / Moments).count() << " ms" << std::endl;
+  }
+  std::cout << view.Name << ": " << left << " of " << Moments << " presses left capture running"
+            << std::endl;
+}
+
+INSTANTIATE_TEST_SUITE_P(On, StopAtAnyMoment,
+                         testing::Values(View{"Values", 2, "CWButton4"},
+                                         View{"Phasor", 3, "CWButton2"},
+                                         View{"Waveforms", 4, "CWButton1"}));
+
+}  // namespace
+}  // namespace desktop
