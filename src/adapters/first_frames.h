@@ -30,6 +30,7 @@ class FirstFrames : public FrameSource {
   void Stop() override;
   void TakeNoMore() override { source_->TakeNoMore(); }
   void Release() override;
+  platform::Presence Presence() override { return source_->Presence(); }
   std::optional<platform::CapturedFrame> Next() override;
 
  private:
