@@ -51,14 +51,13 @@ SampleLocator::Found SampleLocator::Scan(const PacketBytes& bytes, std::int32_t 
 
 void SampleLocator::Locate(const PacketBytes& bytes, std::int32_t packetLength,
                            std::size_t stream) {
-  state_.SamplesLocated[stream] = false;
   Found found = Scan(bytes, std::min(bytes.FrameLength(), packetLength));
   if (found.Channels == 0) found = Scan(bytes, packetLength);
+  state_.SamplesLocated[stream] = found.Channels;
   if (found.SampleCount != 0) state_.SampleCountOffset[stream] = found.SampleCount;
   if (found.Channels == 0) return;
   state_.ValueOffset[stream] = found.Values;
   state_.ChannelCount = found.Channels;
-  state_.SamplesLocated[stream] = true;
 }
 
 void SampleLocator::FindQualitySettings(const PacketBytes&, std::size_t) {}

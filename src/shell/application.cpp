@@ -52,7 +52,8 @@ Application::Application(const Platform& platform)
       watchdog_(State, Main, Main.Buttons(), capture_, tabs_, *this, services_),
       restart_(State, Settings, Main, Main.Buttons(), capture_, platform.Events),
       release_(Main, Main.Buttons()),
-      waiting_(State, Settings, Present, Main, Main.Buttons(), platform.Timers, platform.Numbers),
+      waiting_(State, Settings, Present, Main, Main.Buttons(), capture_, platform.Timers,
+               platform.Numbers),
       frameAnalysis_(Main, Main, Settings, Present, platform.Code, services_),
       report_({Main, Main, State, capture_, frameAnalysis_}, platform.Events, platform.Program),
       printing_{
