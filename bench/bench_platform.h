@@ -93,6 +93,7 @@ class BenchCapture : public platform::CaptureLayer {
     void Start() override { layer_.Running = true; }
     void Stop() override { layer_.Running = false; }
     void DeliverArrived() override {}
+    platform::Presence AdapterPresence() override { return platform::Presence::There; }
 
    private:
     BenchCapture& layer_;

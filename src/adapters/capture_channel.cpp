@@ -93,6 +93,10 @@ void CaptureChannel::DeliverArrived() {
   }
 }
 
+platform::Presence CaptureChannel::AdapterPresence() {
+  return selected_ == nullptr ? platform::Presence::There : selected_->Source().Presence();
+}
+
 void CaptureChannel::SetRunning(bool running) {
   if (running == running_) return;
   running_ = running;

@@ -40,6 +40,7 @@ class CaptureChannel : public platform::CaptureObject {
   void Start() override;
   void Stop() override;
   void DeliverArrived() override;
+  platform::Presence AdapterPresence() override;
 
   /// Raises `OnPacket` for one frame that is due; False when none is due, or when many others had
   /// to be looked at.

@@ -35,6 +35,7 @@ class FirstFrames : public FrameSource {
   /// A gathering that is under way ends with what has arrived.
   void TakeNoMore() override;
   void Release() override;
+  platform::Presence Presence() override { return source_->Presence(); }
   std::optional<platform::CapturedFrame> Next() override;
   bool LookedAtAll() const override { return lookedAtAll_; }
 

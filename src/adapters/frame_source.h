@@ -40,6 +40,8 @@ class FrameSource {
   virtual void TakeNoMore() = 0;
   /// Gives back what `Prepare` opened; called when another adapter is chosen.
   virtual void Release() = 0;
+  /// What the system tells of the place where the frames come from.
+  virtual platform::Presence Presence() { return platform::Presence::There; }
   /// The next selected frame that is due now; nothing also where it has looked at as many as one
   /// call may. Its bytes are valid until the next call of any operation.
   virtual std::optional<platform::CapturedFrame> Next() = 0;

@@ -44,12 +44,15 @@ struct AcquisitionState {
   std::array<std::int16_t, 2> SampleCountOffset{};
   /// Per stream: 1-based position of the first byte of seqData.
   std::array<std::int16_t, 2> ValueOffset{};
-  /// Per stream: the last scan found seqData. Where it did not, older offsets stay in use.
-  std::array<bool, 2> SamplesLocated{};
+  /// Per stream: the channels of the seqData that the last scan found; 0 where it found none, and
+  /// older offsets stay in use.
+  std::array<std::int16_t, 2> SamplesLocated{};
   /// Transmitted channels, the length of seqData over 8; shared by both streams.
   std::int16_t ChannelCount = 0;
 
   RunCounters Counters;
+  /// So many of the next frames that are longer than expected are looked at for whose they are.
+  std::int32_t LooksAtLonger = 0;
 
   /// Counts the tab changes. A tab change ends every run, also one whose next burst is about to
   /// start: a start that finds the count changed behind one of its pumps is dropped.

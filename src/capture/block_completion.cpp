@@ -16,9 +16,6 @@ void PacketDispatcher::CompleteBlock(bool signalOk) {
   const std::uint32_t station = state_.StationChanges;
   const auto current = [&] { return signalOk && state_.StationChanges == station; };
   run_([&] { frameIndex_[0] = 0; }, [&] { Advance(state_.BlockCount); },
-       [&] {
-         if (!signalOk) ++state_.Counters.SilentBlocks;
-       },
        [&] { services_.Events.Pump(); },
        [&] {
          if (state_.LookingForScope) ShowBlock(current, [&] { PlotBlock(); });

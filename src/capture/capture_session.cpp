@@ -171,6 +171,10 @@ Verdict CaptureSession::OnStopFailure(const Failure& failure) {
                                                              : Verdict::LeaveRoutine;
 }
 
+platform::Presence CaptureSession::AdapterPresence() {
+  return aPacketX_ ? aPacketX_->AdapterPresence() : platform::Presence::There;
+}
+
 void CaptureSession::StopBehindArrived() {
   RunSteps(services_.Program, &OnStopFailure, [&] { aPacketX().DeliverArrived(); });
   StopCapture();

@@ -50,6 +50,9 @@ class CaptureSession {
   /// The same for a run that keeps every frame: what has arrived by now is handed over first.
   void StopBehindArrived();
 
+  /// Whether the adapter in use is there to deliver; for times without frames.
+  platform::Presence AdapterPresence();
+
   /// Capture rests: a burst or a run has ended, or one is about to begin.
   platform::Event<> Stopped;
   /// A start did not begin, because the capture filter was refused; the user has not been told yet.

@@ -25,6 +25,8 @@ class PacketBytes {
     std::fill_n(cells_.begin(), upper + 1, std::uint8_t{0});
   }
   std::int32_t Upper() const { return upper_; }
+  /// How many bytes of the frame stand in the cells.
+  std::int32_t FrameLength() const { return static_cast<std::int32_t>(textLength_); }
 
   std::uint8_t operator()(std::int32_t position) const {
     if (position < 0 || position > upper_) {

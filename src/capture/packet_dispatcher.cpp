@@ -1,5 +1,7 @@
 #include "capture/packet_dispatcher.h"
 
+#include <string_view>
+
 #include "config/program_facts.h"
 #include "platform/failure.h"
 
@@ -71,7 +73,8 @@ void PacketDispatcher::aPacketX_OnPacket(const CapturedFrame& pPacket) {
 
 void PacketDispatcher::MeasureLength(const CapturedFrame& pPacket) {
   run_([&] { bytes_.Redim(LengthFrameUpper); }, [&] { state_.PacketLengthPending = false; },
-       [&] { TakePacketLength(pPacket); });
+       [&] { TakePacketLength(pPacket); },
+       [&] { CountUnsearched(pPacket, &StreamCounters::SetLength); });
 }
 
 void PacketDispatcher::TakePacketLength(const CapturedFrame& pPacket) {
@@ -104,11 +107,26 @@ Flow PacketDispatcher::CopyFrame(const CapturedFrame& pPacket) {
     // It is dropped. What was expected of it is the text of the last frame, which a recording's log
     // reads at the stop.
     ++state_.Counters.TooLong;
+    if (state_.LooksAtLonger > 0) {
+      --state_.LooksAtLonger;
+      CountUnsearched(pPacket, &StreamCounters::TooLong);
+    }
     bytes_.Copy(pPacket.Bytes);
     return Flow::Leave;
   }
   bytes_.Copy(pPacket.Bytes);
   return Flow::Next;
+}
+
+void PacketDispatcher::CountUnsearched(const CapturedFrame& pPacket,
+                                       std::uint64_t StreamCounters::*count) {
+  const std::string_view text(reinterpret_cast<const char*>(pPacket.Bytes.data()),
+                              pPacket.Bytes.size());
+  for (std::size_t stream = 0; stream < filters_.size(); ++stream) {
+    if (filters_[stream].Position(text, settings_.FilterContent[stream]) > 1) {
+      ++(state_.Counters.Streams[stream].*count);
+    }
+  }
 }
 
 void PacketDispatcher::ServeFinder() {
@@ -126,15 +144,16 @@ Flow PacketDispatcher::FirstStream() {
       [&] {
         if (!state_.OffsetsKnown[0]) LocateFirst();
       },
-      [&] { CountFirst(); }, [&] { return ExtractFirst(signalOk); },
+      [&] { Count(0); }, [&] { return ExtractFirst(signalOk); },
       [&] {
         if (frameIndex_[0] == present_.BaseSamples) CompleteBlock(signalOk);
       });
 }
 
-void PacketDispatcher::CountFirst() {
-  ++state_.Counters.HeldId;
-  if (!state_.SamplesLocated[0]) ++state_.Counters.NotLocated;
+void PacketDispatcher::Count(std::size_t stream) {
+  StreamCounters& counters = state_.Counters.Streams[stream];
+  ++counters.HeldId;
+  if (state_.SamplesLocated[stream] == 0) ++counters.NotLocated;
 }
 
 void PacketDispatcher::FindDataOffsets(std::size_t stream) {
@@ -172,7 +191,7 @@ void PacketDispatcher::SecondStream() {
       [&] {
         if (!state_.OffsetsKnown[1]) LocateSecond();
       },
-      [&] { return state_.LookingForRecording ? ExtractSecond() : Flow::Next; },
+      [&] { Count(1); }, [&] { return state_.LookingForRecording ? ExtractSecond() : Flow::Next; },
       [&] {
         if (frameIndex_[1] != present_.BaseSamples) return;
         run_([&] { frameIndex_[1] = 0; }, [&] { Advance(state_.BlockCount2); },

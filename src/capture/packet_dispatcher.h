@@ -71,11 +71,15 @@ class PacketDispatcher : public PacketConsumer {
   bool LongerThanExpected(const platform::CapturedFrame& pPacket) const;
   platform::Flow CopyFrame(const platform::CapturedFrame& pPacket);
   void ServeFinder();
+  /// Counts a frame that is not searched for the streams, for those whose text it holds.
+  void CountUnsearched(const platform::CapturedFrame& pPacket,
+                       std::uint64_t StreamCounters::*count);
+  /// Counts a frame of a stream.
+  void Count(std::size_t stream);
   void TakePacketLength(const platform::CapturedFrame& pPacket);
   void ReportFrame(const platform::CapturedFrame& pPacket);
 
   platform::Flow FirstStream();
-  void CountFirst();
   void FindDataOffsets(std::size_t stream);
   void LocateFirst();
   platform::Flow ExtractFirst(bool& signalOk);

@@ -9,8 +9,9 @@
 
 namespace packetroutines {
 
-/// One second of each stream for the writer, one cell a frame. They are written in order and handed
-/// over whole, so they work as flat buffers rather than as true rings.
+/// The latest frames of each stream for the writer, one cell a frame: a second of them at 50 Hz.
+/// They are written in order and handed over whole, so they work as flat buffers rather than as
+/// true rings.
 struct RecordRings {
   /// Frames between two hand-overs.
   static constexpr std::int16_t Cells = platform::SamplesASecond;
@@ -20,11 +21,11 @@ struct RecordRings {
   CheckedArray<std::int16_t> RecordCount2;
   std::array<CheckedArray<double>, platform::channels::Count> RecordChannel2;
 
-  /// The most cells of a ring: more than forty minutes of frames.
+  /// The most cells of a ring: more than half an hour of frames.
   static constexpr std::int32_t MaximumCells = 10'000'000;
 
   /// `triggerCells` is the size that the trigger times ask for; only six rings follow it, and none
-  /// gets smaller than a second. Failure 7 where it is too large.
+  /// gets smaller than `Cells`. Failure 7 where it is too large.
   void Reserve(std::int32_t triggerCells) {
     if (triggerCells > MaximumCells) throw platform::Failure(platform::failure::OutOfMemory);
     WithMemory([&] {

@@ -1,5 +1,6 @@
 #include "capture/sample_locator.h"
 
+#include <algorithm>
 #include <string>
 
 #include "capture/raw_sample.h"
@@ -30,22 +31,33 @@ void SampleLocator::FindDataOffsets(const PacketBytes& bytes, std::int16_t packe
                               platform::Icon::Critical},
                              attempt);
       },
-      [&] { Scan(bytes, packetLength, stream); });
+      [&] { Locate(bytes, packetLength, stream); });
 }
 
-void SampleLocator::Scan(const PacketBytes& bytes, std::int16_t packetLength, std::size_t stream) {
-  state_.SamplesLocated[stream] = false;
-  for (std::int32_t i = 1; i <= packetLength - ScanMargin; ++i) {
+SampleLocator::Found SampleLocator::Scan(const PacketBytes& bytes, std::int32_t frameLength) {
+  Found found;
+  for (std::int32_t i = 1; i <= frameLength - ScanMargin; ++i) {
     const std::uint8_t tag = bytes(i);
     const std::uint8_t length = bytes(i + 1);
     const auto content = static_cast<std::int16_t>(i + 2);
-    if (tag == SmpCntTag && length == 2) state_.SampleCountOffset[stream] = content;
+    if (tag == SmpCntTag && length == 2) found.SampleCount = content;
     if (tag == SeqDataTag && (length == 32 || length == 64 || length == 96)) {
-      state_.ValueOffset[stream] = content;
-      state_.SamplesLocated[stream] = true;
-      state_.ChannelCount = length / BytesAChannel;
+      found.Values = content;
+      found.Channels = length / BytesAChannel;
     }
   }
+  return found;
+}
+
+void SampleLocator::Locate(const PacketBytes& bytes, std::int32_t packetLength,
+                           std::size_t stream) {
+  Found found = Scan(bytes, std::min(bytes.FrameLength(), packetLength));
+  if (found.Channels == 0) found = Scan(bytes, packetLength);
+  state_.SamplesLocated[stream] = found.Channels;
+  if (found.SampleCount != 0) state_.SampleCountOffset[stream] = found.SampleCount;
+  if (found.Channels == 0) return;
+  state_.ValueOffset[stream] = found.Values;
+  state_.ChannelCount = found.Channels;
 }
 
 void SampleLocator::FindQualitySettings(const PacketBytes&, std::size_t) {}

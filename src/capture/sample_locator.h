@@ -11,6 +11,10 @@ namespace packetroutines {
 
 /// Finds where a stream's frames hold smpCnt and seqData by a scan for their tag and length bytes,
 /// once a burst. The offsets are then applied to every frame of the stream without a look at it.
+///
+/// The samples must not be scanned: any of their bytes may look like a tag. So the scan of a frame
+/// that is shorter than expected, as beside a longer stream, ends in front of its own samples, and
+/// goes on to the length that is expected only where it has met no seqData until there.
 class SampleLocator {
  public:
   SampleLocator(AcquisitionState& state, RetryBox& trouble, platform::Program& program)
@@ -22,7 +26,15 @@ class SampleLocator {
   void FindQualitySettings(const PacketBytes& bytes, std::size_t stream);
 
  private:
-  void Scan(const PacketBytes& bytes, std::int16_t packetLength, std::size_t stream);
+  /// What a scan has met last; 0 where it has met none.
+  struct Found {
+    std::int16_t SampleCount = 0;
+    std::int16_t Values = 0;
+    std::int16_t Channels = 0;
+  };
+
+  static Found Scan(const PacketBytes& bytes, std::int32_t frameLength);
+  void Locate(const PacketBytes& bytes, std::int32_t packetLength, std::size_t stream);
 
   AcquisitionState& state_;
   RetryBox& trouble_;

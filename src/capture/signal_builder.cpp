@@ -56,6 +56,7 @@ void SignalBuilder::BuildingSignals(std::int32_t row, const PacketBytes& bytes, 
   const auto trap = [&](const Failure& failure, int attempt) {
     if (failure.Number() == platform::failure::SubscriptOutOfRange) {
       signalOk = false;
+      ++state_.Counters.Unread;
       return Verdict::LeaveRoutine;
     }
     return trouble_.Show(
@@ -100,9 +101,11 @@ void SignalBuilder::TakeRow(std::int32_t row, const PacketBytes& bytes) {
   }
 }
 
-void SignalBuilder::TestSilence(std::int32_t row, bool& signalOk) const {
+void SignalBuilder::TestSilence(std::int32_t row, bool& signalOk) {
   if (row != present_.BaseSamples - 1) return;
-  if (std::abs(platform::CWArray::Reduce(block_.SignalValues)) < SilenceLevel) signalOk = false;
+  if (std::abs(platform::CWArray::Reduce(block_.SignalValues)) >= SilenceLevel) return;
+  signalOk = false;
+  ++state_.Counters.SilentBlocks;
 }
 
 void SignalBuilder::RealTimeValue() {

@@ -35,7 +35,7 @@ class SignalBuilder {
 
  private:
   void TakeRow(std::int32_t row, const PacketBytes& bytes);
-  void TestSilence(std::int32_t row, bool& signalOk) const;
+  void TestSilence(std::int32_t row, bool& signalOk);
   void RealTimeValue();
 
   AcquisitionState& state_;

@@ -1,7 +1,6 @@
 #include "capture/waiting_line.h"
 
 #include "capture/modes.h"
-#include "config/setup_view.h"
 
 namespace packetroutines {
 
@@ -11,20 +10,25 @@ namespace {
 constexpr std::int32_t LookInterval = 500;
 /// A run may go this long without a block before a word is said.
 constexpr std::chrono::seconds Patience{2};
+/// The end of an outage is told for this long.
+constexpr std::chrono::seconds NewsTime{10};
+/// Frames that are too long and looked at between two looks: enough to meet every sender of a full
+/// bus, and next to nothing of the time.
+constexpr std::int32_t LooksAtLonger = 256;
 
 }  // namespace
 
 WaitingLine::WaitingLine(AcquisitionState& state, const config::Settings& settings,
                          const config::RunSettings& present, forms::SharedControls& shared,
-                         const forms::RunButtons& buttons, platform::TimerQueue& timers,
-                         const platform::NumberText& numbers)
+                         const forms::RunButtons& buttons, CaptureSession& capture,
+                         platform::TimerQueue& timers, const platform::NumberText& numbers)
     : state_(state),
       settings_(settings),
-      present_(present),
       shared_(shared),
       buttons_(buttons),
+      capture_(capture),
       timers_(timers),
-      numbers_(numbers),
+      text_(state, settings, present, numbers),
       timer_(timers) {
   timer_.Interval = LookInterval;
   timer_.Elapsed = [this] { Timer_Timer(); };
@@ -42,7 +46,7 @@ platform::QuietLine* WaitingLine::LineOfRun() const {
 void WaitingLine::CaptureStopped() {
   if (shown_) {
     // The next burst begins. The pause before it was the user's own choice and may be long.
-    since_ = timers_.Now();
+    streams_[0].Since = timers_.Now();
     shown_ = false;
   }
   FollowRun();
@@ -54,32 +58,88 @@ void WaitingLine::FollowRun() {
   Silence();
   line_ = line;
   timer_.Enabled = line != nullptr;
-  if (line != nullptr) WaitAnew();
+  if (line != nullptr) BeginAnew();
+}
+
+void WaitingLine::BeginAnew() {
+  for (std::size_t stream = 0; stream < streams_.size(); ++stream) {
+    streams_[stream] = {};
+    streams_[stream].Content = settings_.FilterContent[stream];
+    WaitAnew(streams_[stream]);
+  }
+  shown_ = false;
+  anyShown_ = false;
+  state_.LooksAtLonger = LooksAtLonger;
+  framesAtLook_ = state_.Counters.Frames;
+  outage_ = platform::Presence::There;
+  newsUntil_ = timers_.Now();
+}
+
+void WaitingLine::WaitAnew(Awaited& stream) {
+  stream.From = state_.Counters;
+  stream.Since = timers_.Now();
 }
 
 void WaitingLine::BlockShown() {
   if (line_ == nullptr) return;
-  Silence();
-  WaitAnew();
+  LookAtLocations();
+  LookAtAdapter();
+  WaitAnew(streams_[0]);
   shown_ = true;
+  anyShown_ = true;
+  if (!said_.empty()) Tell();
 }
 
-void WaitingLine::WaitAnew() {
-  state_.Counters = {};
-  station_ = settings_.FilterContent[0];
-  since_ = timers_.Now();
-  shown_ = false;
+bool WaitingLine::StationsChanged() const {
+  for (std::size_t stream = 0; stream < streams_.size(); ++stream) {
+    if (settings_.FilterContent[stream] != streams_[stream].Content) return true;
+  }
+  return false;
 }
 
 void WaitingLine::Timer_Timer() {
   FollowRun();
   if (line_ == nullptr) return;
-  if (settings_.FilterContent[0] != station_) {
-    Silence();
-    WaitAnew();
+  if (StationsChanged()) BeginAnew();
+  LookAtSecondStream();
+  LookAtLocations();
+  LookAtAdapter();
+  state_.LooksAtLonger = LooksAtLonger;
+  Tell();
+}
+
+void WaitingLine::LookAtSecondStream() {
+  // No view shows the second stream: it is there as long as its frames come.
+  Awaited& second = streams_[1];
+  if (state_.Counters.Streams[1].HeldId != second.From.Streams[1].HeldId) WaitAnew(second);
+}
+
+void WaitingLine::LookAtLocations() {
+  for (std::size_t stream = 0; stream < streams_.size(); ++stream) {
+    if (state_.OffsetsKnown[stream]) streams_[stream].Located = state_.SamplesLocated[stream];
   }
-  const bool resting = shown_ && !state_.CaptureRunning;
-  if (!resting && timers_.Now() - since_ >= Patience) Say(Text());
+}
+
+void WaitingLine::LookAtAdapter() {
+  const bool still = state_.Counters.Frames == framesAtLook_;
+  framesAtLook_ = state_.Counters.Frames;
+  // Between two bursts no frame is to come.
+  if (still && !state_.CaptureRunning) return;
+  const platform::Presence present = still ? capture_.AdapterPresence() : platform::Presence::There;
+  if (outage_ != platform::Presence::There && present == platform::Presence::There) {
+    lastOutage_ = outage_;
+    newsUntil_ = timers_.Now() + NewsTime;
+  }
+  outage_ = present;
+}
+
+void WaitingLine::Tell() {
+  const std::string text = Text();
+  if (text.empty()) {
+    Silence();
+  } else {
+    Say(text);
+  }
 }
 
 void WaitingLine::Say(const std::string& text) {
@@ -97,39 +157,31 @@ void WaitingLine::Silence() {
 }
 
 std::string WaitingLine::Text() const {
-  const std::uint64_t frames = state_.Counters.Frames;
-  const std::string came = frames == 0   ? "no frame came in"
-                           : frames == 1 ? "1 frame came in"
-                                         : Number(frames) + " frames came in";
-  if (station_.empty() || station_ == config::NoContent) {
-    return "No station is chosen: " + came + ". See 'Packet content filter' under 'Setup'.";
-  }
-  return "Waiting for \"" + station_ + "\": " + came + (frames == 0 ? "" : Whereabouts()) + ".";
-}
-
-/// What became of the frames. Only what is not zero is named, but for the frames of the station.
-std::string WaitingLine::Whereabouts() const {
-  const RunCounters& counters = state_.Counters;
-  const std::uint64_t held = counters.HeldId;
-  std::string text = ", " + (held == 0 ? "none" : Number(held)) + " held this ID";
-  if (counters.TooLong > 0) {
-    text += ", " + Number(counters.TooLong) + (counters.TooLong == 1 ? " was" : " were") +
-            " longer than expected";
-  }
-  if (counters.NotLocated > 0) {
-    const bool all = counters.NotLocated == held;
-    text += (all ? ", their samples" : ", the samples of " + Number(counters.NotLocated)) +
-            std::string(" could not be located");
-  } else if (counters.SilentBlocks > 0) {
-    text += ", the signal is silent";
-  } else if (held > 0 && held < static_cast<std::uint64_t>(present_.BaseSamples)) {
-    text += ", a block takes " + Number(static_cast<std::uint64_t>(present_.BaseSamples));
+  if (outage_ != platform::Presence::There) return WaitingText::Outage(outage_);
+  std::string text;
+  const auto add = [&](const std::string& sentence) {
+    if (!text.empty() && !sentence.empty()) text += " ";
+    text += sentence;
+  };
+  if (timers_.Now() < newsUntil_) add(WaitingText::OutageOver(lastOutage_));
+  add(TextOf(0));
+  if (state_.LookingForRecording && text_.IsChosen(1)) add(TextOf(1));
+  if (streams_[0].Located.value_or(0) > 0 && streams_[1].Located.value_or(0) > 0) {
+    add(text_.SharedChannels({*streams_[0].Located, *streams_[1].Located}));
   }
   return text;
 }
 
-std::string WaitingLine::Number(std::uint64_t count) const {
-  return numbers_.General(static_cast<double>(count));
+std::string WaitingLine::TextOf(std::size_t stream) const {
+  const Awaited& awaited = streams_[stream];
+  if (IsAwaited(stream)) return text_.Waiting(stream, state_.Counters - awaited.From);
+  const bool comes = stream != 0 || anyShown_;
+  return comes && awaited.Located == 0 ? text_.NotLocated(stream) : "";
+}
+
+bool WaitingLine::IsAwaited(std::size_t stream) const {
+  const bool resting = stream == 0 && shown_ && !state_.CaptureRunning;
+  return !resting && timers_.Now() - streams_[stream].Since >= Patience;
 }
 
 }  // namespace packetroutines

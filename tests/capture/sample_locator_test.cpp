@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <random>
 
 #include "support/capture_bench.h"
 
@@ -295,6 +296,95 @@ TEST(SampleLocator, LeavesTheScanAndEndsTheRunOnStop) {
 
   EXPECT_THAT(bench.Journal,
               ElementsAre("box unknown exception", "box unknown exception", "tab change"));
+}
+
+/// A frame beside a stream whose frames are longer by some bytes: the run expects those.
+void FindBesideLonger(CaptureBench& bench, const FrameBytes& frame, std::size_t longer) {
+  const auto expected = static_cast<std::int16_t>(frame.size() + longer);
+  bench.Locator.FindDataOffsets(CellsOf(frame, expected), expected, 0);
+}
+
+class BesideLonger : public testing::TestWithParam<std::size_t> {};
+
+TEST_P(BesideLonger, IsNotMisledByTheTagsInTheSamplesOfEightChannels) {
+  CaptureBench bench;
+  SvFrame frame;
+  frame.AllRaw(static_cast<std::int32_t>(0x82028740U)).Count(0x0ABC);
+
+  FindBesideLonger(bench, frame.Bytes(), GetParam());
+
+  EXPECT_EQ(bench.State.SampleCountOffset[0], PositionOf({0x0A, 0xBC}, frame.Bytes()));
+  EXPECT_EQ(bench.State.ValueOffset[0], PositionOf({0x82, 0x02, 0x87, 0x40}, frame.Bytes()));
+  EXPECT_EQ(bench.State.ChannelCount, 8);
+}
+
+TEST_P(BesideLonger, LocatesTenThousandRandomSamplesWhereTheirFrameHasThem) {
+  CaptureBench bench;
+  std::mt19937 random(1850);
+  FrameBytes bytes = SvFrame().Bytes();
+  int misled = 0;
+  for (int i = 0; i < 10'000; ++i) {
+    // Values and quality words of any kind.
+    std::generate(bytes.end() - 64, bytes.end(),
+                  [&] { return static_cast<std::uint8_t>(random()); });
+    Find(bench, bytes);
+    const auto count = bench.State.SampleCountOffset[0];
+    const auto values = bench.State.ValueOffset[0];
+    FindBesideLonger(bench, bytes, GetParam());
+    if (bench.State.SampleCountOffset[0] != count || bench.State.ValueOffset[0] != values) ++misled;
+  }
+  EXPECT_EQ(misled, 0);
+}
+
+// A VLAN tag, and a longer ID with further fields.
+INSTANTIATE_TEST_SUITE_P(SampleLocator, BesideLonger, testing::Values(4, 64));
+
+TEST(SampleLocator, FindsAFourChannelBlockBesideALongerStream) {
+  CaptureBench bench;
+  const FrameBytes frame = SvFrame().Channels(4).Count(0x0ABC).Raw(0, 0x11223344).Bytes();
+
+  FindBesideLonger(bench, frame, 31);
+
+  EXPECT_EQ(bench.State.ValueOffset[0], PositionOf({0x11, 0x22, 0x33, 0x44}, frame));
+  EXPECT_EQ(bench.State.SampleCountOffset[0], PositionOf({0x0A, 0xBC}, frame));
+  EXPECT_EQ(bench.State.ChannelCount, 4);
+}
+
+TEST(SampleLocator, DoesNotFindAFourChannelBlockBesideAStreamThatIsTooLittleLonger) {
+  CaptureBench bench;
+
+  FindBesideLonger(bench, SvFrame().Channels(4).Bytes(), 30);
+
+  EXPECT_EQ(bench.State.ValueOffset[0], 0);
+}
+
+TEST(SampleLocator, TakesTheLastMatchOfAShorterFrameToo) {
+  CaptureBench bench;
+
+  FindBesideLonger(bench, Blank(200).Put(20, 0x87, 0x40).Put(50, 0x87, 0x60).Bytes(), 64);
+
+  EXPECT_EQ(bench.State.ValueOffset[0], 52);
+  EXPECT_EQ(bench.State.ChannelCount, 12);
+}
+
+TEST(SampleLocator, KeepsTheOldCountWhereAShorterFrameHasNoneInFrontOfItsSamples) {
+  CaptureBench bench;
+  Find(bench, Blank(200).Put(30, 0x82, 2).Bytes());
+
+  FindBesideLonger(bench, Blank(200).Put(50, 0x87, 0x40).Put(180, 0x82, 2).Bytes(), 64);
+
+  EXPECT_EQ(bench.State.SampleCountOffset[0], 32);
+  EXPECT_EQ(bench.State.ValueOffset[0], 52);
+}
+
+TEST(SampleLocator, FindsNothingInAShortFrameBesideALongerStreamWithoutTags) {
+  CaptureBench bench;
+
+  FindBesideLonger(bench, Blank(60).Bytes(), 100);
+
+  EXPECT_EQ(bench.State.SampleCountOffset[0], 0);
+  EXPECT_EQ(bench.State.ValueOffset[0], 0);
+  EXPECT_THAT(bench.Dialogs.Shown, IsEmpty());
 }
 
 TEST(SampleLocator, ScansTheFrameAtHandWhereItsBlockBeganARunWithLongerFrames) {

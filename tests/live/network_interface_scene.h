@@ -48,6 +48,16 @@ class NetworkInterfaceScene : public ::testing::Test {
     return frames;
   }
 
+  /// How often a frame was sent until it was read; 0 where it never was.
+  std::size_t SentUntilOneArrives(const std::vector<std::uint8_t>& frame) {
+    Sender sender;
+    for (std::size_t sent = 1; sent <= 100; ++sent) {
+      sender.Send(frame);
+      if (!ReadAll().empty()) return sent;
+    }
+    return 0;
+  }
+
   adapters::PcapSource source_{NearEnd, "/opt/vornik"};
 };
 

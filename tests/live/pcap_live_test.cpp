@@ -21,6 +21,7 @@ using live::NetworkInterfaceScene;
 using live::Numbered;
 using live::RecordingBuffer;
 using platform::Failure;
+using platform::Presence;
 using support::FailureOf;
 using support::RaisedBy;
 namespace failure = platform::failure;
@@ -173,6 +174,53 @@ TEST_F(NetworkInterfaceScene, GoesQuietWhenItsInterfaceIsTakenAwayAndWorksAgainW
   source_.Start();
   live::Sender().Send(Numbered(1));
   EXPECT_EQ(ReadAll().size(), 1U);
+}
+
+TEST_F(NetworkInterfaceScene, GoesOnWithADeliveryWhoseInterfaceWasAwayForAWhile) {
+  for (const std::int32_t buffer : {live::ViewBuffer, RecordingBuffer}) {
+    source_.Prepare(Settings("", buffer));
+    source_.Start();
+    live::Sender().Send(Numbered(1));
+    EXPECT_EQ(ReadAll().size(), 1U);
+    EXPECT_EQ(source_.Presence(), Presence::There);
+    live::CutWire();
+    EXPECT_EQ(ReadAll().size(), 0U);
+    EXPECT_EQ(source_.Presence(), Presence::Gone);
+    live::LayWire();
+    EXPECT_EQ(source_.Presence(), Presence::There);
+    EXPECT_GT(SentUntilOneArrives(Numbered(2)), 0U) << buffer;
+    source_.Stop();
+    live::Sender().Send(Numbered(3));
+    EXPECT_EQ(ReadAll().size(), 0U);
+  }
+}
+
+TEST_F(NetworkInterfaceScene, GoesOnWithItsOwnFilterWhenItsInterfaceIsBack) {
+  source_.Prepare(Settings(" and vlan 5"));
+  source_.Start();
+  live::CutWire();
+  EXPECT_EQ(ReadAll().size(), 0U);
+  live::LayWire();
+  live::Sender sender;
+  std::vector<std::vector<std::uint8_t>> frames;
+  for (std::uint32_t i = 0; i < 100 && frames.empty(); ++i) {
+    sender.Send(Numbered(1));
+    sender.Send(Numbered(2, 132, 5));
+    frames = ReadAll();
+  }
+  ASSERT_EQ(frames.size(), 1U);
+  EXPECT_EQ(frames[0], Numbered(2, 132, 5));
+}
+
+TEST_F(NetworkInterfaceScene, GoesOnWithADeliveryWhoseInterfaceWasSwitchedOffForAWhile) {
+  source_.Prepare(Settings());
+  source_.Start();
+  live::Run("ip link set " + live::NearEnd + " down");
+  EXPECT_EQ(ReadAll().size(), 0U);
+  EXPECT_EQ(source_.Presence(), Presence::SwitchedOff);
+  live::Run("ip link set " + live::NearEnd + " up");
+  EXPECT_EQ(source_.Presence(), Presence::There);
+  EXPECT_GT(SentUntilOneArrives(Numbered(1)), 0U);
 }
 
 TEST_F(NetworkInterfaceScene, ReopensAnInterfaceThatWasReplacedWhileStopped) {

@@ -108,7 +108,38 @@ TEST_F(WaitingView, AsksForAStationWhereTheFirstFilterIsEmpty) {
   main.Text1[forms::setup_field::Content2].Text = "MU02";
   RunWithoutTheFirst(2, main.CWButton4);
   EXPECT_EQ(Line(forms::quiet_line::Values),
-            "No station is chosen: 8 frames came in. See 'Packet content filter' under 'Setup'.");
+            "No station is chosen: 8 frames came in. Choose \"MU02\" on this page.");
+  scene.Elapse(1s);
+  main.Option3[1].Value = true;
+  scene.Receive(1200, [](int i) { return SineFrame(i, 100, 10, "MU02"); });
+  EXPECT_EQ(Line(forms::quiet_line::Values), "");
+}
+
+TEST_F(WaitingView, NamesTheChoiceWhereTheSecondStationWasChosenAndOneIsLeft) {
+  scene.Select(2);
+  main.Option3[1].Value = true;
+  // A search that finds one station fills the first filter alone.
+  scene.Select(7);
+  main.Text1[forms::setup_field::Content1].Text = "";
+  main.Text1[forms::setup_field::Content2].Text = "";
+  main.Text1[forms::setup_field::Content1].Text = "MU03";
+  scene.Select(4);
+  main.CWButton1.Value = true;
+  scene.Receive(3, [](int i) { return PlainFrame(i, "MU03"); });
+  scene.Elapse(2s);
+  EXPECT_EQ(Line(forms::quiet_line::Waveforms),
+            "No station is chosen: 3 frames came in. Choose \"MU03\" on this page.");
+}
+
+TEST_F(WaitingView, NamesTheInterfaceThatWentAwayInTheMidstOfABlock) {
+  scene.Select(2);
+  main.CWButton4.Value = true;
+  scene.Receive(8, [](int i) { return PlainFrame(i); });
+  scene.Elapse(1s);
+  scene.Capture.AdapterPresence = platform::Presence::Gone;
+  scene.Elapse(1s);
+  EXPECT_EQ(Line(forms::quiet_line::Values),
+            "The network interface is gone. Please connect it again.");
 }
 
 }  // namespace

@@ -60,6 +60,7 @@ class FakeCapture::Object : public platform::CaptureObject {
     layer_.waiting_.clear();
     RaiseIfSet(layer_.StopFailure);
   }
+  platform::Presence AdapterPresence() override { return layer_.AdapterPresence; }
   void DeliverArrived() override {
     while (layer_.Running && !layer_.waiting_.empty()) {
       const std::vector<std::uint8_t> frame = layer_.waiting_.front();

@@ -61,6 +61,8 @@ class FakeCapture : public platform::CaptureLayer {
 
   std::string AdviceText;
   bool Running = false;
+  /// What is told of the adapter in use.
+  platform::Presence AdapterPresence = platform::Presence::There;
   /// What happened to collections of packets, "create" or "clear", beside the common journal.
   Journal Collections;
   FakeAdapter* Chosen = nullptr;

@@ -6,7 +6,6 @@
 #include <array>
 #include <utility>
 
-#include "adapters/interfaces/network_interface.h"
 #include "adapters/vlan_term.h"
 
 namespace adapters {
@@ -24,6 +23,9 @@ constexpr int SlotBytes = 1600;
 constexpr int UsualFrameBytes = 128;
 constexpr int FewestSlots = 2048;
 constexpr int MostSlots = 32768;
+
+/// How often a lost interface is looked for.
+constexpr std::chrono::milliseconds LostInterfacePause{500};
 
 int RingBytes(std::int32_t bufferBytes) {
   return std::clamp(bufferBytes / UsualFrameBytes, FewestSlots, MostSlots) * SlotBytes;
@@ -53,10 +55,14 @@ void PcapSource::Prepare(const SourceSettings& settings) {
   DemandUp();
 }
 
+OpenResult PcapSource::Opened(const SourceSettings& settings) const {
+  return OpenInterface(name_,
+                       {WholeFrameBytes, RingBytes(settings.BufferBytes), settings.Promiscuous});
+}
+
 void PcapSource::Open(const SourceSettings& settings) {
   Release();
-  OpenResult opened = OpenInterface(
-      name_, {WholeFrameBytes, RingBytes(settings.BufferBytes), settings.Promiscuous});
+  OpenResult opened = Opened(settings);
   if (opened.State != Reach::Ready) {
     throw InterfaceFailure(name_, opened.State, opened.Words, programPath_);
   }
@@ -129,8 +135,32 @@ void PcapSource::Release() {
   handle_.reset();
 }
 
+platform::Presence PcapSource::Presence() {
+  switch (PresentState(name_)) {
+    case Reach::Missing:
+      return platform::Presence::Gone;
+    case Reach::Down:
+      return platform::Presence::SwitchedOff;
+    default:
+      return platform::Presence::There;
+  }
+}
+
+void PcapSource::OpenAgain() {
+  const auto now = std::chrono::steady_clock::now();
+  if (bound_ || now < nextLook_) return;
+  nextLook_ = now + LostInterfacePause;
+  OpenResult opened = Opened(settings_);
+  if (opened.State != Reach::Ready) return;
+  handle_ = std::move(opened.Handle);
+  // The code of the filter is the same for every handle of the interface.
+  lost_ = pcap_setfilter(handle_.get(), &program_->Code()) != 0;
+}
+
 std::optional<platform::CapturedFrame> PcapSource::Next() {
-  if (!running_ || !handle_ || lost_) return std::nullopt;
+  if (!running_ || !handle_) return std::nullopt;
+  if (lost_) OpenAgain();
+  if (lost_) return std::nullopt;
   pcap_pkthdr* header = nullptr;
   const u_char* bytes = nullptr;
   const int read = pcap_next_ex(handle_.get(), &header, &bytes);

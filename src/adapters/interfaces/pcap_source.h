@@ -6,13 +6,15 @@
 #include <string>
 
 #include "adapters/frame_source.h"
+#include "adapters/interfaces/network_interface.h"
 #include "adapters/pcap_handle.h"
 
 namespace adapters {
 
 /// Frames of a network interface. The interface stays open between a stop and the next start, with
 /// a filter that lets nothing pass, because opening and closing a large ring would cost the time of
-/// several hundred frames.
+/// several hundred frames. One that goes away during a delivery is opened again when it is back,
+/// and the delivery goes on.
 class PcapSource : public FrameSource {
  public:
   /// Frames since the interface was opened: those that passed the filter, and those of them lost.
@@ -30,6 +32,7 @@ class PcapSource : public FrameSource {
   /// The bound is a time stamp of the system's clock, as the frames carry one.
   void TakeNoMore() override;
   void Release() override;
+  platform::Presence Presence() override;
   std::optional<platform::CapturedFrame> Next() override;
 
   Statistics Counters() const;
@@ -37,6 +40,10 @@ class PcapSource : public FrameSource {
  private:
   bool FitsOpenHandle(const SourceSettings& settings) const;
   void Open(const SourceSettings& settings);
+  /// The interface as the settings ask for it.
+  OpenResult Opened(const SourceSettings& settings) const;
+  /// Looks from time to time whether an interface that was lost is back.
+  void OpenAgain();
   /// Throws away what waits; finds out whether the interface is still there.
   void Drain();
   /// Fails where the interface is down or gone.
@@ -58,6 +65,8 @@ class PcapSource : public FrameSource {
   std::optional<std::chrono::microseconds> bound_;
   /// Reading failed: the handle is of no more use.
   bool lost_ = false;
+  /// When to look next whether a lost interface is back.
+  std::chrono::steady_clock::time_point nextLook_;
 };
 
 }  // namespace adapters

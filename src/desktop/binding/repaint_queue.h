@@ -8,7 +8,7 @@
 namespace desktop {
 
 /// Brings changed texts to their widgets, each at most once a frame of the screen. A value that is
-/// written 4000 times a second thus costs its widget some sixty updates.
+/// written with every frame thus costs its widget some sixty updates.
 class RepaintQueue {
  public:
   RepaintQueue();

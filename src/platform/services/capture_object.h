@@ -61,6 +61,9 @@ class CaptureAdapter {
   virtual void Set(std::string_view property, const Value& value) = 0;
 };
 
+/// Whether an adapter is there to deliver.
+enum class Presence { There, SwitchedOff, Gone };
+
 /// The capture control: at most one adapter in use, one frame an event, on the program's thread.
 class CaptureObject {
  public:
@@ -86,6 +89,10 @@ class CaptureObject {
   /// Raises `OnPacket` for each frame that has arrived before this moment and was not handed over
   /// yet, while delivery runs. What arrives later waits for the stop, which drops it.
   virtual void DeliverArrived() = 0;
+  /// What the system tells of the adapter in use at present. An interface that went away goes on
+  /// by itself when it is back. Asking costs a look at the system, so it is for times without
+  /// frames.
+  virtual Presence AdapterPresence() = 0;
   /// One received frame; valid until the handler returns, also where it stops, starts or pumps.
   std::function<void(const CapturedFrame&)> OnPacket;
 };

@@ -17,6 +17,11 @@ class QuietLines : public WindowScene {
   static constexpr const char* Long =
       "Waiting for \"VORNIK-SIM-1\": 80120 frames came in, 40060 held this ID, 120 were longer "
       "than expected, the samples of 4006 could not be located.";
+  /// A recording waits for two streams.
+  static constexpr const char* LongOfTwo =
+      "Waiting for \"VORNIK-SIM-1\": 80120 frames came in, none held this ID. Waiting for "
+      "\"VORNIK-SIM-2\": 80120 frames came in, those with this ID are longer than expected: RUN "
+      "measures the length anew.";
 
   QuietLine& Line(int view) { return Find<QuietLine>(Member("QuietLine", view)); }
   QWidget& Page() { return *program_->Window().findChild<QStackedWidget*>()->currentWidget(); }
@@ -56,8 +61,9 @@ TEST_F(QuietLines, StandClearOfEverythingAndMoveNothing) {
       QuietLine& line = Line(view);
       EXPECT_FALSE(line.isVisible());
       const auto before = Places();
-      Form().QuietLine[static_cast<std::size_t>(view)].Say(Long);
-      ASSERT_TRUE(WaitFor([&] { return line.text() == Long; }));
+      const char* words = view == forms::quiet_line::Recorder ? LongOfTwo : Long;
+      Form().QuietLine[static_cast<std::size_t>(view)].Say(words);
+      ASSERT_TRUE(WaitFor([&] { return line.text() == words; }));
       QTest::qWait(50);
       EXPECT_TRUE(line.isVisible());
       EXPECT_TRUE(Fits(line)) << view;

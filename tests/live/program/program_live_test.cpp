@@ -180,6 +180,31 @@ TEST_F(MeasuringOnTheWire, OutlivesAStartWithItsInterfaceGone) {
   EXPECT_TRUE(WaitForNumber(0, 400));
 }
 
+TEST_F(MeasuringOnTheWire, GoesOnWhenAnInterfaceThatWasTakenAwayInABlockIsBack) {
+  ClickTab(SetupTab);
+  // A block of twenty seconds.
+  Type(Member("Text1", 2), "80000");
+  ClickTab(ValuesTab);
+  const auto line = [this] { return Find<QLabel>(Member("QuietLine", 0)).text(); };
+  const auto held = [this] { return Program().State.Counters.Streams[0].HeldId; };
+  {
+    const Publisher publisher(std::string("--duration 20 ") + TwoStreams);
+    Run();
+    ASSERT_TRUE(WaitFor([&] { return held() > 0; }));
+    live::CutWire();
+  }
+
+  EXPECT_TRUE(WaitFor([&] { return line().startsWith("The network interface is gone."); }))
+      << line().toStdString();
+
+  live::LayWire();
+  const std::uint64_t before = held();
+  const Publisher publisher(std::string("--duration 9 ") + TwoStreams);
+  EXPECT_TRUE(WaitFor([&] { return held() > before; }));
+  EXPECT_TRUE(WaitFor([&] { return line().startsWith("The network interface is back."); }))
+      << line().toStdString();
+}
+
 TEST_F(MeasuringOnTheWire, ReadsTheKnownAngles) {
   const Publisher publisher(
       "--duration 7 --stream id=MU-A,tag=4:0,currents=400:410:420:2,"

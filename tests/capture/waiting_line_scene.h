@@ -1,0 +1,64 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
+
+#include "capture/waiting_line.h"
+#include "config/setup_view.h"
+#include "support/capture_bench.h"
+
+namespace packetroutines {
+
+using std::chrono::milliseconds;
+using std::chrono::seconds;
+using support::FrameBytes;
+using support::PlainFrame;
+using support::SvFrame;
+
+/// A run that is looked at, on a bus in the hands of the test. One station is chosen, "MU01".
+class WaitingLineScene : public testing::Test {
+ protected:
+  WaitingLineScene() {
+    bench.Settings.FilterContent[1] = config::NoContent;
+    bench.Acquisition.Stopped = [this] { waiting_.CaptureStopped(); };
+    ON_CALL(bench.Views, BlockShown).WillByDefault(testing::Invoke([this] {
+      waiting_.BlockShown();
+    }));
+  }
+
+  void Start(platform::CWButton& button, const char* mode) {
+    button.Value = true;
+    bench.Run(mode);
+  }
+  void StartRecording(const FrameBytes& first) {
+    Start(bench.Main.CWButton3, "LookingForRecording");
+    bench.Receive(first);
+  }
+  void StartValues() { Start(bench.Main.CWButton4, "LookingForValues"); }
+  /// Values, with the frame length already known.
+  void StartValuesWith(const FrameBytes& first) {
+    StartValues();
+    bench.Receive(first);
+  }
+  void Restart() { bench.Acquisition.StartCapture("LookingForValues"); }
+  void Frames(int count, const FrameBytes& frame) {
+    bench.Receive(count, [&](int) { return frame; });
+  }
+  std::string Line(std::size_t view = forms::quiet_line::Values) {
+    const platform::QuietLine& line = bench.Main.QuietLine[view];
+    EXPECT_EQ(line.Visible, !line.Caption.Get().empty());
+    return line.Caption;
+  }
+
+  support::CaptureBench bench;
+  AcquisitionState& state = bench.State;
+
+ private:
+  WaitingLine waiting_{state,        bench.Settings,       bench.Present,
+                       bench.Main,   bench.Main.Buttons(), bench.Acquisition,
+                       bench.Timers, bench.Numbers};
+};
+
+}  // namespace packetroutines
