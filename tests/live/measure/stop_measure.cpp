@@ -16,7 +16,8 @@ using std::chrono::milliseconds;
 constexpr int Moments = 50;
 /// Of a usual cycle: a block of 100 ms, two pauses of 600 ms, and the drawing.
 constexpr milliseconds Cycle{800};
-constexpr int SettleMs = 1500;
+/// Long enough for another burst to begin.
+constexpr int SettleMs = 1000;
 
 struct View {
   const char* Name;
@@ -58,7 +59,7 @@ TEST_P(StopAtAnyMoment, LeavesNothingRunning) {
     ClickTab(view.Tab);
     auto& button = Find<RunButton>(view.Button);
     Press(view.Button);
-    QTest::qWait(SettleMs);
+    // A second into the run, which shows blocks by then.
     ASSERT_TRUE(WaitFor([&] { return button.isEnabled() && button.Position(); }));
     {
       const Hand hand(button, Cycle * moment / Moments);
