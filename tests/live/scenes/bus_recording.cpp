@@ -3,8 +3,6 @@
 #include <QDialog>
 #include <QFile>
 #include <algorithm>
-#include <chrono>
-#include <thread>
 
 #include "live/scenes/bus_scene.h"
 #include "live/scenes/wire_tap.h"
@@ -71,7 +69,7 @@ void BusScene::Record(const std::string& first, const std::string& second) {
       << (Form().OnDisk[0].Caption.Get().empty() ? first : second);
   OnDialog([](QDialog& dialog) { dialog.reject(); });
   Press("CWButton3");
-  tap.TakeTo(sent);
+  tap.TakeAllTo(sent);
   ASSERT_EQ(tap.Missed(), 0U);
   const std::string folder = home_.filePath("StoredData").toStdString() + "/";
   ExpectStored(Unit(first), sent, folder + "1_" + Program().State.RecordFileName);

@@ -4,7 +4,6 @@
 #include <QPushButton>
 #include <QTableWidget>
 #include <algorithm>
-#include <chrono>
 #include <stdexcept>
 
 #include "live/scenes/wire_tap.h"

@@ -2,10 +2,12 @@
 
 #include <pcap/pcap.h>
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "live/wire.h"
@@ -24,7 +26,7 @@ class WireTap {
     pcap_t* handle = handle_.get();
     pcap_set_snaplen(handle, SnapshotLength);
     pcap_set_buffer_size(handle, BufferBytes);
-    pcap_set_timeout(handle, 1);
+    pcap_set_timeout(handle, HandOverMs);
     if (pcap_activate(handle) < 0) throw std::runtime_error(pcap_geterr(handle));
     bpf_program program{};
     if (pcap_compile(handle, &program, filter.c_str(), 1, PCAP_NETMASK_UNKNOWN) < 0) {
@@ -42,6 +44,11 @@ class WireTap {
     };
     pcap_dispatch(handle_.get(), -1, add, reinterpret_cast<u_char*>(&frames));
   }
+  /// Adds all that was on the wire up to now.
+  void TakeAllTo(std::vector<Frame>& frames) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(3 * HandOverMs));
+    TakeTo(frames);
+  }
   /// Frames that it had no room for.
   unsigned Missed() const {
     pcap_stat counts{};
@@ -52,6 +59,9 @@ class WireTap {
  private:
   static constexpr int SnapshotLength = 2048;
   static constexpr int BufferBytes = 32 << 20;
+  /// The buffer is handed over piece by piece, each one when it is full or after this time; there
+  /// are some 250 pieces.
+  static constexpr int HandOverMs = 20;
 
   char words_[PCAP_ERRBUF_SIZE] = {};
   std::unique_ptr<pcap_t, void (*)(pcap_t*)> handle_;
