@@ -131,6 +131,21 @@ TEST_F(WaitingView, NamesTheChoiceWhereTheSecondStationWasChosenAndOneIsLeft) {
             "No station is chosen: 3 frames came in. Choose \"MU03\" on this page.");
 }
 
+TEST_F(WaitingView, NamesTheSamplesOfAChosenStationThatCannotBeLocated) {
+  scene.Select(2);
+  main.CWButton4.Value = true;
+  scene.Receive(PlainFrame(0));
+  scene.ReceiveBlock([](int i) { return SineFrame(i, 100, 10); });
+  main.Option3[1].Value = true;
+  const auto two = [](int i) {
+    return support::SvFrame("MU02").Count(static_cast<std::uint16_t>(i)).Channels(2).Bytes();
+  };
+  for (int block = 0; block < 4; ++block) scene.ReceiveBlock(two);
+  scene.Elapse(500ms);
+  EXPECT_NE(Line(forms::quiet_line::Values).find("could not be located"), std::string::npos)
+      << Line(forms::quiet_line::Values);
+}
+
 TEST_F(WaitingView, NamesTheInterfaceThatWentAwayInTheMidstOfABlock) {
   scene.Select(2);
   main.CWButton4.Value = true;

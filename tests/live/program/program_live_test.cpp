@@ -188,7 +188,7 @@ TEST_F(MeasuringOnTheWire, GoesOnWhenAnInterfaceThatWasTakenAwayInABlockIsBack) 
   const auto line = [this] { return Find<QLabel>(Member("QuietLine", 0)).text(); };
   const auto held = [this] { return Program().State.Counters.Streams[0].HeldId; };
   {
-    const Publisher publisher(std::string("--duration 20 ") + TwoStreams);
+    const Publisher publisher(std::string("--duration 20 ") + TwoStreams + " 2>/dev/null");
     Run();
     ASSERT_TRUE(WaitFor([&] { return held() > 0; }));
     live::CutWire();
