@@ -50,4 +50,12 @@ void SampleLocator::Scan(const PacketBytes& bytes, std::int16_t packetLength, st
 
 void SampleLocator::FindQualitySettings(const PacketBytes&, std::size_t) {}
 
+void SampleLocator::Forget() {
+  state_.OffsetsKnown = {};
+  state_.SampleCountOffset = {};
+  state_.ValueOffset = {};
+  state_.SamplesLocated = {};
+  state_.ChannelCount = 0;
+}
+
 }  // namespace packetroutines
