@@ -15,7 +15,8 @@ constexpr std::int32_t BlockPause = 100;
 void PacketDispatcher::CompleteBlock(bool signalOk) {
   const std::uint32_t station = state_.StationChanges;
   const auto current = [&] { return signalOk && state_.StationChanges == station; };
-  run_([&] { frameIndex_[0] = 0; }, [&] { Advance(state_.BlockCount); },
+  run_([&] { frameIndex_[0] = 0; }, [&] { builder_.KeepBlock(); },
+       [&] { Advance(state_.BlockCount); },
        [&] {
          if (!signalOk) ++state_.Counters.SilentBlocks;
        },

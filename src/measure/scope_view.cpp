@@ -63,9 +63,14 @@ void ScopeView::SelectPan() {
   scope_.sevOption1[forms::graph_mode::Pan].Value = true;
 }
 
+const platform::BlockMatrix& ScopeView::BlockToPlot() const {
+  // A run that was stopped in the midst of a burst has left the first rows of another block.
+  return context_.State.LookingForScope ? context_.Block.SignalValues : context_.Block.LastBlock;
+}
+
 void ScopeView::PlotBlock(std::string_view mode) {
   for (std::size_t i = 0; i < scope_.CWGraph1.Plots.size(); ++i) {
-    const auto column = array_.Column(context_.Block.SignalValues, i);
+    const auto column = array_.Column(BlockToPlot(), i);
     std::vector<double> x(column.begin(), column.end());
     const bool shown = scope_.Check2[i].Value == 1;
     // A hidden curve is all zeros, so that no stale one takes part in a later scaling.
