@@ -1,6 +1,7 @@
 #include "measure/scope_view.h"
 
 #include <array>
+#include <cstdint>
 #include <vector>
 
 #include "platform/stream_format.h"
@@ -126,6 +127,7 @@ void ScopeView::CWGraph2_MouseDown(std::int16_t button) {
 }
 
 void ScopeView::CWButton1_ValueChanged() {
+  const std::uint32_t tabChanges = context_.State.TabChanges;
   context_.Events.Pump();
   if (scope_.CWButton1.Value) {
     scope_.CWButton1.Enabled = false;
@@ -136,8 +138,13 @@ void ScopeView::CWButton1_ValueChanged() {
     context_.Capture.SetupAdapter(packetroutines::LiveBuffer);
     context_.Capture.StartCapture("LookingForScope");
   } else {
-    context_.State.LookingForScope = false;
-    context_.Capture.StopCapture();
+    // A view that is left by now was stopped by that, and what runs is another one.
+    if (context_.State.TabChanges == tabChanges) {
+      context_.State.LookingForScope = false;
+      context_.Capture.StopCapture();
+    }
+    // RUN may have been pressed in the pumps of the stop.
+    if (scope_.CWButton1.Value) return;
     scope_.CWButton1.Enabled = true;
     scope_.Command1.Enabled = true;
   }
