@@ -149,6 +149,17 @@ TEST_F(SettingsStore, OfADamagedFileIsWrittenWithoutAComplaint) {
   EXPECT_EQ(TellAtExit(), "");
 }
 
+TEST_F(SettingsStore, OfAFileThatIsDamagedMeanwhileIsWrittenWithoutAComplaint) {
+  Put("[INI]\nFrequency=50\n");
+  ASSERT_EQ(Get("Frequency"), "50");
+  Put("[INI\nno equals sign, and longer than before\n\x01=%zz\n");
+  Set("Frequency", "60");
+  Idle();
+
+  EXPECT_THAT(Held(), HasSubstr("Frequency=60"));
+  EXPECT_THAT(boxes.Texts, IsEmpty());
+}
+
 TEST_F(SettingsStore, OfADamagedFileReportsARealFailure) {
   Put("[INI\nno equals sign\n");
   Get("Frequency");
