@@ -56,6 +56,8 @@ struct BlockArrays {
 
   platform::BlockMatrix SignalValues;
   platform::BlockMatrix SignalValues2;
+  /// The first stream's rows as they stood when its last block was complete.
+  platform::BlockMatrix LastBlock;
   CheckedArray<std::int32_t> SampleCount;
   CheckedArray<std::int16_t> SampleCount2;
 
@@ -71,11 +73,15 @@ struct BlockArrays {
     WithMemory([&] {
       fresh.SignalValues.Rebuild(baseSamples);
       fresh.SignalValues2.Rebuild(baseSamples);
+      fresh.LastBlock.Rebuild(baseSamples);
       fresh.SampleCount.Redim(baseSamples);
       fresh.SampleCount2.Redim(baseSamples);
     });
     *this = std::move(fresh);
   }
+
+  /// The block is complete. The next burst overwrites it row by row and may be stopped on the way.
+  void KeepBlock() { LastBlock.CopyFrom(SignalValues); }
 };
 
 }  // namespace packetroutines

@@ -5,6 +5,8 @@
 
 namespace packetroutines {
 
+using platform::Flow;
+
 namespace {
 
 /// Pause between a block of a live view and the restart of capture, in ms.
@@ -14,24 +16,33 @@ constexpr std::int32_t BlockPause = 100;
 
 void PacketDispatcher::CompleteBlock(bool signalOk) {
   const std::uint32_t station = state_.StationChanges;
+  const std::uint32_t tabChanges = state_.TabChanges;
+  // A view that was chosen in one of the pumps, and runs already, has gathered nothing yet.
+  const auto wants = [&](bool AcquisitionState::*mode) {
+    return state_.*mode && state_.TabChanges == tabChanges;
+  };
   const auto current = [&] { return signalOk && state_.StationChanges == station; };
-  run_([&] { frameIndex_[0] = 0; }, [&] { Advance(state_.BlockCount); },
-       [&] { services_.Events.Pump(); },
+  run_([&] { frameIndex_[0] = 0; }, [&] { builder_.KeepBlock(); },
+       [&] { Advance(state_.BlockCount); }, [&] { services_.Events.Pump(); },
        [&] {
-         if (state_.LookingForScope) ShowBlock(current, [&] { PlotBlock(); });
+         if (wants(&AcquisitionState::LookingForScope)) ShowBlock(current, [&] { PlotBlock(); });
        },
        [&] {
-         if (state_.LookingForValues && !state_.RealTimeMode) BlockForValues(current);
+         if (wants(&AcquisitionState::LookingForValues) && !state_.RealTimeMode) {
+           BlockForValues(current);
+         }
        },
        [&] {
          // The real-time value was shown frame by frame.
-         if (state_.LookingForValues && state_.RealTimeMode) consumers_.Views.BlockShown();
+         if (wants(&AcquisitionState::LookingForValues) && state_.RealTimeMode) {
+           consumers_.Views.BlockShown();
+         }
        },
        [&] {
-         if (state_.LookingForRecording) BlockForRecording();
+         if (wants(&AcquisitionState::LookingForRecording)) BlockForRecording();
        },
        [&] {
-         if (state_.LookingForPhases) {
+         if (wants(&AcquisitionState::LookingForPhases)) {
            ShowBlock(current, [&] { consumers_.Views.UpdatePhases(); });
          }
        });
@@ -39,7 +50,7 @@ void PacketDispatcher::CompleteBlock(bool signalOk) {
 
 template <typename Current, typename Show>
 void PacketDispatcher::ShowBlock(Current current, Show show) {
-  run_([&] { capture_.StopCapture(); },
+  run_([&] { return capture_.StopCapture() ? Flow::Next : Flow::Leave; },
        [&] {
          if (!current()) return;
          show();

@@ -17,6 +17,22 @@ using platform::Verdict;
 namespace {
 
 constexpr const char* FixedFilter = "ether proto 0x88ba";
+constexpr const char* Refused =
+    "Capture did not start: the 'Packet filter condition' under 'Setup' was refused.";
+
+/// What is left of the box when it is closed: the line of the view that was to run.
+void TellRefusal(const AcquisitionState& state, forms::SharedControls& shared) {
+  for (const Mode& mode : Modes) {
+    if (state.*mode.Flag && mode.QuietLine != NoLine) shared.QuietLine[mode.QuietLine].Say(Refused);
+  }
+}
+
+/// The next start is another attempt.
+void TakeRefusalBack(const Mode& mode, forms::SharedControls& shared) {
+  if (mode.QuietLine == NoLine) return;
+  platform::QuietLine& line = shared.QuietLine[mode.QuietLine];
+  if (line.Caption == Refused) line.Say({});
+}
 
 }  // namespace
 
@@ -98,13 +114,13 @@ Verdict CaptureSession::OnSetupFailure(const Failure& failure) {
   return Verdict::LeaveRoutine;
 }
 
-void CaptureSession::StartCapture(ModeName mode) {
+void CaptureSession::StartCapture(ModeName name) {
   if (state_.Leaving > 0) return;
-  const std::uint32_t tabChanges = state_.TabChanges;
+  const Mode* mode = FindMode(name.Text());
   RunSteps(
       services_.Program, [this](const Failure& failure) { return OnStartFailure(failure); },
-      [&] { SetMode(mode); }, [&] { StopCapture(); },
-      [&] { return state_.TabChanges == tabChanges ? Flow::Next : Flow::Leave; },
+      [&] { SetMode(mode); }, [&] { return StopCapture() ? Flow::Next : Flow::Leave; },
+      [&] { return TakenBack(mode) ? Flow::Leave : Flow::Next; },
       [&] {
         state_.OffsetsKnown[0] = false;
         state_.OffsetsKnown[1] = false;
@@ -117,12 +133,18 @@ void CaptureSession::Begin() {
   aPacketX().Start();
 }
 
-void CaptureSession::SetMode(ModeName name) {
-  const Mode* mode = FindMode(name.Text());
+void CaptureSession::SetMode(const Mode* mode) {
   if (mode == nullptr) return;
   controls_.Timers.Timer1.Interval = mode->TimeOut;
   controls_.Timers.Timer1.Enabled = true;
   state_.*mode->Flag = true;
+  TakeRefusalBack(*mode, controls_.Shared);
+}
+
+bool CaptureSession::TakenBack(const Mode* mode) {
+  if (mode == nullptr || state_.*mode->Flag) return false;
+  controls_.Timers.Timer1.Enabled = false;
+  return true;
 }
 
 void CaptureSession::ShowIndicators(bool visible) {
@@ -138,6 +160,9 @@ Verdict CaptureSession::OnStartFailure(const Failure& failure) {
                             Icon::Exclamation});
     return Verdict::EndProgram;
   }
+  const bool recording = state_.LookingForRecording;
+  const std::uint32_t tabChanges = state_.TabChanges;
+  TellRefusal(state_, controls_.Shared);
   ShowIndicators(false);
   state_.OffsetsKnown[0] = false;
   state_.OffsetsKnown[1] = false;
@@ -149,6 +174,8 @@ Verdict CaptureSession::OnStartFailure(const Failure& failure) {
   controls_.Buttons.CWButton4.Enabled = true;
   GiveButtonsBack();
   Refused();
+  // It was away until a first ring; now there will be none.
+  if (recording && state_.TabChanges == tabChanges) controls_.Buttons.CWButton3.Visible = true;
   services_.Dialogs.Show({"Attention",
                           std::string("Can't receive packets!") + Crlf + Crlf + "Reason:" + Crlf +
                               "- filter setup ('Packet filter condition') isn't correct",
@@ -180,7 +207,7 @@ void CaptureSession::StopBehindArrived() {
   StopCapture();
 }
 
-void CaptureSession::StopCapture() {
+bool CaptureSession::StopCapture() {
   const std::uint32_t starts = starts_;
   RunSteps(
       services_.Program, &OnStopFailure, [&] { ShowIndicators(false); }, [&] { aPacketX().Stop(); },
@@ -189,16 +216,12 @@ void CaptureSession::StopCapture() {
         if (!oPacketColl_) oPacketColl_ = layer_.NewPacketCollection();
         oPacketColl_->Clear();
       },
-      [&] { services_.Events.Pump(); }, [&] { EndWhatBegan(starts); },
-      [&] { state_.CaptureRunning = false; });
+      [&] { services_.Events.Pump(); },
+      [&] {
+        if (starts_ == starts) state_.CaptureRunning = false;
+      });
   Stopped();
-}
-
-void CaptureSession::EndWhatBegan(std::uint32_t starts) {
-  if (starts_ == starts) return;
-  // A start in a pump would run on behind a program that takes itself for stopped.
-  ShowIndicators(false);
-  aPacketX().Stop();
+  return starts_ == starts;
 }
 
 }  // namespace packetroutines

@@ -43,10 +43,12 @@ class CaptureSession {
   /// Takes over the chosen adapter with a driver buffer of `buffSize` bytes and the capture filter.
   /// The wish holds for every start until the next setup.
   void SetupAdapter(std::int32_t buffSize, const platform::FrameWish& wish = {});
-  /// Begins a burst; a name that is no mode's starts capture without a mode.
-  void StartCapture(ModeName mode);
-  /// Ends a burst; legal when idle. What starts capture anew in its pumps is ended with it.
-  void StopCapture();
+  /// Begins a burst; a name that is no mode's starts capture without a mode. A mode that is taken
+  /// back in the pumps on the way begins nothing.
+  void StartCapture(ModeName name);
+  /// Ends a burst; legal when idle. A burst that begins in its pumps is newer than this stop and
+  /// goes on: the result is False then, and what the stop was for is overtaken.
+  bool StopCapture();
   /// The same for a run that keeps every frame: what has arrived by now is handed over first.
   void StopBehindArrived();
 
@@ -60,8 +62,9 @@ class CaptureSession {
 
  private:
   void Begin();
-  void EndWhatBegan(std::uint32_t starts);
-  void SetMode(ModeName name);
+  void SetMode(const Mode* mode);
+  /// The mode that a start has set is off again; nothing is awaited for it any more.
+  bool TakenBack(const Mode* mode);
   void ShowIndicators(bool visible);
   void GiveButtonsBack();
   std::string FilterExpression() const;

@@ -8,6 +8,7 @@ namespace packetroutines {
 
 using platform::Crlf;
 using platform::Failure;
+using platform::Flow;
 using platform::Verdict;
 
 namespace {
@@ -55,36 +56,42 @@ void NoDataWatchdog::Timer1_Timer() {
   }
 }
 
+Flow NoDataWatchdog::Stop() {
+  return capture_.StopCapture() ? Flow::Next : Flow::Leave;
+}
+
 void NoDataWatchdog::EndReport() {
-  run_([&] { capture_.StopCapture(); }, [&] { state_.ReportRequested = false; },
+  run_([&] { return Stop(); }, [&] { state_.ReportRequested = false; },
        [&] { ShowNoDataDialog("Building a report for required data isn't possible!"); },
        [&] { timers_.Timer1.Enabled = false; }, [&] { buttons_.Command2.Enabled = true; });
 }
 
 void NoDataWatchdog::EndRecording() {
-  run_([&] { capture_.StopCapture(); }, [&] { state_.LookingForRecording = false; },
+  run_([&] { return Stop(); }, [&] { state_.LookingForRecording = false; },
        [&] { ShowNoDataDialog("Recording isn't possible!"); },
        [&] { timers_.Timer1.Enabled = false; }, [&] { buttons_.CWButton3.Value = false; },
        [&] { buttons_.CWButton3.Enabled = true; }, [&] { tabs_.TabChange(); });
 }
 
 void NoDataWatchdog::EndFinder() {
-  run_([&] { capture_.StopCapture(); }, [&] { state_.LookingForID = false; },
+  run_([&] { return Stop(); }, [&] { state_.LookingForID = false; },
        [&] { timers_.Timer1.Enabled = false; }, [&] { ShowNoDataDialog(""); },
        [&] { finder_.UnloadIDlook(); });
 }
 
 void NoDataWatchdog::EndView() {
   // `LookingForPhases` falls in the stop path of its button.
-  run_([&] { capture_.StopCapture(); }, [&] { state_.LookingForValues = false; },
+  run_([&] { return Stop(); }, [&] { state_.LookingForValues = false; },
        [&] { state_.LookingForScope = false; }, [&] { ShowNoDataDialog(""); },
        [&] { timers_.Timer1.Enabled = false; }, [&] { buttons_.CWButton1.Enabled = false; },
        [&] { buttons_.CWButton4.Enabled = false; }, [&] { timers_.Timer3.Enabled = true; },
        [&] { buttons_.CWButton4.Value = false; }, [&] { buttons_.CWButton1.Value = false; },
        [&] { buttons_.CWButton2.Value = false; },
        [&] {
-         // The stop path of the scope has given its button back; it waits like the others.
+         // The stop path of the scope has given its button back, and that of the phasors has not
+         // run where another view did; all three wait.
          buttons_.CWButton1.Enabled = false;
+         buttons_.CWButton2.Enabled = false;
          buttons_.ShowIdleTips();
        });
 }

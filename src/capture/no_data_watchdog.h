@@ -21,6 +21,9 @@ class NoDataWatchdog {
 
  private:
   void Timer1_Timer();
+  /// Stops capture; Leave where the user has begun another run in the pumps of the stop, which is
+  /// none of this event's business.
+  platform::Flow Stop();
   void EndReport();
   void EndRecording();
   void EndFinder();

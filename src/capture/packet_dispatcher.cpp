@@ -131,7 +131,8 @@ void PacketDispatcher::CountUnsearched(const CapturedFrame& pPacket,
 
 void PacketDispatcher::ServeFinder() {
   std::string id;
-  run_([&] { capture_.StopCapture(); }, [&] { controls_.Timers.Timer1.Enabled = false; },
+  run_([&] { return capture_.StopCapture() ? Flow::Next : Flow::Leave; },
+       [&] { controls_.Timers.Timer1.Enabled = false; },
        [&] { controls_.Timers.Timer2.Interval = FinderPause; },
        [&] { id = consumers_.Report.ReportAnalyse(bytes_); },
        [&] { controls_.Timers.Timer2.Enabled = true; },

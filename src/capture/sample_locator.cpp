@@ -62,4 +62,12 @@ void SampleLocator::Locate(const PacketBytes& bytes, std::int32_t packetLength,
 
 void SampleLocator::FindQualitySettings(const PacketBytes&, std::size_t) {}
 
+void SampleLocator::Forget() {
+  state_.OffsetsKnown = {};
+  state_.SampleCountOffset = {};
+  state_.ValueOffset = {};
+  state_.SamplesLocated = {};
+  state_.ChannelCount = 0;
+}
+
 }  // namespace packetroutines

@@ -24,6 +24,8 @@ class SampleLocator {
   void FindDataOffsets(const PacketBytes& bytes, std::int16_t packetLength, std::size_t stream);
   /// The quality words are read nowhere.
   void FindQualitySettings(const PacketBytes& bytes, std::size_t stream);
+  /// As at the first start: nothing was found of any stream.
+  void Forget();
 
  private:
   /// What a scan has met last; 0 where it has met none.

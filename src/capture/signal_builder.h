@@ -29,6 +29,8 @@ class SignalBuilder {
   void BuildingSignals(std::int32_t row, const PacketBytes& bytes, bool& signalOk);
   /// Writes row `row` of the second stream, always in amperes and kilovolts.
   void BuildingSignals2(std::int32_t row, const PacketBytes& bytes, bool& signalOk);
+  /// The first stream's block is complete.
+  void KeepBlock() { block_.KeepBlock(); }
   /// Copies a row of the block into cell `ringIndex` of the rings.
   void StoreRecordSample(std::int16_t ringIndex, std::int32_t row);
   void StoreRecordSample2(std::int16_t ringIndex, std::int32_t row);

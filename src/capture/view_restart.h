@@ -12,7 +12,7 @@ namespace packetroutines {
 /// `Timer2`: starts the next burst of a live view or of the stream finder after its block.
 class ViewRestart {
  public:
-  ViewRestart(const AcquisitionState& state, const config::Settings& settings,
+  ViewRestart(AcquisitionState& state, const config::Settings& settings,
               forms::TimerControls& timers, const forms::RunButtons& buttons,
               CaptureSession& capture, platform::EventQueue& events);
 
@@ -20,10 +20,14 @@ class ViewRestart {
   void Timer2_Timer();
   /// The button of a live view that is on was released.
   bool ViewEnded() const;
+  /// The mode is a live view's, and its button is off.
+  bool Released(const Mode& mode) const;
   /// Starts the next burst of a mode that is on, after the user's delay.
-  void Restart(bool AcquisitionState::*flag, ModeName mode, bool pump);
+  void Restart(ModeName name, bool pump);
+  /// Ends a burst that has just begun for a view that was stopped before.
+  void End(const Mode& mode);
 
-  const AcquisitionState& state_;
+  AcquisitionState& state_;
   const config::Settings& settings_;
   forms::TimerControls& timers_;
   forms::RunButtons buttons_;

@@ -1,6 +1,7 @@
 #include "measure/scope_view.h"
 
 #include <array>
+#include <cstdint>
 #include <vector>
 
 #include "platform/stream_format.h"
@@ -63,9 +64,14 @@ void ScopeView::SelectPan() {
   scope_.sevOption1[forms::graph_mode::Pan].Value = true;
 }
 
+const platform::BlockMatrix& ScopeView::BlockToPlot() const {
+  // A run that was stopped in the midst of a burst has left the first rows of another block.
+  return context_.State.LookingForScope ? context_.Block.SignalValues : context_.Block.LastBlock;
+}
+
 void ScopeView::PlotBlock(std::string_view mode) {
   for (std::size_t i = 0; i < scope_.CWGraph1.Plots.size(); ++i) {
-    const auto column = array_.Column(context_.Block.SignalValues, i);
+    const auto column = array_.Column(BlockToPlot(), i);
     std::vector<double> x(column.begin(), column.end());
     const bool shown = scope_.Check2[i].Value == 1;
     // A hidden curve is all zeros, so that no stale one takes part in a later scaling.
@@ -121,6 +127,7 @@ void ScopeView::CWGraph2_MouseDown(std::int16_t button) {
 }
 
 void ScopeView::CWButton1_ValueChanged() {
+  const std::uint32_t tabChanges = context_.State.TabChanges;
   context_.Events.Pump();
   if (scope_.CWButton1.Value) {
     scope_.CWButton1.Enabled = false;
@@ -131,8 +138,13 @@ void ScopeView::CWButton1_ValueChanged() {
     context_.Capture.SetupAdapter(packetroutines::LiveBuffer);
     context_.Capture.StartCapture("LookingForScope");
   } else {
-    context_.State.LookingForScope = false;
-    context_.Capture.StopCapture();
+    // A view that is left by now was stopped by that, and what runs is another one.
+    if (context_.State.TabChanges == tabChanges) {
+      context_.State.LookingForScope = false;
+      context_.Capture.StopCapture();
+    }
+    // RUN may have been pressed in the pumps of the stop.
+    if (scope_.CWButton1.Value) return;
     scope_.CWButton1.Enabled = true;
     scope_.Command1.Enabled = true;
   }

@@ -27,6 +27,8 @@ class ScopeView {
   void PlotBlock(std::string_view mode);
 
  private:
+  /// The block as it is while the view runs, else the last one that was complete.
+  const platform::BlockMatrix& BlockToPlot() const;
   void CWButton1_ValueChanged();
   void Check2_Click(std::size_t channel);
   void sevOption1_Click(std::size_t mode);

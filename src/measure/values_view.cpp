@@ -1,5 +1,6 @@
 #include "measure/values_view.h"
 
+#include <cstdint>
 #include <string>
 
 #include "forms/run_tips.h"
@@ -85,8 +86,10 @@ void ValuesView::ShowChannelNames() {
 }
 
 void ValuesView::CWButton4_ValueChanged() {
+  const std::uint32_t tabChanges = context_.State.TabChanges;
   context_.Events.Pump();
-  if (!values_.CWButton4.Enabled) return;
+  // A view that is left by now was stopped by that, and what runs is another one.
+  if (!values_.CWButton4.Enabled || context_.State.TabChanges != tabChanges) return;
   if (values_.CWButton4.Value) {
     BeginRun();
   } else {

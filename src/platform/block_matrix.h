@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <span>
 
@@ -20,6 +21,10 @@ class BlockMatrix {
     rows_ = rows;
   }
   std::int32_t Rows() const { return rows_; }
+  /// Takes over the cells of a block of as many rows.
+  void CopyFrom(const BlockMatrix& other) {
+    std::ranges::copy(other.Cells(), cells_.All().begin());
+  }
   /// The eight cells of a row; failure 9 outside the block.
   std::span<double, Channels> Row(std::int32_t row) {
     return std::span<double, Channels>(&cells_[At(row)], Channels);

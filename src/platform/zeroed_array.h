@@ -31,6 +31,7 @@ class ZeroedArray {
   std::size_t Count() const { return count_; }
   T& operator[](std::size_t index) { return numbers_[index]; }
   const T& operator[](std::size_t index) const { return numbers_[index]; }
+  std::span<T> All() { return {numbers_.get(), count_}; }
   std::span<const T> All() const { return {numbers_.get(), count_}; }
 
  private:

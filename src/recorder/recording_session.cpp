@@ -29,6 +29,10 @@ std::string ReasonOf(const Failure& failure) {
   return noDate ? "Its name holds no date and time of a start." : failure.Text() + ".";
 }
 
+bool IsNoRecording(const packetroutines::Mode& mode) {
+  return mode.Kind != packetroutines::ModeKind::Recording;
+}
+
 }  // namespace
 
 RecordingSession::RecordingSession(forms::RecorderControls& recorder, config::Settings& settings,
@@ -174,6 +178,8 @@ void RecordingSession::Stop() {
 }
 
 void RecordingSession::StopCapture() {
+  // What runs behind a change of the tab is another view.
+  if (packetroutines::AnyModeSet(state_, IsNoRecording)) return;
   // Where the writer itself ends the recording, its ring is not free for what waits.
   if (parts_.Samples.AtWork()) {
     capture_.StopCapture();

@@ -97,9 +97,10 @@ void Application::StationChosen() {
   const bool running =
       State.CaptureRunning || packetroutines::AnyModeSet(State, packetroutines::IsLiveView);
   if (!running) return;
-  // The other station has its samples elsewhere in its frames, and may have fewer of them: nothing
-  // of the block that the old one began may stay in it.
-  State.OffsetsKnown[0] = false;
+  // The other station has its samples elsewhere in its frames, and may have fewer of them: where
+  // they cannot be located it reads as silent, and nothing of the block that the old one began may
+  // stay in it.
+  locator_.Forget();
   ++State.StationChanges;
   Block.Rebuild(Block.SignalValues.Rows());
 }

@@ -143,11 +143,12 @@ TEST_P(LiveViewWithoutData, IsStoppedWithTheDialogAndItsButtonsLocked) {
 
   Elapse(2000ms);
 
-  EXPECT_THAT(Journal, ElementsAre("stop", "pump", "clear", "pump", "timed box Attention",
-                                   "Timer1.Enabled false", "CWButton1.Enabled false",
-                                   "CWButton4.Enabled false", "Timer3.Enabled true",
-                                   "CWButton4.Value false", "CWButton1.Value false",
-                                   "CWButton2.Value false", "CWButton1.Enabled false"));
+  EXPECT_THAT(
+      Journal,
+      ElementsAre("stop", "pump", "clear", "pump", "timed box Attention", "Timer1.Enabled false",
+                  "CWButton1.Enabled false", "CWButton4.Enabled false", "Timer3.Enabled true",
+                  "CWButton4.Value false", "CWButton1.Value false", "CWButton2.Value false",
+                  "CWButton1.Enabled false", "CWButton2.Enabled false"));
   EXPECT_FALSE(valuesOrScopeAtDialog);
   EXPECT_EQ(DialogText(), NoDataText);
   EXPECT_FALSE(State.CaptureRunning);

@@ -278,6 +278,17 @@ TEST(RecordingProgress, CountsSecondsOf4000SamplesAtAnyBaseFrequency) {
   EXPECT_EQ(bench.Main.Label10[3].Caption, "0.1s / 400 samples");
 }
 
+TEST(RecordingProgress, CountsSecondsOf4000SamplesWithAnyBlock) {
+  CaptureBench bench;
+  bench.Present.BaseSamples = 100;
+  bench.Block.Rebuild(100);
+  bench.RunWithLength("LookingForRecording");
+
+  bench.Receive(300, Signal);
+
+  EXPECT_EQ(bench.Main.Label10[3].Caption, "0.075s / 300 samples");
+}
+
 TEST(RecordingProgress, SpeaksTheLocalesNumbers) {
   CaptureBench bench;
   bench.Numbers = platform::NumberText({',', '.'});

@@ -90,30 +90,56 @@ TEST_P(PumpOfTheStop, LetsATimerFire) {
   EXPECT_TRUE(running);
 }
 
-TEST_P(PumpOfTheStop, TakesBackARestart) {
+TEST_P(PumpOfTheStop, LetsARunGoOnThatBeginsInIt) {
   bench.Events.AtPump(GetParam(), [&] {
-    bench.Acquisition.StartCapture("LookingForValues");
+    bench.Acquisition.StartCapture("LookingForPhases");
     ASSERT_TRUE(bench.Capture.Running);
   });
 
-  bench.Acquisition.StopCapture();
+  EXPECT_FALSE(bench.Acquisition.StopCapture());
 
-  EXPECT_FALSE(bench.Capture.Running);
+  EXPECT_TRUE(bench.Capture.Running);
+  EXPECT_TRUE(bench.State.CaptureRunning);
+  for (const auto& indicator : bench.Main.Shape12) EXPECT_TRUE(indicator.Visible);
+}
+
+TEST_P(PumpOfTheStop, LeavesAStartBehindToANewerOne) {
+  bench.Events.AtPump(GetParam(), [&] { bench.Acquisition.StartCapture("LookingForPhases"); });
+
+  bench.Acquisition.StartCapture("LookingForValues");
+
+  EXPECT_EQ(std::count(bench.Journal.begin(), bench.Journal.end(), "start"), 1);
+  EXPECT_TRUE(bench.State.CaptureRunning);
+  EXPECT_TRUE(bench.Main.Timer1.Enabled);
+}
+
+TEST_P(PumpOfTheStop, StopsWhereNothingBegins) {
+  EXPECT_TRUE(bench.Acquisition.StopCapture());
+
   EXPECT_FALSE(bench.State.CaptureRunning);
+}
+
+/// A mode that is taken back in the pumps of its own start.
+class TakenBack : public testing::TestWithParam<std::tuple<std::size_t, int>> {};
+
+TEST_P(TakenBack, StartsNothing) {
+  CaptureBench bench;
+  const auto [place, pump] = GetParam();
+  const packetroutines::Mode& mode = packetroutines::Modes[place];
+  bench.Events.AtPump(pump, [&] { bench.State.*mode.Flag = false; });
+
+  bench.Acquisition.StartCapture(packetroutines::ModeName::Any(mode.Name));
+
+  EXPECT_THAT(bench.Journal, testing::Not(Contains("start")));
+  EXPECT_FALSE(bench.State.CaptureRunning);
+  EXPECT_FALSE(bench.Main.Timer1.Enabled);
   for (const auto& indicator : bench.Main.Shape12) EXPECT_FALSE(indicator.Visible);
 }
 
-TEST_P(PumpOfTheStop, TakesBackARestartWhoseSourceStopsWithAHarmlessFailure) {
-  bench.Events.AtPump(GetParam(), [&] {
-    bench.Acquisition.StartCapture("LookingForValues");
-    bench.Capture.StopFailure = platform::Failure(platform::failure::HarmlessStop);
-  });
-
-  bench.Acquisition.StopCapture();
-
-  EXPECT_FALSE(bench.Capture.Running);
-  EXPECT_FALSE(bench.State.CaptureRunning);
-}
+INSTANTIATE_TEST_SUITE_P(StartCapture, TakenBack,
+                         testing::Combine(testing::Range<std::size_t>(0,
+                                                                      packetroutines::Modes.size()),
+                                          testing::Values(1, 2)));
 
 INSTANTIATE_TEST_SUITE_P(StopCapture, PumpOfTheStop, testing::Values(1, 2));
 

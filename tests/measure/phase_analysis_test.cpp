@@ -103,6 +103,19 @@ TEST_F(Phases, OfPureSinesAreExactToAThousandthOfADegree) {
   }
 }
 
+TEST_F(Phases, OfExactlyHalfATurnStayOnTheirSide) {
+  // One sample alone, turned round in the other channel: a period's last has the sine 0 and the
+  // cosine 1, that of its middle the cosine -1.
+  const auto halfATurn = [this](std::int32_t row) {
+    scene.Block.Rebuild(400);
+    scene.Block.SignalValues.Row(row)[4] = 100;
+    scene.Block.SignalValues.Row(row)[1] = -100;
+    return Shift(4, 1);
+  };
+  EXPECT_EQ(halfATurn(79), 180.0);
+  EXPECT_EQ(halfATurn(39), -180.0);
+}
+
 TEST_F(Phases, MatchANaiveCorrelationOverRandomSignals) {
   std::mt19937 random(20261121);
   std::uniform_real_distribution<double> value(-1000, 1000);

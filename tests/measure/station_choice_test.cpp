@@ -39,6 +39,11 @@ FrameBytes CurrentsOfSecond(int i) {
   return Square(Second, i, 300, 0, 4);
 }
 
+/// The other station sends six channels, which is no length that is looked for.
+FrameBytes WithoutSamples(int i) {
+  return Square(Second, i, 300, 30, 6);
+}
+
 class StationChoice : public ::testing::Test {
  protected:
   StationChoice() {
@@ -131,6 +136,43 @@ TEST_F(StationChoice, LeavesNoVoltagesOfTheOtherStationBehindCurrentsAlone) {
   scene.Receive(400, CurrentsOfSecond);
 
   EXPECT_EQ(Readings(), (std::vector<std::string>{"300", "300", "300", "300", "0", "0", "0", "0"}));
+}
+
+TEST_F(StationChoice, OfOneThatCannotBeLocatedReadsAsSilent) {
+  Run(2, main.CWButton4);
+  scene.Receive(200, OfFirst);
+  main.Option3[1].Value = true;
+  EXPECT_EQ(scene.State.ChannelCount, 0);
+
+  scene.Receive(400, WithoutSamples);
+
+  EXPECT_EQ(Readings(), std::vector<std::string>(8, "0"));
+  EXPECT_FALSE(scene.State.SamplesLocated[0]);
+  EXPECT_EQ(scene.State.Counters.SilentBlocks, 1U);
+}
+
+TEST_F(StationChoice, BetweenTwoBurstsLeavesNothingOfTheOther) {
+  Run(2, main.CWButton4);
+  scene.Receive(400, OfFirst);
+  ASSERT_FALSE(scene.State.CaptureRunning);
+  main.Option3[1].Value = true;
+  scene.Elapse(100ms);
+
+  scene.Receive(400, CurrentsOfSecond);
+
+  EXPECT_EQ(Readings(), (std::vector<std::string>{"300", "300", "300", "300", "0", "0", "0", "0"}));
+}
+
+TEST_F(StationChoice, BetweenTwoBurstsOfOneThatCannotBeLocatedKeepsTheReadings) {
+  Run(2, main.CWButton4);
+  scene.Receive(400, OfFirst);
+  main.Option3[1].Value = true;
+  scene.Elapse(100ms);
+
+  scene.Receive(400, WithoutSamples);
+
+  EXPECT_EQ(main.Label5[0].Caption, "100") << "of the first station; a silent block shows nothing";
+  EXPECT_EQ(scene.State.Counters.SilentBlocks, 1U);
 }
 
 TEST_F(StationChoice, InThePumpOfACompleteBlockDropsTheBlock) {

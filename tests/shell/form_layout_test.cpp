@@ -41,6 +41,16 @@ TEST_F(Layout, SkipsTheRefusalOfAMaximisedWindow) {
   EXPECT_TRUE(main.TabStrip1.Visible);
 }
 
+TEST_F(Layout, SkipsTheRefusalOfAWindowThatCannotBeMoved) {
+  main.Window.Width.OnAssign(
+      [](std::int32_t) { throw platform::Failure(platform::failure::WindowMoving); });
+
+  Resize(9000, 11520);
+
+  EXPECT_EQ(main.Label5[0].Left, 703);
+  EXPECT_TRUE(main.TabStrip1.Visible);
+}
+
 TEST_F(Layout, TellsOnceThatItsRulesAreThrough) {
   int layouts = 0;
   std::int32_t height = 0;

@@ -131,10 +131,14 @@ TEST_P(PauseThatEndsOnTheWayOut, StartsNothingBehindTheExit) {
   scene.Elapse(1000ms);
   scene.Receive(400, Signal);
   LetThePauseEndInThePump();
+  scene.Journal.clear();
 
   scene.Select(8);
 
+  ASSERT_TRUE(ended_);
   ExpectNothingRuns();
+  EXPECT_THAT(scene.Journal, testing::Not(testing::Contains("wait 500")));
+  EXPECT_THAT(scene.Journal, testing::Not(testing::Contains("start")));
 }
 
 TEST_P(PauseThatEndsOnTheWayOut, StartsNothingBehindTheEndOfTheSession) {

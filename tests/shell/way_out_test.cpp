@@ -16,6 +16,9 @@ using std::chrono_literals::operator""ms;
 constexpr const char* RunTip =
     "'RUN' starts recording samples acc. to time base; 'STOP' freeze actual view";
 
+constexpr const char* RefusedLine =
+    "Capture did not start: the 'Packet filter condition' under 'Setup' was refused.";
+
 class WayOut : public shell_tests::TabScene {
  protected:
   void Run(std::int16_t tab, platform::CWButton& button) {
@@ -129,19 +132,16 @@ TEST_P(ViewWithoutData, LocksAllRunButtonsForASecond) {
   scene.Elapse(2000ms);
 
   ASSERT_EQ(scene.Dialogs.TimedShown.size(), 1U);
-  for (const platform::CWButton* button : {&main.CWButton1, &main.CWButton4}) {
+  const std::vector<platform::CWButton*> buttons = {&main.CWButton1, &main.CWButton2,
+                                                    &main.CWButton4};
+  for (const platform::CWButton* button : buttons) {
     EXPECT_FALSE(button->Enabled);
     EXPECT_FALSE(button->Value);
   }
-  EXPECT_FALSE(Button().Enabled);
-  EXPECT_FALSE(Button().Value);
   scene.Elapse(999ms);
-  EXPECT_FALSE(main.CWButton1.Enabled);
-  EXPECT_FALSE(main.CWButton4.Enabled);
+  for (const platform::CWButton* button : buttons) EXPECT_FALSE(button->Enabled);
   scene.Elapse(1ms);
-  for (const platform::CWButton* button : {&main.CWButton1, &main.CWButton2, &main.CWButton4}) {
-    ExpectFree(*button);
-  }
+  for (const platform::CWButton* button : buttons) ExpectFree(*button);
 }
 
 TEST_P(ViewWithoutData, GivesItsButtonTheTipOfAnIdleOne) {
@@ -186,7 +186,13 @@ TEST_F(WayOut, OfAViewLeftBeforeItsFirstFrameGivesItsButtonTheTipOfAnIdleOne) {
 
 // A refused filter.
 
-class ViewWithARefusedFilter : public ViewWithoutData {};
+class ViewWithARefusedFilter : public ViewWithoutData {
+ protected:
+  /// The quiet lines of the live views stand in the order of their tabs.
+  platform::QuietLine& Line() {
+    return main.QuietLine[static_cast<std::size_t>(GetParam().Tab - 2)];
+  }
+};
 
 TEST_P(ViewWithARefusedFilter, GetsItsButtonBack) {
   scene.Capture.StartFailure = platform::Failure(platform::failure::FilterRefused);
@@ -200,6 +206,28 @@ TEST_P(ViewWithARefusedFilter, GetsItsButtonBack) {
   ExpectFree(Button());
   EXPECT_TRUE(main.Command1.Enabled);
   EXPECT_EQ(Button().ToolTipText.Get().find("'Stop'"), std::string::npos);
+  EXPECT_EQ(Line().Caption, RefusedLine);
+}
+
+TEST_F(WayOut, OfARecordingWithARefusedFilterIsItsButton) {
+  scene.Capture.StartFailure = platform::Failure(platform::failure::FilterRefused);
+  scene.Select(5);
+
+  main.CWButton3.Value = true;
+
+  ExpectFree(main.CWButton3);
+  EXPECT_TRUE(main.CWButton3.Visible);
+  for (const platform::OptionButton& format : main.Option2) EXPECT_TRUE(format.Enabled);
+  EXPECT_EQ(main.Label10[3].ForeColor.Get(), (platform::Rgb{0, 0, 0}));
+  EXPECT_EQ(main.QuietLine[3].Caption, RefusedLine);
+  EXPECT_EQ(scene.Dialogs.Shown.size(), 1U);
+
+  scene.Capture.StartFailure.reset();
+  main.CWButton3.Value = true;
+  EXPECT_EQ(main.QuietLine[3].Caption, "");
+  scene.Receive(4001, [](int i) { return SineFrame(i, 100, 10); });
+  EXPECT_TRUE(main.CWButton3.Visible);
+  EXPECT_TRUE(scene.State.LookingForRecording);
 }
 
 TEST_P(ViewWithARefusedFilter, RunsOnceTheFilterIsMended) {
@@ -210,6 +238,7 @@ TEST_P(ViewWithARefusedFilter, RunsOnceTheFilterIsMended) {
   scene.Capture.StartFailure.reset();
 
   Button().Value = true;
+  EXPECT_EQ(Line().Caption, "");
   scene.Receive(401, [](int i) { return SineFrame(i, 100, 10); });
 
   EXPECT_TRUE(main.Timer2.Enabled);

@@ -26,15 +26,18 @@ void Follow(platform::Property<T>& property, Show show) {
   property.Observe(show);
 }
 
-/// A widget that is locked for a while keeps its focus, so that a key pressed meanwhile does not
-/// reach the next control.
-void SetEnabled(QWidget& widget, bool enabled) {
-  if (!enabled && widget.hasFocus()) {
+/// A widget that is locked or hidden for a while keeps its focus, so that a key pressed meanwhile
+/// does not reach the next control. `change` locks or hides it, or brings it back where `back`
+/// holds.
+template <typename Change>
+void KeepingFocus(QWidget& widget, bool back, Change change) {
+  if (!back && widget.hasFocus()) {
     widget.clearFocus();
     widget.setProperty(FocusKept, true);
   }
-  widget.setEnabled(enabled);
-  if (!enabled || !widget.property(FocusKept).toBool()) return;
+  change();
+  const bool usable = widget.isVisible() && widget.isEnabled();
+  if (!usable || !widget.property(FocusKept).toBool()) return;
   widget.setProperty(FocusKept, false);
   if (widget.window()->focusWidget() == nullptr) widget.setFocus();
 }
@@ -57,8 +60,12 @@ void Binder::FollowLater(platform::Property<T>& property, Show show) {
 
 void Binder::BindControl(platform::Control& control, QWidget& widget, const QString& name) {
   widget.setObjectName(name);
-  Follow(control.Visible, [&] { widget.setVisible(control.Visible); });
-  Follow(control.Enabled, [&] { SetEnabled(widget, control.Enabled); });
+  Follow(control.Visible, [&] {
+    KeepingFocus(widget, control.Visible, [&] { widget.setVisible(control.Visible); });
+  });
+  Follow(control.Enabled, [&] {
+    KeepingFocus(widget, control.Enabled, [&] { widget.setEnabled(control.Enabled); });
+  });
   Follow(control.ToolTipText, [&] { widget.setToolTip(ToQt(control.ToolTipText)); });
 }
 

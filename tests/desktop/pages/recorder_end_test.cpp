@@ -6,7 +6,7 @@
 namespace desktop {
 namespace {
 
-/// The end of the program while a worksheet is open.
+/// How a recording ends: by STOP, or with the program while a worksheet is open.
 class RecorderEnd : public WindowScene {
  protected:
   QByteArray EndOf(const QString& pattern) {
@@ -18,6 +18,43 @@ class RecorderEnd : public WindowScene {
   }
   const QByteArray endOfSheet_ = QByteArray::fromHex("0a000000");
 };
+
+TEST_F(RecorderEnd, IsPressedByTheKeyThatPressedRun) {
+  Start();
+  GoMeasure();
+  ClickTab(RecorderTab);
+  auto& button = Find<QAbstractButton>("CWButton3");
+  button.setFocus();
+  const auto pressSpace = [this] {
+    QWidget* focused = program_->Window().focusWidget();
+    QTest::keyClick(focused != nullptr ? focused : &program_->Window(), Qt::Key_Space);
+  };
+
+  pressSpace();
+  ASSERT_TRUE(Form().CWButton3.Value);
+  ASSERT_FALSE(button.isVisible());
+  // A key that comes too early reaches nothing.
+  pressSpace();
+  ASSERT_TRUE(Form().CWButton3.Value);
+  EXPECT_EQ(program_->Window().focusWidget(), nullptr);
+  ASSERT_TRUE(WaitFor([&] { return button.isVisible(); })) << "the first ring is on disk";
+  pressSpace();
+
+  EXPECT_FALSE(Form().CWButton3.Value);
+}
+
+TEST_F(RecorderEnd, LeavesTheFocusWhereTheUserHasPutItMeanwhile) {
+  Start();
+  ClickTab(RecorderTab);
+  Find<QWidget>("CWButton3").setFocus();
+  Form().CWButton3.Visible = false;
+  auto& field = Find<QWidget>(Member("Text3", 2));
+  field.setFocus();
+
+  Form().CWButton3.Visible = true;
+
+  EXPECT_TRUE(field.hasFocus());
+}
 
 TEST_F(RecorderEnd, FinishesTheSheetsThatAreStillOpen) {
   Start();

@@ -149,6 +149,18 @@ TEST_F(SettingsStore, OfADamagedFileIsWrittenWithoutAComplaint) {
   EXPECT_EQ(TellAtExit(), "");
 }
 
+TEST_F(SettingsStore, OfAFileThatIsDamagedMeanwhileIsWrittenOnTheWayOutWithoutAComplaint) {
+  Put("[INI]\nFrequency=50\n");
+  ASSERT_EQ(Get("Frequency"), "50");
+  Put("[INI\nno equals sign, and longer than before\n\x01=%zz\n");
+  Set("Frequency", "60");
+
+  // The first attempt reads the damage.
+  EXPECT_EQ(TellAtExit(), "");
+
+  EXPECT_THAT(Held(), HasSubstr("Frequency=60"));
+}
+
 TEST_F(SettingsStore, OfADamagedFileReportsARealFailure) {
   Put("[INI\nno equals sign\n");
   Get("Frequency");

@@ -33,6 +33,7 @@ TEST_F(Accessibility, EveryReadingHasItsNameItsUnitAndItsNumber) {
     const QString kind = i < 4 ? "Current Sensor %1 / [A]" : "Voltage Sensor %1 / [kV]";
     EXPECT_EQ(reading.text(QAccessible::Name), kind.arg(QChar("ABCN"[i % 4])));
     EXPECT_EQ(NumberOf(i), numbers[i]) << i;
+    EXPECT_EQ(reading.text(QAccessible::Value), numbers[i]) << i;
     EXPECT_EQ(reading.role(), QAccessible::StaticText);
     EXPECT_TRUE(reading.state().readOnly);
   }
