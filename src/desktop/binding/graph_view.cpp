@@ -37,6 +37,15 @@ constexpr int DrawMs = 30;
 /// Width of the graph's image on paper: 300 dots an inch on 180 mm.
 constexpr double PaperDots = 2126;
 
+/// Marks of a scale of seconds, which has nothing before its first sample.
+class SecondsTicker : public QCPAxisTicker {
+ protected:
+  QString getTickLabel(double tick, const QLocale& locale, QChar form, int precision) override {
+    if (tick < 0) return {};
+    return QCPAxisTicker::getTickLabel(tick, locale, form, precision) + QStringLiteral(" s");
+  }
+};
+
 }  // namespace
 
 GraphView::GraphView(platform::CWGraph& graph, Guard& guard, QWidget* parent)
@@ -104,9 +113,23 @@ void GraphView::FollowAxis(platform::Axis& axis, QCPAxis& shown) {
   axis.Maximum.Observe(ends);
 }
 
+void GraphView::FollowTime() {
+  xAxis2->setTicker(QSharedPointer<SecondsTicker>::create());
+  const auto follow = [this] {
+    const double seconds = graph_.SecondsPerPoint;
+    xAxis2->setVisible(seconds > 0);
+    xAxis2->setRange(xAxis->range() * seconds);
+    DrawSoon();
+  };
+  graph_.SecondsPerPoint.Observe(follow);
+  connect(xAxis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this, follow);
+  follow();
+}
+
 void GraphView::FollowGraph() {
   FollowAxis(graph_.XAxis, *xAxis);
   FollowAxis(graph_.YAxis, *yAxis);
+  FollowTime();
   graph_.XAxis.ScaleNow = [this] {
     ScaleX();
     DrawSoon();
@@ -212,7 +235,10 @@ void GraphView::ShowStyle(std::size_t plot) {
 }
 
 void GraphView::TakeScale() {
-  for (QCPAxis* axis : {xAxis, yAxis}) axis->setTickLabelFont(QApplication::font());
+  for (QCPAxis* axis : {xAxis, xAxis2, yAxis}) {
+    axis->setTickLabelFont(QApplication::font());
+    axis->setLabelFont(QApplication::font());
+  }
   for (std::size_t i = 0; i < curves_.size(); ++i) ShowStyle(i);
   DrawSoon();
 }

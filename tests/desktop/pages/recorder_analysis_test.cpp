@@ -97,6 +97,7 @@ TEST_F(RecorderAnalysis, TheQuickViewHasTheColoursOfTheScope) {
   StartAtRecorder();
   for (std::size_t i = 0; i < 8; ++i) {
     EXPECT_EQ(Form().CWGraph2.Plots[i].LineColor, Form().CWGraph1.Plots[i].LineColor.Get()) << i;
+    EXPECT_EQ(Form().CWGraph2.Plots[i].PointColor, Form().CWGraph2.Plots[i].LineColor.Get()) << i;
   }
 }
 
