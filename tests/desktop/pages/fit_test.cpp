@@ -91,6 +91,15 @@ TEST_F(Scaling, TextsFieldsButtonsTheStripAndTheStatusBarGrowAlike) {
   EXPECT_EQ(heights(), small);
 }
 
+TEST_F(Scaling, TheProgressOfARecordingGrowsWithItsPage) {
+  Start();
+  ClickTab(5);
+  ResizeFrame({1920, 1080});
+  ClickTab(5);
+  QTest::qWait(30);
+  EXPECT_EQ(Find<QWidget>("Label10(3)").fontInfo().pixelSize(), QApplication::font().pixelSize());
+}
+
 TEST_F(Scaling, TheRunButtonIsOneSizeOnAllViews) {
   Start();
   for (const QSize size : {QSize(1024, 768), QSize(1920, 1080)}) {
