@@ -11,7 +11,6 @@
 #include <QTableWidget>
 #include <array>
 
-#include "desktop/widgets/curve_name.h"
 #include "desktop/widgets/path_label.h"
 #include "desktop/widgets/quiet_line.h"
 #include "desktop/widgets/run_button.h"
@@ -88,7 +87,6 @@ int WordRoom(const QAbstractButton& button) {
 bool IsCut(const QWidget& widget) {
   // These cut a long text on purpose, or make it fit.
   if (qobject_cast<const desktop::PathLabel*>(&widget) != nullptr) return false;
-  if (qobject_cast<const desktop::CurveName*>(&widget) != nullptr) return false;
   if (qobject_cast<const desktop::RunButton*>(&widget) != nullptr) return false;
   if (const auto* line = qobject_cast<const desktop::QuietLine*>(&widget)) {
     const QRect words = line->fontMetrics().boundingRect(

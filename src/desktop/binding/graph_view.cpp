@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <algorithm>
 
+#include "desktop/binding/seconds_ticker.h"
 #include "desktop/look/look.h"
 #include "desktop/look/picture.h"
 #include "desktop/look/text.h"
@@ -36,15 +37,6 @@ constexpr double PointReach = 0.5;
 constexpr int DrawMs = 30;
 /// Width of the graph's image on paper: 300 dots an inch on 180 mm.
 constexpr double PaperDots = 2126;
-
-/// Marks of a scale of seconds, which has nothing before its first sample.
-class SecondsTicker : public QCPAxisTicker {
- protected:
-  QString getTickLabel(double tick, const QLocale& locale, QChar form, int precision) override {
-    if (tick < 0) return {};
-    return QCPAxisTicker::getTickLabel(tick, locale, form, precision) + QStringLiteral(" s");
-  }
-};
 
 }  // namespace
 
@@ -123,6 +115,11 @@ void GraphView::FollowTime() {
   };
   graph_.SecondsPerPoint.Observe(follow);
   connect(xAxis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this, follow);
+  // What stands beside the numbers of the axis has their size.
+  connect(this, &QCustomPlot::beforeReplot, this, [this] {
+    xAxis->setLabelFont(xAxis->tickLabelFont());
+    xAxis2->setTickLabelFont(xAxis->tickLabelFont());
+  });
   follow();
 }
 
@@ -235,10 +232,7 @@ void GraphView::ShowStyle(std::size_t plot) {
 }
 
 void GraphView::TakeScale() {
-  for (QCPAxis* axis : {xAxis, xAxis2, yAxis}) {
-    axis->setTickLabelFont(QApplication::font());
-    axis->setLabelFont(QApplication::font());
-  }
+  for (QCPAxis* axis : {xAxis, yAxis}) axis->setTickLabelFont(QApplication::font());
   for (std::size_t i = 0; i < curves_.size(); ++i) ShowStyle(i);
   DrawSoon();
 }

@@ -7,7 +7,6 @@
 
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
-#include "desktop/widgets/curve_name.h"
 #include "desktop/widgets/keep_room.h"
 #include "desktop/widgets/path_label.h"
 #include "desktop/widgets/quiet_line.h"

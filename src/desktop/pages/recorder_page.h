@@ -7,6 +7,7 @@
 #include "desktop/binding/graph_view.h"
 #include "desktop/binding/guard.h"
 #include "desktop/widgets/card.h"
+#include "desktop/widgets/curve_name.h"
 #include "forms/recorder_controls.h"
 #include "forms/shared_controls.h"
 #include "forms/values_controls.h"

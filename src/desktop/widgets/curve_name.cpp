@@ -9,15 +9,12 @@ namespace desktop {
 
 CurveName::CurveName(QWidget* parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
+  setContentsMargins(SwatchRoom(), 0, 0, 0);
 }
 
 void CurveName::SetColour(const QColor& colour) {
   colour_ = colour;
   update();
-}
-
-QSize CurveName::sizeHint() const {
-  return QLabel::sizeHint() + QSize(SwatchRoom(), 0);
 }
 
 QSize CurveName::minimumSizeHint() const {
@@ -26,8 +23,9 @@ QSize CurveName::minimumSizeHint() const {
 
 void CurveName::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  const QRect words = PaintSwatch(painter, rect(), colour_, look::Page);
+  PaintSwatch(painter, rect(), colour_, look::Page);
   painter.setPen(palette().color(QPalette::WindowText));
+  const QRect words = contentsRect();
   painter.drawText(words, Qt::AlignVCenter | Qt::AlignLeft,
                    fontMetrics().elidedText(text(), Qt::ElideRight, words.width()));
 }

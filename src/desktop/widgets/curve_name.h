@@ -13,7 +13,6 @@ class CurveName : public QLabel {
   explicit CurveName(QWidget* parent);
 
   void SetColour(const QColor& colour);
-  QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
  protected:
