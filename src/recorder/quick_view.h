@@ -32,6 +32,7 @@ class QuickView {
   GroupTable ReadGroups(std::int32_t lines);
   void Plot(GroupTable groups, std::int32_t lines);
   void OpenWorksheet();
+  void TellOfViewer(std::int32_t code);
 
   packetroutines::RecordedFile file_;
   forms::RecorderControls& recorder_;

@@ -24,20 +24,6 @@ constexpr platform::Rgb Black{0, 0, 0};
 constexpr platform::Rgb LightRed{255, 0, 0};
 constexpr platform::Rgb ButtonColour{237, 246, 240};
 
-/// Why the configuration of a recording could not be ended.
-std::string ReasonOf(const Failure& failure) {
-  const bool noDate = failure.Number() == platform::failure::TypeMismatch ||
-                      failure.Number() == platform::failure::InvalidProcedureCall;
-  return noDate ? "Its name holds no date and time of a start." : failure.Text() + ".";
-}
-
-/// What the failed end of a configuration means for the samples.
-std::string WhatOfTheSamples(const packetroutines::DiskReport& report) {
-  if (report.Gone(0) || report.Gone(1)) return "The data file is gone, too.";
-  if (!report.AnyStored(0) && !report.AnyStored(1)) return "No samples were stored.";
-  return "The samples in the data file are not affected.";
-}
-
 }  // namespace
 
 /// Keeps the phase of a stop through all of a routine that ends the recording, also behind the stop
@@ -75,7 +61,8 @@ RecordingSession::RecordingSession(forms::RecorderControls& recorder, forms::Tim
       state_(state),
       capture_(capture),
       parts_(parts),
-      services_(services) {
+      services_(services),
+      files_(parts.Context, parts.Writers, services.Usual) {
   recorder_.CWButton3.ValueChanged = [this] { CWButton3_ValueChanged(); };
   for (std::size_t i = 0; i < recorder_.Option2.size(); ++i) {
     recorder_.Option2[i].Click = [this, i] { Option2_Click(i); };
@@ -145,12 +132,12 @@ void RecordingSession::Start() {
     return !Left() && recorder_.CWButton3.Value ? Flow::Next : Flow::Leave;
   };
   const auto drop = [this](const Failure& failure) {
-    Report().Add("The recording did not begin: " + failure.Text());
+    parts_.Writers.Report.Add("The recording did not begin: " + failure.Text());
     return Verdict::LeaveRoutine;
   };
   const Flow prepared = RunSteps(
       services_.Usual.Program, drop, [&] { services_.Usual.Events.Pump(); }, goesOn,
-      [&] { CloseOlderFiles(); },
+      [&] { files_.Begin(); },
       [&] {
         state_.PacketLengthPending = true;
         capture_.SetupAdapter(packetroutines::RecordingBuffer);
@@ -169,14 +156,6 @@ void RecordingSession::Start() {
   capture_.StartCapture("LookingForRecording");
   // A refused filter has ended it.
   if (!Left() && !recorder_.CWButton3.Value) recorder_.CWButton3.Visible = true;
-}
-
-void RecordingSession::CloseOlderFiles() {
-  Report().Begin();
-  parts_.Context.Open.CloseQuietly(packetroutines::TextFile);
-  for (packetroutines::ExcelFile& sheet : parts_.Writers.Sheets.ExcelOut) {
-    TellOfMissingEnd(sheet.CloseFile(), "A worksheet of the recording before");
-  }
 }
 
 void RecordingSession::BeginProgress() {
@@ -220,7 +199,7 @@ void RecordingSession::DropStart() {
 void RecordingSession::Stop(Arrived arrived) {
   const char* left = "The recording was not ended as usual";
   const auto tell = [&](const Failure& failure) {
-    Report().Add(left + (": " + failure.Text()));
+    parts_.Writers.Report.Add(left + (": " + failure.Text()));
     return Verdict::SkipStep;
   };
   std::string progress;
@@ -228,7 +207,12 @@ void RecordingSession::Stop(Arrived arrived) {
   RunSteps(
       services_.Usual.Program, tell, [&] { services_.Usual.Events.Pump(); },
       [&] { StopCapture(arrived); }, [&] { state_.LookingForRecording = false; },
-      [&] { FinishFiles(); },
+      [&] {
+        if (HasFormat(file_format::Text)) {
+          parts_.Samples.WriteRecordBlock(packetroutines::SampleWriter::RewindText);
+        }
+      },
+      [&] { files_.Finish(); },
       [&] {
         progress = Line(line::Progress).Caption;
         Line(line::Progress).ForeColor = Black;
@@ -237,7 +221,7 @@ void RecordingSession::Stop(Arrived arrived) {
       [&] { services_.Usual.Events.Pump(); },
       [&] {
         left = "Log and quick view are left out";
-        found = FindRecording();
+        found = files_.FindToRead();
       },
       [&] {
         left = "The log is left out";
@@ -265,61 +249,13 @@ void RecordingSession::StopCapture(Arrived arrived) {
   }
 }
 
-void RecordingSession::FinishFiles() {
-  // A ring that failed may have left its file open.
-  parts_.Context.Open.CloseQuietly(packetroutines::TextFile);
-  for (const std::size_t stream : {0U, 1U}) Report().LookForFile(stream);
-  if (HasFormat(file_format::Text)) {
-    parts_.Samples.WriteRecordBlock(packetroutines::SampleWriter::RewindText);
-  }
-  // The second worksheet stays open; its own end, the next RUN or that of the program finishes it.
-  if (HasFormat(file_format::Worksheet)) CloseSheet(0);
-  if (HasFormat(file_format::Comtrade)) FinishComtrade();
-}
-
-void RecordingSession::FinishComtrade() {
-  packetroutines::FileNumbers& open = parts_.Context.Open;
-  const auto tell = [&](const Failure& failure) {
-    open.CloseQuietly(packetroutines::TextFile);
-    services_.Usual.Dialogs.Show({"Information",
-                                  "The file " + parts_.Writers.Comtrade.ConfigPath() +
-                                      " is incomplete." + Crlf + ReasonOf(failure) + Crlf +
-                                      WhatOfTheSamples(Report()),
-                                  platform::Icon::Information});
-    return Verdict::LeaveRoutine;
-  };
-  RunSteps(services_.Usual.Program, tell, [&] { parts_.Writers.Comtrade.FinishComtradeConfig(); });
-}
-
-bool RecordingSession::FindRecording() {
-  if (!HasFormat(file_format::Text) && !HasFormat(file_format::Worksheet)) return true;
-  // It is read under the name of one stream, whatever prefix the samples' files bear.
-  const packetroutines::RecordContext& context = parts_.Context;
-  const std::string path =
-      packetroutines::RecordPath(context.Files, settings_, state_.RecordFileName);
-  if (context.Files.FileExists(path)) return true;
-  const bool ofOneStream = path == packetroutines::RecordPath(context, 0);
-  if (ofOneStream && Report().Gone(0)) {
-    Report().Add("Log and quick view are left out");
-    return false;
-  }
-  if (HasFormat(file_format::Worksheet)) {
-    if (ofOneStream) Report().Add("No ring was stored, so there is no worksheet");
-    return true;
-  }
-  // The reader makes the file; where it could not, it would have nobody to tell.
-  context.Open.OpenToAppend(packetroutines::TextFile, path);
-  context.Open.Close(packetroutines::TextFile);
-  return true;
-}
-
 void RecordingSession::StopAt(std::size_t stream) {
   const Stopping stopping(phase_);
   SetQuietly(false);
   if (stopping.First()) Stop(Arrived::Dropped);
   StopCapture(Arrived::Dropped);
   state_.LookingForRecording = false;
-  if (HasFormat(file_format::Worksheet)) CloseSheet(stream);
+  if (HasFormat(file_format::Worksheet)) files_.CloseSheet(stream);
 }
 
 void RecordingSession::StopOnFullDisk() {
@@ -336,17 +272,6 @@ void RecordingSession::StopOnFullDisk() {
   if (stopping.First()) Stop(Arrived::Dropped);
   recorder_.CWButton3.Enabled = true;
   parts_.Context.Open.CloseQuietly(packetroutines::TextFile);
-}
-
-void RecordingSession::CloseSheet(std::size_t stream) {
-  TellOfMissingEnd(parts_.Writers.Sheets.ExcelOut[stream].CloseFile(),
-                   "The worksheet of stream " + std::to_string(stream + 1));
-}
-
-void RecordingSession::TellOfMissingEnd(std::int16_t result, const std::string& sheet) {
-  // Without an open file there is nothing to end.
-  if (result == 0 || result == platform::failure::BadFileNumber) return;
-  Report().Add(sheet + " has no end: " + Failure(result).Text());
 }
 
 void RecordingSession::EnableFormats(bool enabled) {

@@ -14,6 +14,7 @@
 #include "recorder/record_reader.h"
 #include "recorder/recording_end.h"
 #include "recorder/sample_writer.h"
+#include "recorder/session_files.h"
 
 namespace subroutines {
 
@@ -66,20 +67,12 @@ class RecordingSession : public packetroutines::RecordingEnd {
   void Option2_Click(std::size_t index);
 
   void Start();
-  /// What an earlier recording has left open, by a failure or a change of the tab.
-  void CloseOlderFiles();
   void BeginProgress();
   void LockFormats();
   void NameFiles();
   void DropStart();
   void Stop(Arrived arrived);
   void StopCapture(Arrived arrived);
-  void FinishFiles();
-  void CloseSheet(std::size_t stream);
-  void TellOfMissingEnd(std::int16_t result, const std::string& sheet);
-  void FinishComtrade();
-  /// Whether what follows the recording finds the file that it reads; the line tells where not.
-  bool FindRecording();
   void StopAt(std::size_t stream);
   /// Another tab was entered since the press of RUN; its view is left alone.
   bool Left() const { return state_.TabChanges != tabAtRun_; }
@@ -88,7 +81,6 @@ class RecordingSession : public packetroutines::RecordingEnd {
   void SetQuietly(bool value);
   void EnableFormats(bool enabled);
   platform::Label& Line(std::size_t line) { return recorder_.Label10[line]; }
-  packetroutines::DiskReport& Report() { return parts_.Writers.Report; }
 
   forms::RecorderControls& recorder_;
   forms::TimerControls& timers_;
@@ -98,6 +90,7 @@ class RecordingSession : public packetroutines::RecordingEnd {
   packetroutines::CaptureSession& capture_;
   RecordingParts parts_;
   RecordingServices services_;
+  packetroutines::SessionFiles files_;
   Phase phase_ = Phase::Idle;
   std::uint32_t tabAtRun_ = 0;
 };

@@ -8,13 +8,10 @@
 namespace recorder_tests {
 namespace {
 
-using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 using testing::SizeIs;
-namespace file_format = packetroutines::file_format;
 
 class LostRecording : public testing::Test {
  protected:
@@ -219,6 +216,8 @@ TEST_F(OnARealDisk, TellsOfAWorksheetThatIsGone) {
             "stream 1: not stored since 09.03.2024 14:05:07: File not found; 1 ring lost before.");
   EXPECT_EQ(bench.Main.OnDisk[0].Caption, "");
   bench.Stop();
+  EXPECT_THAT(bench.Main.NotStored.Caption.Get(),
+              testing::EndsWith("lost before. The worksheet is not opened for viewing."));
   EXPECT_THAT(bench.Links.Opened, IsEmpty());
   EXPECT_THAT(bench.Dialogs.Shown, IsEmpty());
 }
