@@ -109,8 +109,18 @@ void QuickView::Plot(GroupTable groups, std::int32_t lines) {
 }
 
 void QuickView::OpenWorksheet() {
-  const std::int32_t code = services_.Links.OpenFile(file_.Path());
+  services_.Links.OpenFile(file_.Path(), [this](std::int32_t code) { TellOfViewer(code); });
+}
+
+void QuickView::TellOfViewer(std::int32_t code) {
   if (std::find(RefusedCodes.begin(), RefusedCodes.end(), code) == RefusedCodes.end()) return;
+  if (recorder_.CWButton3.Value) {
+    // A box would keep the frames from the recording that runs by now.
+    if (recorder_.NotStored.Caption.Get().empty()) {
+      recorder_.NotStored.Say("The worksheet of the recording before has found no viewer.");
+    }
+    return;
+  }
   services_.Dialogs.Show(
       {"Attention",
        std::string("It was not possible to open Excel for viewing the stored data file!") +

@@ -33,6 +33,7 @@ class QuickView {
   GroupTable ReadGroups();
   void Plot(GroupTable groups, std::int32_t lines);
   void OpenWorksheet();
+  void TellOfViewer(std::int32_t code);
 
   packetroutines::RecordedFile file_;
   forms::RecorderControls& recorder_;
