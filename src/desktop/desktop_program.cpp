@@ -68,10 +68,12 @@ void DesktopProgram::StandStill(bool boxStands) {
     timers_.Hold();
     frames_.Hold();
     store_.Hold();
+    links_.Hold();
   } else {
     timers_.Release();
     frames_.Release();
     store_.Release();
+    links_.Release();
   }
 }
 

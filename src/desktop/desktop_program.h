@@ -70,7 +70,7 @@ class DesktopProgram {
   QtFileSystem files_;
   QtFolderDialog folders_;
   QtPrinters printers_;
-  QtShellLinks links_;
+  QtShellLinks links_{[this](const std::function<void()>& action) { guard_(action); }};
   QtCalendar calendar_;
   QtMousePointer pointer_;
   QtPrintSurface surface_;

@@ -18,8 +18,6 @@ constexpr std::array<Rgb, platform::channels::Count> PlotColours = {
     Rgb{0, 255, 0}, Rgb{255, 0, 255}, Rgb{0, 255, 255}, Rgb{128, 128, 128}};
 /// The markers of a plot follow its line, but for the neutral current.
 constexpr Rgb NeutralMarker{192, 192, 192};
-/// A marker at every point.
-constexpr std::int16_t SampleMarker = 15;
 
 void ScaleNow(const CWGraph& graph) {
   graph.XAxis.ScaleNow();
@@ -54,6 +52,7 @@ void ScopeView::Load() {
     plot.Visible = false;
     // The quick view of a recording has the same eight channels.
     recorder_.CWGraph2.Plots[i].LineColor = PlotColours[i];
+    recorder_.CWGraph2.Plots[i].PointColor = PlotColours[i];
     scope_.Check2[i].Value = context_.Settings.SensorEnabled[i];
     scope_.Check2[i].ForeColor = plot.LineColor.Get();
   }
@@ -115,7 +114,7 @@ void ScopeView::CWGraph1_MouseDown(std::int16_t button) {
   samplesShown_ = !samplesShown_;
   for (platform::Plot& plot : scope_.CWGraph1.Plots) {
     plot.LineStyle = static_cast<std::int16_t>(samplesShown_ ? 0 : 1);
-    plot.PointStyle = samplesShown_ ? SampleMarker : std::int16_t{0};
+    plot.PointStyle = samplesShown_ ? CWGraph::SampleMarker : std::int16_t{0};
     plot.LineWidth = 2;
   }
 }

@@ -60,6 +60,12 @@ std::string DottedText(const LocalTime& moment, char timeSign) {
          Padded(moment.Second, 2);
 }
 
+std::string NumericText(const LocalTime& moment) {
+  return Padded(moment.Year, 4) + '-' + Padded(moment.Month, 2) + '-' + Padded(moment.Day, 2) +
+         ' ' + Padded(moment.Hour, 2) + ':' + Padded(moment.Minute, 2) + ':' +
+         Padded(moment.Second, 2);
+}
+
 LocalTime ToLocalTime(std::string_view text) {
   if (!HasForm(text)) throw Failure(failure::TypeMismatch);
   const LocalTime moment{DigitsAt(text, 6, 4),  DigitsAt(text, 3, 2),  DigitsAt(text, 0, 2),

@@ -4,7 +4,7 @@ namespace packetroutines {
 
 bool LineReader::ReadMore() {
   const std::size_t kept = end_ - at_;
-  if (kept > 0) std::memmove(piece_.data(), piece_.data() + at_, kept);
+  std::memmove(piece_.data(), piece_.data() + at_, kept);
   at_ = 0;
   end_ = kept;
   // A line longer than a piece needs a larger one.

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/analysis.h"
+#include "platform/stream_format.h"
 #include "recorder/analysis_progress.h"
 #include "recorder/line_count.h"
 #include "recorder/line_reader.h"
@@ -56,7 +57,7 @@ void QuickView::ShowQuickView() {
   const ShownHourglass hourglass(services_.Pointer);
   const std::int32_t lines = CountLines();
   if (lines == 0) return;
-  Plot(ReadGroups(lines), lines);
+  Plot(ReadGroups(), lines);
 }
 
 std::int32_t QuickView::CountLines() {
@@ -65,27 +66,24 @@ std::int32_t QuickView::CountLines() {
   return packetroutines::CountFileLines(file_.Files, file_.Path(), pass);
 }
 
-QuickView::GroupTable QuickView::ReadGroups(std::int32_t lines) {
+QuickView::GroupTable QuickView::ReadGroups() {
   const std::int32_t rows = file_.Present.BaseSamples;
   if (rows == 0) throw platform::Failure(platform::failure::DivisionByZero);
-  const auto lastGroup = static_cast<std::size_t>(static_cast<double>(lines) / rows + 0.5);
   GroupTable groups;
-  for (std::vector<double>& points : groups) points.resize(lastGroup + 1);
   quickViewRows_.Rebuild(rows);
   services_.Open.CloseAll();
   const std::unique_ptr<platform::InputFile> file = file_.Files.Read(file_.Path());
   AnalysisPass pass(recorder_.ProgressBar1, CountedPercent, LastPercent,
                     file_.Files.FileSize(file_.Path()));
   packetroutines::LineReader reader(*file, pass);
-  bool more = true;
-  for (std::size_t group = 0; more; ++group) {
+  for (bool more = true; more;) {
     for (std::int32_t row = 0; row < rows && more; ++row) {
       quickViewRows_.ParseRecordLine(reader.Next(), row);
       more = !reader.AtEnd();
     }
     for (std::size_t channel = 0; channel < groups.size(); ++channel) {
       const auto column = quickViewRows_.Column(channel);
-      groups[channel][group] = static_cast<double>(platform::CWStat::RootMeanSquare(column));
+      groups[channel].push_back(static_cast<double>(platform::CWStat::RootMeanSquare(column)));
     }
   }
   return groups;
@@ -93,21 +91,36 @@ QuickView::GroupTable QuickView::ReadGroups(std::int32_t lines) {
 
 void QuickView::Plot(GroupTable groups, std::int32_t lines) {
   platform::CWGraph& graph = recorder_.CWGraph2;
-  for (std::size_t channel = 0; channel < groups.size(); ++channel) {
-    graph.Plots[channel].Y = std::move(groups[channel]);
-  }
   const std::int32_t rows = file_.Present.BaseSamples;
+  // The last group that is at least half full is the last that shows.
+  const double end = std::trunc(static_cast<double>(lines) / rows - 0.5);
+  for (std::size_t channel = 0; channel < groups.size(); ++channel) {
+    platform::Plot& plot = graph.Plots[channel];
+    plot.Y = std::move(groups[channel]);
+    plot.PointStyle = end > 0 ? std::int16_t{0} : platform::CWGraph::SampleMarker;
+  }
   graph.XAxis.Caption = "x * " + services_.Numbers.General(rows) + " samples; ";
   graph.XAxis.Minimum = 0;
-  // The last group that is at least half full is the last that shows; the point behind it is none.
-  graph.XAxis.Maximum = std::max(0.0, std::trunc(static_cast<double>(lines) / rows - 0.5));
+  graph.XAxis.Maximum = end;
+  const double samplesASecond = platform::SamplesAPeriod * file_.Settings.BaseFrequency;
+  graph.SecondsPerPoint = samplesASecond > 0 ? rows / samplesASecond : 0;
   graph.YAxis.ScaleNow();
   graph.Visible = true;
 }
 
 void QuickView::OpenWorksheet() {
-  const std::int32_t code = services_.Links.OpenFile(file_.Path());
+  services_.Links.OpenFile(file_.Path(), [this](std::int32_t code) { TellOfViewer(code); });
+}
+
+void QuickView::TellOfViewer(std::int32_t code) {
   if (std::find(RefusedCodes.begin(), RefusedCodes.end(), code) == RefusedCodes.end()) return;
+  if (recorder_.CWButton3.Value) {
+    // A box would keep the frames from the recording that runs by now.
+    if (recorder_.NotStored.Caption.Get().empty()) {
+      recorder_.NotStored.Say("The worksheet of the recording before has found no viewer.");
+    }
+    return;
+  }
   services_.Dialogs.Show(
       {"Attention",
        std::string("It was not possible to open Excel for viewing the stored data file!") +

@@ -20,8 +20,9 @@ class QuickView {
 
   void ViewRecording();
   /// The root mean square of each channel over each group of `BaseSamples` lines. A last group that
-  /// is not full keeps the rows of the group before it behind its own. A failure leaves through
-  /// here: no trap of the stop takes it.
+  /// is not full keeps the rows of the group before it behind its own. Where the axis ends at the
+  /// first point, that one is marked, since no line leads to it. A failure leaves through here: no
+  /// trap of the stop takes it.
   void ShowQuickView();
 
  private:
@@ -29,9 +30,10 @@ class QuickView {
   using GroupTable = std::array<std::vector<double>, QuickViewRows::Channels>;
 
   std::int32_t CountLines();
-  GroupTable ReadGroups(std::int32_t lines);
+  GroupTable ReadGroups();
   void Plot(GroupTable groups, std::int32_t lines);
   void OpenWorksheet();
+  void TellOfViewer(std::int32_t code);
 
   packetroutines::RecordedFile file_;
   forms::RecorderControls& recorder_;

@@ -15,11 +15,11 @@ constexpr char FieldSign = ';';
 /// Whole numbers up to here are exact in a 64-bit float, and so are these powers of ten: a number
 /// of such digits is one division of two exact values, which rounds correctly.
 constexpr std::uint64_t LargestExact = std::uint64_t{1} << 53U;
-constexpr std::array<double, 23> PowersOfTen = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                                1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                                1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 /// More digits could overflow before they are compared with the limit.
 constexpr std::ptrdiff_t MostDigits = 19;
+constexpr std::array<double, MostDigits + 1> PowersOfTen = {
+    1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,
+    1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19};
 
 float ToSingle(double value) {
   if (std::abs(value) > static_cast<double>(std::numeric_limits<float>::max())) {

@@ -5,10 +5,12 @@
 #include <utility>
 
 #include "platform/local_time.h"
+#include "platform/stream_format.h"
 #include "recorder/analysis_progress.h"
 #include "recorder/frame_identity.h"
 #include "recorder/line_count.h"
 #include "recorder/line_reader.h"
+#include "recorder/log_text.h"
 
 namespace packetroutines {
 
@@ -25,16 +27,13 @@ namespace {
 constexpr std::int16_t CountedPercent = 5;
 constexpr std::int16_t AnalysedPercent = 25;
 constexpr char FieldSign = ';';
-/// Samples of a wave at 4000 samples a second and 50 Hz.
-constexpr std::int32_t SamplesOfWave = 80;
 
 /// The number of the second field in its general form: anything that a text may begin with.
 std::int32_t OddRamp(std::string_view line) {
+  // Where there is no first sign, the search for the second one finds none either.
   const std::size_t first = line.find(FieldSign);
   const std::size_t second = line.find(FieldSign, first + 1);
-  if (first == std::string_view::npos || second == std::string_view::npos) {
-    throw Failure(failure::InvalidProcedureCall);
-  }
+  if (second == std::string_view::npos) throw Failure(failure::InvalidProcedureCall);
   const double number = platform::NumberText::Leading(line.substr(first + 1, second - first - 1));
   return platform::Round<std::int32_t>(number);
 }
@@ -51,7 +50,7 @@ std::int32_t RampOf(std::string_view line) {
   for (; at != end && *at >= '0' && *at <= '9' && at - field < PlainDigits; ++at) {
     ramp = ramp * 10 + (*at - '0');
   }
-  const bool plain = at != end && at != field && *at == FieldSign;
+  const bool plain = at != end && *at == FieldSign;
   return plain ? ramp : OddRamp(line);
 }
 
@@ -106,19 +105,22 @@ void RecordLog::WriteLog(const GapSearch& gaps, const LongestRun& run) {
   const config::Settings& settings = file_.Settings;
   const std::unique_ptr<platform::OutputFile> log = file_.Files.Create(file_.LogPath());
   const auto write = [&](const std::string& line) {
-    log->Write(services_.Code.FromUtf8(line) + Crlf);
+    log->Write(LogText(services_.Code, line) + Crlf);
   };
-  const auto text = [&](const std::string& bytes) { return services_.Code.ToUtf8(bytes); };
+  const auto date = [&](const platform::LocalTime& moment) {
+    return LogDate(services_.Code, services_.Calendar, moment);
+  };
 
   write("Error log for file               : " + file_.Path());
-  write("Measurement started              : " + services_.Calendar.GeneralText(start));
-  write("Measurement stopped              : " + services_.Calendar.GeneralText(stop));
+  write("Measurement started              : " + date(start));
+  write("Measurement stopped              : " + date(stop));
   write("Duration time of data aquisition : " +
         platform::TimeOfDayText(platform::SecondsBetween(start, stop)) + " hh:mm:ss;");
   write("");
   write("MAC adress sender                : " + frame.Sender);
   write("MAC adress receiver              : " + frame.Receiver);
-  write("Station ID                       : " + text(frame.Id));
+  // The ID is in the code page already, as the frame held it.
+  log->Write("Station ID                       : " + frame.Id + Crlf);
   write("Filter were set to               : " + settings.FilterString + " / " +
         settings.FilterContent[0] + " / " + settings.FilterContent[1]);
   write("");
@@ -127,13 +129,14 @@ void RecordLog::WriteLog(const GapSearch& gaps, const LongestRun& run) {
   const double sent = static_cast<double>(gaps.Lost()) + gaps.Lines();
   write("Percentage of captured samples   : " + numbers.Format(gaps.Lines() / sent * 100, "0.0") +
         " %");
-  const double waves = static_cast<double>(run.Longest) / SamplesOfWave;
+  const double waves = static_cast<double>(run.Longest) / platform::SamplesAPeriod;
   const double frequency = settings.BaseFrequency;
   if (frequency == 0) throw Failure(failure::DivisionByZero);
   write("Longest continous data           : " + numbers.General(run.Longest) +
         " samples; start: " + numbers.General(run.First) + ", end: " + numbers.General(run.Last) +
         "; (acc. ~" + numbers.General(waves / frequency) + "s)");
-  write("Count of received full waves     : " + numbers.General(run.Longest / SamplesOfWave));
+  write("Count of received full waves     : " +
+        numbers.General(run.Longest / platform::SamplesAPeriod));
   log->Close();
 }
 

@@ -11,10 +11,12 @@ namespace subroutines {
 
 namespace line = forms::record_line;
 namespace file_format = packetroutines::file_format;
-using packetroutines::Raised;
 using packetroutines::RecordFormats;
 using platform::Crlf;
 using platform::Failure;
+using platform::Flow;
+using platform::RunSteps;
+using platform::Verdict;
 
 namespace {
 
@@ -22,30 +24,45 @@ constexpr platform::Rgb Black{0, 0, 0};
 constexpr platform::Rgb LightRed{255, 0, 0};
 constexpr platform::Rgb ButtonColour{237, 246, 240};
 
-/// Why the configuration of a recording could not be ended.
-std::string ReasonOf(const Failure& failure) {
-  const bool noDate = failure.Number() == platform::failure::TypeMismatch ||
-                      failure.Number() == platform::failure::InvalidProcedureCall;
-  return noDate ? "Its name holds no date and time of a start." : failure.Text() + ".";
-}
-
-bool IsNoRecording(const packetroutines::Mode& mode) {
-  return mode.Kind != packetroutines::ModeKind::Recording;
-}
-
 }  // namespace
 
-RecordingSession::RecordingSession(forms::RecorderControls& recorder, config::Settings& settings,
-                                   StoredSettings& stored, packetroutines::AcquisitionState& state,
+/// Keeps the phase of a stop through all of a routine that ends the recording, also behind the stop
+/// itself, and gives it up at the end of the outermost one.
+class RecordingSession::Stopping {
+ public:
+  explicit Stopping(Phase& phase)
+      : phase_(phase),
+        behind_(phase == Phase::Stopping ? phase : Phase::Idle),
+        first_(phase == Phase::Recording) {
+    phase_ = Phase::Stopping;
+  }
+  Stopping(const Stopping&) = delete;
+  Stopping& operator=(const Stopping&) = delete;
+  ~Stopping() { phase_ = behind_; }
+
+  /// A recording was under way, and no stop yet.
+  bool First() const { return first_; }
+
+ private:
+  Phase& phase_;
+  Phase behind_;
+  bool first_;
+};
+
+RecordingSession::RecordingSession(forms::RecorderControls& recorder, forms::TimerControls& timers,
+                                   config::Settings& settings, StoredSettings& stored,
+                                   packetroutines::AcquisitionState& state,
                                    packetroutines::CaptureSession& capture,
                                    const RecordingParts& parts, const RecordingServices& services)
     : recorder_(recorder),
+      timers_(timers),
       settings_(settings),
       stored_(stored),
       state_(state),
       capture_(capture),
       parts_(parts),
-      services_(services) {
+      services_(services),
+      files_(parts.Context, parts.Writers, services.Usual) {
   recorder_.CWButton3.ValueChanged = [this] { CWButton3_ValueChanged(); };
   for (std::size_t i = 0; i < recorder_.Option2.size(); ++i) {
     recorder_.Option2[i].Click = [this, i] { Option2_Click(i); };
@@ -78,18 +95,27 @@ void RecordingSession::Option2_Click(std::size_t index) {
 }
 
 void RecordingSession::CWButton3_ValueChanged() {
-  // A press while a start is under way drops it; the start sees to that itself.
-  if (state_.RecorderBusy || starting_) return;
-  // A recording that is being finished has the page for itself: a press in its pumps would begin
-  // another one in the midst of it.
-  if (stopping_) {
-    SetQuietly(false);
-    return;
+  if (state_.RecorderBusy) return;
+  switch (phase_) {
+    case Phase::Starting:
+      // The start looks at the button behind each of its pumps, unless its page was left; then a
+      // press on the page that was entered anew has nobody to take it.
+      if (Left()) SetQuietly(false);
+      return;
+    case Phase::Stopping:
+      // A recording that is being finished has the page for itself: a press in its pumps would
+      // begin another one in the midst of it.
+      SetQuietly(false);
+      return;
+    case Phase::Idle:
+    case Phase::Recording:
+      break;
   }
   if (recorder_.CWButton3.Value) {
     Start();
   } else {
-    Stop();
+    const Stopping stopping(phase_);
+    Stop(Arrived::Stored);
   }
 }
 
@@ -100,50 +126,50 @@ void RecordingSession::SetQuietly(bool value) {
 }
 
 void RecordingSession::Start() {
-  if (!Prepare()) return;
-  ShowFileFormat();
-  NameFiles();
+  phase_ = Phase::Starting;
+  tabAtRun_ = state_.TabChanges;
+  const auto goesOn = [this] {
+    return !Left() && recorder_.CWButton3.Value ? Flow::Next : Flow::Leave;
+  };
+  const auto drop = [this](const Failure& failure) {
+    parts_.Writers.Report.Add("The recording did not begin: " + failure.Text());
+    return Verdict::LeaveRoutine;
+  };
+  const Flow prepared = RunSteps(
+      services_.Usual.Program, drop, [&] { services_.Usual.Events.Pump(); }, goesOn,
+      [&] { files_.Begin(); },
+      [&] {
+        state_.PacketLengthPending = true;
+        capture_.SetupAdapter(packetroutines::RecordingBuffer);
+        state_.BlockCount = 0;
+        state_.BlockCount2 = 0;
+        BeginProgress();
+        // No recording is stopped before its first ring is on disk.
+        recorder_.CWButton3.Visible = false;
+      },
+      [&] { LockFormats(); }, goesOn, [&] { ShowFileFormat(); }, [&] { NameFiles(); });
+  if (prepared == Flow::Leave) {
+    DropStart();
+    return;
+  }
+  phase_ = Phase::Recording;
   capture_.StartCapture("LookingForRecording");
-}
-
-bool RecordingSession::Prepare() {
-  const Raised starting(starting_);
-  const std::uint32_t tabChanges = state_.TabChanges;
-  services_.Usual.Events.Pump();
-  if (state_.TabChanges != tabChanges || !recorder_.CWButton3.Value) return false;
-  state_.PacketLengthPending = true;
-  capture_.SetupAdapter(packetroutines::RecordingBuffer);
-  state_.BlockCount = 0;
-  state_.BlockCount2 = 0;
-  BeginProgress();
-  // No recording is stopped before its first ring is on disk.
-  recorder_.CWButton3.Visible = false;
-  LockFormats();
-  if (state_.TabChanges != tabChanges) return false;
-  if (!recorder_.CWButton3.Value) GivePageBack();
-  return recorder_.CWButton3.Value;
+  // A refused filter has ended it.
+  if (!Left() && !recorder_.CWButton3.Value) recorder_.CWButton3.Visible = true;
 }
 
 void RecordingSession::BeginProgress() {
   Line(line::Progress).ForeColor = Black;
   Line(line::Progress).Caption = "0s / 0 samples";
   Line(line::Progress).ForeColor = LightRed;
-  parts_.Writers.Report.Begin();
 }
 
 void RecordingSession::LockFormats() {
-  state_.RecorderBusy = true;
+  const packetroutines::Raised busy(state_.RecorderBusy);
   EnableFormats(false);
   services_.Usual.Events.Pump();
   recorder_.CWGraph2.Visible = false;
   recorder_.Command9.Visible = false;
-  state_.RecorderBusy = false;
-}
-
-void RecordingSession::GivePageBack() {
-  Line(line::Progress).ForeColor = Black;
-  recorder_.CWButton3.Visible = true;
-  EnableFormats(true);
 }
 
 void RecordingSession::NameFiles() {
@@ -161,84 +187,91 @@ void RecordingSession::NameFiles() {
   Line(line::SecondPath).Caption = path(packetroutines::SecondPrefix);
 }
 
-void RecordingSession::Stop() {
-  const Raised stopping(stopping_);
-  const std::uint32_t tabChanges = state_.TabChanges;
-  services_.Usual.Events.Pump();
-  StopCapture();
-  state_.LookingForRecording = false;
-  FinishFiles();
-  Analyse();
-  // Another view that was chosen meanwhile stays free of what belongs to this one.
-  if (state_.TabChanges == tabChanges) {
-    if (settings_.FileFormat == file_format::Text) recorder_.Command9.Visible = true;
-    parts_.Reader.ViewRecording();
-  }
+void RecordingSession::DropStart() {
+  phase_ = Phase::Idle;
+  if (Left()) return;
+  SetQuietly(false);
+  Line(line::Progress).ForeColor = Black;
+  recorder_.CWButton3.Visible = true;
   EnableFormats(true);
 }
 
-void RecordingSession::StopCapture() {
-  // What runs behind a change of the tab is another view.
-  if (packetroutines::AnyModeSet(state_, IsNoRecording)) return;
-  // Where the writer itself ends the recording, its ring is not free for what waits.
-  if (parts_.Samples.AtWork()) {
-    capture_.StopCapture();
-  } else {
-    capture_.StopBehindArrived();
-  }
-}
-
-void RecordingSession::FinishFiles() {
-  const std::string& format = settings_.FileFormat;
-  if (format == file_format::Text) {
-    parts_.Samples.WriteRecordBlock(packetroutines::SampleWriter::RewindText);
-  }
-  // The second worksheet stays open; its own end, or that of the program, finishes it.
-  if (format == file_format::Worksheet) CloseSheet(0);
-  if (format == file_format::Comtrade) FinishComtrade();
-}
-
-void RecordingSession::FinishComtrade() {
-  packetroutines::FileNumbers& open = parts_.Context.Open;
+void RecordingSession::Stop(Arrived arrived) {
+  const char* left = "The recording was not ended as usual";
   const auto tell = [&](const Failure& failure) {
-    open.CloseQuietly(packetroutines::TextFile);
-    services_.Usual.Dialogs.Show({"Information",
-                                  "The file " + parts_.Writers.Comtrade.ConfigPath() +
-                                      " is incomplete." + Crlf + ReasonOf(failure) + Crlf +
-                                      "The samples in the data file are not affected.",
-                                  platform::Icon::Information});
-    return platform::Verdict::LeaveRoutine;
+    parts_.Writers.Report.Add(left + (": " + failure.Text()));
+    return Verdict::SkipStep;
   };
-  // A ring that failed may have left its file open.
-  open.CloseQuietly(packetroutines::TextFile);
-  platform::RunSteps(services_.Usual.Program, tell,
-                     [&] { parts_.Writers.Comtrade.FinishComtradeConfig(); });
+  std::string progress;
+  bool found = false;
+  RunSteps(
+      services_.Usual.Program, tell, [&] { services_.Usual.Events.Pump(); },
+      [&] { StopCapture(arrived); }, [&] { state_.LookingForRecording = false; },
+      [&] {
+        if (HasFormat(file_format::Text)) {
+          parts_.Samples.WriteRecordBlock(packetroutines::SampleWriter::RewindText);
+        }
+      },
+      [&] { files_.Finish(); },
+      [&] {
+        progress = Line(line::Progress).Caption;
+        Line(line::Progress).ForeColor = Black;
+        Line(line::Progress).Caption = progress + "; please keep patient, analysis running...";
+      },
+      [&] { services_.Usual.Events.Pump(); },
+      [&] {
+        left = "Log and quick view are left out";
+        found = files_.FindToRead();
+      },
+      [&] {
+        left = "The log is left out";
+        bool nothingToRead = false;
+        if (found && HasFormat(file_format::Text)) parts_.Reader.BuildRecordLog(nothingToRead);
+      },
+      [&] { Line(line::Progress).Caption = progress; },
+      [&] {
+        if (!Left() && HasFormat(file_format::Text)) recorder_.Command9.Visible = true;
+      },
+      [&] {
+        left = "The quick view is left out";
+        if (!Left() && found) parts_.Reader.ViewRecording();
+      },
+      [&] { EnableFormats(true); });
 }
 
-void RecordingSession::Analyse() {
-  const std::string progress = Line(line::Progress).Caption;
-  Line(line::Progress).ForeColor = Black;
-  Line(line::Progress).Caption = progress + "; please keep patient, analysis running...";
-  services_.Usual.Events.Pump();
-  if (settings_.FileFormat == file_format::Text) {
-    bool nothingToRead = false;
-    parts_.Reader.BuildRecordLog(nothingToRead);
+void RecordingSession::StopCapture(Arrived arrived) {
+  // A change of the tab has stopped it already, and what runs by now belongs to another view.
+  if (Left()) return;
+  if (arrived == Arrived::Stored) {
+    capture_.StopBehindArrived();
+  } else {
+    capture_.StopCapture();
   }
-  Line(line::Progress).Caption = progress;
 }
 
 void RecordingSession::StopAt(std::size_t stream) {
-  recorder_.CWButton3.Value = false;
-  capture_.StopCapture();
+  const Stopping stopping(phase_);
+  SetQuietly(false);
+  if (stopping.First()) Stop(Arrived::Dropped);
+  StopCapture(Arrived::Dropped);
   state_.LookingForRecording = false;
-  if (settings_.FileFormat == file_format::Worksheet) CloseSheet(stream);
+  if (HasFormat(file_format::Worksheet)) files_.CloseSheet(stream);
 }
 
-void RecordingSession::CloseSheet(std::size_t stream) {
-  packetroutines::ExcelFile& sheet = parts_.Writers.Sheets.ExcelOut[stream];
-  sheet.CloseFile();
-  // The sheet keeps its failures to itself; the page tells of them.
-  if (sheet.Trouble()) parts_.Writers.Report.NotStored(*sheet.Trouble());
+void RecordingSession::StopOnFullDisk() {
+  const Stopping stopping(phase_);
+  capture_.StopCapture();
+  state_.LookingForRecording = false;
+  timers_.Timer1.Enabled = false;
+  services_.Usual.Dialogs.Show({"Attention",
+                                std::string("Disk full.") + Crlf +
+                                    "Please check the disk path, if you can free some disk space." +
+                                    Crlf + "Recording ist stopped.",
+                                platform::Icon::Information});
+  SetQuietly(false);
+  if (stopping.First()) Stop(Arrived::Dropped);
+  recorder_.CWButton3.Enabled = true;
+  parts_.Context.Open.CloseQuietly(packetroutines::TextFile);
 }
 
 void RecordingSession::EnableFormats(bool enabled) {

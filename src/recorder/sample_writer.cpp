@@ -1,44 +1,42 @@
 #include "recorder/sample_writer.h"
 
+#include <optional>
 #include <string>
 
-#include "recorder/raised.h"
+#include "platform/trap.h"
 
 namespace packetroutines {
 
-using platform::Crlf;
 using platform::Failure;
 using platform::Verdict;
-
-SampleWriter::SampleWriter(const RecordContext& context, const RecordWriters& writers,
-                           const WriterControls& controls, AcquisitionState& state,
-                           CaptureSession& capture, const platform::Services& services)
-    : context_(context),
-      writers_(writers),
-      controls_(controls),
-      state_(state),
-      capture_(capture),
-      services_(services) {}
 
 void SampleWriter::WriteRecordBlock(std::int16_t selector) {
   if (selector == RewindText) {
     writers_.Text.Rewind();
     return;
   }
-  const Raised working(atWork_);
+  const auto stream = static_cast<std::size_t>(selector);
+  std::optional<Failure> met;
+  const auto note = [&](const Failure& failure) {
+    met = failure;
+    return Verdict::LeaveRoutine;
+  };
   platform::RunSteps(
-      services_.Program, [&](const Failure& failure) { return OnFailure(failure); },
+      program_, note,
       [&] {
-        if (selector == 0 || selector == 1) Write(static_cast<std::size_t>(selector));
+        if (stream <= 1) Write(stream);
       },
       // The first ring that is written brings the STOP button to the user.
-      [&] { controls_.Recorder.CWButton3.Visible = true; });
+      [&] { recorder_.CWButton3.Visible = true; });
+  // Behind the trap, since the end of a recording is no part of the writing of its ring.
+  if (met) OnFailure(stream, *met);
 }
 
 void SampleWriter::Write(std::size_t stream) {
   if (FindFormat(context_.Settings.FileFormat) == nullptr) return;
   const std::string path = RecordPath(context_, stream);
-  if (WriteInFormat(stream)) writers_.Report.RingStored(stream, path);
+  writers_.Report.LookForFile(stream);
+  if (WriteInFormat(stream)) writers_.Report.RingWritten(stream, path);
 }
 
 bool SampleWriter::WriteInFormat(std::size_t stream) {
@@ -49,31 +47,16 @@ bool SampleWriter::WriteInFormat(std::size_t stream) {
   const bool whole = writers_.Sheet.Write(stream);
   // A worksheet keeps its failures to itself.
   const std::optional<Failure>& trouble = writers_.Sheets.ExcelOut[stream].Trouble();
-  if (trouble) writers_.Report.NotStored(*trouble);
+  if (trouble) writers_.Report.NotStored(stream, *trouble);
   return whole && !trouble;
 }
 
-Verdict SampleWriter::OnFailure(const Failure& failure) {
+void SampleWriter::OnFailure(std::size_t stream, const Failure& failure) {
   if (failure.Number() == platform::failure::DiskFull) {
-    StopOnFullDisk();
+    end_.StopOnFullDisk();
   } else {
-    writers_.Report.NotStored(failure);
+    writers_.Report.NotStored(stream, failure);
   }
-  return Verdict::LeaveRoutine;
-}
-
-void SampleWriter::StopOnFullDisk() {
-  capture_.StopCapture();
-  state_.LookingForRecording = false;
-  controls_.Timers.Timer1.Enabled = false;
-  services_.Dialogs.Show({"Attention",
-                          std::string("Disk full.") + Crlf +
-                              "Please check the disk path, if you can free some disk space." +
-                              Crlf + "Recording ist stopped.",
-                          platform::Icon::Information});
-  controls_.Recorder.CWButton3.Value = false;
-  controls_.Recorder.CWButton3.Enabled = true;
-  context_.Open.CloseQuietly(TextFile);
 }
 
 }  // namespace packetroutines

@@ -2,14 +2,13 @@
 
 #include <cstdint>
 
-#include "capture/capture_session.h"
 #include "forms/recorder_controls.h"
-#include "forms/window_controls.h"
-#include "platform/services/services.h"
-#include "platform/trap.h"
+#include "platform/failure.h"
+#include "platform/services/program.h"
 #include "recorder/comtrade_writer.h"
 #include "recorder/disk_report.h"
 #include "recorder/record_context.h"
+#include "recorder/recording_end.h"
 #include "recorder/text_writer.h"
 #include "recorder/worksheet_writer.h"
 
@@ -24,40 +23,30 @@ struct RecordWriters {
   DiskReport& Report;
 };
 
-/// What the end of a recording on a full disk shows and switches on the form.
-struct WriterControls {
-  forms::RecorderControls& Recorder;
-  forms::TimerControls& Timers;
-};
-
 /// Moves a full ring to disk, within the packet event that filled it. A full disk ends the
 /// recording; whatever else fails costs the ring and is told on the view alone.
 class SampleWriter {
  public:
+  /// `end` is asked to end the recording where its disk is full.
   SampleWriter(const RecordContext& context, const RecordWriters& writers,
-               const WriterControls& controls, AcquisitionState& state, CaptureSession& capture,
-               const platform::Services& services);
+               forms::RecorderControls& recorder, RecordingEnd& end, platform::Program& program)
+      : context_(context), writers_(writers), recorder_(recorder), end_(end), program_(program) {}
 
   /// The ring of stream 0 or 1 is full. 7 has the next text recording count its lines from 0.
   void WriteRecordBlock(std::int16_t selector);
-  /// A ring is being written; what stops the recording now comes from within.
-  bool AtWork() const { return atWork_; }
 
   static constexpr std::int16_t RewindText = 7;
 
  private:
   void Write(std::size_t stream);
   bool WriteInFormat(std::size_t stream);
-  platform::Verdict OnFailure(const platform::Failure& failure);
-  void StopOnFullDisk();
+  void OnFailure(std::size_t stream, const platform::Failure& failure);
 
   RecordContext context_;
   RecordWriters writers_;
-  WriterControls controls_;
-  AcquisitionState& state_;
-  CaptureSession& capture_;
-  platform::Services services_;
-  bool atWork_ = false;
+  forms::RecorderControls& recorder_;
+  RecordingEnd& end_;
+  platform::Program& program_;
 };
 
 }  // namespace packetroutines

@@ -7,10 +7,10 @@ namespace {
 /// Where the sheet of a stream ends, by the counter of that stream, and who is told.
 struct SheetEnd {
   std::int32_t LastRow;
-  void (RowLimits::*Stop)();
+  void (RecordingEnd::*Stop)();
 };
 constexpr std::array<SheetEnd, 2> SheetEnds = {
-    {{32767, &RowLimits::StopAtRowLimit}, {65535, &RowLimits::StopAtRowLimit2}}};
+    {{32767, &RecordingEnd::StopAtRowLimit}, {65535, &RecordingEnd::StopAtRowLimit2}}};
 /// The stream whose counter gives the rows of both sheets.
 constexpr std::size_t RowsOf = 0;
 constexpr std::int32_t HeadingRow = 1;
@@ -28,7 +28,7 @@ bool WorksheetWriter::Write(std::size_t stream) {
   sheet.Gather();
   for (std::int16_t i = 0; i < RecordRings::Cells; ++i) {
     if (excelRow_[stream] + i > end.LastRow) {
-      (limits_.*end.Stop)();
+      (end_.*end.Stop)();
       whole = false;
       break;
     }

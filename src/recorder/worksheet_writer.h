@@ -5,6 +5,7 @@
 
 #include "recorder/excel_file.h"
 #include "recorder/record_context.h"
+#include "recorder/recording_end.h"
 
 namespace packetroutines {
 
@@ -25,20 +26,12 @@ struct Worksheets {
   std::array<bool, 2> ExcelStarted{};
 };
 
-/// What ends a recording whose sheet is full.
-class RowLimits {
- public:
-  virtual ~RowLimits() = default;
-  virtual void StopAtRowLimit() = 0;
-  virtual void StopAtRowLimit2() = 0;
-};
-
 /// Writes a full ring to the worksheet of its stream: a row a sample, of the sample counter of the
 /// frame and the eight values, below a heading. The file stays open between the rings.
 class WorksheetWriter {
  public:
-  WorksheetWriter(const RecordContext& context, Worksheets& sheets, RowLimits& limits)
-      : context_(context), sheets_(sheets), limits_(limits) {}
+  WorksheetWriter(const RecordContext& context, Worksheets& sheets, RecordingEnd& end)
+      : context_(context), sheets_(sheets), end_(end) {}
 
   /// Writes the ring of a stream, 0 or 1. At the last row of the sheet it stops the recording; the
   /// result is False then.
@@ -50,7 +43,7 @@ class WorksheetWriter {
 
   RecordContext context_;
   Worksheets& sheets_;
-  RowLimits& limits_;
+  RecordingEnd& end_;
   /// Sheet row of the first sample of the next ring.
   std::array<std::int32_t, 2> excelRow_{};
 };

@@ -21,6 +21,11 @@ TEST(LocalTime, IsWrittenWithLeadingZeros) {
   EXPECT_EQ(DottedText(Evening, '-'), "09.03.2024 21-05-07");
 }
 
+TEST(LocalTime, IsWrittenInPlainDigitsFromTheYearOn) {
+  EXPECT_EQ(platform::NumericText(Evening), "2024-03-09 21:05:07");
+  EXPECT_EQ(platform::NumericText({987, 12, 31, 0, 0, 0}), "0987-12-31 00:00:00");
+}
+
 TEST(LocalTime, IsReadBackDayFirst) {
   EXPECT_EQ(ToLocalTime("09.03.2024 21:05:07"), Evening);
   EXPECT_EQ(ToLocalTime("29.02.2024 00:00:00"), (LocalTime{2024, 2, 29, 0, 0, 0}));

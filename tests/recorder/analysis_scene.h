@@ -20,12 +20,10 @@ class WatchedFiles : public FailingFiles {
   using FailingFiles::FailingFiles;
 
   std::unique_ptr<platform::InputFile> Read(const std::string& path) override {
-    ++Reads;
-    if (AtRead) AtRead(Reads);
+    if (AtRead) AtRead(Reads + 1);
     return FailingFiles::Read(path);
   }
 
-  int Reads = 0;
   /// Runs before each opening for reading, which it may fail; the first one is 1.
   std::function<void(int)> AtRead;
 };

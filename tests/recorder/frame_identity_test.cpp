@@ -56,6 +56,8 @@ TEST(FrameIdentity, EndsTheIdWithTheHundredBytesThatItLooksAt) {
   EXPECT_EQ(Read(Frame(90, {0x80, 0x01, 0x01, 0x80, 20, 'A', 'B', 'C', 'D', 'E', 'F'})).Id,
             "ABCDE");
   EXPECT_EQ(Read(Frame(97, {0x80, 0x01, 0x80, 1, 'A'})).Id, "");
+  // The mark across two bytes, with one digit of the length behind it.
+  EXPECT_EQ(Read(Frame(95, {0x80, 0x01, 0x00, 0x18, 0x05})).Id, "");
 }
 
 TEST(FrameIdentity, FindsNoIdWithoutMarks) {

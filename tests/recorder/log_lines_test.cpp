@@ -138,6 +138,47 @@ TEST(Log, IsWrittenInTheCodePageOfTheSystem) {
             "Filter were set to               : and vlan 7 / Abzweig \xE4 / \x80");
 }
 
+TEST(Log, WritesADateInDigitsWhereTheCodePageLacksAPartOfIt) {
+  LogScene scene;
+  scene.Recorded(LinesOf(Ramp(1)));
+  // A word of some systems' dates that the code page has, and one that it lacks.
+  scene.Calendar.BehindDates = " \xC3\xA4m";
+  scene.BuildRecordLog();
+  EXPECT_EQ(scene.LogLine(2), "Measurement started              : 09.03.2024 13:04:06 \xE4m");
+  EXPECT_EQ(scene.LogLine(3), "Measurement stopped              : 09.03.2024 14:05:07 \xE4m");
+
+  scene.Calendar.BehindDates = " \xD0\xB3.";
+  scene.BuildRecordLog();
+  EXPECT_EQ(scene.LogLine(2), "Measurement started              : 2024-03-09 13:04:06");
+  EXPECT_EQ(scene.LogLine(3), "Measurement stopped              : 2024-03-09 14:05:07");
+}
+
+TEST(Log, NamesAFileWhosePathIsOutsideTheCodePage) {
+  LogScene scene;
+  scene.Settings.StoragePath = "c:\\\xE6\xB5\x8B\xE8\xAF\x95 50 %?";
+  scene.Settings.FilterContent[1] = "\xD0\x96";
+  scene.Files.Folders.insert(scene.Settings.StoragePath);
+  const std::string path = scene.Settings.StoragePath + "\\" + scene.RecordFileName;
+  scene.Files.Stored[path] = LinesOf(Ramp(1));
+
+  scene.BuildRecordLog();
+
+  const std::string log =
+      scene.Files.Stored.at(scene.Settings.StoragePath + "\\Errorlog " + scene.RecordFileName);
+  EXPECT_THAT(log, StartsWith("Error log for file               : c:\\<U+6D4B><U+8BD5> 50 %?\\" +
+                              scene.RecordFileName + "\r\n"));
+  EXPECT_THAT(log,
+              HasSubstr("Filter were set to               : and vlan 7 / MU01 / <U+0416>\r\n"));
+}
+
+TEST(Log, LeavesTheStationIdAsTheFrameHeldIt) {
+  LogScene scene;
+  scene.LastFrame(SvFrame("<U+6D4B>\x8F").Bytes());
+  scene.Recorded(LinesOf(Ramp(1)));
+  scene.BuildRecordLog();
+  EXPECT_EQ(scene.LogLine(8), "Station ID                       : <U+6D4B>\x8F");
+}
+
 TEST(Log, ShowsThePlatformsSeparator) {
   LogScene scene;
   scene.Files.LeaveWindows();

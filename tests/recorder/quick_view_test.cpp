@@ -44,10 +44,10 @@ TEST(QuickViewScene, ShowsTheRootMeanSquareOfEachGroup) {
 
   scene.Analysis.ViewRecording();
 
-  EXPECT_THAT(Points(scene), ElementsAre(3, 5, 0));
+  EXPECT_THAT(Points(scene), ElementsAre(3, 5));
   // -3 and the channel's 7 more.
   EXPECT_THAT(Points(scene, 7), ElementsAre(static_cast<float>(std::sqrt((100.0 + 16) / 2)),
-                                            static_cast<float>(std::sqrt((64.0 + 196) / 2)), 0));
+                                            static_cast<float>(std::sqrt((64.0 + 196) / 2))));
   EXPECT_TRUE(scene.Recorder.CWGraph2.Visible);
 }
 
@@ -86,9 +86,9 @@ TEST(QuickViewScene, ReadsALineThatADiskFilledUpIn) {
   EXPECT_THAT(Points(scene, 2), ElementsAre(3, 0));
 }
 
-TEST(QuickViewScene, HasAPointBehindTheLastFullGroup) {
+TEST(QuickViewScene, HasNoPointBehindTheLastGroup) {
   for (const auto& [lines, points] : std::vector<std::pair<int, std::size_t>>{
-           {1, 1}, {4, 1}, {5, 2}, {9, 2}, {10, 2}, {14, 2}, {15, 3}, {20, 3}}) {
+           {1, 1}, {4, 1}, {5, 1}, {9, 1}, {10, 1}, {11, 2}, {14, 2}, {15, 2}, {20, 2}, {21, 3}}) {
     ViewScene scene;
     scene.Present.BaseSamples = 10;
     scene.Recorded(Lines(lines, 1));
@@ -97,7 +97,36 @@ TEST(QuickViewScene, HasAPointBehindTheLastFullGroup) {
   }
 }
 
-TEST(QuickViewScene, NamesItsAxisAndCutsThePointBehindTheLastGroupOff) {
+TEST(QuickViewScene, MarksAPointThatStandsAlone) {
+  ViewScene scene;
+  scene.Present.BaseSamples = 10;
+  // The axis ends at the first point until the second group is half full.
+  for (const auto& [lines, style] : std::vector<std::pair<int, std::int16_t>>{
+           {1, 15}, {10, 15}, {14, 15}, {15, 0}, {20, 0}, {10, 15}, {200, 0}}) {
+    scene.Recorded(Lines(lines, 1));
+    scene.Analysis.ViewRecording();
+    for (const platform::Plot& plot : scene.Recorder.CWGraph2.Plots)
+      EXPECT_EQ(plot.PointStyle, style) << lines;
+  }
+}
+
+TEST(QuickViewScene, TellsTheTimeFromPointToPoint) {
+  ViewScene scene;
+  scene.Recorded(Lines(400, 1));
+  scene.Analysis.ViewRecording();
+  EXPECT_DOUBLE_EQ(scene.Recorder.CWGraph2.SecondsPerPoint, 0.1);
+
+  scene.Present.BaseSamples = 1000;
+  scene.Settings.BaseFrequency = 60;
+  scene.Analysis.ViewRecording();
+  EXPECT_DOUBLE_EQ(scene.Recorder.CWGraph2.SecondsPerPoint, 1000.0 / 4800);
+
+  scene.Settings.BaseFrequency = 0;
+  scene.Analysis.ViewRecording();
+  EXPECT_EQ(scene.Recorder.CWGraph2.SecondsPerPoint, 0) << "no time without a frequency";
+}
+
+TEST(QuickViewScene, NamesItsAxisAndEndsItAtTheLastGroupThatIsHalfFull) {
   ViewScene scene;
   EXPECT_EQ(scene.Recorder.CWGraph2.XAxis.Caption, "x * 4000 samples");
   scene.Recorder.CWGraph2.XAxis.Minimum = 3;
@@ -157,7 +186,7 @@ TEST(QuickViewScene, AgreesWithAPlainSumOverRandomValues) {
   scene.Recorded(text);
   scene.Analysis.ViewRecording();
   for (std::size_t channel = 0; channel < 8; ++channel) {
-    ASSERT_THAT(Points(scene, channel), SizeIs(21));
+    ASSERT_THAT(Points(scene, channel), SizeIs(20));
     for (std::size_t group = 0; group < 20; ++group) {
       double sum = 0;
       for (std::size_t row = 0; row < 37; ++row) {

@@ -76,6 +76,29 @@ TEST_F(RecordFiles, ARefusedWorksheetIsToldByTheCode) {
   }
 }
 
+TEST_F(RecordFiles, AnAnswerThatComesLateIsToldInABox) {
+  Made("EXCEL", ".xls");
+  Links.Late = true;
+  Analysis.ViewRecording();
+  EXPECT_THAT(Dialogs.Shown, IsEmpty());
+  Links.Waiting[0](platform::open_code::NoViewer);
+  EXPECT_EQ(Dialogs.Shown.size(), 1U);
+}
+
+TEST_F(RecordFiles, AnAnswerThatComesIntoTheNextRecordingIsToldOnTheLine) {
+  Made("EXCEL", ".xls");
+  Links.Late = true;
+  Analysis.ViewRecording();
+  Recorder.CWButton3.Value = true;
+  Links.Waiting[0](platform::open_code::NoViewer);
+  EXPECT_THAT(Dialogs.Shown, IsEmpty());
+  EXPECT_EQ(Recorder.NotStored.Caption,
+            "The worksheet of the recording before has found no viewer.");
+  Recorder.NotStored.Say("not stored");
+  Links.Waiting[0](platform::open_code::NoViewer);
+  EXPECT_EQ(Recorder.NotStored.Caption, "not stored") << "which matters more";
+}
+
 TEST_F(RecordFiles, TheLogOpensByItsButton) {
   Made("TXT", ".txt");
   Recorder.Command9.Click();

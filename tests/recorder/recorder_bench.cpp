@@ -4,7 +4,8 @@
 
 namespace recorder_tests {
 
-RecorderBench::RecorderBench() {
+RecorderBench::RecorderBench(platform::FileSystem* files)
+    : Disk(files == nullptr ? Files : *files) {
   Settings.StoragePath = "c:\\StoredData";
   Settings.FileFormat = "TXT";
   Settings.ChannelName = {"IA", "IB", "IC", "IN", "UA", "UB", "UC", "UN"};
@@ -21,6 +22,15 @@ void RecorderBench::Run(const std::string& format) {
   Main.CWButton3.Value = true;
   Receive(support::PlainFrame(0));
   Journal.clear();
+}
+
+int RecorderBench::Times(const std::string& entry) const {
+  return static_cast<int>(std::count(Journal.begin(), Journal.end(), entry));
+}
+
+void RecorderBench::LoseFolder() {
+  Files.Folders.clear();
+  Files.Stored.clear();
 }
 
 void RecorderBench::TakeBoth() {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "recorder/record_analysis.h"
 #include "recorder/recording_session.h"
 #include "recorder/sample_writer.h"
 #include "support/capture_bench.h"
@@ -13,30 +14,39 @@
 
 namespace recorder_tests {
 
-/// What follows a recording, written down in the journal.
+/// What follows a recording, written down in the journal, with the real reader behind it where a
+/// test has one.
 class NotedReader : public packetroutines::RecordReader {
  public:
   explicit NotedReader(support::Journal& journal) : journal_(journal) {}
-  void BuildRecordLog(bool&) override {
+  void BuildRecordLog(bool& nothingToRead) override {
     journal_.emplace_back("log");
     if (AtLog) AtLog();
+    if (Behind != nullptr) Behind->BuildRecordLog(nothingToRead);
   }
-  void ViewRecording() override { journal_.emplace_back("view"); }
+  void ViewRecording() override {
+    journal_.emplace_back("view");
+    if (AtView) AtView();
+    if (Behind != nullptr) Behind->ViewRecording();
+  }
 
   std::function<void()> AtLog;
+  std::function<void()> AtView;
+  packetroutines::RecordReader* Behind = nullptr;
 
  private:
   support::Journal& journal_;
 };
 
-/// The recorder on a bench: the acquisition core in front of it, files in memory behind it, and in
+/// The recorder on a bench: the acquisition core in front of it, files in memory behind it unless
+/// the test brings its own, and in
 /// the place of the log and the quick view notes in the journal. The contents "MU01" and "MU02"
 /// mark the two streams; only the first is recorded unless a test says so.
 class RecorderBench : public support::CaptureBench {
  public:
-  RecorderBench();
+  explicit RecorderBench(platform::FileSystem* files = nullptr);
 
-  support::FailingFiles Disk{Files};
+  support::FailingFiles Disk;
   packetroutines::FileNumbers Open{Disk};
   packetroutines::RecordContext Context{Settings, Present, State, Rings, Disk, Open, Numbers, Code};
   packetroutines::Worksheets Sheets{Open, Numbers, Code};
@@ -45,11 +55,11 @@ class RecorderBench : public support::CaptureBench {
   packetroutines::ComtradeWriter Comtrade{Context};
   packetroutines::DiskReport Report{Main, Disk, Calendar, Numbers};
   packetroutines::RecordWriters Writers{Text, Sheet, Comtrade, Sheets, Report};
-  packetroutines::SampleWriter Samples{Context, Writers,     {Main, Main},
-                                       State,   Acquisition, Services};
+  packetroutines::SampleWriter Samples{Context, Writers, Main, Session, Runtime};
   NotedReader Reader{Journal};
   subroutines::StoredSettings Stored{Store, Numbers, Settings};
   subroutines::RecordingSession Session{Main,
+                                        Main,
                                         Settings,
                                         Stored,
                                         State,
@@ -75,10 +85,30 @@ class RecorderBench : public support::CaptureBench {
   std::string Content(const std::string& name) const;
   /// The names of the files there.
   std::vector<std::string> Names() const;
+  /// How often an entry stands in the journal.
+  int Times(const std::string& entry) const;
+  /// The folder for data is pulled out, with all that lies in it.
+  void LoseFolder();
+  void BringFolderBack() { Files.Folders.insert(Settings.StoragePath); }
+
   /// The paths of the bench's folder.
   static std::string Path(const std::string& name) { return "c:\\StoredData\\" + name; }
 
   const std::string& Caption(std::size_t line) const { return Main.Label10[line].Caption; }
+};
+
+/// The recorder with the real log and quick view behind it.
+class ReadingBench : public RecorderBench {
+ public:
+  explicit ReadingBench(platform::FileSystem* files = nullptr) : RecorderBench(files) {
+    Reader.Behind = &Analysis;
+  }
+
+  packetroutines::RecordAnalysis Analysis{
+      {Settings, Present, State.RecordFileName, Disk},
+      Dispatcher.Bytes(),
+      Main,
+      {Code, Numbers, Calendar, Pointer, Dialogs, Links, Runtime, Open}};
 };
 
 /// What `Fill` puts into a cell; different in each, and exact in decimal digits.

@@ -114,7 +114,7 @@ TEST_F(SampleWriter, LosesARingQuietlyWhereItsFolderIsGone) {
   EXPECT_TRUE(bench.State.LookingForRecording);
   EXPECT_FALSE(bench.Main.CWButton3.Visible) << "the common end is not run";
   EXPECT_TRUE(bench.Main.NotStored.Visible);
-  EXPECT_EQ(NotStored(), "not stored since 09.03.2024 14:05:07: Path not found");
+  EXPECT_EQ(NotStored(), "stream 1: not stored since 09.03.2024 14:05:07: Path not found.");
 }
 
 TEST_F(SampleWriter, GoesOnWhereTheFolderHasComeBack) {
@@ -124,7 +124,13 @@ TEST_F(SampleWriter, GoesOnWhereTheFolderHasComeBack) {
   bench.Files.Folders.insert("c:\\StoredData");
   bench.WriteRing(0);
   EXPECT_TRUE(bench.Content(name).starts_with("0;")) << "only stored rings are counted";
-  EXPECT_EQ(NotStored(), "not stored since 09.03.2024 14:05:07: Path not found");
+  EXPECT_EQ(NotStored(),
+            "stream 1: stored again since 09.03.2024 14:05:07; 1 ring lost: Path not found.");
+  bench.WriteRing(0);
+  bench.Files.Folders.clear();
+  bench.WriteRing(0);
+  EXPECT_EQ(NotStored(),
+            "stream 1: not stored since 09.03.2024 14:05:07: Path not found; 1 ring lost before.");
 }
 
 TEST_F(SampleWriter, LosesAllLaterRingsWhereAWriteFailed) {
@@ -139,7 +145,7 @@ TEST_F(SampleWriter, LosesAllLaterRingsWhereAWriteFailed) {
   EXPECT_EQ(bench.Content(name), content);
   EXPECT_THAT(bench.Dialogs.Shown, IsEmpty());
   EXPECT_TRUE(bench.Main.CWButton3.Value);
-  EXPECT_EQ(NotStored(), "not stored since 09.03.2024 14:05:07: Device I/O error")
+  EXPECT_EQ(NotStored(), "stream 1: not stored since 09.03.2024 14:05:07: Device I/O error.")
       << "the first reason and its time stay";
 }
 
@@ -150,15 +156,30 @@ TEST_F(SampleWriter, TellsOfAWorksheetThatCannotBeWritten) {
   bench.WriteRing(0);
   EXPECT_THAT(bench.Dialogs.Shown, IsEmpty());
   EXPECT_TRUE(bench.Main.CWButton3.Value) << "the recording runs on";
-  EXPECT_EQ(NotStored(), "not stored since 09.03.2024 14:05:07: Disk full");
+  EXPECT_EQ(NotStored(), "stream 1: not stored since 09.03.2024 14:05:07: Disk full.");
   EXPECT_EQ(bench.Main.OnDisk[0].Caption, "");
+}
+
+TEST_F(SampleWriter, TellsOfEachStreamByItself) {
+  bench.TakeBoth();
+  bench.Run("TXT");
+  bench.Disk.FailingOpen = 2;
+  bench.Disk.Number = 70;
+  bench.WriteRing(0);
+  bench.WriteRing(1);
+  EXPECT_EQ(NotStored(), "stream 2: not stored since 09.03.2024 14:05:07: Permission denied.");
+  bench.Files.Folders.clear();
+  bench.WriteRing(0);
+  EXPECT_EQ(NotStored(),
+            "stream 1: not stored since 09.03.2024 14:05:07: Path not found. "
+            "stream 2: not stored since 09.03.2024 14:05:07: Permission denied.");
 }
 
 TEST_F(SampleWriter, TellsOfAWorksheetThatCannotBeBegun) {
   bench.Run("EXCEL");
   bench.Files.Folders.clear();
   bench.WriteRing(0);
-  EXPECT_EQ(NotStored(), "not stored since 09.03.2024 14:05:07: Path not found");
+  EXPECT_EQ(NotStored(), "stream 1: not stored since 09.03.2024 14:05:07: Path not found.");
 }
 
 TEST_F(SampleWriter, ForgetsTheTroubleAtTheNextStart) {

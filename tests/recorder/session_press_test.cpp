@@ -1,14 +1,11 @@
 // A press of the button, or a change of the tab, at each moment of a recording.
 
-#include <algorithm>
-
 #include "recorder_bench.h"
 
 namespace recorder_tests {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 namespace line = forms::record_line;
 
 class Press : public testing::Test {
@@ -22,10 +19,6 @@ class Press : public testing::Test {
     bench.Main.CWButton3.Visible = false;
     bench.Main.Command9.Visible = false;
   }
-  int Times(const std::string& entry) const {
-    return static_cast<int>(std::count(bench.Journal.begin(), bench.Journal.end(), entry));
-  }
-
   RecorderBench bench;
 };
 
@@ -50,8 +43,8 @@ TEST_F(Press, InTheSecondPumpOfAStartDropsItAndGivesThePageBack) {
   bench.Events.AtPump(2, [&] { Toggle(); });
   Toggle();
   EXPECT_FALSE(bench.Main.CWButton3.Value);
-  EXPECT_EQ(Times("start"), 0);
-  EXPECT_EQ(Times("log"), 0);
+  EXPECT_EQ(bench.Times("start"), 0);
+  EXPECT_EQ(bench.Times("log"), 0);
   EXPECT_FALSE(bench.State.RecorderBusy);
   EXPECT_TRUE(bench.Main.CWButton3.Visible);
   for (const platform::OptionButton& format : bench.Main.Option2) EXPECT_TRUE(format.Enabled);
@@ -65,7 +58,7 @@ TEST_F(Press, OfStopAndRunInThePumpOfAStartLetsItGoOn) {
   });
   Toggle();
   EXPECT_TRUE(bench.State.LookingForRecording);
-  EXPECT_EQ(Times("start"), 1);
+  EXPECT_EQ(bench.Times("start"), 1);
 }
 
 TEST_F(Press, OfAFormatWhileTheyAreLockedDoesNotCount) {
@@ -81,15 +74,15 @@ TEST_F(Press, WhileTheFirstFrameIsAwaitedStops) {
   Toggle();
   EXPECT_FALSE(bench.State.LookingForRecording);
   EXPECT_FALSE(bench.State.CaptureRunning);
-  EXPECT_THAT(bench.Names(), IsEmpty());
+  EXPECT_EQ(bench.Content(Started + ".txt"), "") << "the one that is read back";
 }
 
-TEST_F(Press, WhileTheFirstRingFillsStopsWithoutAFile) {
+TEST_F(Press, WhileTheFirstRingFillsStopsWithoutASample) {
   bench.Run("TXT");
   bench.Frames(2000);
   Toggle();
   EXPECT_FALSE(bench.State.LookingForRecording);
-  EXPECT_THAT(bench.Names(), IsEmpty());
+  EXPECT_EQ(bench.Content(Started + ".txt"), "");
 }
 
 /// The pumps of a stop: its own first one, two of capture, and the one that shows the analysis.
@@ -103,9 +96,9 @@ TEST_P(PressInStop, DoesNotBeginAnother) {
   Toggle();
   EXPECT_FALSE(bench.Main.CWButton3.Value);
   EXPECT_FALSE(bench.State.LookingForRecording);
-  EXPECT_EQ(Times("start"), 0);
-  EXPECT_EQ(Times("log"), 1);
-  EXPECT_EQ(Times("view"), 1);
+  EXPECT_EQ(bench.Times("start"), 0);
+  EXPECT_EQ(bench.Times("log"), 1);
+  EXPECT_EQ(bench.Times("view"), 1);
   EXPECT_TRUE(bench.Main.CWButton3.Visible);
 }
 
@@ -126,8 +119,8 @@ TEST_P(PressInStop, OfAnotherTabKeepsItFreeOfWhatBelongsHere) {
   bench.Journal.clear();
   bench.Events.AtPump(GetParam(), [&] { ChangeTab(); });
   Toggle();
-  EXPECT_EQ(Times("log"), 1) << "the recording is finished all the same";
-  EXPECT_EQ(Times("view"), 0);
+  EXPECT_EQ(bench.Times("log"), 1) << "the recording is finished all the same";
+  EXPECT_EQ(bench.Times("view"), 0);
   EXPECT_FALSE(bench.Main.Command9.Visible);
 }
 
@@ -139,7 +132,7 @@ TEST_F(Press, WhileTheLogIsMadeDoesNotBeginAnother) {
   bench.Reader.AtLog = [&] { Toggle(); };
   Toggle();
   EXPECT_FALSE(bench.Main.CWButton3.Value);
-  EXPECT_EQ(Times("log"), 1);
+  EXPECT_EQ(bench.Times("log"), 1);
   EXPECT_FALSE(bench.State.CaptureRunning);
 }
 
@@ -149,7 +142,7 @@ class TabInStart : public Press, public testing::WithParamInterface<int> {};
 TEST_P(TabInStart, DropsTheStart) {
   bench.Events.AtPump(GetParam(), [&] { ChangeTab(); });
   Toggle();
-  EXPECT_EQ(Times("start"), 0);
+  EXPECT_EQ(bench.Times("start"), 0);
   EXPECT_FALSE(bench.State.LookingForRecording);
   EXPECT_FALSE(bench.State.RecorderBusy);
   EXPECT_FALSE(bench.Main.CWButton3.Visible);
@@ -157,14 +150,83 @@ TEST_P(TabInStart, DropsTheStart) {
 
 INSTANTIATE_TEST_SUITE_P(Pumps, TabInStart, testing::Values(1, 2, 3, 4));
 
-TEST_F(Press, BehindAFailedStopWorks) {
-  bench.Run("TXT");
-  bench.Reader.AtLog = [] { throw platform::Failure(platform::failure::DeviceIo); };
-  EXPECT_THROW(Toggle(), platform::Failure);
-  bench.Reader.AtLog = nullptr;
+TEST_F(Press, BehindAStopThatFailedInsideWorks) {
+  const auto fail = [] { throw platform::Failure(platform::failure::DeviceIo); };
+  for (const char* what : {"The log", "The quick view"}) {
+    bench.Run("TXT");
+    (what == std::string("The log") ? bench.Reader.AtLog : bench.Reader.AtView) = fail;
+    Toggle();
+    EXPECT_EQ(bench.Main.NotStored.Caption, what + std::string(" is left out: Device I/O error."));
+    EXPECT_EQ(bench.Caption(line::Progress), "0s / 0 samples");
+    for (const platform::OptionButton& format : bench.Main.Option2) EXPECT_TRUE(format.Enabled);
+    bench.Reader.AtLog = nullptr;
+    bench.Reader.AtView = nullptr;
+  }
   bench.Run("TXT");
   EXPECT_TRUE(bench.State.LookingForRecording);
 }
+
+TEST_F(Press, ThatFailsInTheMidstOfAStartGivesThePageBack) {
+  for (const int pump : {1, 2}) {
+    bench.Events.AtPump(pump, [] { throw std::bad_alloc(); });
+    Toggle();
+    EXPECT_FALSE(bench.Main.CWButton3.Value) << pump;
+    EXPECT_TRUE(bench.Main.CWButton3.Visible) << pump;
+    EXPECT_FALSE(bench.State.RecorderBusy) << pump;
+    EXPECT_FALSE(bench.State.CaptureRunning) << pump;
+    for (const platform::OptionButton& format : bench.Main.Option2) EXPECT_TRUE(format.Enabled);
+    EXPECT_EQ(bench.Main.NotStored.Caption, "The recording did not begin: Out of memory.");
+    Toggle();
+    EXPECT_TRUE(bench.State.LookingForRecording) << pump;
+    EXPECT_EQ(bench.Main.NotStored.Caption, "") << pump;
+    Toggle();
+  }
+}
+
+/// The pumps of the end at the last row of a sheet: those of a stop, and two of the stop behind it.
+class PressAtTheLastRow : public Press, public testing::WithParamInterface<int> {};
+
+TEST_P(PressAtTheLastRow, BeginsNoRecordingThatWouldBeEndedAtOnce) {
+  bench.Run("EXCEL");
+  for (int ring = 0; ring < 8; ++ring) bench.WriteRing(0);
+  const std::string progress = bench.Caption(line::Progress);
+  bench.Events.AtPump(GetParam(), [&] { Toggle(); });
+  bench.WriteRing(0);
+  EXPECT_FALSE(bench.Main.CWButton3.Value);
+  EXPECT_TRUE(bench.Main.CWButton3.Visible);
+  EXPECT_EQ(bench.Times("start"), 0);
+  EXPECT_EQ(bench.Times("view"), 1);
+  EXPECT_EQ(bench.Caption(line::Progress), progress);
+  EXPECT_EQ(bench.Main.Label10[line::Progress].ForeColor.Get(), (platform::Rgb{0, 0, 0}));
+  EXPECT_EQ(bench.State.RecordFileName, Started + ".xls");
+  EXPECT_TRUE(bench.Content(Started + ".xls").ends_with(std::string("\x0A\0\0\0", 4)));
+  bench.Calendar.Present.Second = 8;
+  bench.Run("EXCEL");
+  EXPECT_TRUE(bench.State.CaptureRunning);
+}
+
+INSTANTIATE_TEST_SUITE_P(Pumps, PressAtTheLastRow, testing::Range(1, 7));
+
+/// The pumps of the end on a full disk: two of capture in front of the box, and those of a stop.
+class PressOnAFullDisk : public Press, public testing::WithParamInterface<int> {};
+
+TEST_P(PressOnAFullDisk, EndsItOnce) {
+  bench.Run("TXT");
+  bench.WriteRing(0);
+  bench.Disk.FailingWrite = 2;
+  bench.Journal.clear();
+  bench.Events.AtPump(GetParam(), [&] { Toggle(); });
+  bench.WriteRing(0);
+  EXPECT_FALSE(bench.Main.CWButton3.Value);
+  EXPECT_EQ(bench.Times("start"), 0);
+  EXPECT_EQ(bench.Times("log"), 1);
+  EXPECT_EQ(bench.Times("view"), 1);
+  EXPECT_EQ(bench.Dialogs.Shown.size(), 1U);
+  bench.Run("TXT");
+  EXPECT_TRUE(bench.State.CaptureRunning);
+}
+
+INSTANTIATE_TEST_SUITE_P(Pumps, PressOnAFullDisk, testing::Range(1, 7));
 
 TEST_F(Press, IsTakenBackByTheRowLimitWithinTheWriter) {
   bench.Run("EXCEL");
@@ -172,7 +234,7 @@ TEST_F(Press, IsTakenBackByTheRowLimitWithinTheWriter) {
   bench.Events.AtPump(1, [&] { Toggle(); });
   bench.WriteRing(0);
   EXPECT_FALSE(bench.Main.CWButton3.Value);
-  EXPECT_EQ(Times("start"), 0);
+  EXPECT_EQ(bench.Times("start"), 0);
 }
 
 }  // namespace

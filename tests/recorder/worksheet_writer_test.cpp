@@ -1,6 +1,7 @@
 #include <bit>
 #include <cstring>
 #include <map>
+#include <set>
 
 #include "recorder_bench.h"
 
@@ -27,6 +28,7 @@ struct ReadSheet {
         double value = 0;
         std::memcpy(&value, data.data() + 7, sizeof value);
         Numbers[{word(at + 4), word(at + 6)}] = value;
+        Looks.insert(data.substr(4, 3));
         LastRow = word(at + 4);
       }
       if (code == 4) Texts.push_back(data.substr(8));
@@ -39,6 +41,8 @@ struct ReadSheet {
   /// By 0-based row and column, as they stand in the file.
   std::map<std::pair<int, int>, double> Numbers;
   std::vector<std::string> Texts;
+  /// The attribute bytes that cells with numbers have.
+  std::set<std::string> Looks;
   int LastRow = -1;
   /// The last record is complete.
   bool Whole = false;
@@ -55,6 +59,17 @@ class WorksheetFile : public testing::Test {
   void Rings(int count) {
     for (int ring = 0; ring < count; ++ring) bench.WriteRing(0, 9 * (ring + 1));
   }
+
+  /// Another tab is entered and the recorder's again.
+  static void LeaveTab(RecorderBench& left) {
+    left.Acquisition.StopCapture();
+    ++left.State.TabChanges;
+    packetroutines::ClearModes(left.State);
+    left.State.RecorderBusy = true;
+    left.Main.CWButton3.Value = false;
+    left.State.RecorderBusy = false;
+  }
+  void LeaveTab() { LeaveTab(bench); }
 
   RecorderBench bench;
   const std::string name = Started + ".xls";
@@ -101,6 +116,22 @@ TEST_F(WorksheetFile, HasARowOfNineNumbersASample) {
     }
   }
   EXPECT_FALSE(sheet.Codes.ends_with(" 10 ")) << "it stays open between the rings";
+}
+
+TEST_F(WorksheetFile, HasItsNumbersInThePlainFontAlignedLeft) {
+  Rings(2);
+  EXPECT_THAT(Read(name).Looks, ElementsAre(std::string("\0\0\1", 3)));
+}
+
+TEST_F(WorksheetFile, HasItsHeadingInTheCodePageOfTheSystem) {
+  bench.Settings.ChannelName[0] = "Strom Ä";
+  bench.Settings.ChannelName[1] = "10 € Ω";
+  bench.Settings.ChannelName[2] = std::string(256, 'x');
+  bench.WriteRing(0);
+  EXPECT_THAT(Read(name).Texts,
+              ElementsAre("Ramp", "Strom \xC4", "10 \x80 ?", "IN", "UA", "UB", "UC", "UN"))
+      << "a name that no cell holds is left out alone";
+  EXPECT_FALSE(bench.Main.NotStored.Visible);
 }
 
 TEST_F(WorksheetFile, OfALaterRingGoesOnBelow) {
@@ -217,6 +248,78 @@ TEST_F(WorksheetFile, IsMadeAnewByTheNextRecordingInItsFormat) {
   const ReadSheet second = Read("SV record 09.03.2024 14-05-08.xls");
   EXPECT_EQ(second.Texts.size(), 9U);
   EXPECT_EQ(second.LastRow, 4000);
+}
+
+TEST_F(WorksheetFile, ThatIsNotFinishedIsTold) {
+  bench.Run("EXCEL");
+  bench.WriteRing(0);
+  bench.Disk.FailingWrite = bench.Disk.Writes + 1;
+  bench.Stop();
+  EXPECT_EQ(bench.Main.NotStored.Caption,
+            "The worksheet of stream 1 could not be finished: Disk full.");
+  EXPECT_THAT(bench.Dialogs.Shown, testing::IsEmpty());
+  for (const auto& format : bench.Main.Option2) EXPECT_TRUE(format.Enabled);
+  bench.Run("TXT");
+  EXPECT_TRUE(bench.Content(name).ends_with(std::string("\x0A\0\0\0", 4))) << "the next RUN tries";
+  EXPECT_EQ(bench.Main.NotStored.Caption, "");
+}
+
+TEST_F(WorksheetFile, ThatTheNextRunCannotFinishIsTold) {
+  bench.Run("EXCEL");
+  bench.WriteRing(0);
+  LeaveTab();
+  bench.Disk.FailingWrite = bench.Disk.Writes + 1;
+  bench.Run("TXT");
+  EXPECT_EQ(bench.Main.NotStored.Caption,
+            "A worksheet of the recording before could not be finished: Disk full.");
+  EXPECT_TRUE(bench.State.LookingForRecording);
+}
+
+TEST_F(WorksheetFile, ThatAChangeOfTheTabLeftOpenIsEndedByTheNextRun) {
+  for (const char* format : {"TXT", "EXCEL", "COMTRADE"}) {
+    RecorderBench other;
+    other.TakeBoth();
+    other.Run("EXCEL");
+    other.WriteRing(0);
+    other.WriteRing(1);
+    LeaveTab(other);
+    EXPECT_FALSE(ReadSheet(other.Content("1_" + name)).Codes.ends_with(" 10 "));
+    other.Calendar.Present.Second = 8;
+    other.Run(format);
+    for (const char* prefix : {"1_", "2_"}) {
+      const ReadSheet sheet(other.Content(prefix + name));
+      EXPECT_TRUE(sheet.Codes.ends_with(" 3 10 ")) << format << prefix;
+      EXPECT_TRUE(sheet.Whole);
+    }
+    EXPECT_EQ(other.Main.NotStored.Caption, "");
+  }
+}
+
+TEST_F(WorksheetFile, HasItsEndBeforeALogClosesAllFiles) {
+  ReadingBench other;
+  other.Run("EXCEL");
+  other.WriteRing(0);
+  LeaveTab(other);
+  other.Run("TXT");
+  other.Frames(1);
+  other.Fill(0);
+  other.WriteRing(0);
+  other.Stop();
+  EXPECT_NE(other.Content("Errorlog " + Started + ".txt"), "missing");
+  EXPECT_TRUE(ReadSheet(other.Content(name)).Codes.ends_with(" 3 10 "));
+}
+
+TEST_F(WorksheetFile, OfAnEarlierRunIsNoTroubleOfARunWithoutAFrame) {
+  bench.Run("EXCEL");
+  bench.Disk.FailingWrite = 1;
+  bench.WriteRing(0);
+  EXPECT_TRUE(bench.Main.NotStored.Visible);
+  bench.Stop();
+  bench.Calendar.Present.Second = 8;
+  bench.Main.CWButton3.Value = true;
+  EXPECT_EQ(bench.Main.NotStored.Caption, "");
+  bench.Stop();
+  EXPECT_EQ(bench.Main.NotStored.Caption, "No ring was stored, so there is no worksheet.");
 }
 
 TEST_F(WorksheetFile, GoesOnBehindARecordingInAnotherFormat) {

@@ -45,7 +45,7 @@ TEST_F(Recording, EndsWithItsLogAndItsQuickView) {
   EXPECT_TRUE(Main.Command9.Visible);
   EXPECT_TRUE(Main.CWGraph2.Visible);
   const std::vector<double>& current = Main.CWGraph2.Plots[0].Y;
-  ASSERT_THAT(current, SizeIs(21));
+  ASSERT_THAT(current, SizeIs(20));
   EXPECT_NEAR(current[0], 2, 0.01);
   EXPECT_NEAR(current[19], 2, 0.01);
   EXPECT_NEAR(Main.CWGraph2.Plots[4].Y.Get()[3], 3, 0.01);

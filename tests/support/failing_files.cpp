@@ -35,22 +35,28 @@ void FailingFiles::Meet(int& count, int failing) const {
   if (++count == failing) throw platform::Failure(Number);
 }
 
+void FailingFiles::Change(int& count, int failing) const {
+  Meet(count, failing);
+  if (Refusal != 0) throw platform::Failure(Refusal);
+}
+
 void FailingFiles::DeleteFile(const std::string& path) {
-  Meet(Deletes, FailingDelete);
+  Change(Deletes, FailingDelete);
   files_.DeleteFile(path);
 }
 
 std::unique_ptr<platform::OutputFile> FailingFiles::Append(const std::string& path) {
-  Meet(Opens, FailingOpen);
+  Change(Opens, FailingOpen);
   return std::make_unique<Output>(*this, files_.Append(path));
 }
 
 std::unique_ptr<platform::OutputFile> FailingFiles::Create(const std::string& path) {
-  Meet(Opens, FailingOpen);
+  Change(Opens, FailingOpen);
   return std::make_unique<Output>(*this, files_.Create(path));
 }
 
 std::unique_ptr<platform::InputFile> FailingFiles::Read(const std::string& path) {
+  Meet(Reads, FailingRead);
   return files_.Read(path);
 }
 

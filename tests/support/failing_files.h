@@ -36,19 +36,26 @@ class FailingFiles : public platform::FileSystem {
   int FailingClose = 0;
   /// The deleting that fails, counted likewise.
   int FailingDelete = 0;
+  /// The opening for reading that fails, counted likewise.
+  int FailingRead = 0;
   /// The number of the failure.
   std::int32_t Number = 61;
+  /// With another number than 0 every opening for writing and every deleting fails with it, as on a
+  /// medium that became read-only.
+  std::int32_t Refusal = 0;
 
   /// What was asked for so far.
   int Writes = 0;
   int Opens = 0;
   int Closes = 0;
   int Deletes = 0;
+  int Reads = 0;
 
  private:
   class Output;
 
   void Meet(int& count, int failing) const;
+  void Change(int& count, int failing) const;
 
   platform::FileSystem& files_;
 };

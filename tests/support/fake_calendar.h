@@ -12,7 +12,7 @@ class FakeCalendar : public platform::Calendar {
  public:
   platform::LocalTime Now() const override { return Present; }
   std::string GeneralText(const platform::LocalTime& moment) const override {
-    return platform::DottedText(moment);
+    return platform::DottedText(moment) + BehindDates;
   }
   std::string MonthName(std::int32_t month) const override {
     static constexpr std::array Names{"Jan", "Feb", "Mrz", "Apr", "Mai", "Jun",
@@ -20,6 +20,8 @@ class FakeCalendar : public platform::Calendar {
     return Names.at(static_cast<std::size_t>(month - 1));
   }
 
+  /// What the system writes behind a date, in other settings.
+  std::string BehindDates;
   platform::LocalTime Present{2024, 3, 9, 14, 5, 7};
 };
 

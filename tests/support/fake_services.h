@@ -118,13 +118,20 @@ class FakePrinters : public platform::Printers {
 class FakeLinks : public platform::ShellLinks {
  public:
   void Open(const std::string& target) override { Opened.push_back(target); }
-  std::int32_t OpenFile(const std::string& path) override {
+  void OpenFile(const std::string& path, Told told) override {
     Open(path);
-    return Code;
+    if (Late) {
+      Waiting.push_back(std::move(told));
+    } else {
+      told(Code);
+    }
   }
 
   /// What comes of opening a file.
   std::int32_t Code = platform::open_code::Opened;
+  /// The answers do not come at once; they wait here for the test.
+  bool Late = false;
+  std::vector<Told> Waiting;
 
   std::vector<std::string> Opened;
 };

@@ -8,7 +8,8 @@ namespace support {
 
 void MemoryOutput::Write(std::string_view bytes) {
   if (closed_) throw platform::Failure(platform::failure::BadFileNumber);
-  contents_[path_] += bytes;
+  const auto file = contents_.find(path_);
+  if (file != contents_.end()) file->second += bytes;
 }
 
 void MemoryOutput::Close() {

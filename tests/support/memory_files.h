@@ -12,7 +12,8 @@ namespace support {
 using Contents = std::map<std::string, std::string>;
 
 /// A file of a played platform, open for writing. It writes to its place even where another has
-/// opened the same file anew meanwhile; a file that was deleted comes back, which no test expects.
+/// opened the same file anew meanwhile; what is written to a file that was deleted is lost without
+/// a failure, as on a real disk.
 class MemoryOutput : public platform::OutputFile {
  public:
   MemoryOutput(Contents& contents, std::string path)

@@ -78,14 +78,15 @@ void Binder::Bind(platform::Label& control, QLabel& widget, const QString& name,
     // A label that leads to no field takes an ampersand as it stands.
     widget.setText(widget.buddy() != nullptr ? caption : PlainCaption(FromQt(caption)));
   });
-  // The view's own colour and weight hold until the program gives others.
+  // The view's own colour and font hold until the program gives others.
   control.ForeColor.Observe([&] {
     // Black stands for the usual colour of texts.
     const bool usual = control.ForeColor == platform::Rgb{};
     look::SetTextColour(widget, usual ? look::Ink : look::ColourOf(control.ForeColor));
   });
   control.FontBold.Observe([&] {
-    QFont font = widget.font();
+    // The weight alone: the size goes on following the window.
+    QFont font;
     font.setBold(control.FontBold);
     widget.setFont(font);
   });

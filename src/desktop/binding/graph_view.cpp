@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <algorithm>
 
+#include "desktop/binding/seconds_ticker.h"
 #include "desktop/look/look.h"
 #include "desktop/look/picture.h"
 #include "desktop/look/text.h"
@@ -104,9 +105,28 @@ void GraphView::FollowAxis(platform::Axis& axis, QCPAxis& shown) {
   axis.Maximum.Observe(ends);
 }
 
+void GraphView::FollowTime() {
+  xAxis2->setTicker(QSharedPointer<SecondsTicker>::create());
+  const auto follow = [this] {
+    const double seconds = graph_.SecondsPerPoint;
+    xAxis2->setVisible(seconds > 0);
+    xAxis2->setRange(xAxis->range() * seconds);
+    DrawSoon();
+  };
+  graph_.SecondsPerPoint.Observe(follow);
+  connect(xAxis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this, follow);
+  // What stands beside the numbers of the axis has their size.
+  connect(this, &QCustomPlot::beforeReplot, this, [this] {
+    xAxis->setLabelFont(xAxis->tickLabelFont());
+    xAxis2->setTickLabelFont(xAxis->tickLabelFont());
+  });
+  follow();
+}
+
 void GraphView::FollowGraph() {
   FollowAxis(graph_.XAxis, *xAxis);
   FollowAxis(graph_.YAxis, *yAxis);
+  FollowTime();
   graph_.XAxis.ScaleNow = [this] {
     ScaleX();
     DrawSoon();

@@ -32,6 +32,7 @@ class GraphView : public QCustomPlot, public look::Scalable {
   /// Draws once for all changes of a moment, unless a refresh comes first.
   void DrawSoon();
   void ShowCurve(std::size_t plot);
+  void FollowTime();
   void FollowAxis(platform::Axis& axis, QCPAxis& shown);
   void ShowStyle(std::size_t plot);
   void ShowTrackMode();

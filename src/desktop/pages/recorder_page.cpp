@@ -21,8 +21,9 @@ constexpr int Margin = 16;
 constexpr int PanelWidth = 226;
 constexpr int ShortField = 96;
 constexpr int BarHeight = 8;
-/// Two rows of text.
-constexpr int NotStoredHeight = 34;
+constexpr int LegendGap = 2;
+/// Three rows of text.
+constexpr int NotStoredHeight = 51;
 /// Room at the foot of the page for the logo.
 constexpr int FootHeight = 52;
 
@@ -33,8 +34,9 @@ void MakeHeading(QLabel& label) {
 }  // namespace
 
 RecorderPage::RecorderPage(forms::RecorderControls& recorder, forms::SharedControls& shared,
-                           Binder& binder, Guard& guard, QWidget* parent)
-    : QWidget(parent), recorder_(recorder), shared_(shared), binder_(binder) {
+                           forms::ValuesControls& values, Binder& binder, Guard& guard,
+                           QWidget* parent)
+    : QWidget(parent), recorder_(recorder), shared_(shared), values_(values), binder_(binder) {
   auto* all = new QGridLayout(this);
   all->setContentsMargins(Margin, Margin, Margin, 0);
   all->setSpacing(Margin);
@@ -45,11 +47,17 @@ RecorderPage::RecorderPage(forms::RecorderControls& recorder, forms::SharedContr
   auto* graph = new GraphView(recorder.CWGraph2, guard, this);
   graph->setObjectName(QStringLiteral("CWGraph2"));
   graph->setAccessibleName(QStringLiteral("Quick view of the recording"));
-  const auto show = [&recorder, graph] { graph->setVisible(recorder.CWGraph2.Visible); };
+  QWidget* legend = Legend();
+  const auto show = [&recorder, graph, legend] {
+    for (QWidget* part : std::initializer_list<QWidget*>{graph, legend})
+      part->setVisible(recorder.CWGraph2.Visible);
+  };
   recorder.CWGraph2.Visible.Observe(show);
   show();
   KeepRoom(*graph);
-  all->addWidget(graph, 2, 0, 1, 2);
+  all->addWidget(graph, 2, 0);
+  // It is higher than the graph in the smallest window, and there is room above it.
+  all->addWidget(legend, 1, 1, 2, 1, Qt::AlignBottom);
   all->addWidget(Foot(), 3, 0, 1, 2);
   all->setColumnStretch(0, 1);
   all->setColumnMinimumWidth(1, PanelWidth);
@@ -178,6 +186,27 @@ Card* RecorderPage::PauseCard() {
   card->AddWide(caption);
   card->AddWide(pause);
   return card;
+}
+
+QWidget* RecorderPage::Legend() {
+  auto* legend = new QWidget(this);
+  legend->setObjectName(QStringLiteral("Legend"));
+  auto* column = new QVBoxLayout(legend);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(LegendGap);
+  for (std::size_t i = 0; i < recorder_.CWGraph2.Plots.size(); ++i) {
+    auto* name = new CurveName(legend);
+    platform::Label& words = values_.Label6[i];
+    platform::Plot& curve = recorder_.CWGraph2.Plots[i];
+    const auto tell = [name, &words] { name->setText(ToQt(words.Caption)); };
+    const auto colour = [name, &curve] { name->SetColour(look::ColourOf(curve.LineColor)); };
+    words.Caption.Observe(tell);
+    curve.LineColor.Observe(colour);
+    tell();
+    colour();
+    column->addWidget(name);
+  }
+  return legend;
 }
 
 QWidget* RecorderPage::Foot() {

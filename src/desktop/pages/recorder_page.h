@@ -7,8 +7,10 @@
 #include "desktop/binding/graph_view.h"
 #include "desktop/binding/guard.h"
 #include "desktop/widgets/card.h"
+#include "desktop/widgets/curve_name.h"
 #include "forms/recorder_controls.h"
 #include "forms/shared_controls.h"
+#include "forms/values_controls.h"
 
 namespace desktop {
 
@@ -18,8 +20,9 @@ class RecorderPage : public QWidget {
   Q_OBJECT
 
  public:
-  RecorderPage(forms::RecorderControls& recorder, forms::SharedControls& shared, Binder& binder,
-               Guard& guard, QWidget* parent);
+  /// The names of the curves are those of the values on the Values view, with their units.
+  RecorderPage(forms::RecorderControls& recorder, forms::SharedControls& shared,
+               forms::ValuesControls& values, Binder& binder, Guard& guard, QWidget* parent);
 
  private:
   Card* RecordingCard();
@@ -27,12 +30,14 @@ class RecorderPage : public QWidget {
   Card* PauseCard();
   QWidget* RunPanel();
   QWidget* Progress(QWidget* parent);
+  QWidget* Legend();
   QWidget* Foot();
   ClickLabel* Caption(std::size_t row, QWidget* parent, QWidget* field = nullptr);
   TextField* Field(std::size_t index, QWidget* parent, const QString& accessibleName);
 
   forms::RecorderControls& recorder_;
   forms::SharedControls& shared_;
+  forms::ValuesControls& values_;
   Binder& binder_;
 };
 

@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QProcess>
+#include <utility>
 
 #include "desktop/look/text.h"
 #include "desktop/services/qt_file_system.h"
@@ -19,32 +20,12 @@ namespace open_code = platform::open_code;
 
 #if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
 
-/// Hands a file to the desktop's opener, which tells by its exit code whether a viewer took it.
-std::int32_t HandOver(const QString& place) {
-  constexpr int PatienceMs = 3000;
+/// What the exit code of the desktop's opener means.
+std::int32_t CodeOf(int exitCode, QProcess::ExitStatus status) {
   constexpr int FileIsMissing = 2;
-  // The opener may stay as long as its viewer does, and lives on behind this call.
-  auto* opener = new QProcess;
-  QObject::connect(opener, &QProcess::finished, opener, &QObject::deleteLater);
-  opener->setStandardInputFile(QProcess::nullDevice());
-  opener->setStandardOutputFile(QProcess::nullDevice());
-  opener->setStandardErrorFile(QProcess::nullDevice());
-  opener->start(QStringLiteral("xdg-open"), {place});
-  if (!opener->waitForStarted(PatienceMs)) {
-    delete opener;
-    return open_code::NoViewer;
-  }
-  if (!opener->waitForFinished(PatienceMs)) return open_code::Opened;
-  const bool taken = opener->exitStatus() == QProcess::NormalExit && opener->exitCode() == 0;
-  if (taken) return open_code::Opened;
-  return opener->exitCode() == FileIsMissing ? open_code::FileNotFound : open_code::NoViewer;
-}
-
-#else
-
-std::int32_t HandOver(const QString& place) {
-  const bool taken = QDesktopServices::openUrl(QUrl::fromLocalFile(place));
-  return taken ? open_code::Opened : open_code::NoViewer;
+  if (status == QProcess::NormalExit && exitCode == 0) return open_code::Opened;
+  return status == QProcess::NormalExit && exitCode == FileIsMissing ? open_code::FileNotFound
+                                                                     : open_code::NoViewer;
 }
 
 #endif
@@ -69,12 +50,70 @@ void QtShellLinks::Open(const std::string& target) {
   QDesktopServices::openUrl(Address(target));
 }
 
-std::int32_t QtShellLinks::OpenFile(const std::string& path) {
+void QtShellLinks::OpenFile(const std::string& path, Told told) {
   const QFileInfo file(QtFileSystem::Resolve(path));
-  if (!file.absoluteDir().exists()) return open_code::PathNotFound;
-  if (!file.isFile()) return open_code::FileNotFound;
-  if (!file.isReadable()) return open_code::AccessDenied;
-  return HandOver(file.absoluteFilePath());
+  if (!file.absoluteDir().exists()) {
+    told(open_code::PathNotFound);
+  } else if (!file.isFile()) {
+    told(open_code::FileNotFound);
+  } else if (!file.isReadable()) {
+    told(open_code::AccessDenied);
+  } else {
+    HandOver(file.absoluteFilePath(), told);
+  }
+}
+
+#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
+
+void QtShellLinks::HandOver(const QString& place, const Told& told) {
+  // It outlives this object with its viewer.
+  auto* opener = new QProcess;
+  QObject::connect(opener, &QProcess::finished, opener, &QObject::deleteLater);
+  QObject::connect(opener, &QProcess::errorOccurred, opener,
+                   [opener](QProcess::ProcessError error) {
+                     if (error == QProcess::FailedToStart) opener->deleteLater();
+                   });
+  QObject::connect(opener, &QProcess::finished, &life_,
+                   [this, told](int exitCode, QProcess::ExitStatus status) {
+                     Answer(told, CodeOf(exitCode, status));
+                   });
+  QObject::connect(opener, &QProcess::errorOccurred, &life_,
+                   [this, told](QProcess::ProcessError error) {
+                     if (error == QProcess::FailedToStart) Answer(told, open_code::NoViewer);
+                   });
+  opener->setStandardInputFile(QProcess::nullDevice());
+  opener->setStandardOutputFile(QProcess::nullDevice());
+  opener->setStandardErrorFile(QProcess::nullDevice());
+  opener->start(QStringLiteral("xdg-open"), {place});
+}
+
+#else
+
+void QtShellLinks::HandOver(const QString& place, const Told& told) {
+  const bool taken = QDesktopServices::openUrl(QUrl::fromLocalFile(place));
+  told(taken ? open_code::Opened : open_code::NoViewer);
+}
+
+#endif
+
+void QtShellLinks::Release() {
+  --holds_;
+  // The routine that showed the box comes first.
+  QMetaObject::invokeMethod(
+      &life_, [this] { PassAnswersOn(); }, Qt::QueuedConnection);
+}
+
+void QtShellLinks::Answer(const Told& told, std::int32_t code) {
+  answers_.emplace_back([told, code] { told(code); });
+  PassAnswersOn();
+}
+
+void QtShellLinks::PassAnswersOn() {
+  while (holds_ == 0 && !answers_.empty()) {
+    const std::function<void()> answer = std::move(answers_.front());
+    answers_.pop_front();
+    enter_(answer);
+  }
 }
 
 }  // namespace desktop

@@ -20,7 +20,7 @@ class Plot {
   Property<Rgb> PointColor;
   /// 0 is no line, 1 a solid line.
   Property<std::int16_t> LineStyle{1};
-  /// 0 is no marker, 15 a marker at every point.
+  /// 0 is no marker, `CWGraph::SampleMarker` one at every point.
   Property<std::int16_t> PointStyle;
   /// In pixels.
   Property<std::int16_t> LineWidth{2};
@@ -46,10 +46,14 @@ class CWGraph : public Control {
  public:
   static constexpr std::int16_t PanMode = 3;
   static constexpr std::int16_t ZoomMode = 6;
+  /// The point style of a marker at every point; 0 is none.
+  static constexpr std::int16_t SampleMarker = 15;
 
   std::array<Plot, channels::Count> Plots;
   Axis XAxis;
   Axis YAxis;
+  /// From one point to the next. Where it is above 0, a second scale tells the time of the points.
+  Property<double> SecondsPerPoint;
   /// What a drag does: `PanMode` or `ZoomMode`.
   Property<std::int16_t> TrackMode{PanMode};
   /// The graph shows its background picture; without it, it stands on plain white.

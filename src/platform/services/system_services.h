@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -47,9 +48,13 @@ class ShellLinks {
   virtual ~ShellLinks() = default;
   /// A call that fails is not reported.
   virtual void Open(const std::string& target) = 0;
-  /// Opens a file in the viewer of its kind and tells what came of it: a code above 32 where it was
-  /// handed over, else one of `open_code`.
-  virtual std::int32_t OpenFile(const std::string& path) = 0;
+  /// What came of opening a file: a code above 32 where it was handed over, else one of
+  /// `open_code`.
+  using Told = std::function<void(std::int32_t code)>;
+  /// Opens a file in the viewer of its kind and waits for nobody: `told` is called at once where
+  /// the file itself is in the way, else when the desktop has its answer, which may be much later.
+  /// It is not called while a box stands.
+  virtual void OpenFile(const std::string& path, Told told) = 0;
 };
 
 }  // namespace platform

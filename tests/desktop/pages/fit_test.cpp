@@ -34,10 +34,17 @@ TEST_P(Fit, ARecordingThatIsNotStoredSaysSoUncut) {
   ClickTab(RecorderTab);
   for (auto& stored : Form().OnDisk) stored.Caption = "stream 1: 86,400 whole rings, 26,697,600 kB";
   Form().NotStored.Say(
-      "not stored since 21 Nov 2026 18:15:57: Path/File access error "
-      "(/home/engineer/StoredData/1_SV record 21.11.2026 18-15-57.txt)");
+      "stream 1: stored again since 21 Nov 2026 18:15:57; 86,400 rings lost: Path/File access "
+      "error. "
+      "stream 2: not stored since 21 Nov 2026 18:15:57: Path/File access error; 12 rings lost "
+      "before. "
+      "Log and quick view are left out: Path/File access error.");
   QTest::qWait(60);
-  EXPECT_GT(Find<QWidget>("NotStored").height(), 20);
+  const auto& line = Find<QWidget>("NotStored");
+  const QRect words =
+      line.fontMetrics().boundingRect(QRect(0, 0, line.width(), 1000), Qt::TextWordWrap,
+                                      QString::fromStdString(Form().NotStored.Caption));
+  EXPECT_GE(line.height(), words.height());
   ExpectNoMisfits("Recorder");
 }
 
@@ -89,6 +96,15 @@ TEST_F(Scaling, TextsFieldsButtonsTheStripAndTheStatusBarGrowAlike) {
 
   ResizeFrame({1024, 768});
   EXPECT_EQ(heights(), small);
+}
+
+TEST_F(Scaling, TheProgressOfARecordingGrowsWithItsPage) {
+  Start();
+  ClickTab(5);
+  ResizeFrame({1920, 1080});
+  ClickTab(5);
+  QTest::qWait(30);
+  EXPECT_EQ(Find<QWidget>("Label10(3)").fontInfo().pixelSize(), QApplication::font().pixelSize());
 }
 
 TEST_F(Scaling, TheRunButtonIsOneSizeOnAllViews) {

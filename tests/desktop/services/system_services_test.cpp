@@ -1,5 +1,11 @@
 #include <gtest/gtest.h>
 
+#ifdef __linux__
+#include <sys/resource.h>
+
+#include <csignal>
+#endif
+
 #include <QDir>
 #include <QTemporaryDir>
 #include <array>
@@ -116,6 +122,40 @@ TEST(Files, AFullDiskIsToldByItsNumber) {
   const auto file = files.Append("/dev/full");
 
   EXPECT_EQ(FailureOf([&] { file->Write("a"); }), 61);
+}
+
+/// As long as it lives, no file may grow beyond so many bytes.
+class SizeLimit {
+ public:
+  explicit SizeLimit(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit limit{bytes, before_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  SizeLimit(const SizeLimit&) = delete;
+  SizeLimit& operator=(const SizeLimit&) = delete;
+  ~SizeLimit() {
+    setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, handler_);
+  }
+
+ private:
+  using Handler = void (*)(int);
+  Handler handler_;
+  rlimit before_{};
+};
+
+TEST(Files, TheLargestFileThatADiskAllowsIsAFullDisk) {
+  const QTemporaryDir folder;
+  const std::string path = folder.filePath("record.txt").toStdString();
+  QtFileSystem files;
+  const SizeLimit limit(1000);
+  const auto file = files.Append(path);
+  file->Write(std::string(800, 'a'));
+
+  EXPECT_EQ(FailureOf([&] { file->Write(std::string(800, 'b')); }), 61);
+
+  EXPECT_EQ(files.FileSize(path), 1000) << "what fits is there";
 }
 #endif
 
