@@ -207,7 +207,8 @@ TEST_P(PressAtTheLastRow, BeginsNoRecordingThatWouldBeEndedAtOnce) {
 
 INSTANTIATE_TEST_SUITE_P(Pumps, PressAtTheLastRow, testing::Range(1, 7));
 
-/// The pumps of the end on a full disk: two of capture in front of the box, and those of a stop.
+/// STOP and RUN in the pumps of the end on a full disk: two of capture in front of the box, and
+/// those of a stop.
 class PressOnAFullDisk : public Press, public testing::WithParamInterface<int> {};
 
 TEST_P(PressOnAFullDisk, EndsItOnce) {
@@ -215,7 +216,10 @@ TEST_P(PressOnAFullDisk, EndsItOnce) {
   bench.WriteRing(0);
   bench.Disk.FailingWrite = 2;
   bench.Journal.clear();
-  bench.Events.AtPump(GetParam(), [&] { Toggle(); });
+  bench.Events.AtPump(GetParam(), [&] {
+    Toggle();
+    Toggle();
+  });
   bench.WriteRing(0);
   EXPECT_FALSE(bench.Main.CWButton3.Value);
   EXPECT_EQ(bench.Times("start"), 0);
