@@ -27,7 +27,7 @@ struct ReportParts {
 };
 
 /// The Report view: its rows, and a run that asks the bus for one frame. Its quiet line says where
-/// a run ended without a report, and why.
+/// a run ended without a report, and why, and why rows are hidden for as long as they are.
 class ReportView {
  public:
   ReportView(const ReportParts& parts, platform::EventQueue& events, platform::Program& program);
@@ -38,6 +38,9 @@ class ReportView {
   void ReportLayout();
   /// Reads a frame into the rows; the result is its station ID.
   std::string ReportAnalyse(const packetroutines::PacketBytes& bytes);
+  /// Why the first rows are hidden: they are of a frame that was not accepted, the others of an
+  /// earlier one. Empty where all belong together.
+  const std::string& HeadOfOther() const { return headOfOther_; }
 
  private:
   void Command2_ValueChanged();
@@ -57,6 +60,7 @@ class ReportView {
   bool layoutDone_ = false;
   /// A run was begun, and no frame has come since.
   bool running_ = false;
+  std::string headOfOther_;
 };
 
 }  // namespace subroutines
