@@ -21,49 +21,80 @@ VIEWS = {
     "RecorderControls": "Recorder",
     "ReportControls": "Report",
     "SetupControls": "Setup",
+    "IDlook": "stream finder",
+    "Revisionhistory": "revision history",
+    "DebugWindow": "debug window",
 }
+CORE = ("config", "capture", "measure", "recorder", "report", "shell")
 
 
-def sources(*folders):
-    return [file for folder in folders for file in sorted((ROOT / "src" / folder).rglob("*.cpp"))
-            ] + [file for folder in folders for file in sorted((ROOT / "src" / folder).rglob("*.h"))]
+def read(*folders):
+    """The texts of the sources in these folders, by their paths."""
+    return {file: file.read_text() for folder in folders
+            for ending in ("*.cpp", "*.h") for file in sorted((ROOT / "src" / folder).rglob(ending))}
+
+
+FORMS = read("forms")
 
 
 def controls():
-    """(name, kind, view) of every control, in the order of the forms."""
-    for header in sorted((ROOT / "src/forms").glob("*_controls.h")):
-        view = None
-        for line in header.read_text().splitlines():
-            struct = re.match(r"struct (\w+) {", line)
-            if struct:
-                view = VIEWS[struct.group(1)]
-            member = re.match(r"  (?:std::array<)?platform::(\w+)[^;(]* (\w+);", line)
-            if member and view:
-                yield member.group(2), member.group(1), view
+    """(name, kind, struct) of every control, in the order of the forms."""
+    for file in sorted(FORMS, key=lambda file: (not file.stem.endswith("_controls"), file)):
+        struct = None
+        for line in FORMS[file].splitlines():
+            opened = re.match(r"(?:struct|class) (\w+)(?: :.*)? {", line)
+            if opened:
+                struct = opened.group(1)
+            member = re.match(r"  (?:std::array<)?platform::(\w+)[^;(]* (\w+)(?:{[^}]*})?;", line)
+            if member and struct in VIEWS:
+                yield member.group(2), member.group(1), struct
 
 
-def handler(name, texts):
-    """The files whose code takes the control's events."""
-    direct = re.compile(rf"\b{name}(?:\[[^\]]*\])?\.(?:XAxis\.|YAxis\.)?(?:{EVENTS})\s*=[^=]")
-    each = re.compile(rf"for \([^)]*: [\w.]*\b{name}\) {{[^}}]*?\.(?:{EVENTS})\s*=[^=]", re.S)
-    return sorted({file.stem for file, text in texts if direct.search(text) or each.search(text)})
+def declared(text):
+    """(name, struct) of every form and part of a form that a source declares."""
+    return {(name, struct) for struct, name in re.findall(r"forms::(\w+)\s*[&*]?\s*(\w+)\s*[;,){(]", text)}
 
 
-def shown_by(name, texts):
-    """The files of the window that show the control."""
-    use = re.compile(rf"[\w)]\.{name}\b")
-    return sorted({file.stem for file, text in texts if use.search(text)})
+class Users:
+    """The sources of some folders, and what the names in each of them stand for."""
+
+    def __init__(self, *folders):
+        self.texts = read(*folders)
+        everywhere = set()
+        for file, text in self.texts.items():
+            if file.suffix == ".h":
+                everywhere |= {pair for pair in declared(text) if pair[0][0].isupper()}
+        self.names = {}
+        for file, text in self.texts.items():
+            header = self.texts.get(file.with_suffix(".h"), "")
+            known = declared(text) | declared(header)
+            # What a file declares itself hides a member of that name elsewhere.
+            own = {name for name, _ in known}
+            self.names[file] = known | {pair for pair in everywhere if pair[0] not in own}
+
+    def of(self, control, struct, *patterns):
+        """The stems of the files where a pattern, which captures the object, meets this control."""
+        found = set()
+        for file, text in self.texts.items():
+            meant = {name for name, kind in self.names[file]
+                     if kind == struct or (kind == "Main" and struct.endswith("Controls"))}
+            for pattern in patterns:
+                for owner in re.findall(pattern.replace("NAME", control), text, re.S):
+                    if owner in meant:
+                        found.add(file.stem)
+        return ", ".join(sorted(found)) or "-"
 
 
 def table():
-    core = [(file, file.read_text()) for file in sources("config", "capture", "measure", "recorder", "report", "shell")]
-    desktop = [(file, file.read_text()) for file in sources("desktop")]
+    core, desktop = Users(*CORE), Users("desktop")
     yield "| control | kind | view | handler | shown by |"
     yield "|---|---|---|---|---|"
-    for name, kind, view in controls():
-        cells = [f"`{name}`", kind, view]
-        cells += [", ".join(found) or "-" for found in (handler(name, core), shown_by(name, desktop))]
-        yield "| " + " | ".join(cells) + " |"
+    for name, kind, struct in controls():
+        handler = core.of(name, struct,
+                          rf"\b(\w+)\.NAME(?:\[[^\]]*\])?\.(?:XAxis\.|YAxis\.)?(?:{EVENTS})\s*=[^=]",
+                          rf"for \([^)]*: (?:\w+\.)*(\w+)\.NAME\) {{[^}}]*?\.(?:{EVENTS})\s*=[^=]")
+        shown = desktop.of(name, struct, r"\b(\w+)\.NAME\b")
+        yield f"| `{name}` | {kind} | {VIEWS[struct]} | {handler} | {shown} |"
 
 
 wanted = list(table())

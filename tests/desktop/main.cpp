@@ -4,6 +4,7 @@
 #include <QTemporaryFile>
 
 #include "desktop/look/look.h"
+#include "support/run_scenes.h"
 
 int main(int argc, char** argv) {
   // Listing the tests needs a window system as little as running them does; the screen is one that
@@ -19,5 +20,5 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName("Vornik");
   QApplication::setQuitOnLastWindowClosed(false);
   desktop::look::Apply(application);
-  return RUN_ALL_TESTS();
+  return RunScenes();
 }

@@ -33,7 +33,7 @@ int RingBytes(std::int32_t bufferBytes) {
 
 /// Lets nothing pass.
 bpf_program RejectEverything() {
-  static std::array<bpf_insn, 1> code{BPF_STMT(BPF_RET | BPF_K, 0)};
+  static std::array<bpf_insn, 1> code{{BPF_STMT(BPF_RET | BPF_K, 0)}};
   return {static_cast<u_int>(code.size()), code.data()};
 }
 
