@@ -30,7 +30,7 @@ set(core platform forms config capture measure recorder report shell)
 # of one system.
 set(core_headers
     algorithm array bit charconv chrono cmath cstddef cstdint cstdlib cstring exception functional
-    initializer_list iterator limits list map memory new numeric optional ostream span string
+    initializer_list iterator limits list map memory new numeric optional ostream set span string
     string_view type_traits unordered_map utility variant vector)
 
 set(failures "")

@@ -4,5 +4,6 @@
 /// or more could not run on this computer, and 1 when one failed.
 int RunScenes();
 
-/// What a test program ends with where scenes were skipped; CTest reports the suite as skipped then.
+/// What a test program ends with where scenes were skipped; CTest reports the suite as skipped
+/// then.
 inline constexpr int SkipCode = 77;
