@@ -17,13 +17,14 @@ using platform::Verdict;
 namespace {
 
 constexpr const char* FixedFilter = "ether proto 0x88ba";
-constexpr const char* Refused =
+constexpr const char* RefusedLine =
     "Capture did not start: the 'Packet filter condition' under 'Setup' was refused.";
 
 /// What is left of the box when it is closed: the line of the view that was to run.
 void TellRefusal(const AcquisitionState& state, forms::SharedControls& shared) {
   for (const Mode& mode : Modes) {
-    if (state.*mode.Flag && mode.QuietLine != NoLine) shared.QuietLine[mode.QuietLine].Say(Refused);
+    if (state.*mode.Flag && mode.QuietLine != NoLine)
+      shared.QuietLine[mode.QuietLine].Say(RefusedLine);
   }
 }
 
@@ -31,7 +32,7 @@ void TellRefusal(const AcquisitionState& state, forms::SharedControls& shared) {
 void TakeRefusalBack(const Mode& mode, forms::SharedControls& shared) {
   if (mode.QuietLine == NoLine) return;
   platform::QuietLine& line = shared.QuietLine[mode.QuietLine];
-  if (line.Caption == Refused) line.Say({});
+  if (line.Caption == RefusedLine) line.Say({});
 }
 
 }  // namespace

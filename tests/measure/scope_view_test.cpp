@@ -251,68 +251,6 @@ TEST_F(Scope, BringsAChannelBackWithItsCurve) {
   EXPECT_NEAR(Curve(0)[20], 141.421, 0.001);
 }
 
-TEST_F(Scope, ATickBehindAStopPlotsTheLastCompleteBlockAgain) {
-  Run();
-  Block(100, 10);
-  scene.Elapse(milliseconds(100));
-  scene.Receive(200, [](int i) { return SineFrame(i, 900, 90); });
-  main.CWButton1.Value = false;
-  const auto before = Curve(0);
-
-  main.Check2[1].Value = 0;
-
-  EXPECT_EQ(Curve(0), before);
-  EXPECT_NEAR(Curve(0)[20], 141.421, 0.001);
-}
-
-TEST_F(Scope, ATickBehindAStopInTheFirstBlockShowsFlatZeros) {
-  Run();
-  scene.Receive(200, [](int i) { return SineFrame(i, 900, 90); });
-  main.CWButton1.Value = false;
-
-  main.Check2[1].Value = 0;
-
-  EXPECT_THAT(Curves(), Each(AllOf(SizeIs(400), Each(0.0))));
-}
-
-TEST_F(Scope, ATickInThePumpsOfAStopPlotsTheLastCompleteBlockToo) {
-  Run();
-  Block(100, 10);
-  scene.Elapse(milliseconds(100));
-  scene.Receive(200, [](int i) { return SineFrame(i, 900, 90); });
-  scene.Events.AtPump(2, [&] { main.Check2[1].Value = 0; });
-
-  main.CWButton1.Value = false;
-
-  EXPECT_NEAR(Curve(0)[20], 141.421, 0.001);
-}
-
-TEST_F(Scope, ATickInTheMidstOfABurstShowsABlockOfMixedAge) {
-  Run();
-  Block(100, 10);
-  scene.Elapse(milliseconds(100));
-  scene.Receive(200, [](int i) { return SineFrame(i, 900, 90); });
-
-  main.Check2[1].Value = 0;
-
-  EXPECT_NEAR(Curve(0)[20], 1272.792, 0.001);
-  EXPECT_NEAR(Curve(0)[260], 141.421, 0.001);
-}
-
-TEST_F(Scope, ATickPlotsTheBlockOfTheViewThatRanLast) {
-  scene.Select(2);
-  main.CWButton4.Value = true;
-  scene.Receive(SineFrame(0, 100, 10));
-  Block(100, 10);
-  scene.Elapse(milliseconds(100));
-  scene.Receive(200, [](int i) { return SineFrame(i, 900, 90); });
-  scene.Select(4);
-
-  main.Check2[1].Value = 0;
-
-  EXPECT_NEAR(Curve(0)[20], 141.421, 0.001);
-}
-
 TEST_F(Scope, BeforeAnyBlockShowsFlatZeros) {
   main.Check2[0].Value = 0;
 

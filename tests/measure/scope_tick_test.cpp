@@ -1,0 +1,102 @@
+#include <gmock/gmock.h>
+
+#include "support/scene.h"
+
+namespace {
+
+using std::chrono::milliseconds;
+using support::Scene;
+using support::SineFrame;
+using testing::AllOf;
+using testing::Each;
+using testing::SizeIs;
+
+/// A channel is ticked on the Waveforms view: which block is drawn again.
+class ScopeTick : public ::testing::Test {
+ protected:
+  ScopeTick() {
+    scene.Start();
+    scene.Select(4);
+  }
+
+  void Run() {
+    main.CWButton1.Value = true;
+    scene.Receive(support::SvFrame().Bytes());
+  }
+  void Block(double amps, double kilovolts) {
+    scene.Receive(400, [=](int i) { return SineFrame(i, amps, kilovolts); });
+  }
+  std::vector<double> Curve(std::size_t i) const { return main.CWGraph1.Plots[i].Y; }
+  std::vector<std::vector<double>> Curves() const {
+    std::vector<std::vector<double>> curves;
+    for (const platform::Plot& plot : main.CWGraph1.Plots) curves.push_back(plot.Y);
+    return curves;
+  }
+
+  Scene scene;
+  forms::Main& main = scene.Main;
+};
+
+TEST_F(ScopeTick, BehindAStopPlotsTheLastCompleteBlockAgain) {
+  Run();
+  Block(100, 10);
+  scene.Elapse(milliseconds(100));
+  scene.Receive(200, [](int i) { return SineFrame(i, 900, 90); });
+  main.CWButton1.Value = false;
+  const auto before = Curve(0);
+
+  main.Check2[1].Value = 0;
+
+  EXPECT_EQ(Curve(0), before);
+  EXPECT_NEAR(Curve(0)[20], 141.421, 0.001);
+}
+
+TEST_F(ScopeTick, BehindAStopInTheFirstBlockShowsFlatZeros) {
+  Run();
+  scene.Receive(200, [](int i) { return SineFrame(i, 900, 90); });
+  main.CWButton1.Value = false;
+
+  main.Check2[1].Value = 0;
+
+  EXPECT_THAT(Curves(), Each(AllOf(SizeIs(400), Each(0.0))));
+}
+
+TEST_F(ScopeTick, InThePumpsOfAStopPlotsTheLastCompleteBlockToo) {
+  Run();
+  Block(100, 10);
+  scene.Elapse(milliseconds(100));
+  scene.Receive(200, [](int i) { return SineFrame(i, 900, 90); });
+  scene.Events.AtPump(2, [&] { main.Check2[1].Value = 0; });
+
+  main.CWButton1.Value = false;
+
+  EXPECT_NEAR(Curve(0)[20], 141.421, 0.001);
+}
+
+TEST_F(ScopeTick, InTheMidstOfABurstShowsABlockOfMixedAge) {
+  Run();
+  Block(100, 10);
+  scene.Elapse(milliseconds(100));
+  scene.Receive(200, [](int i) { return SineFrame(i, 900, 90); });
+
+  main.Check2[1].Value = 0;
+
+  EXPECT_NEAR(Curve(0)[20], 1272.792, 0.001);
+  EXPECT_NEAR(Curve(0)[260], 141.421, 0.001);
+}
+
+TEST_F(ScopeTick, PlotsTheBlockOfTheViewThatRanLast) {
+  scene.Select(2);
+  main.CWButton4.Value = true;
+  scene.Receive(SineFrame(0, 100, 10));
+  Block(100, 10);
+  scene.Elapse(milliseconds(100));
+  scene.Receive(200, [](int i) { return SineFrame(i, 900, 90); });
+  scene.Select(4);
+
+  main.Check2[1].Value = 0;
+
+  EXPECT_NEAR(Curve(0)[20], 141.421, 0.001);
+}
+
+}  // namespace
