@@ -86,7 +86,7 @@ void CaptureChannel::Stop() {
 }
 
 void CaptureChannel::DeliverArrived() {
-  if (!running_) return;
+  if (!running_ || selected_ == nullptr) return;
   selected_->Source().TakeNoMore();
   // A handler may stop the delivery; then nothing more is due.
   while (DeliverOne() || !AllDelivered()) {

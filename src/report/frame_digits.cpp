@@ -14,8 +14,8 @@ constexpr std::size_t DigitsOfByte = 2;
 }  // namespace
 
 void FrameDigits::Take(const PacketBytes& bytes) {
-  text_.clear();
-  for (std::int32_t n = 1; n <= bytes.Upper(); ++n) text_ += platform::HexByteText(bytes(n));
+  platform::WriteHexText({bytes.Run(1, bytes.Upper()), static_cast<std::size_t>(bytes.Upper())},
+                         text_);
 }
 
 std::size_t FrameDigits::Find(std::string_view digits, std::size_t from) const {

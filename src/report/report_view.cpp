@@ -157,10 +157,14 @@ std::string ReportView::WhyRefused(const std::string& id,
            ". The station chosen here has no content filter: choose the other one, or see "
            "'Packet content filter' under 'Setup'.";
   }
-  if (wish_.Holds(bytes.Text(), chosen)) {
+  if (id.find(chosen) != std::string::npos) {
     return came + ", which is more than \"" + chosen +
            "\". Of two streams a report needs the whole ID: see 'Packet content filter' under "
            "'Setup'.";
+  }
+  if (wish_.Holds(bytes.Text(), chosen)) {
+    return "The frame that came holds \"" + chosen + "\", but the ID that is read from it is \"" +
+           id + "\". Of two streams a report needs the ID.";
   }
   return came + " and not by \"" + chosen + "\". RUN asks again.";
 }

@@ -269,6 +269,7 @@ TEST_F(CaptureChannel, DeliversNothingWithoutAnAdapter) {
   adapters::CaptureChannel unset(std::move(adapters), std::make_shared<adapters::ChannelLink>());
   EXPECT_EQ(FailureOf([&] { unset.Start(); }), 0);
   EXPECT_FALSE(unset.DeliverOne());
+  unset.DeliverArrived();
   unset.SetAdapter(unset.Adapters(1));
   EXPECT_FALSE(unset.DeliverOne()) << "a choice is no start";
   unset.Start();

@@ -2,19 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <chrono>
-#include <cstdint>
-#include <deque>
-#include <memory>
-#include <numeric>
-#include <optional>
-#include <set>
-#include <string>
-#include <utility>
 #include <vector>
 
-#include "adapters/hand_clock.h"
+#include "adapters/first_frames_scene.h"
 #include "platform/failure.h"
 #include "support/failures.h"
 
@@ -23,125 +14,10 @@ namespace {
 using std::chrono_literals::operator""s;
 using std::chrono_literals::operator""ms;
 using std::chrono_literals::operator""ns;
-using adapters::SourceSettings;
-using platform::CapturedFrame;
-using platform::Failure;
-using platform::Wanted;
 using support::FailureOf;
 namespace failure = platform::failure;
 
-/// A source of frames that the scene lets arrive; all lie in one buffer, so that a frame is gone as
-/// soon as the next is asked for.
-class ArrivingFrames : public adapters::FrameSource {
- public:
-  void Prepare(const SourceSettings&) override {
-    if (PrepareFailure != 0) throw Failure(PrepareFailure);
-    Stop();
-  }
-  void Start() override {
-    if (StartFailure != 0) throw Failure(StartFailure);
-    running_ = true;
-  }
-  void Stop() override {
-    running_ = false;
-    Waiting.clear();
-  }
-  void TakeNoMore() override { ++NoMore; }
-  void Release() override { Stop(); }
-  std::optional<CapturedFrame> Next() override {
-    if (!running_ || Waiting.empty()) return std::nullopt;
-    if (Refused > 0) {
-      const int passedOver = std::min(Refused, 4096);
-      Refused -= passedOver;
-      lookedAtAll_ = passedOver < 4096;
-      return std::nullopt;
-    }
-    lookedAtAll_ = true;
-    const auto [mark, length] = Waiting.front();
-    Waiting.pop_front();
-    buffer_.assign(50, static_cast<std::uint8_t>(mark));
-    buffer_[0] = static_cast<std::uint8_t>(mark >> 8);
-    return CapturedFrame{buffer_, length};
-  }
-  bool LookedAtAll() const override { return lookedAtAll_; }
-
-  int NoMore = 0;
-  std::int32_t PrepareFailure = 0;
-  std::int32_t StartFailure = 0;
-  /// Frames in front of those that wait, which the filter refuses.
-  int Refused = 0;
-  std::deque<std::pair<int, std::size_t>> Waiting;
-
- private:
-  bool running_ = false;
-  bool lookedAtAll_ = true;
-  std::vector<std::uint8_t> buffer_;
-};
-
-class FirstFrames : public ::testing::Test {
- protected:
-  using Marks = std::vector<int>;
-
-  FirstFrames() {
-    auto arriving = std::make_unique<ArrivingFrames>();
-    wire_ = arriving.get();
-    frames_ = std::make_unique<adapters::FirstFrames>(std::move(arriving), clock_);
-  }
-
-  void Run() {
-    frames_->Prepare({});
-    frames_->Start();
-  }
-  void Restart() {
-    frames_->Stop();
-    frames_->Start();
-  }
-  void Arrive(int mark, std::size_t length = 130) { wire_->Waiting.emplace_back(mark, length); }
-  void Arrive(std::initializer_list<int> marks) {
-    for (const int mark : marks) Arrive(mark);
-  }
-  static int MarkOf(const CapturedFrame& frame) {
-    return frame.Bytes.front() * 256 + frame.Bytes.back();
-  }
-  /// The caller would like to meet these most, and those rather than others.
-  void Wish(const std::set<int>& most, const std::set<int>& rather = {}) {
-    frames_->SetWish([most, rather](const CapturedFrame& frame) {
-      const int mark = MarkOf(frame);
-      if (most.contains(mark)) return Wanted::Most;
-      return rather.contains(mark) ? Wanted::Rather : Wanted::No;
-    });
-  }
-  /// The marks of the frames that are handed over now, at most so many.
-  Marks Taken(std::size_t most = 100000) {
-    Marks marks;
-    while (marks.size() < most) {
-      const auto frame = frames_->Next();
-      if (!frame) break;
-      EXPECT_EQ(frame->Bytes.size(), 50U);
-      marks.push_back(MarkOf(*frame));
-    }
-    return marks;
-  }
-  Marks TakenAfter(std::chrono::nanoseconds time) {
-    clock_.Time += time;
-    return Taken();
-  }
-  /// What waits begins the gathering; then its time passes.
-  Marks TakenBehindGathering(std::size_t most = 100000) {
-    EXPECT_EQ(Taken(), Marks());
-    clock_.Time += 20ms;
-    return Taken(most);
-  }
-  static Marks FromTo(int first, int last) {
-    Marks marks(static_cast<std::size_t>(last - first + 1));
-    std::iota(marks.begin(), marks.end(), first);
-    return marks;
-  }
-
-  adapter_tests::HandClock clock_;
-  ArrivingFrames* wire_ = nullptr;
-  std::unique_ptr<adapters::FirstFrames> frames_;
-};
+class FirstFrames : public adapter_tests::FirstFramesScene {};
 
 TEST_F(FirstFrames, ComeTwentyMillisecondsBehindTheFirstTheEarliestOfTheLongestBeforeTheOthers) {
   Run();
@@ -341,99 +217,6 @@ TEST_F(FirstFrames, AreSoughtAfterAStartThatFailed) {
   frames_->Start();
   Arrive(1);
   EXPECT_EQ(TakenBehindGathering(), Marks({1}));
-}
-
-using WantedFrames = FirstFrames;
-
-TEST_F(WantedFrames, StandRightBehindTheLongestAfterASetup) {
-  Wish({4});
-  Run();
-  Arrive({1, 2});
-  Arrive(3, 134);
-  Arrive({4, 5});
-  EXPECT_EQ(TakenBehindGathering(), Marks({3, 4, 1, 2, 5}));
-}
-
-TEST_F(WantedFrames, AreNotTheOneThatSetsTheLength) {
-  Wish({2, 4});
-  Run();
-  Arrive(1);
-  Arrive(2, 134);
-  Arrive({3, 4});
-  EXPECT_EQ(TakenBehindGathering(), Marks({2, 4, 1, 3}));
-}
-
-TEST_F(WantedFrames, ThatAreWantedMostStandBeforeThoseThatAreRatherWanted) {
-  Wish({3}, {2});
-  Run();
-  Arrive({1, 2, 3, 4});
-  EXPECT_EQ(TakenBehindGathering(), Marks({1, 3, 2, 4}));
-}
-
-TEST_F(WantedFrames, OfTheLowerKindServeWhereTheOnlyBetterOneSetsTheLength) {
-  Wish({3}, {2, 4});
-  Run();
-  Arrive({1, 2});
-  Arrive(3, 134);
-  Arrive(4);
-  EXPECT_EQ(TakenBehindGathering(), Marks({3, 2, 1, 4}));
-}
-
-class WantedAtARestart : public FirstFrames {
- protected:
-  WantedAtARestart() {
-    Run();
-    Arrive(1);
-    EXPECT_EQ(TakenBehindGathering(), Marks({1}));
-  }
-};
-
-TEST_F(WantedAtARestart, ComeFirstAndAtOnce) {
-  Wish({3});
-  Restart();
-  Arrive(1);
-  Arrive(2, 134);
-  EXPECT_EQ(Taken(), Marks());
-  Arrive({3, 4});
-  EXPECT_EQ(Taken(), Marks({3, 1, 2, 4}));
-}
-
-TEST_F(WantedAtARestart, AreAwaitedWhereOneIsOnlyRatherWanted) {
-  Wish({3}, {2});
-  Restart();
-  Arrive({1, 2});
-  EXPECT_EQ(TakenBehindGathering(), Marks({2, 1}));
-}
-
-TEST_F(WantedAtARestart, ButMissingLeaveTheOrderAsItIs) {
-  Wish({9});
-  Restart();
-  Arrive(1);
-  Arrive(2, 134);
-  EXPECT_EQ(TakenBehindGathering(), Marks({1, 2}));
-}
-
-TEST_F(WantedAtARestart, AreSoughtFromTheFirstFrameOn) {
-  Wish({3});
-  Restart();
-  EXPECT_EQ(TakenAfter(1s), Marks());
-  Arrive(1);
-  EXPECT_EQ(TakenAfter(20ms), Marks());
-  Arrive(3);
-  EXPECT_EQ(Taken(), Marks({3, 1}));
-}
-
-TEST_F(WantedAtARestart, AreSoughtAtEachStartUntilTheWishEnds) {
-  Wish({3});
-  for (int start = 0; start < 2; ++start) {
-    Restart();
-    Arrive({1, 2, 3});
-    EXPECT_EQ(Taken(), Marks({3, 1, 2}));
-  }
-  frames_->SetWish({});
-  Restart();
-  Arrive({1, 2, 3});
-  EXPECT_EQ(Taken(), Marks({1, 2, 3}));
 }
 
 }  // namespace

@@ -174,6 +174,17 @@ TEST_F(ReportRun, SaysThatAFrameOnlyHoldsTheFilterAndNotAsItsId) {
             "a report needs the whole ID: see 'Packet content filter' under 'Setup'.");
 }
 
+TEST_F(ReportRun, SaysThatAFrameHoldsTheFilterAndItsIdIsReadElsewhere) {
+  main.Text1[forms::setup_field::Content2].Text = "MU02";
+  support::FrameBytes frame = SvFrame("MU01").Tagged().Bytes();
+  // Priority 4 and VLAN 1 look like the field in front of the ID.
+  frame[15] = 0x01;
+  Run(frame);
+  EXPECT_EQ(Line(),
+            "The frame that came holds \"MU01\", but the ID that is read from it is \"\x01\". Of "
+            "two streams a report needs the ID.");
+}
+
 TEST_F(ReportRun, ANewRunTakesTheLineAway) {
   main.Text1[forms::setup_field::Content2].Text = "MU02";
   Run(SvFrame("MU02").Bytes());
