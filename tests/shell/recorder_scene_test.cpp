@@ -162,7 +162,8 @@ TEST_F(Recorder, TellsThatItsFolderIsGone) {
   Run();
   scene.Files.Folders.clear();
   Frames(8000);
-  EXPECT_EQ(main.NotStored.Caption, "stream 1: not stored since 09.03.2024 14:05:07: Path not found.");
+  EXPECT_EQ(main.NotStored.Caption,
+            "stream 1: not stored since 09.03.2024 14:05:07: Path not found.");
   EXPECT_EQ(main.Label10[line::Progress].Caption, "1.8s / 7200 samples") << "the counters run on";
   EXPECT_THAT(scene.Dialogs.Shown, IsEmpty());
 }
