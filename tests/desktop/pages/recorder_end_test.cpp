@@ -6,7 +6,8 @@
 namespace desktop {
 namespace {
 
-/// How a recording ends: by STOP, or with the program while a worksheet is open.
+/// How a recording ends: by STOP, with the program while a worksheet is open, or with files that are
+/// not in their place any more.
 class RecorderEnd : public WindowScene {
  protected:
   QByteArray EndOf(const QString& pattern) {
@@ -72,6 +73,27 @@ TEST_F(RecorderEnd, FinishesTheSheetsThatAreStillOpen) {
   EXPECT_EQ(exitCode_, 0);
   EXPECT_EQ(EndOf("1_SV record*.xls"), endOfSheet_);
   EXPECT_EQ(EndOf("2_SV record*.xls"), endOfSheet_);
+}
+
+TEST_F(RecorderEnd, LeavesTheProgramRunningWhereItsFolderIsGone) {
+  Start();
+  GoMeasure();
+  ClickTab(RecorderTab);
+  Click("Option2(0)");
+  Click("CWButton3");
+  ASSERT_TRUE(WaitFor([this] { return Form().CWButton3.Visible.Get(); }));
+  ASSERT_TRUE(QDir(QString::fromStdString(Program().Settings.StoragePath)).removeRecursively());
+
+  Click("CWButton3");
+
+  EXPECT_TRUE(WaitFor([this] { return Form().Option2[0].Enabled.Get(); }));
+  const std::string& line = Form().NotStored.Caption;
+  EXPECT_NE(line.find("stream 1: not stored since "), std::string::npos) << line;
+  EXPECT_NE(line.find("Log and quick view are left out: Path not found."), std::string::npos)
+      << line;
+  EXPECT_FALSE(Form().CWButton3.Value);
+  ClickTab(ValuesTab);
+  EXPECT_EQ(Form().TabStrip1.SelectedTab, ValuesTab) << "no box stands, and the program goes on";
 }
 
 }  // namespace
