@@ -260,9 +260,10 @@ void RecordingSession::StopAt(std::size_t stream) {
 
 void RecordingSession::StopOnFullDisk() {
   const Stopping stopping(phase_);
-  capture_.StopCapture();
+  // A run that begins in the pumps of the stop is another view's, and so is its watchdog.
+  const bool resting = capture_.StopCapture();
   state_.LookingForRecording = false;
-  timers_.Timer1.Enabled = false;
+  if (resting) timers_.Timer1.Enabled = false;
   services_.Usual.Dialogs.Show({"Attention",
                                 std::string("Disk full.") + Crlf +
                                     "Please check the disk path, if you can free some disk space." +

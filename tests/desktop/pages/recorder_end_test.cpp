@@ -6,8 +6,8 @@
 namespace desktop {
 namespace {
 
-/// How a recording ends: by STOP, with the program while a worksheet is open, or with files that are
-/// not in their place any more.
+/// How a recording ends: by STOP, with the program while a worksheet is open, or with files that
+/// are not in their place any more.
 class RecorderEnd : public WindowScene {
  protected:
   QByteArray EndOf(const QString& pattern) {
