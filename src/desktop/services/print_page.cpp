@@ -22,7 +22,7 @@ constexpr double UnitsOfMillimetre = UnitsOfInch / MillimetresOfInch;
 /// How narrow a text may become, as a part of its width.
 constexpr double Narrowest = 0.5;
 /// What reaches out at each side of a text whose colour the paper swallows, in millimetres.
-constexpr double EdgeWidth = 0.2;
+constexpr double EdgeWidth = 0.15;
 
 /// The width of a text without the blanks at its end.
 double InkWidth(const QString& text, const QFont& font) {

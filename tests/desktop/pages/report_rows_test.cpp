@@ -6,6 +6,7 @@
 #include <QPainter>
 
 #include "desktop/widgets/quiet_line.h"
+#include "platform/shown_text.h"
 #include "report/report_analysis.h"
 #include "window_scene.h"
 
@@ -38,7 +39,9 @@ TEST_F(ReportRowsOnScreen, ShowWhatTheFrameHeld) {
   ASSERT_TRUE(WaitFor([&] { return Value(row::StationId).text().startsWith("VORNIK-SIM-"); }));
   for (std::size_t i = 0; i < row::Count; ++i) {
     EXPECT_TRUE(Value(i).isVisible()) << i;
-    EXPECT_EQ(Value(i).text().toStdString(), Form().Label8[i].Caption.Get()) << i;
+    // A unit tags its frames, and 81 has no character.
+    EXPECT_EQ(Value(i).text().toStdString(), platform::Blanked(Form().Label8[i].Caption.Get()))
+        << i;
     EXPECT_EQ(Title(i).text().toStdString(), Form().Label7[i].Caption.Get()) << i;
     EXPECT_EQ(Value(i).geometry().center().y(), Title(i).geometry().center().y()) << i;
     EXPECT_TRUE(i == 0 || Title(i).y() > Title(i - 1).y()) << i;
