@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -156,7 +157,7 @@ class BenchPaper : public platform::PrintSurface, public platform::Clipboard {
   void PrintLine(const std::string&) override {}
   double TextWidth(const std::string&) const override { return 0; }
   void PaintPicture(const platform::Picture&, double, double, double, double) override {}
-  std::string EndDoc() override { return {}; }
+  void EndDoc(std::function<void(const platform::SentPage&)> told) override { told({}); }
   void Clear() override {}
   void SetPicture(const platform::Picture&) override {}
 };

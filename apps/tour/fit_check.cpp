@@ -11,7 +11,7 @@
 #include <QTableWidget>
 #include <array>
 
-#include "desktop/widgets/path_label.h"
+#include "desktop/widgets/elided_label.h"
 #include "desktop/widgets/quiet_line.h"
 #include "desktop/widgets/run_button.h"
 
@@ -86,7 +86,7 @@ int WordRoom(const QAbstractButton& button) {
 
 bool IsCut(const QWidget& widget) {
   // These cut a long text on purpose, or make it fit.
-  if (qobject_cast<const desktop::PathLabel*>(&widget) != nullptr) return false;
+  if (qobject_cast<const desktop::ElidedLabel*>(&widget) != nullptr) return false;
   if (qobject_cast<const desktop::RunButton*>(&widget) != nullptr) return false;
   if (const auto* line = qobject_cast<const desktop::QuietLine*>(&widget)) {
     const QRect words = line->fontMetrics().boundingRect(

@@ -12,11 +12,13 @@ using platform::Verdict;
 
 namespace {
 
-/// The panel of the status bar that names the printer.
-constexpr std::size_t PrinterPanel = 1;
-
 std::string TwoDigits(std::int32_t number) {
   return (number < 10 ? "0" : "") + std::to_string(number);
+}
+
+/// The last part of a path, whatever separates its parts.
+std::string FileName(const std::string& path) {
+  return path.substr(path.find_last_of("/\\") + 1);
 }
 
 }  // namespace
@@ -30,13 +32,13 @@ void PrintOut::SelectPrinter() {
 
 void PrintOut::Print(platform::PageOrientation orientation, const std::function<void()>& page) {
   Forget();
+  // A page that is not told of must not look as if it were the older one.
+  parts_.Notice.TakeBack();
   platform::PrintSurface& surface = parts_.Surface;
-  std::string file;
   platform::RunSteps(
       parts_.Program,
       [this](const Failure& failure) {
-        said_ = "The " + what_ + " could not be printed: " + failure.Text() + ".";
-        line_.Say(said_);
+        SayFailed(failure.Text());
         return Verdict::LeaveRoutine;
       },
       [&] {
@@ -48,17 +50,37 @@ void PrintOut::Print(platform::PageOrientation orientation, const std::function<
         surface.FontUnderline(false);
         surface.ForeColor({});
       },
-      [&] { page(); }, [&] { file = surface.EndDoc(); },
-      [&] { surface.Colours(platform::ColourMode::Monochrome); },
+      [&] { page(); },
       [&] {
-        if (!file.empty())
-          parts_.Window.StatusBar1.Panels[PrinterPanel].Text = "Printed to " + file;
-      });
+        const std::string printer = parts_.Printers.Current();
+        surface.EndDoc([this, printer](const platform::SentPage& sent) { Take(sent, printer); });
+      },
+      [&] { surface.Colours(platform::ColourMode::Monochrome); });
+}
+
+void PrintOut::Take(const platform::SentPage& sent, const std::string& printer) {
+  if (!sent.Refusal.empty()) {
+    SayFailed(sent.Refusal);
+    // The queue may have taken its time, and the page with the line be left.
+    parts_.Notice.Tell("Refused by " + printer, sent.Refusal);
+  } else if (!sent.File.empty()) {
+    parts_.Notice.Tell("Printed to " + FileName(sent.File), sent.File);
+  } else {
+    parts_.Notice.Tell("Sent to " + printer, "The " + what_ + " went to " + printer + ".");
+  }
+}
+
+void PrintOut::SayFailed(const std::string& why) {
+  Forget();
+  kept_ = line_.Caption;
+  said_ =
+      "The " + what_ + " could not be printed: " + why + "." + (kept_.empty() ? "" : " " + kept_);
+  line_.Say(said_);
 }
 
 void PrintOut::Forget() {
   // What another has to say stays.
-  if (!said_.empty() && line_.Caption == said_) line_.Say({});
+  if (!said_.empty() && line_.Caption == said_) line_.Say(kept_);
   said_.clear();
 }
 

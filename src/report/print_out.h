@@ -4,20 +4,20 @@
 #include <string>
 
 #include "forms/setup_controls.h"
-#include "forms/window_controls.h"
 #include "platform/controls/quiet_line.h"
 #include "platform/services/calendar.h"
 #include "platform/services/print_surface.h"
 #include "platform/services/program.h"
 #include "platform/services/system_services.h"
+#include "report/print_notice.h"
 
 namespace subroutines {
 
 /// What a print-out takes of the platform and of the form: the printers with the list that chooses
-/// one, the surface, the date, and the status bar that tells where a file went.
+/// one, the surface, the date, and the notice that tells where a page went.
 struct PrintParts {
   forms::SetupControls& Setup;
-  forms::WindowControls& Window;
+  PrintNotice& Notice;
   platform::Printers& Printers;
   platform::PrintSurface& Surface;
   const platform::Calendar& Calendar;
@@ -33,9 +33,10 @@ class PrintOut {
   /// Makes the printer of the list the current one. Failure 484 where there is none.
   void SelectPrinter();
   /// Prints a page, landscape or portrait, and ends it. A page that fails is left without a box:
-  /// no end of the document is sent, the mode of colours stays, and the quiet line says why.
+  /// no end of the document is sent, the mode of colours stays, and the quiet line says why. A page
+  /// that the printer's queue refuses later ends the same way.
   void Print(platform::PageOrientation orientation, const std::function<void()>& page);
-  /// Takes back what the quiet line says about an older page.
+  /// Takes back what the quiet line says about an older page. What stood there before comes back.
   void Forget();
 
   /// The present day as "dd.MMM.yyyy", with `sign` between its parts.
@@ -45,11 +46,15 @@ class PrintOut {
   platform::PrintSurface& Surface() { return parts_.Surface; }
 
  private:
+  void Take(const platform::SentPage& sent, const std::string& printer);
+  void SayFailed(const std::string& why);
+
   PrintParts parts_;
   platform::QuietLine& line_;
   std::string what_;
-  /// What this class has written to the line.
+  /// What this class has written to the line, and the words of another that are part of it.
   std::string said_;
+  std::string kept_;
 };
 
 }  // namespace subroutines

@@ -3,6 +3,7 @@
 #include <cstddef>
 
 #include "config/program_facts.h"
+#include "platform/shown_text.h"
 
 namespace subroutines {
 
@@ -23,15 +24,29 @@ constexpr std::size_t PrintedRows = 21;
 
 }  // namespace
 
-ReportPrint::ReportPrint(forms::ReportControls& report, platform::QuietLine& line,
+ReportPrint::ReportPrint(const ReportView& view, forms::ReportControls& report,
+                         platform::QuietLine& line, platform::Dialogs& dialogs,
                          const PrintParts& parts)
-    : report_(report), out_(parts, line, "report") {
+    : view_(view), report_(report), dialogs_(dialogs), out_(parts, line, "report") {
   report_.Command4.Click = [this] { Command4_Click(); };
 }
 
 void ReportPrint::Command4_Click() {
   out_.SelectPrinter();
+  const std::string reason = view_.HeadOfOther();
+  if (!reason.empty() && !Wanted(reason)) return;
   out_.Print(platform::PageOrientation::Portrait, [this] { Page(); });
+}
+
+bool ReportPrint::Wanted(const std::string& reason) {
+  const std::string gap = std::string(platform::Crlf) + platform::Crlf;
+  return dialogs_.Show({"Attention",
+                        platform::Escaped(reason) + gap +
+                            "On the page its addresses and lengths would stand above the ID, the "
+                            "counter and the bytes of an earlier frame." +
+                            gap + "Print the page all the same?",
+                        platform::Icon::Exclamation, platform::Buttons::YesNo}) ==
+         platform::Answer::Yes;
 }
 
 void ReportPrint::Page() {
@@ -52,13 +67,18 @@ void ReportPrint::Page() {
     } else {
       surface.FontName("Courier New");
     }
-    surface.PrintLine(report_.Label8[i].Caption);
+    surface.PrintLine(ValueOf(i));
   }
   // The footer keeps the font of the rows above it.
   surface.FontBold(false);
   out_.At(Left, FooterTop);
   surface.PrintLine(std::string(config::ProgramName) + " " + config::ProgramVersion +
                     "; Harlengard GmbH & Co. KG; dated " + out_.Today('-'));
+}
+
+std::string ReportPrint::ValueOf(std::size_t row) const {
+  const std::string& value = report_.Label8[row].Caption;
+  return row < forms::report_row::FirstDump ? platform::Escaped(value) : platform::Blanked(value);
 }
 
 }  // namespace subroutines

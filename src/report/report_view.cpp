@@ -105,14 +105,14 @@ void ReportView::LayRow(std::size_t row, std::int32_t place) {
 
 void ReportView::Rest() {
   running_ = false;
-  line_.Say({});
+  line_.Say(headOfOther_);
   // A run that got no frame has left its button pressed.
   parts_.Report.Command2.Value = false;
 }
 
 void ReportView::Command2_ValueChanged() {
   if (!parts_.Report.Command2.Value) return;
-  line_.Say({});
+  line_.Say(headOfOther_);
   running_ = true;
   parts_.Report.Command2.Visible = false;
   parts_.State.PacketLengthPending = true;
@@ -125,19 +125,30 @@ void ReportView::FollowEnd() {
   const platform::CWButton& button = parts_.Report.Command2;
   if (!running_ || !button.Enabled || button.Visible) return;
   running_ = false;
-  line_.Say("There is no report. RUN comes back when this page is entered anew.");
+  line_.Say("There is no report. RUN comes back when this page is entered anew." +
+            (headOfOther_.empty() ? "" : " " + headOfOther_));
 }
 
 std::string ReportView::ReportAnalyse(const packetroutines::PacketBytes& bytes) {
   std::string id;
   const bool shown = parts_.Analysis.ReportAnalyse(bytes, id);
   // The stream finder has frames read too.
-  if (running_ && !shown) {
-    line_.Say("The frame that came was sent by \"" + id + "\" and not by \"" +
-              parts_.Analysis.ChosenStation() + "\". RUN asks again.");
+  if (shown) {
+    headOfOther_.clear();
+  } else if (running_) {
+    headOfOther_ = WhyRefused(id);
+  } else {
+    headOfOther_ = "The frame that 'Find streams' met last was sent by \"" + id +
+                   "\" and not by the chosen station. RUN asks again.";
   }
+  line_.Say(headOfOther_);
   running_ = false;
   return id;
+}
+
+std::string ReportView::WhyRefused(const std::string& id) const {
+  return "The frame that came was sent by \"" + id + "\" and not by \"" +
+         parts_.Analysis.ChosenStation() + "\". RUN asks again.";
 }
 
 }  // namespace subroutines

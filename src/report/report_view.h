@@ -24,7 +24,7 @@ struct ReportParts {
 };
 
 /// The Report view: its rows, and a run that asks the bus for one frame. Its quiet line says where
-/// a run ended without a report, and why.
+/// a run ended without a report, and why, and why rows are hidden for as long as they are.
 class ReportView {
  public:
   ReportView(const ReportParts& parts, platform::EventQueue& events, platform::Program& program);
@@ -35,11 +35,16 @@ class ReportView {
   void ReportLayout();
   /// Reads a frame into the rows; the result is its station ID.
   std::string ReportAnalyse(const packetroutines::PacketBytes& bytes);
+  /// Why the first rows are hidden: they are of a frame that was not accepted, the others of an
+  /// earlier one. Empty where all belong together.
+  const std::string& HeadOfOther() const { return headOfOther_; }
 
  private:
   void Command2_ValueChanged();
   void Rest();
   void FollowEnd();
+  /// Why the frame of this station is not the report that was asked for.
+  std::string WhyRefused(const std::string& id) const;
   void LayRow(std::size_t row, std::int32_t place);
 
   ReportParts parts_;
@@ -49,6 +54,7 @@ class ReportView {
   bool layoutDone_ = false;
   /// A run was begun, and no frame has come since.
   bool running_ = false;
+  std::string headOfOther_;
 };
 
 }  // namespace subroutines

@@ -5,6 +5,7 @@
 
 #include "config/program_facts.h"
 #include "platform/failure.h"
+#include "platform/shown_text.h"
 
 namespace subroutines {
 
@@ -68,8 +69,8 @@ void WaveformPrint::PrintHeading() {
   out_.At(Left, HeadingTop);
   surface.PrintLine("Print-out of sampled values");
   surface.CurrentX(Left);
-  surface.Print("Filter:\"" + parts_.Settings.FilterString + "/" +
-                parts_.Settings.FilterContent[0] + "\"");
+  surface.Print("Filter:\"" + platform::Escaped(parts_.Settings.FilterString) + "/" +
+                platform::Escaped(parts_.Settings.FilterContent[0]) + "\"");
   surface.PrintLine(" dated " + out_.Today('.'));
 }
 

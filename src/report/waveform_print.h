@@ -5,6 +5,7 @@
 #include "config/settings.h"
 #include "forms/shared_controls.h"
 #include "forms/waveforms_controls.h"
+#include "forms/window_controls.h"
 #include "platform/number_text.h"
 #include "platform/services/clipboard.h"
 #include "platform/services/dialogs.h"

@@ -55,9 +55,15 @@ Application::Application(const Platform& platform)
       waiting_(State, Settings, Present, Main, Main.Buttons(), platform.Timers, platform.Numbers),
       frameAnalysis_(Main, Main, Settings, Present, platform.Code, services_),
       report_({Main, Main, State, capture_, frameAnalysis_}, platform.Events, platform.Program),
-      printing_{
-          Main, Main, platform.Printers, platform.Surface, platform.Calendar, platform.Program},
-      reportPrint_(Main, Main.QuietLine[forms::quiet_line::Report], printing_),
+      printNotice_(Main.StatusBar1.Panels[forms::status_panel::Printer]),
+      printing_{Main,
+                printNotice_,
+                platform.Printers,
+                platform.Surface,
+                platform.Calendar,
+                platform.Program},
+      reportPrint_(report_, Main, Main.QuietLine[forms::quiet_line::Report], platform.Dialogs,
+                   printing_),
       waveformPrint_(
           {Main, Main, Main, Settings, platform.Numbers, platform.Dialogs, platform.Clipboard},
           printing_),

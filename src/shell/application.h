@@ -171,6 +171,7 @@ class Application : private config::SetupConsumers,
   packetroutines::WaitingLine waiting_;
   packetroutines::ReportAnalysis frameAnalysis_;
   subroutines::ReportView report_;
+  subroutines::PrintNotice printNotice_;
   subroutines::PrintParts printing_;
   subroutines::ReportPrint reportPrint_;
   subroutines::WaveformPrint waveformPrint_;

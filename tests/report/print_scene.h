@@ -23,6 +23,7 @@ class PrintScene : public ::testing::Test {
   }
   std::string Line(std::size_t view) const { return main.QuietLine[view].Caption; }
   std::string PrinterPanel() const { return main.StatusBar1.Panels[1].Text; }
+  std::string PrinterTip() const { return main.StatusBar1.Panels[1].ToolTipText; }
 
   support::Scene scene;
   forms::Main& main = scene.Main;

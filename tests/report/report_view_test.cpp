@@ -165,13 +165,6 @@ TEST_F(ReportRun, SaysThatTheFrameWasTheOtherStations) {
   EXPECT_TRUE(main.Label8[0].Visible);
 }
 
-TEST_F(ReportRun, ANewRunTakesTheLineAway) {
-  main.Text1[forms::setup_field::Content2].Text = "MU02";
-  Run(SvFrame("MU02").Bytes());
-  main.Command2.Value = true;
-  EXPECT_EQ(Line(), "");
-}
-
 TEST_F(ReportRun, WithoutDataLeavesTheButtonHiddenAndSaysSo) {
   main.Command2.Value = true;
   scene.Elapse(4s);
@@ -210,17 +203,6 @@ TEST_F(ReportRun, ThatTheFilterRefusesSaysSoToo) {
   EXPECT_EQ(Line(), "There is no report. RUN comes back when this page is entered anew.");
 }
 
-TEST_F(ReportRun, IsOverWhenAnotherModeReadsAFrame) {
-  main.Text1[forms::setup_field::Content2].Text = "MU02";
-  Run(SvFrame("MU01").Bytes());
-  scene.App.IDlook.Window.ShowModal = [this] {
-    scene.Elapse(100ms);
-    scene.Receive(SvFrame("MU02").Bytes());
-  };
-  main.Command7.Click();
-  EXPECT_EQ(Line(), "");
-}
-
 TEST_F(ReportRun, SaysNothingWhereAnotherViewsFilterIsRefused) {
   scene.Select(forms::tab::Values);
   scene.Capture.StartFailure = platform::Failure(platform::failure::FilterRefused);
@@ -250,6 +232,78 @@ TEST_F(ReportRun, LaterWithoutDataLeavesTheOlderRowsPrintable) {
   main.Command2.Value = true;
   scene.Elapse(4s);
   EXPECT_TRUE(main.Command4.Enabled);
+}
+
+/// Two stations, of which the first is chosen, and a frame of the other one that a run met.
+class RefusedFrame : public ReportRun {
+ protected:
+  RefusedFrame() {
+    main.Text1[forms::setup_field::Content2].Text = "MU02";
+    Run(SvFrame("MU02").Bytes());
+  }
+  static constexpr const char* Reason =
+      "The frame that came was sent by \"MU02\" and not by \"MU01\". RUN asks again.";
+};
+
+TEST_F(RefusedFrame, IsExplainedAsLongAsItsRowsAreHidden) {
+  EXPECT_EQ(Line(), Reason);
+  scene.Select(1);
+  Enter();
+  EXPECT_EQ(Line(), Reason) << "behind another entry";
+  main.Window.TakeSize(1200 * 15, 900 * 15);
+  EXPECT_EQ(Line(), Reason) << "behind a new size of the window";
+  main.Command2.Value = true;
+  EXPECT_EQ(Line(), Reason) << "while the next run waits";
+  scene.Receive(SvFrame("MU01").Bytes());
+  scene.Receive(SvFrame("MU01").Bytes());
+  ASSERT_TRUE(main.Label8[0].Visible);
+  EXPECT_EQ(Line(), "");
+}
+
+TEST_F(RefusedFrame, IsExplainedBesideARunThatGotNoFrame) {
+  main.Command2.Value = true;
+  scene.Elapse(4s);
+  EXPECT_EQ(Line(), "There is no report. RUN comes back when this page is entered anew. " +
+                        std::string(Reason));
+}
+
+TEST_F(RefusedFrame, IsExplainedBesideAPrintThatFailed) {
+  scene.Surface.FailAt = "end";
+  main.Command4.Click();
+  EXPECT_EQ(Line(), "The report could not be printed: out of paper. " + std::string(Reason));
+  scene.Surface.FailAt.clear();
+  main.Command4.Click();
+  EXPECT_EQ(Line(), Reason);
+}
+
+TEST_F(RefusedFrame, OfTheStreamFinderIsExplainedToo) {
+  Run(SvFrame("MU01").Bytes());
+  ASSERT_EQ(Line(), "");
+  scene.App.IDlook.Window.ShowModal = [this] {
+    scene.Elapse(100ms);
+    scene.Receive(SvFrame("MU07").Bytes());
+    scene.App.IDlook.Window.Unload();
+  };
+  main.Command7.Click();
+  Enter();
+  ASSERT_FALSE(main.Label8[0].Visible);
+  EXPECT_EQ(Line(),
+            "The frame that 'Find streams' met last was sent by \"MU07\" and not by "
+            "the chosen station. RUN asks again.");
+}
+
+TEST_F(RefusedFrame, ThatTheStreamFinderReplacedByOneOfTheStationIsForgotten) {
+  scene.App.IDlook.Window.ShowModal = [this] {
+    scene.Elapse(100ms);
+    // A lone stream takes any station.
+    scene.Present.StreamCount = 1;
+    scene.Receive(SvFrame("MU07").Bytes());
+    scene.App.IDlook.Window.Unload();
+  };
+  main.Command7.Click();
+  Enter();
+  ASSERT_TRUE(main.Label8[0].Visible);
+  EXPECT_EQ(Line(), "");
 }
 
 }  // namespace

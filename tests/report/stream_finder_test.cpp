@@ -123,12 +123,6 @@ TEST_F(Finder, CountsAKnownSenderAsMetBeforeTheNext) {
   });
 }
 
-TEST_F(Finder, SaysNothingOnTheReportsLine) {
-  ASSERT_EQ(scene.Present.StreamCount, 2);
-  Search([&] { Sends("MU09"); });
-  EXPECT_EQ(main.QuietLine[forms::quiet_line::Report].Caption.Get(), "");
-}
-
 TEST_F(Finder, DoesNotListAnEmptyId) {
   Search([&] {
     Sends("");

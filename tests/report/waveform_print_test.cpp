@@ -206,6 +206,34 @@ TEST_F(WaveformPage, LeavesTheWordsOfOthersOnTheLine) {
   EXPECT_EQ(Line(forms::quiet_line::Waveforms), "waiting");
 }
 
+TEST_F(WaveformPage, ThatFailsLeavesTheWordsOfOthersBehindItsOwn) {
+  main.QuietLine[forms::quiet_line::Waveforms].Say("waiting");
+  scene.Surface.FailAt = "end";
+  Print();
+  Print();
+  EXPECT_EQ(Line(forms::quiet_line::Waveforms),
+            "The waveforms could not be printed: out of paper. waiting");
+  scene.Surface.FailAt.clear();
+  Print();
+  EXPECT_EQ(Line(forms::quiet_line::Waveforms), "waiting");
+}
+
+TEST_F(WaveformPage, WritesTheControlCharactersOfItsFilterOut) {
+  scene.Settings.FilterContent = {std::string("MU01\0", 5), "MU02"};
+  Print();
+  EXPECT_EQ(Text(1).Text, "Filter:\"/MU01\\0\"");
+}
+
+TEST_F(WaveformPage, TakesBackWhatTheStatusBarSaysOfAnOlderReport) {
+  main.Command4.Enabled = true;
+  scene.Surface.File = "/home/user/SV report.pdf";
+  main.Command4.Click();
+  ASSERT_EQ(PrinterPanel(), "Printed to SV report.pdf");
+  scene.Surface.FailAt = "end";
+  Print();
+  EXPECT_EQ(PrinterPanel(), "Standard printer: Office ");
+}
+
 class WaveformCopy : public WaveformPage {};
 
 TEST_F(WaveformCopy, OfThePressOfTheRightButtonIsTheGraphAsItStands) {

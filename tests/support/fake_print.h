@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/failure.h"
@@ -72,11 +74,15 @@ class FakeSurface : public platform::PrintSurface {
     Call("picture");
     Pictures.push_back({x, y, width, height, picture});
   }
-  std::string EndDoc() override {
+  void EndDoc(std::function<void(const platform::SentPage&)> told) override {
     Call("end");
     Ended = true;
     ModeAtEnd = Mode;
-    return File;
+    if (QueueAnswersLater) {
+      Queued.push_back(std::move(told));
+    } else {
+      told({File, {}});
+    }
   }
 
   platform::PageOrientation PageOrientation = platform::PageOrientation::Portrait;
@@ -89,6 +95,9 @@ class FakeSurface : public platform::PrintSurface {
   bool Ended = false;
   /// The file that pages become; empty for a printer.
   std::string File;
+  /// Pages wait in `Queued` for the answer that the scene gives them.
+  bool QueueAnswersLater = false;
+  std::vector<std::function<void(const platform::SentPage&)>> Queued;
   /// The call of this name fails: "orientation", "colours", "text", "picture" or "end".
   std::string FailAt;
   Journal Calls;

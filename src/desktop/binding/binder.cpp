@@ -6,6 +6,7 @@
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
 #include "desktop/widgets/focus_giver.h"
+#include "platform/shown_text.h"
 
 namespace desktop {
 
@@ -13,10 +14,11 @@ namespace {
 
 constexpr const char* FocusKept = "focusKept";
 
-QString WidgetCaption(const std::string& caption, Ampersand ampersand) {
-  QString text = ToQt(caption);
-  if (ampersand == Ampersand::Letter) text.replace(u'&', QStringLiteral("&&"));
-  return text;
+QString WidgetCaption(const std::string& caption, Wording wording) {
+  if (wording == Wording::Own) return ToQt(caption);
+  QString text =
+      ToQt(wording == Wording::Columns ? platform::Blanked(caption) : platform::Escaped(caption));
+  return text.replace(u'&', QStringLiteral("&&"));
 }
 
 /// Shows a property now and whenever it was stored.
@@ -62,12 +64,11 @@ void Binder::BindControl(platform::Control& control, QWidget& widget, const QStr
   Follow(control.ToolTipText, [&] { widget.setToolTip(ToQt(control.ToolTipText)); });
 }
 
-void Binder::Bind(platform::Label& control, QLabel& widget, const QString& name,
-                  Ampersand ampersand) {
+void Binder::Bind(platform::Label& control, QLabel& widget, const QString& name, Wording wording) {
   BindControl(control, widget, name);
   widget.setTextFormat(Qt::PlainText);
-  FollowLater(control.Caption, [&, ampersand] {
-    const QString caption = WidgetCaption(control.Caption, ampersand);
+  FollowLater(control.Caption, [&, wording] {
+    const QString caption = WidgetCaption(control.Caption, wording);
     // A label that leads to no field takes an ampersand as it stands.
     widget.setText(widget.buddy() != nullptr ? caption : PlainCaption(FromQt(caption)));
   });
@@ -85,8 +86,8 @@ void Binder::Bind(platform::Label& control, QLabel& widget, const QString& name,
 }
 
 void Binder::Bind(platform::Label& control, ClickLabel& widget, const QString& name,
-                  Ampersand ampersand) {
-  Bind(control, static_cast<QLabel&>(widget), name, ampersand);
+                  Wording wording) {
+  Bind(control, static_cast<QLabel&>(widget), name, wording);
   widget.Clicked = [&] { guard_([&] { control.Click(); }); };
   widget.DoubleClicked = [&] { guard_([&] { control.DblClick(); }); };
 }
@@ -99,7 +100,8 @@ void Binder::Bind(platform::Label& control, ReadingField& widget, const QString&
 
 void Binder::Bind(platform::QuietLine& control, QuietLine& widget, const QString& name) {
   BindControl(control, widget, name);
-  FollowLater(control.Caption, [&] { widget.Say(ToQt(control.Caption)); });
+  // It names senders by their IDs.
+  FollowLater(control.Caption, [&] { widget.Say(ToQt(platform::Escaped(control.Caption.Get()))); });
 }
 
 void Binder::Bind(platform::CWButton& control, RunButton& widget, const QString& name) {
@@ -126,10 +128,10 @@ void Binder::Bind(platform::CommandButton& control, QPushButton& widget, const Q
 }
 
 void Binder::Bind(platform::CheckBox& control, QCheckBox& widget, const QString& name,
-                  Ampersand ampersand) {
+                  Wording wording) {
   BindControl(control, widget, name);
   Follow(control.Caption,
-         [&, ampersand] { widget.setText(WidgetCaption(control.Caption, ampersand)); });
+         [&, wording] { widget.setText(WidgetCaption(control.Caption, wording)); });
   Follow(control.Value, [&] { widget.setChecked(control.Value != 0); });
   control.ForeColor.Observe(
       [&] { look::SetTextColour(widget, look::ColourOf(control.ForeColor)); });
@@ -141,10 +143,10 @@ void Binder::Bind(platform::CheckBox& control, QCheckBox& widget, const QString&
 }
 
 void Binder::Bind(platform::OptionButton& control, RadioButton& widget, const QString& name,
-                  Ampersand ampersand) {
+                  Wording wording) {
   BindControl(control, widget, name);
   Follow(control.Caption,
-         [&, ampersand] { widget.setText(WidgetCaption(control.Caption, ampersand)); });
+         [&, wording] { widget.setText(WidgetCaption(control.Caption, wording)); });
   const auto show = [&] { widget.setChecked(control.Value); };
   Follow(control.Value, show);
   QObject::connect(&widget, &QAbstractButton::toggled, &widget, [&, show](bool checked) {
@@ -227,7 +229,7 @@ void Binder::Bind(platform::ProgressBar& control, QProgressBar& widget, const QS
 void Binder::Bind(platform::Panel& panel, QLabel& widget, const QString& name) {
   widget.setObjectName(name);
   widget.setTextFormat(Qt::PlainText);
-  widget.setToolTip(ToQt(panel.ToolTipText));
+  Follow(panel.ToolTipText, [&] { widget.setToolTip(ToQt(panel.ToolTipText)); });
   FollowLater(panel.Text, [&] { widget.setText(ToQt(panel.Text)); });
 }
 

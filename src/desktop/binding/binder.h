@@ -31,9 +31,16 @@
 
 namespace desktop {
 
-/// What an ampersand in a caption means: the key of the control, or just itself where the caption
-/// is a text of the user's.
-enum class Ampersand { Mnemonic, Letter };
+/// What a caption is.
+enum class Wording {
+  /// The program's own words; an ampersand marks the key of the control.
+  Own,
+  /// A text of the user's or of the bus. An ampersand is just itself, and what has no shape is
+  /// written out.
+  Foreign,
+  /// The same, in columns of one pitch: what has no shape is a blank.
+  Columns
+};
 
 /// Ties the controls of a form to widgets: what the program sets flows to the widget, what the user
 /// does comes back as an assignment or an event of the control. The widget gets the control's name
@@ -43,17 +50,17 @@ class Binder {
   Binder(Guard& guard, RepaintQueue& repaints);
 
   void Bind(platform::Label& control, QLabel& widget, const QString& name,
-            Ampersand ampersand = Ampersand::Mnemonic);
+            Wording wording = Wording::Own);
   void Bind(platform::Label& control, ClickLabel& widget, const QString& name,
-            Ampersand ampersand = Ampersand::Mnemonic);
+            Wording wording = Wording::Own);
   void Bind(platform::Label& control, ReadingField& widget, const QString& name);
   void Bind(platform::QuietLine& control, QuietLine& widget, const QString& name);
   void Bind(platform::CWButton& control, RunButton& widget, const QString& name);
   void Bind(platform::CommandButton& control, QPushButton& widget, const QString& name);
   void Bind(platform::CheckBox& control, QCheckBox& widget, const QString& name,
-            Ampersand ampersand = Ampersand::Mnemonic);
+            Wording wording = Wording::Own);
   void Bind(platform::OptionButton& control, RadioButton& widget, const QString& name,
-            Ampersand ampersand = Ampersand::Mnemonic);
+            Wording wording = Wording::Own);
   void Bind(platform::ComboBox& control, ChoiceBox& widget, const QString& name);
   void Bind(platform::CheckList& control, CheckListView& widget, const QString& name);
   void Bind(platform::TextBox& control, TextField& widget, const QString& name);

@@ -1,6 +1,7 @@
 #include "desktop/binding/graph_view.h"
 
 #include <QApplication>
+#include <QPicture>
 #include <algorithm>
 
 #include "desktop/look/look.h"
@@ -34,8 +35,15 @@ constexpr double PointReach = 0.5;
 /// A block is put on the graph in many steps, with a pump among them, and drawn by the last one.
 /// What is to be drawn soon waits for that long enough.
 constexpr int DrawMs = 30;
-/// Width of the graph's image on paper: 300 dots an inch on 180 mm.
-constexpr double PaperDots = 2126;
+// On paper the graph has its own size, whatever the window's is: it is drawn as lines and texts in
+// a unit in which a text of the usual size has 9 points.
+constexpr double PaperMillimetres = 180;
+constexpr double PaperTextPoints = 9;
+constexpr double MillimetresOfUnit = PaperTextPoints / 72 * 25.4 / look::TextSize;
+constexpr double PaperUnits = PaperMillimetres / MillimetresOfUnit;
+/// Of a line of two pixels, which curves have.
+constexpr double PaperLineMillimetres = 0.35;
+constexpr double PaperStrokes = PaperLineMillimetres / 2 / MillimetresOfUnit;
 
 }  // namespace
 
@@ -72,7 +80,7 @@ void GraphView::FollowPlots() {
     platform::Plot& plot = graph_.Plots[i];
     plot.Y.Observe([this, i] { ShowCurve(i); });
     const auto style = [this, i] {
-      ShowStyle(i);
+      ShowStyle(i, look::Scale());
       DrawSoon();
     };
     plot.Visible.Observe(style);
@@ -141,9 +149,31 @@ void GraphView::TellRange(platform::Axis& control, const QCPAxis& axis) {
 
 platform::Picture GraphView::Draw() {
   if (size().isEmpty()) return {};
-  const double fine = std::max(1.0, PaperDots / width());
-  return PictureOf(
-      toPixmap(width(), height(), graph_.ScreenLook ? devicePixelRatioF() : fine).toImage());
+  if (!graph_.ScreenLook) return DrawForPaper();
+  return PictureOf(toPixmap(width(), height(), devicePixelRatioF()).toImage());
+}
+
+platform::Picture GraphView::DrawForPaper() {
+  const QSize paper = QSizeF(PaperUnits, PaperUnits * height() / width()).toSize();
+  QFont texts = look::TextFont(look::TextSize);
+  texts.setHintingPreference(QFont::PreferNoHinting);
+  QPicture drawing;
+  Dress(texts, PaperStrokes);
+  {
+    QCPPainter painter(&drawing);
+    for (const auto mode :
+         {QCPPainter::pmVectorized, QCPPainter::pmNoCaching, QCPPainter::pmNonCosmetic}) {
+      painter.setMode(mode);
+    }
+    toPainter(&painter, paper.width(), paper.height());
+  }
+  Dress(QApplication::font(), look::Scale());
+  return PictureOf(drawing, paper);
+}
+
+void GraphView::Dress(const QFont& texts, double strokes) {
+  for (QCPAxis* axis : {xAxis, yAxis}) axis->setTickLabelFont(texts);
+  for (std::size_t i = 0; i < curves_.size(); ++i) ShowStyle(i, strokes);
 }
 
 void GraphView::DrawSoon() {
@@ -180,7 +210,7 @@ void GraphView::ZoomInto(const QRect& drag, Qt::MouseButton button) {
 
 void GraphView::ShowAll() {
   for (std::size_t i = 0; i < curves_.size(); ++i) {
-    ShowStyle(i);
+    ShowStyle(i, look::Scale());
     ShowCurve(i);
   }
   ShowTrackMode();
@@ -198,22 +228,21 @@ void GraphView::ShowCurve(std::size_t plot) {
   curves_[plot]->setAntialiased(y.size() <= SmoothSamples);
 }
 
-void GraphView::ShowStyle(std::size_t plot) {
+void GraphView::ShowStyle(std::size_t plot, double strokes) {
   const platform::Plot& state = graph_.Plots[plot];
   CasedCurve& curve = *curves_[plot];
   curve.setVisible(state.Visible);
-  curve.setPen(QPen(look::ColourOf(state.LineColor), state.LineWidth * look::Scale()));
+  curve.setPen(QPen(look::ColourOf(state.LineColor), state.LineWidth * strokes));
   curve.setLineStyle(state.LineStyle == NoLine ? QCPGraph::lsNone : QCPGraph::lsLine);
   if (state.PointStyle == NoPoints) {
     curve.HideMarkers();
   } else {
-    curve.ShowMarkers(look::ColourOf(state.PointColor), MarkerSize * look::Scale());
+    curve.ShowMarkers(look::ColourOf(state.PointColor), MarkerSize * strokes);
   }
 }
 
 void GraphView::TakeScale() {
-  for (QCPAxis* axis : {xAxis, yAxis}) axis->setTickLabelFont(QApplication::font());
-  for (std::size_t i = 0; i < curves_.size(); ++i) ShowStyle(i);
+  Dress(QApplication::font(), look::Scale());
   DrawSoon();
 }
 

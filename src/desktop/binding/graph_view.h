@@ -33,11 +33,14 @@ class GraphView : public QCustomPlot, public look::Scalable {
   void DrawSoon();
   void ShowCurve(std::size_t plot);
   void FollowAxis(platform::Axis& axis, QCPAxis& shown);
-  void ShowStyle(std::size_t plot);
+  void ShowStyle(std::size_t plot, double strokes);
   void ShowTrackMode();
   void ShowBackground();
   void TellRange(platform::Axis& control, const QCPAxis& axis);
+  /// Gives texts, curves and markers their sizes; `strokes` is what a pixel of a line counts.
+  void Dress(const QFont& texts, double strokes);
   platform::Picture Draw();
+  platform::Picture DrawForPaper();
   void ScaleX();
   void ScaleY();
   void ZoomInto(const QRect& drag, Qt::MouseButton button);

@@ -4,6 +4,7 @@
 #include "desktop/look/scale.h"
 #include "desktop/look/text.h"
 #include "desktop/look/twips.h"
+#include "desktop/widgets/elided_label.h"
 
 namespace desktop {
 
@@ -17,10 +18,10 @@ constexpr double LinePart = 1.5;
 RichRows::RichRows(Binder& binder, QWidget& page, QPoint origin)
     : binder_(binder), page_(page), origin_(origin) {}
 
-void RichRows::Add(platform::Label& row, const QString& name, Ampersand ampersand) {
-  auto* widget = new QLabel(&page_);
+void RichRows::Add(platform::Label& row, const QString& name, Wording wording) {
+  QLabel* widget = wording == Wording::Foreign ? new ElidedLabel(&page_) : new QLabel(&page_);
   look::KeepFont(*widget);
-  binder_.Bind(row, *widget, name, ampersand);
+  binder_.Bind(row, *widget, name, wording);
   rows_.push_back({row, widget});
   const auto lay = [this, added = rows_.back()] { Lay(added); };
   row.Left.Observe(lay);

@@ -15,7 +15,8 @@ class RichRows {
   /// `origin` is the place of the page's corner in the rows' coordinates, in pixels.
   RichRows(Binder& binder, QWidget& page, QPoint origin);
 
-  void Add(platform::Label& row, const QString& name, Ampersand ampersand);
+  /// A row of foreign words loses its middle where it is too long.
+  void Add(platform::Label& row, const QString& name, Wording wording);
   /// Lays the rows anew, `ratio` times as large as the program gives them.
   void Lay(double ratio);
 

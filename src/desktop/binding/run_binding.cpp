@@ -12,7 +12,7 @@ void BindRun(Binder& binder, forms::SharedControls& shared, const RunParts& part
   for (std::size_t i = 0; i < RunColumn::Stations; ++i) {
     const std::size_t station = parts.Station + i;
     binder.Bind(shared.Option3[station], column.Station(i), ArrayName("Option3", station),
-                Ampersand::Letter);
+                Wording::Foreign);
     QWidget::setTabOrder(last, &column.Station(i));
     last = &column.Station(i);
   }

@@ -12,6 +12,13 @@ namespace {
 /// 30 mm of paper at 800 dots an inch, in the logo's proportions.
 constexpr QSize LogoSize(960, 183);
 
+/// What a painter was asked to draw.
+class QtDrawing : public platform::Drawing {
+ public:
+  explicit QtDrawing(const QPicture& calls) : Calls(calls) {}
+  const QPicture Calls;
+};
+
 }  // namespace
 
 QImage ImageOf(const platform::Picture& picture) {
@@ -33,6 +40,15 @@ platform::Picture PictureOf(const QImage& image) {
     picture.Pixels.insert(picture.Pixels.end(), row, row + plain.width());
   }
   return picture;
+}
+
+platform::Picture PictureOf(const QPicture& drawing, QSize size) {
+  return {size.width(), size.height(), {}, std::make_shared<const QtDrawing>(drawing)};
+}
+
+const QPicture* DrawingOf(const platform::Picture& picture) {
+  const auto* drawing = dynamic_cast<const QtDrawing*>(picture.Drawing.get());
+  return drawing == nullptr ? nullptr : &drawing->Calls;
 }
 
 platform::Picture LogoPicture() {

@@ -32,7 +32,7 @@ InfoPage::InfoPage(forms::InformationControls& page, forms::SharedControls& shar
       support_(new LinkLabel(this)),
       history_(new LinkLabel(this)) {
   for (std::size_t i = 0; i < page.Label1.size(); ++i) {
-    rows_.Add(page.Label1[i], ArrayName("Label1", i), Ampersand::Mnemonic);
+    rows_.Add(page.Label1[i], ArrayName("Label1", i), Wording::Own);
   }
   binder.Bind(page.Picture4, *logo_, QStringLiteral("Picture4"));
   binder.Bind(shared.Label3[forms::side_caption::Support], *support_, ArrayName("Label3", 0));

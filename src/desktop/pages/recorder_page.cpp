@@ -7,8 +7,8 @@
 
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
+#include "desktop/widgets/elided_label.h"
 #include "desktop/widgets/keep_room.h"
-#include "desktop/widgets/path_label.h"
 #include "desktop/widgets/quiet_line.h"
 #include "desktop/widgets/run_column.h"
 
@@ -84,9 +84,9 @@ Card* RecorderPage::RecordingCard() {
   }
   card->Grid().setRowMinimumHeight(card->Grid().rowCount(), Margin / 2);
   for (const std::size_t path : {1U, 4U}) {
-    auto* label = new PathLabel(card);
+    auto* label = new ElidedLabel(card);
     KeepRoom(*label);
-    binder_.Bind(recorder_.Label10[path], *label, ArrayName("Label10", path), Ampersand::Letter);
+    binder_.Bind(recorder_.Label10[path], *label, ArrayName("Label10", path), Wording::Foreign);
     card->AddWide(label);
   }
   card->AddWide(Progress(card));

@@ -51,8 +51,9 @@ void ReportPage::AddRows(forms::ReportControls& report) {
   for (std::size_t i = 0; i < report.Label7.size(); ++i) {
     place(report.Label7[i], i, TitleLeft, TitleWidth);
     place(report.Label8[i], i, ValueLeft, ValueWidth);
-    rows_.Add(report.Label7[i], ArrayName("Label7", i), Ampersand::Mnemonic);
-    rows_.Add(report.Label8[i], ArrayName("Label8", i), Ampersand::Letter);
+    rows_.Add(report.Label7[i], ArrayName("Label7", i), Wording::Own);
+    const bool dump = i >= forms::report_row::FirstDump;
+    rows_.Add(report.Label8[i], ArrayName("Label8", i), dump ? Wording::Columns : Wording::Foreign);
   }
 }
 

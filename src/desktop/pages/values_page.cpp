@@ -57,7 +57,7 @@ void ValuesPage::BindReadings(Binder& binder) {
     dcValues_[i]->setAttribute(Qt::WA_TransparentForMouseEvents);
     look::SetTextColour(*dcValues_[i], look::QuietText);
     binder.Bind(values_.Label5[i], *readings_[i], ArrayName("Label5", i));
-    binder.Bind(values_.Label6[i], *captions_[i], ArrayName("Label6", i), Ampersand::Letter);
+    binder.Bind(values_.Label6[i], *captions_[i], ArrayName("Label6", i), Wording::Foreign);
     binder.Bind(values_.Label12[i + Channels], *dcValues_[i], ArrayName("Label12", i + Channels));
   }
   for (std::size_t i = 0; i < qualities_.size(); ++i) {

@@ -56,7 +56,7 @@ void WaveformsPage::TakeScale() {
 void WaveformsPage::BindControls(Binder& binder) {
   for (std::size_t i = 0; i < legend_.size(); ++i) {
     legend_[i] = new LegendBox(run_);
-    binder.Bind(scope_.Check2[i], *legend_[i], ArrayName("Check2", i), Ampersand::Letter);
+    binder.Bind(scope_.Check2[i], *legend_[i], ArrayName("Check2", i), Wording::Foreign);
   }
   for (std::size_t i = 0; i < modes_.size(); ++i) {
     modes_[i] = new RadioButton(run_);

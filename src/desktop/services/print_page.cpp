@@ -2,7 +2,11 @@
 
 #include <QFontMetricsF>
 #include <QPaintDevice>
+#include <QPainterPath>
+#include <algorithm>
+#include <optional>
 
+#include "desktop/look/casing.h"
 #include "desktop/look/look.h"
 
 namespace desktop {
@@ -14,6 +18,18 @@ constexpr double UnitsOfPoint = 100;
 constexpr double UnitsOfInch = 72 * UnitsOfPoint;
 constexpr double MillimetresOfInch = 25.4;
 constexpr double UnitsOfMillimetre = UnitsOfInch / MillimetresOfInch;
+
+/// How narrow a text may become, as a part of its width.
+constexpr double Narrowest = 0.5;
+/// What reaches out at each side of a text whose colour the paper swallows, in millimetres.
+constexpr double EdgeWidth = 0.15;
+
+/// The width of a text without the blanks at its end.
+double InkWidth(const QString& text, const QFont& font) {
+  qsizetype length = text.size();
+  while (length > 0 && text[length - 1].isSpace()) --length;
+  return PrintPage::TextWidth(text.left(length), font);
+}
 
 QRectF Units(const QRectF& millimetres) {
   return {millimetres.topLeft() * UnitsOfMillimetre, millimetres.size() * UnitsOfMillimetre};
@@ -46,18 +62,64 @@ void PrintPage::AddPicture(const QRectF& place, const QImage& picture) {
   pictures_.push_back({place, picture});
 }
 
-void PrintPage::Paint(QPainter& painter) const {
-  painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-  painter.scale(painter.device()->logicalDpiX() / UnitsOfInch,
-                painter.device()->logicalDpiY() / UnitsOfInch);
+void PrintPage::AddDrawing(const QRectF& place, const QPicture& drawing, QSize size) {
+  drawings_.push_back({place, drawing, size});
+}
+
+double PrintPage::Reduction(const QRectF& room) const {
+  QPointF end(0, 0);
+  const auto reach = [&end](QPointF corner) {
+    end = {std::max(end.x(), corner.x()), std::max(end.y(), corner.y())};
+  };
+  for (const Picture& picture : pictures_) reach(picture.Place.bottomRight());
+  for (const Drawing& drawing : drawings_) reach(drawing.Place.bottomRight());
+  for (const Text& text : texts_) {
+    reach(text.Place + QPointF(InkWidth(text.Words, text.Font) * Narrowest, LineHeight(text.Font)));
+  }
+  return std::min(
+      {1.0, room.right() / std::max(end.x(), 1.0), room.bottom() / std::max(end.y(), 1.0)});
+}
+
+void PrintPage::Paint(QPainter& painter, const QRectF& room) const {
+  painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform |
+                         QPainter::LosslessImageRendering);
+  const double reduction = Reduction(room);
+  painter.scale(reduction * painter.device()->logicalDpiX() / UnitsOfInch,
+                reduction * painter.device()->logicalDpiY() / UnitsOfInch);
   // No text lies under a picture.
   for (const Picture& picture : pictures_) painter.drawImage(Units(picture.Place), picture.Image);
-  for (const Text& text : texts_) {
-    painter.setFont(text.Font);
-    painter.setPen(text.Colour);
-    const QPointF baseline(0, QFontMetricsF(text.Font).ascent());
-    painter.drawText(text.Place * UnitsOfMillimetre + baseline, text.Words);
+  for (const Drawing& drawing : drawings_) Paint(painter, drawing);
+  for (const Text& text : texts_) Paint(painter, text, room.right() / reduction);
+}
+
+void PrintPage::Paint(QPainter& painter, const Drawing& drawing) {
+  const QRectF place = Units(drawing.Place);
+  // A drawing is played in the dots of its own device.
+  const double own = drawing.Calls.logicalDpiX() * 1.0 / painter.device()->logicalDpiX();
+  painter.save();
+  painter.translate(place.topLeft());
+  painter.scale(own * place.width() / drawing.Size.width(),
+                own * place.height() / drawing.Size.height());
+  painter.drawPicture(0, 0, drawing.Calls);
+  painter.restore();
+}
+
+void PrintPage::Paint(QPainter& painter, const Text& text, double right) {
+  const double width = InkWidth(text.Words, text.Font);
+  const double room = right - text.Place.x();
+  painter.save();
+  painter.translate(text.Place * UnitsOfMillimetre);
+  if (width > room) painter.scale(room / width, 1);
+  const QPointF baseline(0, QFontMetricsF(text.Font).ascent());
+  if (const auto edge = look::CasingOf(text.Colour, Qt::white)) {
+    QPainterPath outline;
+    outline.addText(baseline, text.Font, text.Words);
+    painter.strokePath(outline, QPen(*edge, 2 * EdgeWidth * UnitsOfMillimetre));
   }
+  painter.setFont(text.Font);
+  painter.setPen(text.Colour);
+  painter.drawText(baseline, text.Words);
+  painter.restore();
 }
 
 }  // namespace desktop

@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QList>
 #include <QPainter>
+#include <QPicture>
 #include <QRectF>
 #include <QString>
 
@@ -12,6 +13,10 @@ namespace desktop {
 
 /// A page as the list of what stands on it, so that nothing reaches a printer or a file before the
 /// page is complete. Places are millimetres from the upper left corner of the paper.
+///
+/// Everything comes out within the room that a printer has on its paper. A text that would run over
+/// the right end of it is narrowed, to half of its width at most. Where something has no place even
+/// then, the whole page is made smaller by so much; else its millimetres are those of the paper.
 class PrintPage {
  public:
   /// The font of a size in points, in the page's own fine units.
@@ -23,8 +28,10 @@ class PrintPage {
   /// `place` is the upper left corner of the text.
   void AddText(QPointF place, const QString& text, const QFont& font, const QColor& colour);
   void AddPicture(const QRectF& place, const QImage& picture);
+  /// A drawing of an area of this size, which fills the place.
+  void AddDrawing(const QRectF& place, const QPicture& drawing, QSize size);
   /// Paints the page; the device's origin is the corner of its paper.
-  void Paint(QPainter& painter) const;
+  void Paint(QPainter& painter, const QRectF& room) const;
 
  private:
   struct Text {
@@ -37,8 +44,20 @@ class PrintPage {
     QRectF Place;
     QImage Image;
   };
+  struct Drawing {
+    QRectF Place;
+    QPicture Calls;
+    QSize Size;
+  };
+
+  /// What the page is made smaller by, 1 for nothing.
+  double Reduction(const QRectF& room) const;
+  static void Paint(QPainter& painter, const Drawing& drawing);
+  /// Paints a text that may reach as far as `right`.
+  static void Paint(QPainter& painter, const Text& text, double right);
 
   QList<Picture> pictures_;
+  QList<Drawing> drawings_;
   QList<Text> texts_;
 };
 

@@ -3,13 +3,10 @@
 #include <QBuffer>
 #include <QDir>
 #include <QFile>
-#include <QPageSize>
 #include <QPdfWriter>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QProcess>
-#include <QStandardPaths>
-#include <QTemporaryFile>
+#include <memory>
 #include <utility>
 
 #include "desktop/look/look.h"
@@ -26,9 +23,6 @@ namespace {
 
 constexpr int PdfDotsPerInch = 1200;
 constexpr const char* Creator = "Vornik";
-/// Hands files to the queues of a Unix system. Qt's own way there does not tell of a refused job.
-constexpr const char* QueueCommand = "lp";
-constexpr int QueuePatienceMs = 10'000;
 
 QPageLayout::Orientation QtOrientation(platform::PageOrientation orientation) {
   return orientation == platform::PageOrientation::Landscape ? QPageLayout::Landscape
@@ -40,10 +34,10 @@ QPageLayout::Orientation QtOrientation(platform::PageOrientation orientation) {
 }
 
 /// Paints a page on a device of its own and closes that.
-void PaintOn(QPaintDevice& device, const PrintPage& page, const QString& name) {
+void PaintOn(QPaintDevice& device, const PrintPage& page, const QRectF& room, const QString& name) {
   QPainter painter;
   if (!painter.begin(&device)) Refuse(QStringLiteral("\"%1\" takes no page").arg(name));
-  page.Paint(painter);
+  page.Paint(painter, room);
   if (!painter.end()) Refuse(QStringLiteral("\"%1\" did not take the page").arg(name));
 }
 
@@ -54,7 +48,7 @@ QtPrintSurface::QtPrintSurface(const QtPrinters& printers, const platform::Calen
 
 void QtPrintSurface::Orientation(platform::PageOrientation orientation) {
   page_ = {};
-  orientation_ = orientation;
+  orientation_ = QtOrientation(orientation);
   position_ = {};
 }
 
@@ -86,33 +80,50 @@ double QtPrintSurface::TextWidth(const std::string& text) const {
 
 void QtPrintSurface::PaintPicture(const platform::Picture& picture, double x, double y,
                                   double width, double height) {
-  page_.AddPicture(QRectF(x, y, width, height), ImageOf(picture));
+  const QRectF place(x, y, width, height);
+  if (const QPicture* drawing = DrawingOf(picture)) {
+    page_.AddDrawing(place, *drawing, {picture.Width, picture.Height});
+  } else {
+    page_.AddPicture(place, ImageOf(picture));
+  }
 }
 
-std::string QtPrintSurface::EndDoc() {
+void QtPrintSurface::EndDoc(PrintJob::Told told) {
   const PrintPage page = std::exchange(page_, {});
-  if (printers_.PrintsToFile()) return FromQt(WriteFile(page));
-  SendToPrinter(page);
-  return {};
+  if (printers_.PrintsToFile()) {
+    told({FromQt(WriteFile(page)), {}});
+    return;
+  }
+  const QString printer = ToQt(printers_.Current());
+  const Paper paper = PaperOfPrinter(printer);
+  // The toolkit's own way to a queue does not tell of a refused job.
+  if (!PrintJob::Command().isEmpty()) {
+    const JobOrder order{printer, document_, paper.Size.key()};
+    auto job = std::make_unique<PrintJob>(order, std::move(told), &jobs_);
+    job->Start(Pdf(page, paper));
+    // From here on it goes by itself, at the latest with the surface.
+    job.release();
+  } else {
+    PrintDirectly(printer, page, paper);
+    told({});
+  }
 }
 
-QByteArray QtPrintSurface::Pdf(const PrintPage& page) const {
+QByteArray QtPrintSurface::Pdf(const PrintPage& page, const Paper& paper) const {
   QByteArray bytes;
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::WriteOnly);
   QPdfWriter writer(&buffer);
   writer.setResolution(PdfDotsPerInch);
-  writer.setPageSize(QPageSize(QPageSize::A4));
-  writer.setPageOrientation(QtOrientation(orientation_));
-  writer.setPageMargins({});
+  writer.setPageLayout(paper.Layout(orientation_));
   writer.setTitle(document_);
   writer.setCreator(QLatin1String(Creator));
-  PaintOn(writer, page, document_);
+  PaintOn(writer, page, paper.Room(orientation_), document_);
   return bytes;
 }
 
 QString QtPrintSurface::WriteFile(const PrintPage& page) const {
-  const QByteArray bytes = Pdf(page);
+  const QByteArray bytes = Pdf(page, {});
   const QDir folder(QtFileSystem::Resolve(DataPath()));
   const QString stem = document_ + u' ' + ToQt(platform::DottedText(calendar_.Now(), '-'));
   for (int copy = 1;; ++copy) {
@@ -133,46 +144,22 @@ QString QtPrintSurface::WriteFile(const PrintPage& page) const {
   }
 }
 
-void QtPrintSurface::SendToPrinter(const PrintPage& page) const {
-  const QString name = ToQt(printers_.Current());
-  const QString command = QStandardPaths::findExecutable(QLatin1String(QueueCommand));
-  if (!command.isEmpty()) {
-    Enqueue(command, name, page);
-    return;
-  }
+void QtPrintSurface::PrintDirectly(const QString& name, const PrintPage& page,
+                                   const Paper& paper) const {
   const QPrinterInfo info = QPrinterInfo::printerInfo(name);
   if (info.isNull()) Refuse(QStringLiteral("the printer \"%1\" is not there any more").arg(name));
   QPrinter printer(info, QPrinter::HighResolution);
   printer.setFullPage(true);
-  printer.setPageSize(QPageSize(QPageSize::A4));
-  printer.setPageOrientation(QtOrientation(orientation_));
+  printer.setPageSize(paper.Size);
+  printer.setPageOrientation(orientation_);
   printer.setColorMode(colours_ == platform::ColourMode::Colour ? QPrinter::Color
                                                                 : QPrinter::GrayScale);
   printer.setDocName(document_);
   printer.setCreator(QLatin1String(Creator));
-  PaintOn(printer, page, name);
+  PaintOn(printer, page, paper.Room(orientation_), name);
   if (printer.printerState() == QPrinter::Error || printer.printerState() == QPrinter::Aborted) {
     Refuse(QStringLiteral("\"%1\" refused the page").arg(name));
   }
-}
-
-void QtPrintSurface::Enqueue(const QString& command, const QString& printer,
-                             const PrintPage& page) const {
-  QTemporaryFile file(QDir::tempPath() + QStringLiteral("/vornik_XXXXXX.pdf"));
-  const QByteArray bytes = Pdf(page);
-  if (!file.open() || file.write(bytes) != bytes.size() || !file.flush()) {
-    Refuse(file.errorString());
-  }
-  QProcess job;
-  job.setStandardInputFile(QProcess::nullDevice());
-  job.start(command, {QStringLiteral("-d"), printer, QStringLiteral("-t"), document_,
-                      QStringLiteral("-o"), QStringLiteral("media=A4"), file.fileName()});
-  if (!job.waitForFinished(QueuePatienceMs)) {
-    Refuse(QStringLiteral("the queue of \"%1\" does not answer").arg(printer));
-  }
-  if (job.exitStatus() == QProcess::NormalExit && job.exitCode() == 0) return;
-  Refuse(QStringLiteral("\"%1\" refused the page (%2)")
-             .arg(printer, QString::fromLocal8Bit(job.readAllStandardError()).simplified()));
 }
 
 }  // namespace desktop

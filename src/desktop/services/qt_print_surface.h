@@ -1,12 +1,15 @@
 #pragma once
 
 #include <QColor>
+#include <QObject>
 #include <QPointF>
 #include <QString>
 #include <functional>
 #include <optional>
 #include <string>
 
+#include "desktop/services/paper.h"
+#include "desktop/services/print_job.h"
 #include "desktop/services/print_page.h"
 #include "desktop/services/qt_printers.h"
 #include "platform/services/calendar.h"
@@ -14,14 +17,17 @@
 
 namespace desktop {
 
-/// The page of the current printer. A printer of the system gets it as a job; the PDF file is a new
-/// file in the data path, named after the document with the date and the time.
+/// The page of the current printer, on the paper of that printer. A printer of the system gets it
+/// as a job; the PDF file is a new A4 file in the data path, named after the document with the date
+/// and the time.
 class QtPrintSurface : public platform::PrintSurface {
  public:
   QtPrintSurface(const QtPrinters& printers, const platform::Calendar& calendar);
 
   /// The folder that files go to.
   std::function<std::string()> DataPath;
+  /// The paper of a printer of the system.
+  std::function<Paper(const QString&)> PaperOfPrinter = PaperOf;
 
   void Orientation(platform::PageOrientation orientation) override;
   void Colours(platform::ColourMode mode) override { colours_ = mode; }
@@ -38,21 +44,20 @@ class QtPrintSurface : public platform::PrintSurface {
   double TextWidth(const std::string& text) const override;
   void PaintPicture(const platform::Picture& picture, double x, double y, double width,
                     double height) override;
-  std::string EndDoc() override;
+  void EndDoc(PrintJob::Told told) override;
 
  private:
   QFont Font() const { return PrintPage::Font(family_, points_, bold_, underline_); }
-  QByteArray Pdf(const PrintPage& page) const;
+  QByteArray Pdf(const PrintPage& page, const Paper& paper) const;
   QString WriteFile(const PrintPage& page) const;
-  void SendToPrinter(const PrintPage& page) const;
-  /// Hands the page to a queue by the system's own command, which tells when the queue refuses it.
-  void Enqueue(const QString& command, const QString& printer, const PrintPage& page) const;
+  /// Prints the page without a queue's command; it was taken when this returns.
+  void PrintDirectly(const QString& name, const PrintPage& page, const Paper& paper) const;
 
   const QtPrinters& printers_;
   const platform::Calendar& calendar_;
 
   PrintPage page_;
-  platform::PageOrientation orientation_ = platform::PageOrientation::Portrait;
+  QPageLayout::Orientation orientation_ = QPageLayout::Portrait;
   platform::ColourMode colours_ = platform::ColourMode::Monochrome;
   QString document_;
   QString family_;
@@ -61,6 +66,8 @@ class QtPrintSurface : public platform::PrintSurface {
   bool underline_ = false;
   QColor colour_;
   QPointF position_;
+  /// Owns the jobs that are under way.
+  QObject jobs_;
 };
 
 }  // namespace desktop

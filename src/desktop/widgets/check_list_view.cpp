@@ -3,6 +3,7 @@
 #include <QSignalBlocker>
 
 #include "desktop/look/text.h"
+#include "platform/shown_text.h"
 
 namespace desktop {
 
@@ -25,7 +26,7 @@ void CheckListView::ShowItems(const std::vector<platform::CheckItem>& items) {
   }
   for (int row = 0; row < count; ++row) {
     const platform::CheckItem& shown = items[static_cast<std::size_t>(row)];
-    item(row)->setText(ToQt(shown.Text));
+    item(row)->setText(ToQt(platform::Escaped(shown.Text)));
     item(row)->setCheckState(shown.Checked ? Qt::Checked : Qt::Unchecked);
   }
   // The view hears of the changes by its model, which is not silenced.

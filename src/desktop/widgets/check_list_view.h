@@ -8,8 +8,8 @@
 
 namespace desktop {
 
-/// A list with a check box at each entry. Entries that come while the user is in the list leave him
-/// where he is.
+/// A list of texts from the bus with a check box at each. Entries that come while the user is in
+/// the list leave him where he is.
 class CheckListView : public QListWidget {
   Q_OBJECT
 

@@ -4,28 +4,14 @@
 
 namespace desktop {
 
-PathField::PathField(QWidget* parent) : TextField(parent) {
-  connect(this, &QLineEdit::textChanged, this, [this] { ShowTip(); });
+PathField::PathField(QWidget* parent) : TextField(parent), tip_(new WholeTip(*this)) {
+  connect(this, &QLineEdit::textChanged, tip_, &WholeTip::Tell);
 }
 
 void PathField::ShowText(const QString& text) {
   TextField::ShowText(text);
   if (!hasFocus()) end(false);
-  ShowTip();
-}
-
-void PathField::ShowTip() {
-  showingTip_ = true;
-  setToolTip(text().isEmpty() ? tip_ : tip_ + u'\n' + text());
-  showingTip_ = false;
-}
-
-bool PathField::event(QEvent* event) {
-  if (event->type() == QEvent::ToolTipChange && !showingTip_) {
-    tip_ = toolTip();
-    ShowTip();
-  }
-  return TextField::event(event);
+  tip_->Tell(text);
 }
 
 void PathField::focusOutEvent(QFocusEvent* event) {

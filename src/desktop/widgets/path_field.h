@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/widgets/text_field.h"
+#include "desktop/widgets/whole_tip.h"
 
 namespace desktop {
 
@@ -16,14 +17,9 @@ class PathField : public TextField {
 
  protected:
   void focusOutEvent(QFocusEvent* event) override;
-  bool event(QEvent* event) override;
 
  private:
-  void ShowTip();
-
-  /// The tip without the path.
-  QString tip_;
-  bool showingTip_ = false;
+  WholeTip* tip_;
 };
 
 }  // namespace desktop

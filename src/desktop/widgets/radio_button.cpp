@@ -3,9 +3,11 @@
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
+#include "desktop/look/text.h"
+
 namespace desktop {
 
-RadioButton::RadioButton(QWidget* parent) : QRadioButton(parent) {
+RadioButton::RadioButton(QWidget* parent) : QRadioButton(parent), tip_(new WholeTip(*this)) {
   setAutoExclusive(false);
 }
 
@@ -18,9 +20,11 @@ void RadioButton::paintEvent(QPaintEvent*) {
   QStyleOptionButton option;
   initStyleOption(&option);
   const QRect room = style()->subElementRect(QStyle::SE_RadioButtonContents, &option, this);
-  option.text = option.fontMetrics.elidedText(option.text, Qt::ElideRight, room.width(),
+  option.text = option.fontMetrics.elidedText(option.text, Qt::ElideMiddle, room.width(),
                                               Qt::TextShowMnemonic);
   painter.drawControl(QStyle::CE_RadioButton, option);
+  // A new caption, font or size all end here.
+  tip_->Tell(option.text == text() ? QString() : PlainCaption(FromQt(text())));
 }
 
 }  // namespace desktop

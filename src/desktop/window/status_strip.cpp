@@ -6,7 +6,7 @@
 
 #include "desktop/look/look.h"
 #include "desktop/look/twips.h"
-#include "desktop/widgets/path_label.h"
+#include "desktop/widgets/elided_label.h"
 
 namespace desktop {
 
@@ -15,8 +15,8 @@ namespace {
 /// In pixels of the smallest window.
 constexpr int Height = 28;
 constexpr int Padding = 16;
-/// The panels' shares of the width.
-constexpr std::array<int, 4> Shares = {5, 4, 3, 2};
+/// The panels' shares of the width. The second one has room for the name of a printed file.
+constexpr std::array<int, 4> Shares = {4, 5, 3, 2};
 
 }  // namespace
 
@@ -30,7 +30,7 @@ StatusStrip::StatusStrip(platform::StatusBar& bar, Binder& binder, QWidget* pare
   row->setSpacing(Padding);
   for (std::size_t i = 0; i < bar.Panels.size(); ++i) {
     // A panel may hold the path of a file.
-    auto* panel = new PathLabel(this);
+    auto* panel = new ElidedLabel(this);
     panel->setFont(look::TextFont(look::SmallSize));
     panel->setMinimumWidth(1);
     look::SetTextColour(*panel, look::QuietText);

@@ -10,7 +10,7 @@ namespace platform {
 /// One panel of the status bar.
 struct Panel {
   std::string Key;
-  std::string ToolTipText;
+  Property<std::string> ToolTipText;
   Property<std::string> Text;
 };
 

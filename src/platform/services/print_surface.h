@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/controls/control.h"
@@ -9,6 +10,14 @@ namespace platform {
 
 enum class PageOrientation { Portrait, Landscape };
 enum class ColourMode { Monochrome, Colour };
+
+/// What became of a page that was sent.
+struct SentPage {
+  /// The path of the file that it became; empty where a printer took it.
+  std::string File;
+  /// Why the printer refused it; empty where it did not.
+  std::string Refusal;
+};
 
 /// The page of the current printer. Places and sizes are millimetres from the upper left corner of
 /// the paper; a text stands with its upper left corner at the position.
@@ -42,9 +51,9 @@ class PrintSurface {
   /// Places a picture, scaled to fill a rectangle; the position stays.
   virtual void PaintPicture(const Picture& picture, double x, double y, double width,
                             double height) = 0;
-  /// Sends the page. The result is the path of the file that it became; empty where a printer took
-  /// it.
-  virtual std::string EndDoc() = 0;
+  /// Sends the page. `told` hears once what became of it: from within this call, or later where
+  /// the page waits for the answer of a printer's queue.
+  virtual void EndDoc(std::function<void(const SentPage&)> told) = 0;
 };
 
 }  // namespace platform

@@ -6,6 +6,7 @@
 #include <QStandardPaths>
 #include <algorithm>
 
+#include "desktop/services/print_page.h"
 #include "window_scene.h"
 
 namespace desktop {
@@ -81,6 +82,10 @@ TEST_F(PdfText, OfAReportStandsInItsRows) {
   const QList<Word> words = Words();
   ExpectAt(words, "Vornik:", 15, 10);
   ExpectAt(words, "Report", 15, 18);
+  // What is printed behind another text stands behind it.
+  const QFont heading = PrintPage::Font("Verdana", 10, true, false);
+  ExpectAt(words, "dated", 15 + PrintPage::TextWidth("Report of received sample set;  ", heading),
+           18);
   for (std::size_t row = 0; row <= 20; ++row) {
     const double y = 40 + 7 * static_cast<double>(row);
     const QString title = FirstWord(Form().Label7[row].Caption);
@@ -116,6 +121,15 @@ TEST_F(PdfText, OfTheWaveformsStandsBesideTheGraph) {
   // All channels are shown, one below the other; their names begin alike.
   for (int channel = 0; channel < 8; ++channel) {
     ExpectAt(words, channel < 4 ? "Current" : "Voltage", 205, 46 + 8 * channel);
+  }
+  // In the order of the channels: what tells them apart is the last word of a name.
+  for (std::size_t channel = 0; channel < 8; ++channel) {
+    const QString last =
+        QString::fromStdString(Form().Check2[channel].Caption).section(u' ', -1).toHtmlEscaped();
+    const double top = 46 + 8 * static_cast<double>(channel);
+    EXPECT_TRUE(std::any_of(words.begin(), words.end(), [&](const Word& word) {
+      return word.Text == last && word.X > 205 && std::abs(word.Y - top) < 0.5;
+    })) << last.toStdString();
   }
   ExpectAt(words, "Vornik", 205, 180);
 }

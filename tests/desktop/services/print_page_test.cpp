@@ -7,8 +7,11 @@
 #include <QPainter>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 
+#include "desktop/look/look.h"
 #include "desktop/look/picture.h"
 #include "desktop/services/qt_print_surface.h"
 #include "platform/failure.h"
@@ -19,7 +22,7 @@ namespace {
 /// Dots of the played paper to a millimetre.
 constexpr int Dots = 10;
 
-QImage Paper() {
+QImage BlankPaper() {
   QImage paper(210 * Dots, 297 * Dots, QImage::Format_RGB32);
   paper.setDotsPerMeterX(Dots * 1000);
   paper.setDotsPerMeterY(Dots * 1000);
@@ -27,10 +30,12 @@ QImage Paper() {
   return paper;
 }
 
-QImage Printed(const PrintPage& page) {
-  QImage paper = Paper();
+constexpr QRectF WholePaper(0, 0, 210, 297);
+
+QImage Printed(const PrintPage& page, const QRectF& room = WholePaper) {
+  QImage paper = BlankPaper();
   QPainter painter(&paper);
-  page.Paint(painter);
+  page.Paint(painter, room);
   return paper;
 }
 
@@ -38,9 +43,15 @@ QImage Printed(const PrintPage& page) {
 QRectF Ink(const QImage& paper) {
   QRect ink;
   for (int y = 0; y < paper.height(); ++y) {
-    for (int x = 0; x < paper.width(); ++x) {
-      if (paper.pixelColor(x, y).lightness() < 200) ink |= QRect(x, y, 1, 1);
-    }
+    const auto* line = reinterpret_cast<const QRgb*>(paper.constScanLine(y));
+    const auto* end = line + paper.width();
+    const auto isInk = [](QRgb dot) { return qGray(dot) < 200; };
+    const auto* first = std::find_if(line, end, isInk);
+    if (first == end) continue;
+    const auto* last =
+        std::find_if(std::make_reverse_iterator(end), std::make_reverse_iterator(first), isInk)
+            .base();
+    ink |= QRect(static_cast<int>(first - line), y, static_cast<int>(last - first), 1);
   }
   return {QPointF(ink.topLeft()) / Dots, QSizeF(ink.size()) / Dots};
 }
@@ -81,6 +92,89 @@ TEST(PrintPage, FillsARectangleWithAPicture) {
   EXPECT_EQ(paper.pixelColor(1000, 600), QColor(Qt::red));
 }
 
+TEST(PrintPage, FillsARectangleWithADrawingWhateverItsSize) {
+  QPicture drawing;
+  QPainter painter(&drawing);
+  painter.fillRect(0, 0, 400, 100, Qt::red);
+  painter.fillRect(200, 0, 200, 100, Qt::blue);
+  painter.end();
+  PrintPage page;
+  page.AddDrawing({15, 20, 180, 97.5}, drawing, {400, 100});
+  const QImage paper = Printed(page);
+  const QRectF ink = Ink(paper);
+  EXPECT_NEAR(ink.left(), 15, 0.15);
+  EXPECT_NEAR(ink.top(), 20, 0.15);
+  EXPECT_NEAR(ink.width(), 180, 0.2);
+  EXPECT_NEAR(ink.height(), 97.5, 0.2);
+  EXPECT_EQ(paper.pixelColor(1000, 600), QColor(Qt::red));
+  EXPECT_EQ(paper.pixelColor(1100, 600), QColor(Qt::blue));
+}
+
+TEST(PrintPage, NarrowsATextThatWouldLeaveTheRoomAndLeavesTheOthers) {
+  const QFont font = PrintPage::Font("Verdana", 10, true, false);
+  PrintPage page;
+  page.AddText({80, 40}, QString(60, u'H'), font, Qt::black);
+  ASSERT_GT(PrintPage::TextWidth(QString(60, u'H'), font), 125);
+  const QRectF room(5, 5, 200, 287);
+  const QRectF ink = Ink(Printed(page, room));
+  EXPECT_NEAR(ink.left(), 80, 0.5);
+  EXPECT_LE(ink.right(), 205.1);
+  EXPECT_GT(ink.right(), 204);
+  page.AddText({15, 80}, QStringLiteral("H"), font, Qt::black);
+  EXPECT_NEAR(Ink(Printed(page, room)).left(), 15, 0.5);
+}
+
+TEST(PrintPage, DoesNotCountTheBlanksAtATextsEnd) {
+  const QFont font = PrintPage::Font("Verdana", 10, true, false);
+  PrintPage page;
+  page.AddText({80, 40}, QString(20, u'H') + QString(200, u' '), font, Qt::black);
+  EXPECT_NEAR(Ink(Printed(page)).width(), PrintPage::TextWidth(QString(20, u'H'), font), 1);
+}
+
+TEST(PrintPage, IsMadeSmallerWhereSomethingHasNoPlace) {
+  QImage picture(3, 2, QImage::Format_RGB32);
+  picture.fill(Qt::red);
+  PrintPage page;
+  page.AddPicture({15, 20, 205, 100}, picture);
+  page.AddText({15, 200}, QStringLiteral("H"), PrintPage::Font("Verdana", 36, true, false),
+               Qt::black);
+  const QRectF ink = Ink(Printed(page, {5, 5, 200, 287}));
+  const double reduction = 205.0 / 220;
+  EXPECT_NEAR(ink.left(), 15 * reduction, 0.2);
+  EXPECT_NEAR(ink.right(), 205, 0.2);
+  EXPECT_NEAR(ink.top(), 20 * reduction, 0.2);
+}
+
+TEST(PrintPage, GivesATextThatThePaperWouldSwallowAnEdge) {
+  const auto dark = [](const QColor& colour) {
+    PrintPage page;
+    page.AddText({20, 20}, QStringLiteral("------"), PrintPage::Font("Verdana", 20, false, false),
+                 colour);
+    const QImage paper = Printed(page);
+    const QRect area = QRect(20, 20, 40, 15);
+    int count = 0;
+    for (int y = area.top() * Dots; y < area.bottom() * Dots; ++y) {
+      for (int x = area.left() * Dots; x < area.right() * Dots; ++x) {
+        count += paper.pixelColor(x, y) == QColor(look::Ink) ? 1 : 0;
+      }
+    }
+    return count;
+  };
+  for (const QColor& light : {QColor(0, 255, 255), QColor(0, 255, 0), QColor(255, 255, 0)}) {
+    EXPECT_GT(dark(light), 100) << light.name().toStdString();
+  }
+  EXPECT_EQ(dark(Qt::red), 0);
+}
+
+TEST(PrintPage, LeavesAColourThatStandsOutAsItIs) {
+  PrintPage page;
+  page.AddText({20, 20}, QStringLiteral("H"), PrintPage::Font("Verdana", 36, false, false),
+               Qt::red);
+  const QImage paper = Printed(page);
+  const QPointF leg = Ink(paper).bottomLeft() + QPointF(0.8, -3);
+  EXPECT_EQ(paper.pixelColor((leg * Dots).toPoint()), QColor(Qt::red));
+}
+
 TEST(PictureOfTheProgram, BecomesAnImageAndBack) {
   const platform::Picture picture{3, 2, {1, 0xFF000002, 0x80FF0003, 4, 5, 0xFFFFFFFF}};
   EXPECT_EQ(PictureOf(ImageOf(picture)), picture);
@@ -108,7 +202,9 @@ class PdfFile : public ::testing::Test {
     surface_.CurrentX(15);
     surface_.CurrentY(10);
     surface_.Print("first");
-    return surface_.EndDoc();
+    std::string file;
+    surface_.EndDoc([&file](const platform::SentPage& sent) { file = sent.File; });
+    return file;
   }
   static QByteArray Content(const QString& path) {
     QFile file(path);
@@ -170,10 +266,28 @@ TEST_F(PdfFile, DropsAPageThatWasBegunAndNotEnded) {
   EXPECT_LT(std::abs(once.size() - again.size()), 50);
 }
 
+TEST_F(PdfFile, KeepsItsPicturesWithoutALoss) {
+  QDir(folder_.path()).mkdir("data");
+  QImage noise(64, 64, QImage::Format_RGB32);
+  for (int y = 0; y < 64; ++y) {
+    for (int x = 0; x < 64; ++x) noise.setPixel(x, y, qRgb(x * 4, y * 4, (x * y) % 256));
+  }
+  surface_.Orientation(platform::PageOrientation::Landscape);
+  surface_.DocumentName("SV waveforms");
+  surface_.PaintPicture(PictureOf(noise), 15, 20, 60, 60);
+  std::string file;
+  surface_.EndDoc([&file](const platform::SentPage& sent) { file = sent.File; });
+  EXPECT_FALSE(Content(QString::fromStdString(file)).contains("DCTDecode"));
+  EXPECT_TRUE(Content(QString::fromStdString(file)).contains("/Subtype /Image"));
+}
+
 TEST_F(PdfFile, IsNotForAPrinterThatIsGone) {
   QDir(folder_.path()).mkdir("data");
   printers_.MakeCurrent(0);
+  const QByteArray path = qgetenv("PATH");
+  qputenv("PATH", "");
   EXPECT_THROW(Print(), platform::Failure);
+  qputenv("PATH", path);
   EXPECT_TRUE(QDir(Folder()).isEmpty());
 }
 

@@ -3,6 +3,8 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTest>
+#include <vector>
 
 #include "desktop/services/qt_print_surface.h"
 #include "platform/failure.h"
@@ -34,12 +36,17 @@ class PrintQueue : public ::testing::Test {
     command.close();
     command.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
   }
-  void Print() {
+  void Send() {
     surface_.Orientation(platform::PageOrientation::Landscape);
     surface_.DocumentName("SV waveforms");
     surface_.FontName("Verdana");
     surface_.Print("first");
-    surface_.EndDoc();
+    surface_.EndDoc([this](const platform::SentPage& sent) { told_.push_back(sent); });
+  }
+  /// Sends a page and waits for what becomes of it.
+  void Print() {
+    Send();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !told_.empty(); }));
   }
   QByteArray Left(const char* name) {
     QFile file(folder_.filePath(name));
@@ -51,6 +58,7 @@ class PrintQueue : public ::testing::Test {
   QtPrinters printers_{{"Office"}, ""};
   NoDate calendar_;
   QtPrintSurface surface_{printers_, calendar_};
+  std::vector<platform::SentPage> told_;
 };
 
 TEST_F(PrintQueue, GetsThePageWithItsPrinterAndItsName) {
@@ -61,23 +69,64 @@ TEST_F(PrintQueue, GetsThePageWithItsPrinterAndItsName) {
   EXPECT_EQ(Left("words"), "-d Office -t SV waveforms -o media=A4\n");
   EXPECT_TRUE(Left("page").startsWith("%PDF-"));
   EXPECT_TRUE(Left("page").contains("/MediaBox [0 0 842"));
+  ASSERT_EQ(told_.size(), 1U);
+  EXPECT_EQ(told_[0].File, "");
+  EXPECT_EQ(told_[0].Refusal, "");
 }
 
-TEST_F(PrintQueue, ThatRefusesThePageIsAFailureWithItsReason) {
-  QueueDoes("echo 'lp: Destination \"Office\" is not accepting jobs.' >&2; exit 1");
-  try {
-    Print();
-    FAIL() << "the refusal went unnoticed";
-  } catch (const platform::Failure& failure) {
-    EXPECT_EQ(failure.Number(), platform::failure::PrinterError);
-    EXPECT_EQ(failure.Text(),
-              "\"Office\" refused the page (lp: Destination \"Office\" is not accepting jobs.)");
+TEST_F(PrintQueue, GetsThePageInTheSizeOfItsPrintersPaper) {
+  QueueDoes("echo \"$6\" > $FOLDER/words; /bin/cat \"$7\" > $FOLDER/page");
+  surface_.PaperOfPrinter = [](const QString& printer) {
+    return printer == "Office" ? Paper{QPageSize(QPageSize::Letter), 6.35} : Paper();
+  };
+
+  Print();
+
+  EXPECT_EQ(Left("words"), "media=Letter\n");
+  EXPECT_TRUE(Left("page").contains("/MediaBox [0 0 792"));
+}
+
+TEST_F(PrintQueue, IsNotWaitedFor) {
+  QueueDoes("while [ ! -e $FOLDER/go ]; do /bin/sleep 0.01; done");
+
+  Send();
+  QTest::qWait(20);
+
+  EXPECT_TRUE(told_.empty());
+  QFile go(folder_.filePath("go"));
+  ASSERT_TRUE(go.open(QIODevice::WriteOnly));
+  ASSERT_TRUE(QTest::qWaitFor([this] { return !told_.empty(); }));
+  EXPECT_EQ(told_[0].Refusal, "");
+}
+
+TEST_F(PrintQueue, ThatTheProgramsEndOvertakesTellsNobody) {
+  QueueDoes("while [ ! -e $FOLDER/go ]; do /bin/sleep 0.01; done");
+  {
+    QtPrintSurface surface(printers_, calendar_);
+    surface.Orientation(platform::PageOrientation::Portrait);
+    surface.EndDoc([this](const platform::SentPage& sent) { told_.push_back(sent); });
   }
+  QTest::qWait(20);
+  EXPECT_TRUE(told_.empty());
+}
+
+TEST(PaperOfAPrinter, ThatIsNotKnownIsA4WithTheUsualMargins) {
+  const Paper paper = PaperOf("no such printer");
+  EXPECT_EQ(paper.Size.id(), QPageSize::A4);
+  EXPECT_EQ(paper.Room(QPageLayout::Landscape), QRectF(5, 5, 287, 200));
+}
+
+TEST_F(PrintQueue, ThatRefusesThePageTellsItsReason) {
+  QueueDoes("echo 'lp: Destination \"Office\" is not accepting jobs.' >&2; exit 1");
+  Print();
+  ASSERT_EQ(told_.size(), 1U);
+  EXPECT_EQ(told_[0].Refusal,
+            "\"Office\" refused the page (lp: Destination \"Office\" is not accepting jobs.)");
 }
 
 TEST_F(PrintQueue, WithoutItsCommandIsAskedByTheToolkit) {
   // There is no such printer; the toolkit knows.
-  EXPECT_THROW(Print(), platform::Failure);
+  EXPECT_THROW(Send(), platform::Failure);
 }
 
 }  // namespace

@@ -1,0 +1,68 @@
+#include "desktop/services/print_job.h"
+
+#include <QDir>
+#include <QStandardPaths>
+#include <QTimer>
+#include <utility>
+
+#include "desktop/look/text.h"
+#include "platform/failure.h"
+
+namespace desktop {
+
+namespace {
+
+constexpr int PatienceMs = 10'000;
+
+}  // namespace
+
+QString PrintJob::Command() {
+  return QStandardPaths::findExecutable(QStringLiteral("lp"));
+}
+
+PrintJob::PrintJob(JobOrder order, Told told, QObject* owner)
+    : QObject(owner),
+      order_(std::move(order)),
+      told_(std::move(told)),
+      file_(QDir::tempPath() + QStringLiteral("/vornik_XXXXXX.pdf")) {
+  connect(&process_, &QProcess::finished, this, &PrintJob::TakeEnd);
+  connect(&process_, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
+    if (error == QProcess::FailedToStart) Tell(process_.errorString());
+  });
+}
+
+PrintJob::~PrintJob() {
+  process_.disconnect(this);
+}
+
+void PrintJob::Start(const QByteArray& pdf) {
+  if (!file_.open() || file_.write(pdf) != pdf.size() || !file_.flush()) {
+    throw platform::Failure(platform::failure::PrinterError, FromQt(file_.errorString()));
+  }
+  QTimer::singleShot(PatienceMs, this, [this] {
+    Tell(QStringLiteral("the queue of \"%1\" does not answer").arg(order_.Printer));
+  });
+  process_.setStandardInputFile(QProcess::nullDevice());
+  process_.start(Command(),
+                 {QStringLiteral("-d"), order_.Printer, QStringLiteral("-t"), order_.Document,
+                  QStringLiteral("-o"), QStringLiteral("media=") + order_.Media, file_.fileName()});
+}
+
+void PrintJob::TakeEnd(int exitCode, QProcess::ExitStatus status) {
+  if (status == QProcess::NormalExit && exitCode == 0) {
+    Tell({});
+    return;
+  }
+  Tell(QStringLiteral("\"%1\" refused the page (%2)")
+           .arg(order_.Printer,
+                QString::fromLocal8Bit(process_.readAllStandardError()).simplified()));
+}
+
+void PrintJob::Tell(const QString& refusal) {
+  if (const Told told = std::exchange(told_, nullptr)) {
+    deleteLater();
+    told({{}, FromQt(refusal)});
+  }
+}
+
+}  // namespace desktop
