@@ -90,6 +90,7 @@ class BenchCapture : public platform::CaptureLayer {
     platform::CaptureAdapter& Adapters(std::int32_t) override { return adapter_; }
     void SetAdapter(platform::CaptureAdapter&) override {}
     platform::CaptureAdapter& Adapter() override { return adapter_; }
+    void SetWish(platform::FrameWish) override {}
     void Start() override { layer_.Running = true; }
     void Stop() override { layer_.Running = false; }
     void DeliverArrived() override {}

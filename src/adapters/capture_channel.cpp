@@ -68,7 +68,10 @@ SourceAdapter& CaptureChannel::Selected() {
 
 void CaptureChannel::Start() {
   try {
-    if (selected_ != nullptr) selected_->Source().Start();
+    if (selected_ != nullptr) {
+      selected_->Source().SetWish(wish_);
+      selected_->Source().Start();
+    }
   } catch (...) {
     // A start that fails leaves nothing running, also where a delivery ran before.
     Stop();
@@ -83,10 +86,10 @@ void CaptureChannel::Stop() {
 }
 
 void CaptureChannel::DeliverArrived() {
-  if (!running_) return;
+  if (!running_ || selected_ == nullptr) return;
   selected_->Source().TakeNoMore();
   // A handler may stop the delivery; then nothing more is due.
-  while (DeliverOne()) {
+  while (DeliverOne() || !AllDelivered()) {
   }
 }
 

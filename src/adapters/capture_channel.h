@@ -5,6 +5,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "adapters/source_adapter.h"
@@ -35,14 +36,18 @@ class CaptureChannel : public platform::CaptureObject {
   platform::CaptureAdapter& Adapters(std::int32_t index) override;
   void SetAdapter(platform::CaptureAdapter& adapter) override;
   platform::CaptureAdapter& Adapter() override { return Selected(); }
+  void SetWish(platform::FrameWish wish) override { wish_ = std::move(wish); }
   void Start() override;
   void Stop() override;
   void DeliverArrived() override;
 
-  /// Raises `OnPacket` for one frame that is due; False when none is due.
+  /// Raises `OnPacket` for one frame that is due; False when none is due, or when many others had
+  /// to be looked at.
   bool DeliverOne();
 
  private:
+  /// No frame is due any more, as far as the source can tell at once.
+  bool AllDelivered() { return !running_ || selected_->Source().LookedAtAll(); }
   SourceAdapter& Selected();
   void SetRunning(bool running);
   /// The buffer of the frame at a nesting depth; it is kept for the frames to come.
@@ -51,6 +56,7 @@ class CaptureChannel : public platform::CaptureObject {
   std::vector<std::unique_ptr<SourceAdapter>> adapters_;
   std::shared_ptr<ChannelLink> link_;
   SourceAdapter* selected_ = nullptr;
+  platform::FrameWish wish_;
   bool running_ = false;
   /// Handlers of this channel that are under way, one inside the other.
   std::size_t depth_ = 0;

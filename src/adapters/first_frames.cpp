@@ -1,15 +1,16 @@
 #include "adapters/first_frames.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace adapters {
+
+using platform::CapturedFrame;
+using platform::Wanted;
 
 namespace {
 
 /// Eighty frames of each usual stream: enough to hear them all, too short to be noticed.
 constexpr std::chrono::milliseconds GatheringTime{20};
-constexpr std::size_t MostGathered = 256;
 
 }  // namespace
 
@@ -24,12 +25,18 @@ void FirstFrames::Prepare(const SourceSettings& settings) {
 
 void FirstFrames::Start() {
   source_->Start();
-  if (fresh_ && !end_) end_ = clock_.Now() + GatheringTime;
+  takesMore_ = true;
+  if (!std::exchange(running_, true)) gathering_ = fresh_ || wish_;
 }
 
 void FirstFrames::Stop() {
   Drop();
   source_->Stop();
+}
+
+void FirstFrames::TakeNoMore() {
+  takesMore_ = false;
+  source_->TakeNoMore();
 }
 
 void FirstFrames::Release() {
@@ -38,48 +45,40 @@ void FirstFrames::Release() {
 }
 
 void FirstFrames::Drop() {
+  running_ = false;
+  gathering_ = false;
+  lookedAtAll_ = true;
   end_.reset();
-  gathered_.clear();
-  next_ = 0;
+  gathered_.Clear();
 }
 
-std::optional<platform::CapturedFrame> FirstFrames::Next() {
-  if (end_) {
+std::optional<CapturedFrame> FirstFrames::Next() {
+  if (gathering_) {
     if (!Gather()) return std::nullopt;
-    PutInOrder();
-    end_.reset();
+    gathered_.PutInOrder(fresh_);
+    gathering_ = false;
     fresh_ = false;
   }
-  if (next_ == gathered_.size()) return source_->Next();
-  const GatheredFrame& frame = gathered_[next_++];
-  return platform::CapturedFrame{frame.Bytes, frame.Length};
+  if (std::optional<CapturedFrame> frame = gathered_.Next()) return frame;
+  std::optional<CapturedFrame> frame = source_->Next();
+  lookedAtAll_ = source_->LookedAtAll();
+  return frame;
 }
 
 bool FirstFrames::Gather() {
-  const bool timeIsOver = clock_.Now() >= *end_;
-  while (gathered_.size() < MostGathered) {
-    const std::optional<platform::CapturedFrame> frame = source_->Next();
+  const bool timeIsOver = end_ && clock_.Now() >= *end_;
+  for (int lookedAt = 0; lookedAt < MostLookedAt; ++lookedAt) {
+    const std::optional<CapturedFrame> frame = source_->Next();
+    lookedAtAll_ = !frame && source_->LookedAtAll();
     if (!frame) break;
-    gathered_.push_back({{frame->Bytes.begin(), frame->Bytes.end()}, frame->Length});
+    if (!end_) end_ = clock_.Now() + GatheringTime;
+    const Wanted wanted = wish_ ? wish_(*frame) : Wanted::No;
+    gathered_.Add(*frame, wanted);
+    // The longest is sought to the end, but nothing better than this can come.
+    if (!fresh_ && wanted == Wanted::Most) return true;
   }
-  // A bus that was silent so far is listened to until its first frames are there.
-  if (timeIsOver) return !gathered_.empty();
-  return gathered_.size() == MostGathered;
-}
-
-void FirstFrames::PutInOrder() {
-  BringLongestTo(0);
-  if (twoOfTheLongest_) BringLongestTo(1);
-  twoOfTheLongest_ = !twoOfTheLongest_;
-}
-
-void FirstFrames::BringLongestTo(std::size_t place) {
-  if (place >= gathered_.size()) return;
-  const auto begin = gathered_.begin() + static_cast<std::ptrdiff_t>(place);
-  const auto longest = std::max_element(
-      begin, gathered_.end(),
-      [](const GatheredFrame& a, const GatheredFrame& b) { return a.Length < b.Length; });
-  std::rotate(begin, longest, longest + 1);
+  if (timeIsOver) return true;
+  return !takesMore_ && lookedAtAll_ && !gathered_.Empty();
 }
 
 }  // namespace adapters

@@ -40,14 +40,17 @@ class FrameSource {
   virtual void TakeNoMore() = 0;
   /// Gives back what `Prepare` opened; called when another adapter is chosen.
   virtual void Release() = 0;
-  /// The next selected frame that is due now; nothing also where many others had to be passed over.
-  /// Its bytes are valid until the next call of any operation.
+  /// The next selected frame that is due now; nothing also where it has looked at as many as one
+  /// call may. Its bytes are valid until the next call of any operation.
   virtual std::optional<platform::CapturedFrame> Next() = 0;
+  /// False where the last call of `Next` gave nothing because it had looked at so many: the next
+  /// call goes on from there.
+  virtual bool LookedAtAll() const { return true; }
 
  protected:
-  /// Frames that one call of `Next` passes over at most, so that a backlog of frames that the
-  /// filter refuses does not hold up the program.
-  static constexpr int MostPassedOver = 4096;
+  /// Frames that one call of `Next` looks at at most, so that a backlog of frames that the filter
+  /// refuses does not hold up the program.
+  static constexpr int MostLookedAt = 4096;
 };
 
 }  // namespace adapters

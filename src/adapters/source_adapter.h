@@ -22,7 +22,7 @@ class SourceAdapter : public platform::CaptureAdapter {
   std::string Description() const override { return description_; }
   void Set(std::string_view property, const Value& value) override;
 
-  FrameSource& Source() { return source_; }
+  FirstFrames& Source() { return source_; }
 
  private:
   std::string description_;

@@ -23,6 +23,8 @@ struct AcquisitionState {
   bool CaptureRunning = false;
   /// The next frame only sets `PacketLength`.
   bool PacketLengthPending = true;
+  /// The length that frames are expected to have at most, in bytes.
+  std::int16_t PacketLength = 0;
 
   /// The mode flags; several can be set at once.
   bool ReportRequested = false;

@@ -71,9 +71,10 @@ Verdict CaptureSession::OnAdapterListFailure(const Failure& failure, int attempt
   return answer == platform::Answer::Yes ? Verdict::EndProgram : Verdict::LeaveRoutine;
 }
 
-void CaptureSession::SetupAdapter(std::int32_t buffSize) {
+void CaptureSession::SetupAdapter(std::int32_t buffSize, const platform::FrameWish& wish) {
   RunSteps(
       services_.Program, [this](const Failure& failure) { return OnSetupFailure(failure); },
+      [&] { aPacketX().SetWish(wish); },
       [&] { aPacketX().SetAdapter(aPacketX().Adapters(settings_.AdapterIndex)); },
       [&] { aPacketX().Adapter().Set(property::BufferSize, buffSize); },
       [&] { aPacketX().Adapter().Set(property::BytesToGather, 0); },
@@ -147,6 +148,7 @@ Verdict CaptureSession::OnStartFailure(const Failure& failure) {
   controls_.Buttons.CWButton4.Value = false;
   controls_.Buttons.CWButton4.Enabled = true;
   GiveButtonsBack();
+  Refused();
   services_.Dialogs.Show({"Attention",
                           std::string("Can't receive packets!") + Crlf + Crlf + "Reason:" + Crlf +
                               "- filter setup ('Packet filter condition') isn't correct",

@@ -41,7 +41,8 @@ class CaptureSession {
   /// Creates the capture object and fills the adapter list; once, at start-up.
   void FillAdapterList();
   /// Takes over the chosen adapter with a driver buffer of `buffSize` bytes and the capture filter.
-  void SetupAdapter(std::int32_t buffSize);
+  /// The wish holds for every start until the next setup.
+  void SetupAdapter(std::int32_t buffSize, const platform::FrameWish& wish = {});
   /// Begins a burst; a name that is no mode's starts capture without a mode.
   void StartCapture(ModeName mode);
   /// Ends a burst; legal when idle. What starts capture anew in its pumps is ended with it.
@@ -51,6 +52,8 @@ class CaptureSession {
 
   /// Capture rests: a burst or a run has ended, or one is about to begin.
   platform::Event<> Stopped;
+  /// A start did not begin, because the capture filter was refused; the user has not been told yet.
+  platform::Event<> Refused;
 
  private:
   void Begin();

@@ -54,7 +54,7 @@ void PacketDispatcher::aPacketX_OnPacket(const CapturedFrame& pPacket) {
        [&] { return state_.CaptureRunning ? Flow::Next : Flow::Leave; },
        [&] { ++state_.Counters.Frames; },
        [&] { return LeaveAfter(state_.PacketLengthPending, [&] { MeasureLength(pPacket); }); },
-       [&] { bytes_.Redim(packetLength_); },
+       [&] { bytes_.Redim(state_.PacketLength); },
        [&] { return LeaveAfter(state_.ReportRequested, [&] { ServeReport(pPacket); }); },
        [&] { return CopyFrame(pPacket); },
        [&] {
@@ -75,7 +75,7 @@ void PacketDispatcher::MeasureLength(const CapturedFrame& pPacket) {
 }
 
 void PacketDispatcher::TakePacketLength(const CapturedFrame& pPacket) {
-  packetLength_ = platform::Narrow<std::int16_t>(pPacket.Length);
+  state_.PacketLength = platform::Narrow<std::int16_t>(pPacket.Length);
   state_.PacketLengthPending = false;
 }
 

@@ -107,7 +107,6 @@ class PacketDispatcher : public PacketConsumer {
   platform::Routine run_;
 
   PacketBytes bytes_;
-  std::int16_t packetLength_ = 0;
   std::array<ContentFilter, 2> filters_;
   /// Next row of the block arrays of each stream.
   std::array<std::int32_t, 2> frameIndex_{};

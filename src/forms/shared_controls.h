@@ -57,7 +57,8 @@ inline constexpr std::size_t Phasor = 1;
 inline constexpr std::size_t Waveforms = 2;
 inline constexpr std::size_t Recorder = 3;
 inline constexpr std::size_t Report = 4;
-inline constexpr std::size_t Count = 5;
+inline constexpr std::size_t Setup = 5;
+inline constexpr std::size_t Count = 6;
 }  // namespace quiet_line
 
 /// The arrays whose members stand on several views.

@@ -9,14 +9,24 @@ constexpr unsigned Base = 16;
 
 unsigned DigitAt(std::string_view text, std::size_t position) {
   if (position >= text.size()) return 0;
-  const std::size_t digit = Digits.find(text[position]);
-  return digit == std::string_view::npos ? 0 : static_cast<unsigned>(digit);
+  const char digit = text[position];
+  if (digit >= '0' && digit <= '9') return static_cast<unsigned>(digit - '0');
+  return digit >= 'A' && digit <= 'F' ? static_cast<unsigned>(digit - 'A') + 10 : 0;
 }
 
 }  // namespace
 
 std::string HexByteText(std::uint8_t value) {
   return {Digits[value / Base], Digits[value % Base]};
+}
+
+void WriteHexText(std::span<const std::uint8_t> bytes, std::string& text) {
+  text.resize(2 * bytes.size());
+  char* place = text.data();
+  for (const std::uint8_t value : bytes) {
+    *place++ = Digits[value / Base];
+    *place++ = Digits[value % Base];
+  }
 }
 
 std::int16_t HexPairValue(std::string_view text) {

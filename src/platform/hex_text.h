@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -8,6 +9,9 @@ namespace platform {
 
 /// A byte as two hexadecimal digits in upper case.
 std::string HexByteText(std::uint8_t value);
+
+/// The same for one byte after the other, in the place of what the text held; it keeps its memory.
+void WriteHexText(std::span<const std::uint8_t> bytes, std::string& text);
 
 /// The number that the first two characters spell: the digits "0" to "9" and "A" to "F", the first
 /// one worth sixteen times the second. Any other character, a lower case letter too, and a

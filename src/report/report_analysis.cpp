@@ -58,7 +58,8 @@ ReportAnalysis::ReportAnalysis(forms::ReportControls& report, const forms::Share
       present_(present),
       code_(code),
       services_(services),
-      run_(services.Program, [this](const Failure& failure, int) { return OnFailure(failure); }) {}
+      run_(services.Program, [this](const Failure& failure, int) { return OnFailure(failure); }),
+      digits_(code) {}
 
 Verdict ReportAnalysis::OnFailure(const Failure& failure) {
   if (failure.Number() == platform::failure::NoSuchControl) return Verdict::SkipStep;
@@ -79,13 +80,10 @@ bool ReportAnalysis::ReportAnalyse(const PacketBytes& bytes, std::string& id) {
   // Each search begins where the one before it ended.
   std::size_t position = 0;
   const Flow flow = run_(
-      [&] { ShowHead(false); }, [&] { BuildHexText(bytes); }, [&] { WriteHead(); },
-      [&] { position = Find("8001", 1); },
-      [&] { report_.Label8[row::Sequence].Caption = "lenght: " + std::string(Pair(position + 8)); },
-      [&] {
-        report_.Label8[row::FirstAsdu].Caption = "lenght: " + std::string(Pair(position + 12));
-      },
-      [&] { position = Find("80", position + 2); }, [&] { id += StationId(position + 2); },
+      [&] { ShowHead(false); }, [&] { digits_.Take(bytes); }, [&] { WriteHead(); },
+      [&] { position = digits_.AsduCount(); }, [&] { WriteLength(row::Sequence, position + 8); },
+      [&] { WriteLength(row::FirstAsdu, position + 12); },
+      [&] { position = digits_.StationTag(position); }, [&] { id += digits_.StationId(position); },
       [&] {
         const bool other = present_.StreamCount > 1 && ChosenStation() != id;
         return other ? Flow::Leave : Flow::Next;
@@ -98,41 +96,17 @@ bool ReportAnalysis::ReportAnalyse(const PacketBytes& bytes, std::string& id) {
 void ReportAnalysis::WriteFields(std::size_t position) {
   run_(
       // From here on the position is that of the length byte.
-      [&] { position = Find("82", position + 2) + 2; },
+      [&] { position = digits_.Find("82", position + 2) + 2; },
       [&] {
-        const std::int32_t count =
-            HexPairValue(Pair(position + 2)) * 256 + HexPairValue(Pair(position + 4));
+        const std::int32_t count = HexPairValue(digits_.Pair(position + 2)) * 256 +
+                                   HexPairValue(digits_.Pair(position + 4));
         report_.Label8[row::SampleCount].Caption = platform::NumberText::General(count);
       },
-      [&] { position = Find("85", position + 2) + 2; },
-      [&] { WriteSynchronisation(Pair(position + 2)); });
+      [&] { position = digits_.Find("85", position + 2) + 2; },
+      [&] { WriteSynchronisation(digits_.Pair(position + 2)); });
   for (std::size_t line = 0; line < row::DumpCount; ++line) {
     run_([&] { WriteDumpLine(line); });
   }
-}
-
-std::size_t ReportAnalysis::Find(std::string_view digits, std::size_t from) const {
-  const std::size_t at = hexText_.find(digits, from - 1);
-  return at == std::string::npos ? 0 : at + 1;
-}
-
-std::string_view ReportAnalysis::Pair(std::size_t position) const {
-  const std::string_view text = hexText_;
-  return text.substr(std::min(position - 1, text.size()), DigitsOfByte);
-}
-
-std::string ReportAnalysis::Pairs(std::size_t firstByte, std::size_t count) const {
-  std::string pairs;
-  for (std::size_t byte = firstByte; byte < firstByte + count; ++byte) {
-    if (byte > firstByte) pairs += ':';
-    pairs += Pair((byte - 1) * DigitsOfByte + 1);
-  }
-  return pairs;
-}
-
-void ReportAnalysis::BuildHexText(const PacketBytes& bytes) {
-  hexText_.clear();
-  for (std::int32_t n = 1; n <= bytes.Upper(); ++n) hexText_ += platform::HexByteText(bytes(n));
 }
 
 void ReportAnalysis::ShowHead(bool visible) {
@@ -143,19 +117,14 @@ void ReportAnalysis::WriteHead() {
   auto& values = report_.Label8;
   values[row::Filter].Caption = settings_.FilterString + " / " + settings_.FilterContent[0] +
                                 " / " + settings_.FilterContent[1];
-  values[row::Destination].Caption = Pairs(1, 6);
-  values[row::Source].Caption = Pairs(7, 6);
-  values[row::Ethertype].Caption = "0x" + Pairs(13, 1) + Pairs(14, 1);
-  values[row::AppId].Caption = "0x" + Pairs(15, 1) + Pairs(16, 1);
+  values[row::Destination].Caption = digits_.Pairs(1, 6);
+  values[row::Source].Caption = digits_.Pairs(7, 6);
+  values[row::Ethertype].Caption = "0x" + digits_.Pairs(13, 1) + digits_.Pairs(14, 1);
+  values[row::AppId].Caption = "0x" + digits_.Pairs(15, 1) + digits_.Pairs(16, 1);
 }
 
-std::string ReportAnalysis::StationId(std::size_t lengthPosition) const {
-  const auto length = static_cast<std::size_t>(HexPairValue(Pair(lengthPosition)));
-  std::string id;
-  for (std::size_t k = 1; k <= length; ++k) {
-    id += static_cast<char>(HexPairValue(Pair(lengthPosition + k * DigitsOfByte)));
-  }
-  return code_.ToUtf8(id);
+void ReportAnalysis::WriteLength(std::size_t row, std::size_t position) {
+  report_.Label8[row].Caption = "lenght: " + std::string(digits_.Pair(position));
 }
 
 void ReportAnalysis::WriteSynchronisation(std::string_view digits) {
@@ -167,7 +136,7 @@ void ReportAnalysis::WriteSynchronisation(std::string_view digits) {
 void ReportAnalysis::WriteDumpLine(std::size_t line) {
   std::string dump;
   for (std::size_t j = 0; j < LineBytes; ++j) {
-    const std::string_view digits = Pair((line * LineBytes + j) * DigitsOfByte + 1);
+    const std::string_view digits = digits_.Pair((line * LineBytes + j) * DigitsOfByte + 1);
     dump += digits.empty() ? "00" : digits;
     dump += ' ';
   }

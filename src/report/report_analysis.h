@@ -11,6 +11,7 @@
 #include "platform/services/code_page.h"
 #include "platform/services/services.h"
 #include "platform/trap.h"
+#include "report/frame_digits.h"
 
 namespace packetroutines {
 
@@ -39,17 +40,9 @@ class ReportAnalysis {
  private:
   platform::Verdict OnFailure(const platform::Failure& failure);
   void WriteFields(std::size_t position);
-  /// The 1-based position of digits at or behind another one; 0 where there are none.
-  std::size_t Find(std::string_view digits, std::size_t from) const;
-  /// The two digits at a 1-based position; fewer at the end of the text.
-  std::string_view Pair(std::size_t position) const;
-  /// The digits of `count` bytes from a 1-based byte on, pair by pair.
-  std::string Pairs(std::size_t firstByte, std::size_t count) const;
-
-  void BuildHexText(const PacketBytes& bytes);
   void ShowHead(bool visible);
   void WriteHead();
-  std::string StationId(std::size_t lengthPosition) const;
+  void WriteLength(std::size_t row, std::size_t position);
   void WriteSynchronisation(std::string_view digits);
   void WriteDumpLine(std::size_t line);
 
@@ -60,8 +53,7 @@ class ReportAnalysis {
   const platform::CodePage& code_;
   platform::Services services_;
   platform::Routine run_;
-  /// The frame, two digits a byte. It keeps its memory from frame to frame.
-  std::string hexText_;
+  FrameDigits digits_;
 };
 
 }  // namespace packetroutines

@@ -51,7 +51,8 @@ ReportView::ReportView(const ReportParts& parts, platform::EventQueue& events,
     : parts_(parts),
       line_(parts.Shared.QuietLine[forms::quiet_line::Report]),
       events_(events),
-      program_(program) {
+      program_(program),
+      wish_(parts.Code) {
   parts_.Report.Command2.ValueChanged = [this] { Command2_ValueChanged(); };
   parts_.Report.Command2.Enabled.Observe([this] { FollowEnd(); });
 }
@@ -116,7 +117,7 @@ void ReportView::Command2_ValueChanged() {
   running_ = true;
   parts_.Report.Command2.Visible = false;
   parts_.State.PacketLengthPending = true;
-  parts_.Capture.SetupAdapter(packetroutines::LiveBuffer);
+  parts_.Capture.SetupAdapter(packetroutines::LiveBuffer, wish_.For(AskedStation()));
   parts_.Capture.StartCapture("Report");
 }
 
@@ -136,7 +137,7 @@ std::string ReportView::ReportAnalyse(const packetroutines::PacketBytes& bytes) 
   if (shown) {
     headOfOther_.clear();
   } else if (running_) {
-    headOfOther_ = WhyRefused(id);
+    headOfOther_ = WhyRefused(id, bytes);
   } else {
     headOfOther_ = "The frame that 'Find streams' met last was sent by \"" + id +
                    "\" and not by the chosen station. RUN asks again.";
@@ -146,9 +147,35 @@ std::string ReportView::ReportAnalyse(const packetroutines::PacketBytes& bytes) 
   return id;
 }
 
-std::string ReportView::WhyRefused(const std::string& id) const {
-  return "The frame that came was sent by \"" + id + "\" and not by \"" +
-         parts_.Analysis.ChosenStation() + "\". RUN asks again.";
+std::string ReportView::AskedStation() const {
+  const auto& stations = parts_.Shared.Option3;
+  const std::string& chosen = parts_.Analysis.ChosenStation();
+  if (packetroutines::IsStation(chosen)) return chosen;
+  // Where only one station is known, it is the one.
+  const std::string& first = stations[forms::station::Report].Caption;
+  return packetroutines::IsStation(first) ? first
+                                          : stations[forms::station::Report + 1].Caption.Get();
+}
+
+std::string ReportView::WhyRefused(const std::string& id,
+                                   const packetroutines::PacketBytes& bytes) {
+  const std::string& chosen = parts_.Analysis.ChosenStation();
+  const std::string came = "The frame that came was sent by \"" + id + "\"";
+  if (!packetroutines::IsStation(chosen)) {
+    return came +
+           ". The station chosen here has no content filter: choose the other one, or see "
+           "'Packet content filter' under 'Setup'.";
+  }
+  if (id.find(chosen) != std::string::npos) {
+    return came + ", which is more than \"" + chosen +
+           "\". Of two streams a report needs the whole ID: see 'Packet content filter' under "
+           "'Setup'.";
+  }
+  if (wish_.Holds(bytes.Text(), chosen)) {
+    return "The frame that came holds \"" + chosen + "\", but the ID that is read from it is \"" +
+           id + "\". Of two streams a report needs the ID.";
+  }
+  return came + " and not by \"" + chosen + "\". RUN asks again.";
 }
 
 }  // namespace subroutines

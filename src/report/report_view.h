@@ -8,9 +8,11 @@
 #include "capture/capture_session.h"
 #include "forms/report_controls.h"
 #include "forms/shared_controls.h"
+#include "platform/services/code_page.h"
 #include "platform/services/event_queue.h"
 #include "platform/services/program.h"
 #include "report/report_analysis.h"
+#include "report/station_wish.h"
 
 namespace subroutines {
 
@@ -21,6 +23,7 @@ struct ReportParts {
   packetroutines::AcquisitionState& State;
   packetroutines::CaptureSession& Capture;
   packetroutines::ReportAnalysis& Analysis;
+  const platform::CodePage& Code;
 };
 
 /// The Report view: its rows, and a run that asks the bus for one frame. Its quiet line says where
@@ -43,14 +46,17 @@ class ReportView {
   void Command2_ValueChanged();
   void Rest();
   void FollowEnd();
+  /// The station that a run asks for; empty where none is known.
+  std::string AskedStation() const;
   /// Why the frame of this station is not the report that was asked for.
-  std::string WhyRefused(const std::string& id) const;
+  std::string WhyRefused(const std::string& id, const packetroutines::PacketBytes& bytes);
   void LayRow(std::size_t row, std::int32_t place);
 
   ReportParts parts_;
   platform::QuietLine& line_;
   platform::EventQueue& events_;
   platform::Program& program_;
+  packetroutines::StationWish wish_;
   bool layoutDone_ = false;
   /// A run was begun, and no frame has come since.
   bool running_ = false;

@@ -22,6 +22,8 @@ class SeenStreams {
   static constexpr std::size_t LongestOrder = std::size_t{1} << 20U;
 
   void Clear();
+  /// The ID itself was met, and not only as a part of the text.
+  bool Met(const std::string& id) const { return numbers_.contains(id); }
   /// The text holds the ID; it holds an empty one always.
   bool Holds(const std::string& id) const;
   void Append(const std::string& id);

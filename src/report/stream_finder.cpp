@@ -17,18 +17,28 @@ constexpr std::int32_t MostChecked = 2;
 constexpr std::array<std::size_t, MostChecked> FilterFields = {forms::setup_field::Content1,
                                                                forms::setup_field::Content2};
 
+constexpr const char* FilterRefused =
+    "The packet filter condition was refused, so nothing is listened to: close this window and "
+    "correct it.";
+constexpr const char* TabLeft =
+    "The search has ended with the change of the page: close this window to find streams anew.";
+
 }  // namespace
 
 StreamFinder::StreamFinder(const FinderControls& controls, AcquisitionState& state,
                            config::Settings& settings, subroutines::StoredSettings& stored,
-                           CaptureSession& capture, const platform::Services& services)
+                           CaptureSession& capture, const FinderFrames& frames,
+                           const platform::Services& services)
     : look_(controls.Look),
       controls_(controls),
+      line_(controls.Shared.QuietLine[forms::quiet_line::Setup]),
       state_(state),
       settings_(settings),
       stored_(stored),
       capture_(capture),
-      services_(services) {
+      services_(services),
+      read_(frames),
+      wish_(state, seenStreams_, frames.Code) {
   controls_.Setup.Command7.Click = [this] { Command7_Click(); };
   look_.Window.Loaded.Observe([this] {
     if (look_.Window.Loaded) Load();
@@ -36,7 +46,6 @@ StreamFinder::StreamFinder(const FinderControls& controls, AcquisitionState& sta
   look_.Window.QueryUnload = [this] { CloseOnce(); };
   look_.Timer1.Elapsed = [this] { Timer1_Timer(); };
   look_.List1.Click = [this] { List1_Click(); };
-  controls_.Timers.Timer1.Enabled.Observe([this] { FollowSearch(); });
   look_.Command1.Click = [this] { look_.Window.Unload(); };
 }
 
@@ -54,9 +63,11 @@ void StreamFinder::Load() {
   look_.Frame1.BackColor = Ground;
   look_.List1.Clear();
   frames_ = 0;
-  tooLongBefore_ = state_.Counters.TooLong;
-  ShowFrameCount();
+  ended_ = "";
   seenStreams_.Clear();
+  wish_.Clear();
+  line_.Say({});
+  ShowProgress();
   look_.Timer1.Enabled = false;
   look_.Timer1.Interval = BeginAfter;
   look_.Timer1.Enabled = true;
@@ -64,35 +75,53 @@ void StreamFinder::Load() {
 
 void StreamFinder::Timer1_Timer() {
   look_.Timer1.Enabled = false;
-  capture_.SetupAdapter(LiveBuffer);
+  capture_.SetupAdapter(LiveBuffer,
+                        [this](const platform::CapturedFrame& frame) { return wish_.Of(frame); });
   capture_.StartCapture("LookingForID");
 }
 
-void StreamFinder::FollowSearch() {
-  // The watchdog rests when a search has ended without a frame, whatever came instead.
-  if (look_.Window.Loaded && !controls_.Timers.Timer1.Enabled) ShowFrameCount();
+void StreamFinder::CaptureStopped() {
+  if (look_.Window.Loaded) {
+    if (state_.Leaving > 0) ended_ = TabLeft;
+    // A look that has met no frame may have left some out.
+    ShowProgress();
+  } else if (state_.PacketLengthPending) {
+    line_.Say({});
+  }
+}
+
+void StreamFinder::CaptureRefused() {
+  if (!look_.Window.Loaded) return;
+  ended_ = FilterRefused;
+  ShowProgress();
 }
 
 void StreamFinder::AddStreamToList(const std::string& id) {
   // A frame may be under way while the window closes.
   if (!look_.Window.Loaded) return;
   ++frames_;
-  ShowFrameCount();
+  ShowProgress();
   if (!seenStreams_.Holds(id)) look_.List1.AddItem(id);
   seenStreams_.Append(id);
+  wish_.Append(read_.Last);
 }
 
-void StreamFinder::ShowFrameCount() {
+void StreamFinder::ShowProgress() {
   std::string text = frames_ == 0   ? "No frame was looked at yet."
                      : frames_ == 1 ? "1 frame was looked at."
                                     : std::to_string(frames_) + " frames were looked at.";
-  // Their senders are not found, and nothing else would say so.
-  const std::uint64_t tooLong = state_.Counters.TooLong - tooLongBefore_;
-  if (tooLong > 0) {
-    text += " " + std::to_string(tooLong) + (tooLong == 1 ? " was" : " were") +
-            " longer than expected and left out.";
+  for (const std::string& further : {LeftOut(), std::string(ended_)}) {
+    if (!further.empty()) text += " " + further;
   }
   look_.FrameCount.Caption = text;
+}
+
+/// The senders of these frames are not found, and nothing else would say so.
+std::string StreamFinder::LeftOut() const {
+  const std::uint64_t tooLong = wish_.TooLong();
+  if (tooLong == 0) return {};
+  return std::to_string(tooLong) + (tooLong == 1 ? " frame was" : " frames were") +
+         " longer than expected and left out: RUN on a view measures the length anew.";
 }
 
 void StreamFinder::List1_Click() {
@@ -106,12 +135,8 @@ void StreamFinder::List1_Click() {
 void StreamFinder::CloseOnce() {
   // The end has pumps, in which the window may be closed once more.
   if (std::exchange(closing_, true)) return;
-  try {
-    TakeStreamChoice();
-  } catch (...) {
-    closing_ = false;
-    throw;
-  }
+  TakeStreamChoice();
+  line_.Say(LeftOut());
   closing_ = false;
 }
 

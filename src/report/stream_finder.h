@@ -5,14 +5,17 @@
 
 #include "capture/acquisition_state.h"
 #include "capture/capture_session.h"
+#include "capture/packet_bytes.h"
 #include "config/settings.h"
 #include "config/stored_settings.h"
 #include "forms/id_look.h"
 #include "forms/setup_controls.h"
 #include "forms/shared_controls.h"
 #include "forms/window_controls.h"
+#include "platform/services/code_page.h"
 #include "platform/services/services.h"
 #include "report/seen_streams.h"
+#include "report/sender_wish.h"
 
 namespace packetroutines {
 
@@ -25,18 +28,28 @@ struct FinderControls {
   forms::TimerControls& Timers;
 };
 
+/// How the finder reads frames: the one that came last, and the code page of their texts.
+struct FinderFrames {
+  const PacketBytes& Last;
+  const platform::CodePage& Code;
+};
+
 /// The window that listens to the bus, one frame at a time, and lists whoever sends. When it
 /// closes, the first two senders that are checked become the content filters.
 class StreamFinder {
  public:
   StreamFinder(const FinderControls& controls, AcquisitionState& state, config::Settings& settings,
                subroutines::StoredSettings& stored, CaptureSession& capture,
-               const platform::Services& services);
+               const FinderFrames& frames, const platform::Services& services);
 
   /// Adds the ID of a frame to the list, unless it is part of what was met before.
   void AddStreamToList(const std::string& id);
   /// Closes the window, if it is open.
   void Unload() { look_.Window.Unload(); }
+  /// Capture rests: a look has ended or begins, or a run of a view begins.
+  void CaptureStopped();
+  /// The filter of the capture was refused.
+  void CaptureRefused();
 
  private:
   void Command7_Click();
@@ -45,22 +58,26 @@ class StreamFinder {
   void List1_Click();
   void CloseOnce();
   void TakeStreamChoice();
-  void ShowFrameCount();
-  void FollowSearch();
+  void ShowProgress();
+  std::string LeftOut() const;
 
   forms::IDlook& look_;
   FinderControls controls_;
+  /// What the Setup view tells of a search that is over.
+  platform::QuietLine& line_;
   AcquisitionState& state_;
   config::Settings& settings_;
   subroutines::StoredSettings& stored_;
   CaptureSession& capture_;
   platform::Services services_;
 
+  FinderFrames read_;
   SeenStreams seenStreams_;
+  SenderWish wish_;
   /// Frames that were looked at since the window opened.
   std::uint64_t frames_ = 0;
-  /// Frames that had been too long when the window opened.
-  std::uint64_t tooLongBefore_ = 0;
+  /// Why nothing more comes, while the window still stands.
+  const char* ended_ = "";
   bool closing_ = false;
 };
 

@@ -54,7 +54,8 @@ Application::Application(const Platform& platform)
       release_(Main, Main.Buttons()),
       waiting_(State, Settings, Present, Main, Main.Buttons(), platform.Timers, platform.Numbers),
       frameAnalysis_(Main, Main, Settings, Present, platform.Code, services_),
-      report_({Main, Main, State, capture_, frameAnalysis_}, platform.Events, platform.Program),
+      report_({Main, Main, State, capture_, frameAnalysis_, platform.Code}, platform.Events,
+              platform.Program),
       printNotice_(Main.StatusBar1.Panels[forms::status_panel::Printer]),
       printing_{Main,
                 printNotice_,
@@ -67,7 +68,8 @@ Application::Application(const Platform& platform)
       waveformPrint_(
           {Main, Main, Main, Settings, platform.Numbers, platform.Dialogs, platform.Clipboard},
           printing_),
-      finder_({IDlook, Main, Main, Main}, State, Settings, stored_, capture_, services_),
+      finder_({IDlook, Main, Main, Main}, State, Settings, stored_, capture_,
+              {dispatcher_.Bytes(), platform.Code}, services_),
       pages_({Main, Main, Main, Main}, Revisionhistory, Settings, Present, platform.Numbers,
              platform.Printers, platform.Links, platform.Program),
       resize_(Main, State, platform.Program) {
@@ -77,7 +79,11 @@ Application::Application(const Platform& platform)
   resize_.ReturnToTab = [this](std::int16_t tab) { tabs_.ReturnToTab(tab); };
   resize_.DrawPhasorGrid = [this] { phasors_.DrawPhasorGrid(); };
   Main.Command8.Click = [this] { platform_.Program.End(); };
-  capture_.Stopped = [this] { waiting_.CaptureStopped(); };
+  capture_.Stopped = [this] {
+    waiting_.CaptureStopped();
+    finder_.CaptureStopped();
+  };
+  capture_.Refused = [this] { finder_.CaptureRefused(); };
 }
 
 void Application::EndSession() {

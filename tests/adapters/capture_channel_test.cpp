@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <memory>
@@ -37,20 +38,32 @@ class ScriptedSource : public adapters::FrameSource {
   void TakeNoMore() override { Log += "no more "; }
   void Release() override { Log += "release "; }
   std::optional<CapturedFrame> Next() override {
+    if (Refused > 0) {
+      const int lookedAt = std::min(Refused, 4096);
+      Refused -= lookedAt;
+      lookedAtAll_ = lookedAt < 4096;
+      return std::nullopt;
+    }
+    lookedAtAll_ = true;
     if (Count == 0) return std::nullopt;
     --Count;
     buffer_.assign(100, ++Mark);
     return CapturedFrame{buffer_, 1000};
   }
 
+  bool LookedAtAll() const override { return lookedAtAll_; }
+
   SourceSettings Settings;
   std::int32_t StartFailure = 0;
+  /// Frames in front of the others, which the filter refuses.
+  int Refused = 0;
   int Count = 0;
   std::uint8_t Mark = 0;
   std::string Log;
 
  private:
   Bytes buffer_;
+  bool lookedAtAll_ = true;
 };
 
 class CaptureChannel : public ::testing::Test {
@@ -86,6 +99,35 @@ TEST_F(CaptureChannel, DeliversAtOnceWhatHasArrived) {
   channel_->DeliverArrived();
   EXPECT_EQ(frames, 5);
   EXPECT_EQ(sources_[0]->Log, "start no more ");
+}
+
+TEST_F(CaptureChannel, DeliversWhatHasArrivedBehindManyThatTheFilterRefuses) {
+  int frames = 0;
+  channel_->OnPacket = [&](const CapturedFrame&) { ++frames; };
+  channel_->Start();
+  sources_[0]->Refused = 3 * 4096;
+  sources_[0]->Count = 5;
+  EXPECT_FALSE(channel_->DeliverOne()) << "a turn looks at a bounded number";
+  channel_->DeliverArrived();
+  EXPECT_EQ(frames, 5);
+}
+
+TEST_F(CaptureChannel, TellsTheSourceWhatIsWanted) {
+  Bytes marks;
+  channel_->OnPacket = [&](const CapturedFrame& frame) {
+    marks.push_back(frame.Bytes[0]);
+    channel_->Stop();
+  };
+  channel_->SetWish([](const CapturedFrame& frame) {
+    return frame.Bytes[0] == 3 ? platform::Wanted::Most : platform::Wanted::No;
+  });
+  sources_[0]->Count = 5;
+  channel_->Start();
+  EXPECT_TRUE(channel_->DeliverOne());
+  channel_->SetWish({});
+  channel_->Start();
+  EXPECT_TRUE(channel_->DeliverOne());
+  EXPECT_EQ(marks, Bytes({3, 4}));
 }
 
 TEST_F(CaptureChannel, DeliversNothingMoreBehindAStopWithinAnEvent) {
@@ -227,6 +269,7 @@ TEST_F(CaptureChannel, DeliversNothingWithoutAnAdapter) {
   adapters::CaptureChannel unset(std::move(adapters), std::make_shared<adapters::ChannelLink>());
   EXPECT_EQ(FailureOf([&] { unset.Start(); }), 0);
   EXPECT_FALSE(unset.DeliverOne());
+  unset.DeliverArrived();
   unset.SetAdapter(unset.Adapters(1));
   EXPECT_FALSE(unset.DeliverOne()) << "a choice is no start";
   unset.Start();

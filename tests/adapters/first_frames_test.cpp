@@ -3,15 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <cstdint>
-#include <deque>
-#include <memory>
-#include <optional>
-#include <string>
-#include <utility>
 #include <vector>
 
-#include "adapters/hand_clock.h"
+#include "adapters/first_frames_scene.h"
 #include "platform/failure.h"
 #include "support/failures.h"
 
@@ -20,87 +14,12 @@ namespace {
 using std::chrono_literals::operator""s;
 using std::chrono_literals::operator""ms;
 using std::chrono_literals::operator""ns;
-using adapters::SourceSettings;
-using platform::CapturedFrame;
-using platform::Failure;
 using support::FailureOf;
 namespace failure = platform::failure;
 
-/// A source of frames that the scene lets arrive; all lie in one buffer, so that a frame is gone as
-/// soon as the next is asked for.
-class ArrivingFrames : public adapters::FrameSource {
- public:
-  void Prepare(const SourceSettings&) override {
-    if (PrepareFailure != 0) throw Failure(PrepareFailure);
-    Stop();
-  }
-  void Start() override {
-    if (StartFailure != 0) throw Failure(StartFailure);
-    running_ = true;
-  }
-  void Stop() override {
-    running_ = false;
-    Waiting.clear();
-  }
-  void TakeNoMore() override { ++NoMore; }
-  void Release() override { Stop(); }
-  std::optional<CapturedFrame> Next() override {
-    if (!running_ || Waiting.empty()) return std::nullopt;
-    const auto [mark, length] = Waiting.front();
-    Waiting.pop_front();
-    buffer_.assign(50, mark);
-    return CapturedFrame{buffer_, length};
-  }
+class FirstFrames : public adapter_tests::FirstFramesScene {};
 
-  int NoMore = 0;
-  std::int32_t PrepareFailure = 0;
-  std::int32_t StartFailure = 0;
-  std::deque<std::pair<std::uint8_t, std::size_t>> Waiting;
-
- private:
-  bool running_ = false;
-  std::vector<std::uint8_t> buffer_;
-};
-
-class FirstFrames : public ::testing::Test {
- protected:
-  using Marks = std::vector<int>;
-
-  FirstFrames() {
-    auto arriving = std::make_unique<ArrivingFrames>();
-    wire_ = arriving.get();
-    frames_ = std::make_unique<adapters::FirstFrames>(std::move(arriving), clock_);
-  }
-
-  void Run() {
-    frames_->Prepare({});
-    frames_->Start();
-  }
-  void Arrive(int mark, std::size_t length = 130) {
-    wire_->Waiting.emplace_back(static_cast<std::uint8_t>(mark), length);
-  }
-  /// The marks of the frames that are handed over now, at most so many.
-  Marks Taken(std::size_t most = 1000) {
-    Marks marks;
-    while (marks.size() < most) {
-      const auto frame = frames_->Next();
-      if (!frame) break;
-      EXPECT_EQ(frame->Bytes.size(), 50U);
-      marks.push_back(frame->Bytes.back());
-    }
-    return marks;
-  }
-  Marks TakenAfter(std::chrono::nanoseconds time) {
-    clock_.Time += time;
-    return Taken();
-  }
-
-  adapter_tests::HandClock clock_;
-  ArrivingFrames* wire_ = nullptr;
-  std::unique_ptr<adapters::FirstFrames> frames_;
-};
-
-TEST_F(FirstFrames, ComeAfterTwentyMillisecondsTheEarliestOfTheLongestBeforeTheOthers) {
+TEST_F(FirstFrames, ComeTwentyMillisecondsBehindTheFirstTheEarliestOfTheLongestBeforeTheOthers) {
   Run();
   Arrive(1, 130);
   Arrive(2, 132);
@@ -108,8 +27,17 @@ TEST_F(FirstFrames, ComeAfterTwentyMillisecondsTheEarliestOfTheLongestBeforeTheO
   Arrive(3, 134);
   Arrive(4, 130);
   Arrive(5, 134);
-  EXPECT_EQ(TakenAfter(15ms - 1ns), Marks());
+  EXPECT_EQ(TakenAfter(20ms - 1ns), Marks());
   EXPECT_EQ(TakenAfter(1ns), Marks({3, 1, 2, 4, 5}));
+}
+
+TEST_F(FirstFrames, OfABusThatWasSilentAreGatheredFromTheFirstOn) {
+  Run();
+  EXPECT_EQ(TakenAfter(3s), Marks());
+  Arrive(1);
+  EXPECT_EQ(Taken(), Marks()) << "the longer one may be second";
+  Arrive(2, 134);
+  EXPECT_EQ(TakenAfter(20ms), Marks({2, 1}));
 }
 
 TEST_F(FirstFrames, PassOnThatNoMoreIsTaken) {
@@ -118,43 +46,64 @@ TEST_F(FirstFrames, PassOnThatNoMoreIsTaken) {
   EXPECT_EQ(wire_->NoMore, 1);
 }
 
-TEST_F(FirstFrames, LetEachOfTwoAlternatingStreamsBeSecondAfterEveryOtherSetup) {
-  const auto setup = [this](std::initializer_list<int> marks) {
-    Run();
-    // The stream of the odd marks has the longer frames.
-    for (const int mark : marks) Arrive(mark, mark % 2 == 1 ? 134 : 130);
-    return TakenAfter(20ms);
-  };
-  EXPECT_EQ(setup({1, 2, 3, 4}), Marks({1, 2, 3, 4}));
-  EXPECT_EQ(setup({1, 2, 3, 4}), Marks({1, 3, 2, 4}));
-  EXPECT_EQ(setup({2, 1, 4, 3}), Marks({1, 2, 4, 3}));
-  EXPECT_EQ(setup({2, 1, 4, 3}), Marks({1, 3, 2, 4}));
+TEST_F(FirstFrames, AreHandedOverAtOnceWhereNoMoreIsTaken) {
+  Run();
+  Arrive(1);
+  EXPECT_EQ(Taken(), Marks());
+  Arrive(2, 134);
+  frames_->TakeNoMore();
+  EXPECT_EQ(Taken(), Marks({2, 1}));
+  EXPECT_TRUE(frames_->LookedAtAll());
+}
+
+TEST_F(FirstFrames, AreNoneWhereNoMoreIsTakenOfASilentBus) {
+  Run();
+  frames_->TakeNoMore();
+  EXPECT_EQ(Taken(), Marks());
+  EXPECT_TRUE(frames_->LookedAtAll());
+}
+
+TEST_F(FirstFrames, TellWhetherTheSourceHasLookedAtAll) {
+  Run();
+  wire_->Refused = 5000;
+  Arrive(1);
+  frames_->TakeNoMore();
+  EXPECT_EQ(Taken(), Marks());
+  EXPECT_FALSE(frames_->LookedAtAll());
+  EXPECT_EQ(Taken(), Marks());
+  EXPECT_TRUE(frames_->LookedAtAll());
+  EXPECT_EQ(Taken(), Marks({1}));
+  // The same behind the first frames.
+  wire_->Refused = 5000;
+  Arrive(2);
+  EXPECT_EQ(Taken(), Marks());
+  EXPECT_FALSE(frames_->LookedAtAll());
 }
 
 TEST_F(FirstFrames, AreHandedOverAlsoWhereOnlyOneCame) {
-  for (int i = 0; i < 2; ++i) {
-    Run();
-    Arrive(1);
-    EXPECT_EQ(TakenAfter(20ms), Marks({1}));
-  }
+  Run();
+  Arrive(1);
+  EXPECT_EQ(TakenBehindGathering(), Marks({1}));
 }
 
 TEST_F(FirstFrames, KeepTheirTrueLength) {
   Run();
   Arrive(1, 2000);
+  EXPECT_EQ(Taken(), Marks());
   clock_.Time += 20ms;
   EXPECT_EQ(frames_->Next()->Length, 2000U);
 }
 
 TEST_F(FirstFrames, StayInTheirOrderWhereAllAreOfOneLength) {
   Run();
-  for (const int mark : {1, 2, 3}) Arrive(mark);
-  EXPECT_EQ(TakenAfter(20ms), Marks({1, 2, 3}));
+  Arrive({1, 2, 3});
+  EXPECT_EQ(TakenBehindGathering(), Marks({1, 2, 3}));
 }
 
 TEST_F(FirstFrames, AreFollowedByWhatComesLaterAsItComes) {
   Run();
   Arrive(1);
+  EXPECT_EQ(Taken(), Marks());
   clock_.Time += 20ms;
   Arrive(2);
   EXPECT_EQ(Taken(1), Marks({1}));
@@ -165,33 +114,35 @@ TEST_F(FirstFrames, AreFollowedByWhatComesLaterAsItComes) {
   EXPECT_EQ(Taken(), Marks({4, 5}));
 }
 
-TEST_F(FirstFrames, AreAtMost256AndThenDoNotWait) {
+TEST_F(FirstFrames, OfAFullBusAreAllHeard) {
   Run();
-  for (int mark = 0; mark < 255; ++mark) Arrive(1);
-  EXPECT_EQ(Taken(), Marks());
-  Arrive(2, 134);
-  Arrive(3, 138);
-  Arrive(4);
-  const Marks taken = Taken();
-  ASSERT_EQ(taken.size(), 258U);
-  EXPECT_EQ(taken[0], 2);
-  EXPECT_EQ(Marks(taken.begin() + 255, taken.end()), Marks({1, 3, 4}));
+  Wish({4900});
+  for (int mark = 0; mark < 5200; ++mark) Arrive(mark, mark == 5100 ? 138 : 130);
+  Marks expected = FromTo(0, 5199);
+  std::erase_if(expected, [](int mark) { return mark == 4900 || mark == 5100; });
+  expected.insert(expected.begin(), {5100, 4900});
+  EXPECT_EQ(TakenBehindGathering(), expected);
 }
 
-TEST_F(FirstFrames, OfABusThatWasSilentDoNotWaitAnyLonger) {
+TEST_F(FirstFrames, BeyondWhatIsKeptHaveNoGapUpToThoseThatFollow) {
+  constexpr int Kept = adapters::GatheredFrames::MostKept;
   Run();
-  EXPECT_EQ(TakenAfter(30ms), Marks());
-  Arrive(1);
-  Arrive(2, 134);
-  EXPECT_EQ(Taken(), Marks({2, 1}));
+  Wish({5});
+  for (int mark = 0; mark < Kept + 1000; ++mark) Arrive(mark, mark == 3 ? 138 : 130);
+  clock_.Time += 1ms;
+  while (!wire_->Waiting.empty()) EXPECT_EQ(Taken(), Marks());
+  clock_.Time += 20ms;
+  Arrive(Kept + 1000);
+  Marks expected = FromTo(1001, Kept + 1000);
+  expected.insert(expected.begin(), {3, 5});
+  EXPECT_EQ(Taken(), expected);
 }
 
 TEST_F(FirstFrames, AreNotSoughtAgainAtARestart) {
   Run();
   Arrive(1);
-  TakenAfter(20ms);
-  frames_->Stop();
-  frames_->Start();
+  EXPECT_EQ(TakenBehindGathering(), Marks({1}));
+  Restart();
   Arrive(2);
   Arrive(3, 134);
   EXPECT_EQ(Taken(), Marks({2, 3}));
@@ -200,13 +151,12 @@ TEST_F(FirstFrames, AreNotSoughtAgainAtARestart) {
 TEST_F(FirstFrames, AreSoughtAgainAfterTheNextSetup) {
   Run();
   Arrive(1);
-  TakenAfter(20ms);
+  EXPECT_EQ(TakenBehindGathering(), Marks({1}));
   frames_->Stop();
   Run();
   Arrive(2);
   Arrive(3, 134);
-  EXPECT_EQ(Taken(), Marks());
-  EXPECT_EQ(TakenAfter(20ms), Marks({3, 2}));
+  EXPECT_EQ(TakenBehindGathering(), Marks({3, 2}));
 }
 
 TEST_F(FirstFrames, AreLostByAStopWhileTheyAreGathered) {
@@ -218,15 +168,13 @@ TEST_F(FirstFrames, AreLostByAStopWhileTheyAreGathered) {
   frames_->Start();
   Arrive(2);
   Arrive(3, 132);
-  EXPECT_EQ(TakenAfter(20ms - 1ns), Marks()) << "nothing has been handed over yet";
-  EXPECT_EQ(TakenAfter(1ns), Marks({3, 2}));
+  EXPECT_EQ(TakenBehindGathering(), Marks({3, 2})) << "nothing has been handed over yet";
 }
 
 TEST_F(FirstFrames, AreLostByAStopWhileTheyAreHandedOver) {
   Run();
-  for (const int mark : {1, 2, 3}) Arrive(mark);
-  clock_.Time += 20ms;
-  EXPECT_EQ(Taken(1), Marks({1}));
+  Arrive({1, 2, 3});
+  EXPECT_EQ(TakenBehindGathering(1), Marks({1}));
   frames_->Stop();
   EXPECT_EQ(Taken(), Marks());
   frames_->Start();
@@ -236,9 +184,8 @@ TEST_F(FirstFrames, AreLostByAStopWhileTheyAreHandedOver) {
 
 TEST_F(FirstFrames, AreLostByASetupWhileTheyAreHandedOver) {
   Run();
-  for (const int mark : {1, 2, 3}) Arrive(mark);
-  clock_.Time += 20ms;
-  EXPECT_EQ(Taken(1), Marks({1}));
+  Arrive({1, 2, 3});
+  EXPECT_EQ(TakenBehindGathering(1), Marks({1}));
   wire_->PrepareFailure = failure::DeviceIo;
   EXPECT_EQ(FailureOf([&] { frames_->Prepare({}); }), failure::DeviceIo);
   EXPECT_EQ(Taken(), Marks());
@@ -246,9 +193,8 @@ TEST_F(FirstFrames, AreLostByASetupWhileTheyAreHandedOver) {
 
 TEST_F(FirstFrames, AreLostWithTheAdapter) {
   Run();
-  for (const int mark : {1, 2, 3}) Arrive(mark);
-  clock_.Time += 20ms;
-  EXPECT_EQ(Taken(1), Marks({1}));
+  Arrive({1, 2, 3});
+  EXPECT_EQ(TakenBehindGathering(1), Marks({1}));
   frames_->Release();
   EXPECT_EQ(Taken(), Marks());
 }
@@ -256,6 +202,7 @@ TEST_F(FirstFrames, AreLostWithTheAdapter) {
 TEST_F(FirstFrames, DoNotWaitLongerForASecondStart) {
   Run();
   Arrive(1);
+  EXPECT_EQ(Taken(), Marks());
   EXPECT_EQ(TakenAfter(15ms), Marks());
   frames_->Start();
   EXPECT_EQ(TakenAfter(5ms), Marks({1}));
@@ -269,8 +216,7 @@ TEST_F(FirstFrames, AreSoughtAfterAStartThatFailed) {
   clock_.Time += 1s;
   frames_->Start();
   Arrive(1);
-  EXPECT_EQ(Taken(), Marks());
-  EXPECT_EQ(TakenAfter(20ms), Marks({1}));
+  EXPECT_EQ(TakenBehindGathering(), Marks({1}));
 }
 
 }  // namespace

@@ -24,6 +24,7 @@ using adapters::Reach;
 using support::FailureOf;
 using std::chrono_literals::operator""s;
 using std::chrono_literals::operator""ms;
+using std::chrono_literals::operator""us;
 using std::chrono_literals::operator""ns;
 
 class SystemCaptureLayer : public ::testing::Test {
@@ -44,7 +45,10 @@ class SystemCaptureLayer : public ::testing::Test {
     object_->Start();
   }
   /// Lets the time pass in which the first frames after a setup are gathered.
-  void PassGathering() { clock_.Time += 20ms; }
+  void PassGathering() {
+    EXPECT_FALSE(layer_.DeliverOne());
+    clock_.Time += 20ms;
+  }
   /// The sizes of the frames that are handed over now, at most so many.
   std::vector<std::size_t> Sizes(std::size_t most = 1000) {
     std::vector<std::size_t> sizes;
@@ -127,7 +131,8 @@ TEST_F(SystemCaptureLayer, BringsTheFramesOfTheBusToTheProgram) {
   object_->OnPacket = [&](const platform::CapturedFrame&) { ++frames; };
   EXPECT_FALSE(layer_.DeliverOne());
   Start(1);
-  clock_.Time += 1s - 1ns;
+  PassGathering();
+  clock_.Time += 980ms - 1ns;
   while (layer_.DeliverOne()) {
   }
   EXPECT_EQ(frames, 8000);
@@ -162,6 +167,7 @@ TEST_F(SystemCaptureLayer, PlaysACaptureFileOfItsFolder) {
 TEST_F(SystemCaptureLayer, GathersTheFirstFramesOfTheSimulatedBus) {
   object_ = layer_.NewCaptureObject();
   Start(1);
+  EXPECT_EQ(Units().size(), 0U);
   clock_.Time += 20ms - 1ns;
   EXPECT_EQ(Units().size(), 0U);
   clock_.Time += 1ns;
@@ -171,19 +177,22 @@ TEST_F(SystemCaptureLayer, GathersTheFirstFramesOfTheSimulatedBus) {
   EXPECT_EQ(Units().size(), 2U) << "a restart gathers nothing";
 }
 
-TEST_F(SystemCaptureLayer, MeetsEitherStreamOfTheSimulatedBusWithOneFrameAStart) {
+TEST_F(SystemCaptureLayer, MeetsTheStreamOfTheSimulatedBusThatIsWanted) {
   object_ = layer_.NewCaptureObject();
+  int wanted = 0;
+  object_->SetWish([&](const platform::CapturedFrame& frame) {
+    return frame.Bytes[11] == wanted ? platform::Wanted::Most : platform::Wanted::No;
+  });
   Start(1);
   PassGathering();
   EXPECT_EQ(Units(1), std::vector({1}));
-  std::vector<int> met;
-  for (int restart = 0; restart < 4; ++restart) {
+  for (const int unit : {1, 2, 2, 1}) {
+    wanted = unit;
     object_->Stop();
     clock_.Time += 500ms;
     object_->Start();
-    met.push_back(Units(1).at(0));
+    EXPECT_EQ(Units(1), std::vector({unit}));
   }
-  EXPECT_EQ(met, std::vector({2, 1, 2, 1}));
 }
 
 TEST_F(SystemCaptureLayer, HandsOverTheLongestFrameOfAFileFirstAtEachRun) {
@@ -223,6 +232,34 @@ TEST_F(SystemCaptureLayer, MeetsEitherStreamOfAFileWithOneFrameAStart) {
     met.insert(Sizes(1).at(0));
   }
   EXPECT_EQ(met, (std::set<std::size_t>{130, 134}));
+}
+
+TEST_F(SystemCaptureLayer, MeetsTheFrameOfAFileThatIsWanted) {
+  std::filesystem::create_directories(folder_.Path / "captures");
+  PcapFile file;
+  for (std::uint32_t i = 0; i < 80; ++i) file.Add(0, 250 * i, Marked(i % 2 == 0 ? 1 : 2));
+  file.Save(folder_.Path / "captures" / "bus.pcap");
+  object_ = layer_.NewCaptureObject();
+  object_->SetWish([](const platform::CapturedFrame& frame) {
+    return frame.Bytes.back() == 2 ? platform::Wanted::Most : platform::Wanted::No;
+  });
+  std::vector<int> marks;
+  object_->OnPacket = [&](const platform::CapturedFrame& frame) {
+    marks.push_back(frame.Bytes.back());
+    if (marks.size() == 2) object_->Stop();
+  };
+  Start(2);
+  PassGathering();
+  while (layer_.DeliverOne()) {
+  }
+  EXPECT_EQ(marks, std::vector({1, 2}));
+  object_->OnPacket = [&](const platform::CapturedFrame& frame) {
+    marks = {frame.Bytes.back()};
+    object_->Stop();
+  };
+  object_->Start();
+  while (layer_.DeliverOne() || clock_.Time < 1s) clock_.Time += 250us;
+  EXPECT_EQ(marks, std::vector({2}));
 }
 
 TEST_F(SystemCaptureLayer, TellsOfAnInterfaceThatIsGone) {

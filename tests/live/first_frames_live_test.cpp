@@ -128,4 +128,30 @@ TEST_F(FirstFramesOfTheWire, LeaveBothStreamsToAReaderOfOneFrameAStart) {
   EXPECT_EQ(met.size(), 2U);
 }
 
+TEST_F(FirstFramesOfTheWire, MeetTheStreamThatIsWantedAtEachStart) {
+  const Publisher first(std::string("--duration 20 --stream id=") + Short);
+  const Publisher second(std::string("--duration 20 --stream tag=4:0,id=") + Long);
+  WaitForBoth();
+  std::string wanted;
+  object_->SetWish([&](const platform::CapturedFrame& frame) {
+    const std::string text(frame.Bytes.begin(), frame.Bytes.end());
+    return text.find(wanted) == std::string::npos ? platform::Wanted::No : platform::Wanted::Most;
+  });
+  SetUpAdapter();
+  wanted = Short;
+  object_->Start();
+  Take(2);
+  ASSERT_EQ(taken_.size(), 2U);
+  EXPECT_EQ(taken_[0].Stream, Long);
+  EXPECT_EQ(taken_[1].Stream, Short);
+  for (int restart = 0; restart < 40; ++restart) {
+    object_->Stop();
+    wanted = restart % 2 == 0 ? Long : Short;
+    object_->Start();
+    Take(1);
+    ASSERT_EQ(taken_.size(), 1U);
+    EXPECT_EQ(taken_[0].Stream, wanted) << restart;
+  }
+}
+
 }  // namespace

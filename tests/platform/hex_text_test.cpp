@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <cstdio>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -54,6 +57,14 @@ TEST(HexPairValue, CountsNothingForACharacterThatIsMissing) {
 
 TEST(HexPairValue, ReadsNoMoreThanTwoCharacters) {
   EXPECT_EQ(HexPairValue("12F"), 0x12);
+}
+
+TEST(HexText, OfManyBytesTakesThePlaceOfAnother) {
+  std::string text = "another text that is longer";
+  platform::WriteHexText(std::vector<std::uint8_t>{0x00, 0x0F, 0xA5, 0xFF}, text);
+  EXPECT_EQ(text, "000FA5FF");
+  platform::WriteHexText({}, text);
+  EXPECT_EQ(text, "");
 }
 
 }  // namespace

@@ -165,6 +165,26 @@ TEST_F(ReportRun, SaysThatTheFrameWasTheOtherStations) {
   EXPECT_TRUE(main.Label8[0].Visible);
 }
 
+TEST_F(ReportRun, SaysThatAFrameOnlyHoldsTheFilterAndNotAsItsId) {
+  main.Text1[forms::setup_field::Content1].Text = "MU0";
+  main.Text1[forms::setup_field::Content2].Text = "MU02";
+  Run(SvFrame("MU01").Bytes());
+  EXPECT_EQ(Line(),
+            "The frame that came was sent by \"MU01\", which is more than \"MU0\". Of two streams "
+            "a report needs the whole ID: see 'Packet content filter' under 'Setup'.");
+}
+
+TEST_F(ReportRun, SaysThatAFrameHoldsTheFilterAndItsIdIsReadElsewhere) {
+  main.Text1[forms::setup_field::Content2].Text = "MU02";
+  support::FrameBytes frame = SvFrame("MU01").Tagged().Bytes();
+  // Priority 4 and VLAN 1 look like the field in front of the ID.
+  frame[15] = 0x01;
+  Run(frame);
+  EXPECT_EQ(Line(),
+            "The frame that came holds \"MU01\", but the ID that is read from it is \"\x01\". Of "
+            "two streams a report needs the ID.");
+}
+
 TEST_F(ReportRun, WithoutDataLeavesTheButtonHiddenAndSaysSo) {
   main.Command2.Value = true;
   scene.Elapse(4s);

@@ -2,60 +2,18 @@
 
 #include <gtest/gtest.h>
 
-#include "support/scene.h"
+#include "report/finder_scene.h"
 #include "support/watch.h"
 
 namespace {
 
 using platform::CheckItem;
+using report_tests::Ids;
 using support::SvFrame;
 using std::chrono_literals::operator""ms;
 using std::chrono_literals::operator""s;
 
-class Finder : public ::testing::Test {
- protected:
-  Finder() {
-    scene.Start();
-    scene.Select(forms::tab::Setup);
-    main.Text1[14].Text = "MU02";
-    scene.Journal.clear();
-  }
-
-  /// Presses the button; what `use` does happens while the window stands.
-  void Find(const std::function<void()>& use) {
-    look.Window.ShowModal = [&, use] {
-      use();
-      look.Window.Unload();
-    };
-    main.Command7.Click();
-  }
-  /// Presses the button; the search runs when `use` is called, and has measured the length.
-  void Search(const std::function<void()>& use) {
-    Find([&, use] {
-      scene.Elapse(100ms);
-      if (scene.State.PacketLengthPending) scene.Receive(SvFrame("LENGTH-OF-FRAMES").Bytes());
-      use();
-    });
-  }
-  /// A frame of a sender, and the pause until the next is looked for.
-  void Sends(const std::string& id) {
-    scene.Receive(SvFrame(id).Bytes());
-    scene.Elapse(500ms);
-  }
-  std::vector<std::string> Listed() const {
-    std::vector<std::string> ids;
-    for (const CheckItem& item : look.List1.Items.Get()) ids.push_back(item.Text);
-    return ids;
-  }
-  std::string Choice(std::size_t i) const { return main.Option3[i].Caption; }
-  std::string Field(std::size_t i) const { return main.Text1[i].Text; }
-
-  support::Scene scene;
-  forms::Main& main = scene.Main;
-  forms::IDlook& look = scene.App.IDlook;
-};
-
-using Ids = std::vector<std::string>;
+class Finder : public report_tests::FinderScene {};
 
 TEST_F(Finder, HasTheTextsOfItsWindow) {
   EXPECT_EQ(look.Frame1.Caption.Get(), "IEC 61850.9.2LE (SV) sender on the bus");
@@ -105,7 +63,7 @@ TEST_F(Finder, ListsEachSenderOnceInTheOrderOfTheirComing) {
   Search([&] {
     for (const char* id : {"MU02", "MU01", "MU02", "MU03", "MU01"}) Sends(id);
     EXPECT_EQ(Listed(), Ids({"MU02", "MU01", "MU03"}));
-    EXPECT_EQ(look.FrameCount.Caption.Get(), "5 frames were looked at.");
+    EXPECT_EQ(Told(), "5 frames were looked at.");
   });
 }
 
@@ -127,7 +85,7 @@ TEST_F(Finder, DoesNotListAnEmptyId) {
   Search([&] {
     Sends("");
     EXPECT_EQ(Listed(), Ids());
-    EXPECT_EQ(look.FrameCount.Caption.Get(), "1 frame was looked at.");
+    EXPECT_EQ(Told(), "1 frame was looked at.");
   });
 }
 
@@ -138,7 +96,7 @@ TEST_F(Finder, BeginsAnewEachTime) {
   });
   Search([&] {
     EXPECT_EQ(Listed(), Ids());
-    EXPECT_EQ(look.FrameCount.Caption.Get(), "No frame was looked at yet.");
+    EXPECT_EQ(Told(), "No frame was looked at yet.");
     Sends("MU01");
     EXPECT_EQ(Listed(), Ids({"MU01"}));
   });
@@ -176,17 +134,19 @@ TEST_F(Finder, LeavesLongerFramesOutAndSaysSo) {
     scene.Receive(SvFrame("A LONG NAME").Bytes());
     Sends("MU01");
     EXPECT_EQ(Listed(), Ids({"MU01"}));
-    EXPECT_EQ(look.FrameCount.Caption.Get(),
-              "1 frame was looked at. 1 was longer than expected and left out.");
+    EXPECT_EQ(Told(),
+              "1 frame was looked at. 1 frame was longer than expected and left out: RUN on a view "
+              "measures the length anew.");
     scene.Receive(SvFrame("A LONG NAME").Bytes());
     Sends("MU02");
-    EXPECT_EQ(look.FrameCount.Caption.Get(),
-              "2 frames were looked at. 2 were longer than expected and left out.");
+    EXPECT_EQ(Told(),
+              "2 frames were looked at. 2 frames were longer than expected and left out: RUN on a "
+              "view measures the length anew.");
   });
   // The next session counts its own.
   Search([&] {
     Sends("MU02");
-    EXPECT_EQ(look.FrameCount.Caption.Get(), "1 frame was looked at.");
+    EXPECT_EQ(Told(), "1 frame was looked at.");
   });
 }
 
@@ -280,105 +240,6 @@ TEST_F(FinderChoice, MarksTheSetupAsDoneWhateverItWas) {
   EXPECT_TRUE(scene.Settings.SetupDone);
   EXPECT_EQ(scene.Store.Texts["SetupDone"], "True");
   EXPECT_EQ(scene.Journal.back(), "pump");
-}
-
-class FinderEnd : public Finder {};
-
-TEST_F(FinderEnd, StopsTheTimersAndCapture) {
-  Search([&] {
-    main.Timer3.Enabled = true;
-    main.Timer2.Enabled = true;
-    scene.Journal.clear();
-    look.Command1.Click();
-    EXPECT_FALSE(look.Window.Loaded);
-    EXPECT_EQ(scene.Journal, support::Journal({"stop", "pump", "clear", "pump"}));
-  });
-  EXPECT_FALSE(main.Timer1.Enabled);
-  EXPECT_FALSE(main.Timer2.Enabled);
-  EXPECT_FALSE(main.Timer3.Enabled);
-  EXPECT_FALSE(scene.State.LookingForID);
-  EXPECT_FALSE(scene.State.CaptureRunning);
-}
-
-TEST_F(FinderEnd, BeforeTheSearchBeganStartsNoSearchBehindIt) {
-  Find([&] { look.Command1.Click(); });
-  scene.Elapse(1s);
-  EXPECT_FALSE(scene.State.CaptureRunning);
-  EXPECT_FALSE(scene.State.LookingForID);
-}
-
-TEST_F(FinderEnd, InThePumpOfARestartIsTheEndOfTheSearch) {
-  Search([&] {
-    scene.Receive(SvFrame("MU01").Bytes());
-    scene.Events.AtPump(1, [&] { look.Command1.Click(); });
-    scene.Elapse(500ms);
-    EXPECT_FALSE(look.Window.Loaded);
-  });
-  EXPECT_FALSE(scene.State.CaptureRunning);
-  EXPECT_FALSE(scene.State.LookingForID);
-}
-
-TEST_F(FinderEnd, InThePumpOfAFrameListsNothingMore) {
-  Search([&] {
-    scene.Events.AtPump(1, [&] { look.Command1.Click(); });
-    scene.Receive(SvFrame("MU01").Bytes());
-    EXPECT_EQ(Listed(), Ids());
-  });
-  scene.Elapse(1s);
-  EXPECT_FALSE(scene.State.CaptureRunning);
-}
-
-TEST_F(FinderEnd, AskedForTwiceIsOne) {
-  int ends = 0;
-  Search([&] {
-    Sends("MU01");
-    look.List1.Turn(0, true);
-    main.Text1[12].Text.Observe([&] { ++ends; });
-    scene.Events.AtPump(1, [&] { look.Command1.Click(); });
-    look.Command1.Click();
-  });
-  EXPECT_EQ(ends, 1);
-}
-
-TEST_F(FinderEnd, ComesWithTheNoDataDialogOfASilentBus) {
-  Find([&] {
-    scene.Elapse(2100ms);
-    EXPECT_FALSE(look.Window.Loaded);
-  });
-  ASSERT_EQ(scene.Dialogs.TimedShown.size(), 1U);
-  EXPECT_EQ(scene.Dialogs.TimedShown[0].Text.substr(0, 22), " No data received!\r\n\r\n");
-}
-
-TEST_F(FinderEnd, ByABusThatFallsSilentKeepsWhatWasChecked) {
-  Search([&] {
-    Sends("MU01");
-    look.List1.Turn(0, true);
-    scene.Elapse(2s);
-    EXPECT_FALSE(look.Window.Loaded);
-  });
-  EXPECT_EQ(Field(12), "MU01");
-}
-
-TEST_F(FinderEnd, ByTheEndOfTheProgramTakesTheChoice) {
-  Search([&] {
-    Sends("MU01");
-    look.List1.Turn(0, true);
-    main.Window.QueryUnload();
-    EXPECT_FALSE(look.Window.Loaded);
-  });
-  EXPECT_EQ(scene.Settings.FilterContent[0], "MU01");
-}
-
-TEST_F(FinderEnd, LetsTheValuesRunWithTheFirstStationAtOnce) {
-  Search([&] {
-    for (const char* id : {"MU03", "MU01"}) Sends(id);
-    look.List1.Turn(1, true);
-  });
-  scene.Select(forms::tab::Values);
-  main.CWButton4.Value = true;
-  scene.Receive(SvFrame("MU01").Bytes());
-  scene.ReceiveBlock([](int i) { return support::SineFrame(i, 100, 10, "MU01"); });
-  EXPECT_EQ(main.Label5[0].Caption.Get().substr(0, 3), "100");
 }
 
 }  // namespace

@@ -47,6 +47,7 @@ class FakeCapture::Object : public platform::CaptureObject {
     layer_.journal_.push_back("adapter " + adapter.Description());
   }
   platform::CaptureAdapter& Adapter() override { return *layer_.Chosen; }
+  void SetWish(platform::FrameWish wish) override { layer_.Wish = std::move(wish); }
   void Start() override {
     layer_.journal_.push_back("start");
     if (layer_.AtStart) layer_.AtStart();
@@ -106,11 +107,13 @@ void FakeCapture::Receive(std::span<const std::uint8_t> bytes) {
 }
 
 void FakeCapture::ReceiveInFlight(std::span<const std::uint8_t> bytes) {
-  if (holds_ == 0) object_->OnPacket({bytes, bytes.size()});
+  ReceiveCut(bytes, bytes.size());
 }
 
 void FakeCapture::ReceiveCut(std::span<const std::uint8_t> bytes, std::size_t trueLength) {
-  if (holds_ == 0) object_->OnPacket({bytes, trueLength});
+  if (holds_ > 0) return;
+  if (Wish) Wish({bytes, trueLength});
+  object_->OnPacket({bytes, trueLength});
 }
 
 }  // namespace support

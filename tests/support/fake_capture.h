@@ -66,6 +66,8 @@ class FakeCapture : public platform::CaptureLayer {
   FakeAdapter* Chosen = nullptr;
   /// Runs when the program asks for frames, before the start succeeds or fails.
   std::function<void()> AtStart;
+  /// What the program would like to meet; it is asked of each frame that is handed over.
+  platform::FrameWish Wish;
   std::optional<platform::Failure> CreateFailure;
   std::optional<platform::Failure> StartFailure;
   std::optional<platform::Failure> StopFailure;

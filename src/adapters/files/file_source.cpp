@@ -43,18 +43,28 @@ void FileSource::Start() {
   running_ = true;
 }
 
+void FileSource::TakeNoMore() {
+  bound_ = clock_.Now();
+  searchedFrom_ = passes_;
+}
+
 std::optional<platform::CapturedFrame> FileSource::Next() {
+  lookedAtAll_ = true;
   if (!running_) return std::nullopt;
   const nanoseconds now = std::min(clock_.Now(), bound_);
   // Begun anew a second time, the file has been searched as a whole, and beginning it is dear.
   const std::uint64_t lastPass = passes_ + 1;
-  for (int passedOver = 0; passedOver < MostPassedOver; ++passedOver) {
+  for (int lookedAt = 0; lookedAt < MostLookedAt; ++lookedAt) {
     if (!waiting_) Fetch();
     if (!waiting_ || due_ > now || passes_ > lastPass) return std::nullopt;
     const platform::CapturedFrame frame = waiting_->Frame;
     waiting_.reset();
-    if (filter_->Selects(frame.Bytes, frame.Length)) return frame;
+    if (!filter_->Selects(frame.Bytes, frame.Length)) continue;
+    searchedFrom_ = passes_;
+    return frame;
   }
+  // Where a whole pass held no frame for the filter, none is to be expected.
+  lookedAtAll_ = passes_ > searchedFrom_ + 1;
   return std::nullopt;
 }
 

@@ -24,10 +24,11 @@ class FileSource : public FrameSource {
   void Prepare(const SourceSettings& settings) override;
   void Start() override;
   void Stop() override { running_ = false; }
-  void TakeNoMore() override { bound_ = clock_.Now(); }
+  void TakeNoMore() override;
   /// The file stays open, for its place to go on from.
   void Release() override { running_ = false; }
   std::optional<platform::CapturedFrame> Next() override;
+  bool LookedAtAll() const override { return lookedAtAll_; }
 
  private:
   void Open();
@@ -48,6 +49,7 @@ class FileSource : public FrameSource {
   std::optional<WireFilter> filter_;
   std::string filterText_;
   bool running_ = false;
+  bool lookedAtAll_ = true;
   /// Frames that are due later are not handed over.
   std::chrono::nanoseconds bound_ = std::chrono::nanoseconds::max();
 
@@ -57,6 +59,8 @@ class FileSource : public FrameSource {
   FilePace pace_;
   /// How often the file has begun anew.
   std::uint64_t passes_ = 0;
+  /// The pass in which the last frame was selected, or since which no more is taken.
+  std::uint64_t searchedFrom_ = 0;
 
   std::string damage_;
   bool damageReported_ = false;

@@ -84,9 +84,7 @@ void SimulatedBus::Start() {
   // The first sample that is not past yet, so that a start finds the bus in the middle of its
   // second.
   sample_ = (clock_.Now() + SampleTime - nanoseconds(1)) / SampleTime;
-  // Who takes one frame a start would otherwise meet the same stream each time.
-  leading_ = (leading_ + 1) % StreamCount;
-  stream_ = leading_;
+  stream_ = 0;
   bound_ = nanoseconds::max();
   running_ = true;
 }
@@ -97,15 +95,19 @@ SimulatedBus::Stream& SimulatedBus::WriteNext() {
   stream.Writer.Write(static_cast<std::uint16_t>(sample_ % platform::SamplesASecond),
                       stream.Period[place]);
   stream_ = (stream_ + 1) % StreamCount;
-  if (stream_ == leading_) ++sample_;
+  if (stream_ == 0) ++sample_;
   return stream;
 }
 
 std::optional<platform::CapturedFrame> SimulatedBus::Next() {
+  lookedAtAll_ = true;
   if (!running_) return std::nullopt;
   const nanoseconds now = std::min(clock_.Now(), bound_);
-  for (int passedOver = 0; passedOver < MostPassedOver && sample_ * SampleTime <= now;
-       ++passedOver) {
+  for (int lookedAt = 0; sample_ * SampleTime <= now; ++lookedAt) {
+    if (lookedAt == MostLookedAt) {
+      lookedAtAll_ = false;
+      break;
+    }
     const std::span<const std::uint8_t> frame = WriteNext().Writer.Frame();
     if (filter_->Selects(frame, frame.size())) return platform::CapturedFrame{frame, frame.size()};
   }

@@ -27,6 +27,7 @@ class SimulatedBus : public FrameSource {
   void TakeNoMore() override { bound_ = clock_.Now(); }
   void Release() override { running_ = false; }
   std::optional<platform::CapturedFrame> Next() override;
+  bool LookedAtAll() const override { return lookedAtAll_; }
 
  private:
   static constexpr std::size_t StreamCount = 2;
@@ -44,13 +45,12 @@ class SimulatedBus : public FrameSource {
   std::string filterText_;
   std::optional<WireFilter> filter_;
   bool running_ = false;
+  bool lookedAtAll_ = true;
   /// Frames that are due later are not handed over.
   std::chrono::nanoseconds bound_ = std::chrono::nanoseconds::max();
   /// Samples since the clock's origin, so that the sample count runs on while nobody listens.
   std::int64_t sample_ = 0;
   std::size_t stream_ = 0;
-  /// The stream that comes first in each sample since the last start.
-  std::size_t leading_ = StreamCount - 1;
 };
 
 }  // namespace adapters

@@ -9,6 +9,7 @@
 #include "desktop/look/text.h"
 #include "desktop/widgets/advice_note.h"
 #include "desktop/widgets/path_field.h"
+#include "desktop/widgets/quiet_line.h"
 
 namespace desktop {
 
@@ -20,13 +21,15 @@ namespace {
 // In pixels of the smallest window.
 constexpr int Margin = 16;
 constexpr int ShortField = 96;
+constexpr int TwoLines = 36;
 constexpr std::size_t NamesInGroup = 4;
 constexpr const char* StationHint = "station ID, e.g. VORNIK-SIM-%1";
 
 }  // namespace
 
-SetupPage::SetupPage(forms::SetupControls& setup, Binder& binder, QWidget* parent)
-    : QWidget(parent), setup_(setup), binder_(binder), sheet_(new QWidget) {
+SetupPage::SetupPage(forms::SetupControls& setup, forms::SharedControls& shared, Binder& binder,
+                     QWidget* parent)
+    : QWidget(parent), setup_(setup), shared_(shared), binder_(binder), sheet_(new QWidget) {
   auto* left = new QVBoxLayout;
   auto* right = new QVBoxLayout;
   for (Card* card : {NetworkCard(), StreamsCard(), StorageCard(), SpecialCard()}) {
@@ -113,6 +116,11 @@ Card* SetupPage::StreamsCard() {
                Field(setup::Content2, card, QString::fromLatin1(StationHint).arg(2)));
   QPushButton* find = Button(setup_.Command7, QStringLiteral("Command7"), card);
   card->Grid().addWidget(find, card->Grid().rowCount(), 1, Qt::AlignLeft);
+  auto* told = new QuietLine(card);
+  told->setMinimumHeight(TwoLines);
+  binder_.Bind(shared_.QuietLine[forms::quiet_line::Setup], *told,
+               ArrayName("QuietLine", forms::quiet_line::Setup));
+  card->AddWide(told);
   return card;
 }
 

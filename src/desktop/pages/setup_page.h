@@ -8,6 +8,7 @@
 #include "desktop/binding/binder.h"
 #include "desktop/widgets/card.h"
 #include "forms/setup_controls.h"
+#include "forms/shared_controls.h"
 
 namespace desktop {
 
@@ -17,7 +18,8 @@ class SetupPage : public QWidget {
   Q_OBJECT
 
  public:
-  SetupPage(forms::SetupControls& setup, Binder& binder, QWidget* parent);
+  SetupPage(forms::SetupControls& setup, forms::SharedControls& shared, Binder& binder,
+            QWidget* parent);
 
  private:
   QLabel* Caption(std::size_t row, QWidget* parent);
@@ -36,6 +38,7 @@ class SetupPage : public QWidget {
   void AddNames(Card& card, int column, std::size_t captionRow, std::size_t firstField);
 
   forms::SetupControls& setup_;
+  forms::SharedControls& shared_;
   Binder& binder_;
   /// The content, which scrolls where a window is too low for it.
   QWidget* sheet_;

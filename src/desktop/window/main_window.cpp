@@ -121,7 +121,7 @@ void MainWindow::FillPages(PicturePad& picture) {
   pages_->addWidget(waveforms);
   pages_->addWidget(new RecorderPage(main_, main_, binder_, guard_, pages_));
   pages_->addWidget(new ReportPage(main_, main_, binder_, pages_));
-  pages_->addWidget(new SetupPage(main_, binder_, pages_));
+  pages_->addWidget(new SetupPage(main_, main_, binder_, pages_));
   AddLogos(waveforms->Frame());
 }
 

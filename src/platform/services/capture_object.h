@@ -18,6 +18,13 @@ struct CapturedFrame {
   std::size_t Length = 0;
 };
 
+/// How much a caller would like to meet a frame.
+enum class Wanted : std::uint8_t { No, Rather, Most };
+
+/// What a caller that takes few of the frames would like to meet. It is asked once for each frame
+/// that waits to be handed over, and only looks at it.
+using FrameWish = std::function<Wanted(const CapturedFrame&)>;
+
 /// The names of an adapter's properties.
 namespace adapter_property {
 
@@ -63,11 +70,16 @@ class CaptureObject {
   virtual CaptureAdapter& Adapters(std::int32_t index) = 0;
   virtual void SetAdapter(CaptureAdapter& adapter) = 0;
   virtual CaptureAdapter& Adapter() = 0;
+  /// States what the caller would like to meet from the next start on, in the place of the wish
+  /// before; an empty one ends it.
+  virtual void SetWish(FrameWish wish) = 0;
   /// Begins delivery. The first start after the adapter was readied delivers the longest of the
   /// frames that it finds on the bus before the others, because the first frame tells the program
-  /// what length to expect; a later start delivers what comes as it comes. Fails only for a refused
-  /// filter, with `failure::FilterRefused`. An adapter that could not be readied has told so
-  /// before; its start is legal and delivers nothing.
+  /// what length to expect, and right behind it the one that is wanted most. While there is a wish,
+  /// a later start delivers the one that is wanted most before the others. Where none is wanted it
+  /// delivers what comes as it comes. Fails only for a refused filter, with
+  /// `failure::FilterRefused`. An adapter that could not be readied has told so before; its start
+  /// is legal and delivers nothing.
   virtual void Start() = 0;
   /// Ends delivery; frames that arrive until the next start are lost. Legal when idle.
   virtual void Stop() = 0;

@@ -237,6 +237,32 @@ TEST_F(FileSource, ComesBackFromAFileOfNothingButOtherFrames) {
   EXPECT_EQ(DueAfter(1h), Marks());
 }
 
+TEST_F(FileSource, TellsWhetherItHasLookedAtAllThatTheFilterRefuses) {
+  PcapFile file;
+  for (std::uint32_t i = 0; i < 5000; ++i) file.Add(0, i, Marked(1));
+  file.Add(0, 5000, Marked(2, -1, 100)).Save(file_);
+  Play("greater 100");
+  clock_.Time = 5ms;
+  source_.TakeNoMore();
+  EXPECT_EQ(Due(), Marks());
+  EXPECT_FALSE(source_.LookedAtAll());
+  EXPECT_EQ(Due(1), Marks({2}));
+  EXPECT_EQ(Due(), Marks());
+  EXPECT_TRUE(source_.LookedAtAll());
+}
+
+TEST_F(FileSource, ExpectsNothingOfAFileWithoutAFrameForTheFilter) {
+  PcapFile file;
+  for (std::uint32_t i = 0; i < 5000; ++i) file.Add(0, 0, Marked(1));
+  file.Save(file_);
+  Play("greater 100");
+  clock_.Time = 1h;
+  source_.TakeNoMore();
+  int calls = 1;
+  while (Due(), !source_.LookedAtAll()) ++calls;
+  EXPECT_LE(calls, 4);
+}
+
 TEST_F(FileSource, SearchesAFileOnceACallAndStaysAtItsBeginning) {
   PcapFile().Add(0, 0, Marked(1)).Add(0, 1, Marked(2)).Add(0, 2, Marked(3)).Save(file_);
   Play("ether proto 0x0800");

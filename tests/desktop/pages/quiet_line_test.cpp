@@ -73,6 +73,31 @@ TEST_F(QuietLines, StandClearOfEverythingAndMoveNothing) {
   }
 }
 
+TEST_F(QuietLines, OfTheFinderStandsOnSetupAndMovesNothing) {
+  Start();
+  for (const QSize size : {QSize(1024, 768), QSize(1920, 1080)}) {
+    ResizeFrame(size);
+    ClickTab(7);
+    QTest::qWait(50);
+    QuietLine& line = Line(5);
+    EXPECT_FALSE(line.isVisible());
+    const auto before = Places();
+    const char* words =
+        "12345678 frames were longer than expected and left out: RUN on a view measures the length "
+        "anew.";
+    Form().QuietLine[5].Say(words);
+    ASSERT_TRUE(WaitFor([&] { return line.text() == words; }));
+    QTest::qWait(50);
+    EXPECT_TRUE(line.isVisible());
+    EXPECT_TRUE(Fits(line));
+    for (const auto& [widget, place] : before) {
+      EXPECT_EQ(OnScreen(*widget), place) << widget->objectName().toStdString();
+    }
+    EXPECT_TRUE(OnScreen(Page()).contains(OnScreen(line)));
+    Form().QuietLine[5].Say("");
+  }
+}
+
 TEST_F(QuietLines, AreQuietInColour) {
   Start();
   for (int view = 0; view < 4; ++view) {

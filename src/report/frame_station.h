@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "capture/packet_bytes.h"
+#include "platform/services/capture_object.h"
+#include "platform/services/code_page.h"
+#include "report/frame_digits.h"
+
+namespace packetroutines {
+
+/// Reads the station ID of a frame that waits to be handed over, as the report will read it, and
+/// leaves the rows of the report alone.
+class FrameStation {
+ public:
+  explicit FrameStation(const platform::CodePage& code) : digits_(code) {}
+
+  /// `expected` is the length that the frame is going to be read with.
+  std::string Id(const platform::CapturedFrame& frame, std::int16_t expected);
+
+ private:
+  PacketBytes bytes_;
+  FrameDigits digits_;
+};
+
+/// What was captured of a frame, as text in the system's code page.
+std::string_view TextOf(const platform::CapturedFrame& frame);
+
+/// The length of a frame as far as cells can be given to it.
+std::int16_t LengthInCells(const platform::CapturedFrame& frame);
+
+}  // namespace packetroutines

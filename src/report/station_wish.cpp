@@ -1,0 +1,31 @@
+#include "report/station_wish.h"
+
+#include <string_view>
+
+#include "config/setup_view.h"
+
+namespace packetroutines {
+
+using platform::CapturedFrame;
+using platform::Wanted;
+
+bool IsStation(const std::string& id) {
+  return !id.empty() && id != config::NoContent;
+}
+
+platform::FrameWish StationWish::For(const std::string& id) {
+  if (!IsStation(id)) return {};
+  id_ = id;
+  return [this](const CapturedFrame& frame) { return Of(frame); };
+}
+
+bool StationWish::Holds(std::string_view frameText, const std::string& id) {
+  return filter_.Position(frameText, id) > 0;
+}
+
+Wanted StationWish::Of(const CapturedFrame& frame) {
+  if (station_.Id(frame, LengthInCells(frame)) == id_) return Wanted::Most;
+  return Holds(TextOf(frame), id_) ? Wanted::Rather : Wanted::No;
+}
+
+}  // namespace packetroutines
