@@ -22,8 +22,8 @@ constexpr int PanelWidth = 226;
 constexpr int ShortField = 96;
 constexpr int BarHeight = 8;
 constexpr int LegendGap = 2;
-/// Three rows of text.
-constexpr int NotStoredHeight = 51;
+/// Two rows of text.
+constexpr int NotStoredHeight = 34;
 /// Room at the foot of the page for the logo.
 constexpr int FootHeight = 52;
 
