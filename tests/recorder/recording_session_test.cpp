@@ -9,7 +9,6 @@ using testing::IsEmpty;
 using testing::SizeIs;
 namespace line = forms::record_line;
 
-const Rgb Black{0, 0, 0};
 const Rgb LightRed{255, 0, 0};
 
 class RecordingSession : public testing::Test {

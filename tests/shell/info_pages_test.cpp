@@ -14,15 +14,15 @@ TEST(InformationPage, HoldsItsRows) {
 
   scene.App.Load();
 
-  const char* rows[] = {
+  const std::string rows[] = {
       "Vornik",
       " ",
       "This program provides a simple interface to monitor the IEC 61850 SV",
       " ",
       " ",
       "Short description:",
-      "- select first 'Setup' for configuration of network adapters and look for SV ethernet "
-      "streams",
+      std::string("- select first 'Setup' for configuration of network adapters and look for SV ") +
+          "ethernet streams",
       "- select 'Values' for direct view on the values",
       "- select 'Phases' for observing phase angles",
       "- select 'Waveforms' for looking on the waveforms of the signals",

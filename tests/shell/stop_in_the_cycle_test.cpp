@@ -17,7 +17,6 @@ struct View {
   const char* Name;
   std::int16_t Tab;
   platform::CWButton& (*Button)(forms::Main& main);
-  friend void PrintTo(const View& view, std::ostream* out) { *out << view.Name; }
 };
 
 const View Values{"Values", 2,

@@ -1,5 +1,6 @@
 #include "desktop/services/qt_shell_links.h"
 
+#include <QCoreApplication>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
@@ -66,8 +67,8 @@ void QtShellLinks::OpenFile(const std::string& path, Told told) {
 #if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
 
 void QtShellLinks::HandOver(const QString& place, const Told& told) {
-  // It outlives this object with its viewer.
-  auto* opener = new QProcess;
+  // It outlives this object with its viewer, but not the application.
+  auto* opener = new QProcess(QCoreApplication::instance());
   QObject::connect(opener, &QProcess::finished, opener, &QObject::deleteLater);
   QObject::connect(opener, &QProcess::errorOccurred, opener,
                    [opener](QProcess::ProcessError error) {
