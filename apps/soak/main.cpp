@@ -1,7 +1,5 @@
 // Records for a given time with the whole program, and tells what that took of the computer.
 
-#include <sys/resource.h>
-
 #include <QApplication>
 #include <QDialog>
 #include <QElapsedTimer>
@@ -20,6 +18,7 @@
 #include "adapters/windows1252.h"
 #include "desktop/desktop_program.h"
 #include "desktop/look/look.h"
+#include "processor_time.h"
 
 namespace soak {
 
@@ -55,16 +54,6 @@ Plan PlanOf(const QStringList& arguments) {
           arguments[4].toInt(),
           arguments[5].toStdString(),
           arguments.value(Least).toStdString()};
-}
-
-/// Processor time that this process has taken, in ms.
-double ProcessorMs() {
-  rusage used{};
-  getrusage(RUSAGE_SELF, &used);
-  const auto ms = [](const timeval& time) {
-    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_usec) / 1e3;
-  };
-  return ms(used.ru_utime) + ms(used.ru_stime);
 }
 
 /// Resident memory of this process, in kB.

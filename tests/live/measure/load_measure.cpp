@@ -1,13 +1,12 @@
 // What the views and a recording take of the computer beside sixty senders.
 
-#include <sys/resource.h>
-
 #include <QDialog>
 #include <QElapsedTimer>
 #include <QFile>
 #include <iostream>
 
 #include "live/scenes/bus_scene.h"
+#include "processor_time.h"
 
 namespace desktop {
 namespace {
@@ -15,16 +14,6 @@ namespace {
 constexpr int MeasuredMs = 5000;
 constexpr int RecordedMs = 10'000;
 constexpr int SamplesASecond = 4000;
-
-/// Processor time that this process has taken, in ms.
-double ProcessorMs() {
-  rusage used{};
-  getrusage(RUSAGE_SELF, &used);
-  const auto ms = [](const timeval& time) {
-    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_usec) / 1e3;
-  };
-  return ms(used.ru_utime) + ms(used.ru_stime);
-}
 
 class SixtySenders : public BusScene {
  protected:
