@@ -68,6 +68,7 @@ SourceAdapter& CaptureChannel::Selected() {
 
 void CaptureChannel::Start() {
   try {
+    ++starts_;
     if (selected_ != nullptr) {
       selected_->Source().SetWish(wish_);
       selected_->Source().Start();
@@ -88,8 +89,10 @@ void CaptureChannel::Stop() {
 void CaptureChannel::DeliverArrived() {
   if (!running_ || selected_ == nullptr) return;
   selected_->Source().TakeNoMore();
-  // A handler may stop the delivery; then nothing more is due.
-  while (DeliverOne() || !AllDelivered()) {
+  // A handler may stop the delivery; then nothing more is due. One that starts anew begins another
+  // delivery, which is none of this one's.
+  const std::uint32_t starts = starts_;
+  while (starts_ == starts && (DeliverOne() || !AllDelivered())) {
   }
 }
 

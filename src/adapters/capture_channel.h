@@ -59,6 +59,7 @@ class CaptureChannel : public platform::CaptureObject {
   SourceAdapter* selected_ = nullptr;
   platform::FrameWish wish_;
   bool running_ = false;
+  std::uint32_t starts_ = 0;
   /// Handlers of this channel that are under way, one inside the other.
   std::size_t depth_ = 0;
   /// A deque, because a nested frame may add a buffer while the outer frame is in use.

@@ -83,7 +83,8 @@ void PacketDispatcher::TakePacketLength(const CapturedFrame& pPacket) {
 }
 
 void PacketDispatcher::ServeReport(const CapturedFrame& pPacket) {
-  run_([&] { state_.ReportRequested = false; }, [&] { capture_.StopCapture(); },
+  run_([&] { state_.ReportRequested = false; },
+       [&] { return capture_.StopCapture() ? Flow::Next : Flow::Leave; },
        [&] { ReportFrame(pPacket); });
 }
 

@@ -38,6 +38,7 @@ void PrintOut::Print(platform::PageOrientation orientation, const std::function<
   platform::RunSteps(
       parts_.Program,
       [this](const Failure& failure) {
+        sending_ = false;
         SayFailed(failure.Text());
         return Verdict::LeaveRoutine;
       },
@@ -53,15 +54,19 @@ void PrintOut::Print(platform::PageOrientation orientation, const std::function<
       [&] { page(); },
       [&] {
         const std::string printer = parts_.Printers.Current();
+        sending_ = true;
         surface.EndDoc([this, printer](const platform::SentPage& sent) { Take(sent, printer); });
+        sending_ = false;
       },
       [&] { surface.Colours(platform::ColourMode::Monochrome); });
 }
 
 void PrintOut::Take(const platform::SentPage& sent, const std::string& printer) {
   if (!sent.Refusal.empty()) {
-    SayFailed(sent.Refusal);
-    // The queue may have taken its time, and the page with the line be left.
+    // The queue may have taken its time. By now the line may have other words, whose owner takes
+    // them back; and the page with the line may be left.
+    const bool lineIsFree = !lineTaken_ && (line_.Caption.Get().empty() || line_.Caption == said_);
+    if (sending_ || lineIsFree) SayFailed(sent.Refusal);
     parts_.Notice.Tell("Refused by " + printer, sent.Refusal);
   } else if (!sent.File.empty()) {
     parts_.Notice.Tell("Printed to " + FileName(sent.File), sent.File);

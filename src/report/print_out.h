@@ -38,6 +38,8 @@ class PrintOut {
   void Print(platform::PageOrientation orientation, const std::function<void()>& page);
   /// Takes back what the quiet line says about an older page. What stood there before comes back.
   void Forget();
+  /// While it is taken, a refusal that comes late leaves the line alone.
+  void TakeLine(bool taken) { lineTaken_ = taken; }
 
   /// The present day as "dd.MMM.yyyy", with `sign` between its parts.
   std::string Today(char sign) const;
@@ -55,6 +57,9 @@ class PrintOut {
   /// What this class has written to the line, and the words of another that are part of it.
   std::string said_;
   std::string kept_;
+  bool lineTaken_ = false;
+  /// The page is being handed over.
+  bool sending_ = false;
 };
 
 }  // namespace subroutines

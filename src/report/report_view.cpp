@@ -106,14 +106,14 @@ void ReportView::LayRow(std::size_t row, std::int32_t place) {
 
 void ReportView::Rest() {
   running_ = false;
-  line_.Say(headOfOther_);
+  line_.Say(HeadOfOther());
   // A run that got no frame has left its button pressed.
   parts_.Report.Command2.Value = false;
 }
 
 void ReportView::Command2_ValueChanged() {
   if (!parts_.Report.Command2.Value) return;
-  line_.Say(headOfOther_);
+  line_.Say(HeadOfOther());
   running_ = true;
   parts_.Report.Command2.Visible = false;
   parts_.State.PacketLengthPending = true;
@@ -126,25 +126,38 @@ void ReportView::FollowEnd() {
   const platform::CWButton& button = parts_.Report.Command2;
   if (!running_ || !button.Enabled || button.Visible) return;
   running_ = false;
+  const std::string other = HeadOfOther();
   line_.Say("There is no report. RUN comes back when this page is entered anew." +
-            (headOfOther_.empty() ? "" : " " + headOfOther_));
+            (other.empty() ? "" : " " + other));
 }
 
 std::string ReportView::ReportAnalyse(const packetroutines::PacketBytes& bytes) {
   std::string id;
   const bool shown = parts_.Analysis.ReportAnalyse(bytes, id);
-  // The stream finder has frames read too.
-  if (shown) {
-    headOfOther_.clear();
-  } else if (running_) {
-    headOfOther_ = WhyRefused(id, bytes);
-  } else {
-    headOfOther_ = "The frame that 'Find streams' met last was sent by \"" + id +
-                   "\" and not by the chosen station. RUN asks again.";
+  refusal_.clear();
+  finderMet_.reset();
+  if (!shown) {
+    // The stream finder has frames read too.
+    if (parts_.State.LookingForID) {
+      finderMet_ = id;
+    } else {
+      refusal_ = WhyRefused(id, bytes);
+    }
   }
-  line_.Say(headOfOther_);
+  line_.Say(HeadOfOther());
   running_ = false;
   return id;
+}
+
+std::string ReportView::HeadOfOther() const {
+  if (!finderMet_) return refusal_;
+  // No station is chosen during a search; the one that RUN asks for is chosen behind it.
+  const std::string& chosen = parts_.Analysis.ChosenStation();
+  return "'Find streams' met \"" + *finderMet_ + "\" last, and the rows of its head are hidden. " +
+         (packetroutines::IsStation(chosen)
+              ? "RUN asks for \"" + chosen + "\"."
+              : "The station chosen here has no content filter: see 'Packet content filter' under "
+                "'Setup'.");
 }
 
 std::string ReportView::AskedStation() const {

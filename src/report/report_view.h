@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "capture/acquisition_state.h"
@@ -40,7 +41,7 @@ class ReportView {
   std::string ReportAnalyse(const packetroutines::PacketBytes& bytes);
   /// Why the first rows are hidden: they are of a frame that was not accepted, the others of an
   /// earlier one. Empty where all belong together.
-  const std::string& HeadOfOther() const { return headOfOther_; }
+  std::string HeadOfOther() const;
 
  private:
   void Command2_ValueChanged();
@@ -60,7 +61,10 @@ class ReportView {
   bool layoutDone_ = false;
   /// A run was begun, and no frame has come since.
   bool running_ = false;
-  std::string headOfOther_;
+  /// Why the frame of a run was not accepted, as long as its head is what the rows hold.
+  std::string refusal_;
+  /// Whose head the stream finder has left in the rows, where it was not shown.
+  std::optional<std::string> finderMet_;
 };
 
 }  // namespace subroutines

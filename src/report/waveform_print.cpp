@@ -36,7 +36,10 @@ WaveformPrint::WaveformPrint(const WaveformPrintParts& parts, const PrintParts& 
   parts_.Scope.Command1.Click = [this] { Command1_Click(); };
   parts_.Scope.Command1.MouseDown = [this](std::int16_t button) { Command1_MouseDown(button); };
   // A run has something newer to say on the line.
-  parts_.Scope.CWButton1.Value.Observe([this] { out_.Forget(); });
+  parts_.Scope.CWButton1.Value.Observe([this] {
+    out_.Forget();
+    out_.TakeLine(parts_.Scope.CWButton1.Value);
+  });
 }
 
 void WaveformPrint::Command1_Click() {

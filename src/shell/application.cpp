@@ -100,8 +100,12 @@ void Application::RebuildBlockArrays(std::int32_t baseSamples) {
   Block.Rebuild(baseSamples);
 }
 void Application::StationChosen() {
+  // A mode without its button is left over from a run that got no data.
   const bool running =
-      State.CaptureRunning || packetroutines::AnyModeSet(State, packetroutines::IsLiveView);
+      State.CaptureRunning ||
+      packetroutines::AnyModeSet(State, [this](const packetroutines::Mode& mode) {
+        return packetroutines::IsLiveView(mode) && mode.RunButton(Main.Buttons()).Value;
+      });
   if (!running) return;
   // The other station has its samples elsewhere in its frames, and may have fewer of them: where
   // they cannot be located it reads as silent, and nothing of the block that the old one began may

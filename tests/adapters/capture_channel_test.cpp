@@ -141,6 +141,20 @@ TEST_F(CaptureChannel, DeliversNothingMoreBehindAStopWithinAnEvent) {
   EXPECT_EQ(frames, 2);
 }
 
+TEST_F(CaptureChannel, LeavesTheFramesOfANewDeliveryToThatOne) {
+  int frames = 0;
+  channel_->OnPacket = [&](const CapturedFrame&) {
+    if (++frames != 2) return;
+    channel_->Stop();
+    channel_->Start();
+  };
+  channel_->Start();
+  sources_[0]->Count = 5;
+  channel_->DeliverArrived();
+  EXPECT_EQ(frames, 2);
+  EXPECT_TRUE(changes_.back()) << "what began anew runs on";
+}
+
 TEST_F(CaptureChannel, DeliversOneFrameACall) {
   Bytes marks;
   channel_->OnPacket = [&](const CapturedFrame& frame) {

@@ -61,6 +61,27 @@ TEST_F(ScopeTick, BehindAStopInTheFirstBlockShowsFlatZeros) {
   EXPECT_THAT(Curves(), Each(AllOf(SizeIs(400), Each(0.0))));
 }
 
+TEST_F(ScopeTick, BehindAPhasorRunWithoutDataAndAChoiceOfStationPlotsThatBlockToo) {
+  main.Text1[14].Text = "MU02";
+  Run();
+  Block(100, 10);
+  main.CWButton1.Value = false;
+  const auto before = Curve(0);
+  scene.Select(3);
+  scene.Elapse(std::chrono::seconds(1));
+  main.CWButton2.Value = true;
+  ASSERT_TRUE(scene.State.CaptureRunning);
+  scene.Elapse(milliseconds(2500));
+  ASSERT_FALSE(main.CWButton2.Value);
+  ASSERT_TRUE(scene.State.LookingForPhases);
+
+  main.Option3[3].Value = true;
+  scene.Select(4);
+  main.Check2[1].Value = 0;
+
+  EXPECT_EQ(Curve(0), before);
+}
+
 TEST_F(ScopeTick, InThePumpsOfAStopPlotsTheLastCompleteBlockToo) {
   Run();
   Block(100, 10);

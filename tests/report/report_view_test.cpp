@@ -1,6 +1,6 @@
 #include "report/report_view.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "report/report_rows.h"
 #include "support/scene.h"
@@ -307,9 +307,30 @@ TEST_F(RefusedFrame, OfTheStreamFinderIsExplainedToo) {
   main.Command7.Click();
   Enter();
   ASSERT_FALSE(main.Label8[0].Visible);
-  EXPECT_EQ(Line(),
-            "The frame that 'Find streams' met last was sent by \"MU07\" and not by "
-            "the chosen station. RUN asks again.");
+  // The search has emptied the filters, and nothing was ticked.
+  const std::string hidden =
+      "'Find streams' met \"MU07\" last, and the rows of its head are hidden. ";
+  EXPECT_EQ(Line(), hidden +
+                        "The station chosen here has no content filter: see 'Packet content "
+                        "filter' under 'Setup'.");
+  main.Text1[forms::setup_field::Content1].Text = "MU07";
+  main.Text1[forms::setup_field::Content2].Text = "MU02";
+  Enter();
+  EXPECT_EQ(Line(), hidden + "RUN asks for \"MU07\".");
+}
+
+TEST_F(RefusedFrame, OfARunThatWasLeftIsNotTheOneThatTheStreamFinderMeets) {
+  main.Command2.Value = true;
+  scene.Select(forms::tab::Setup);
+  scene.App.IDlook.Window.ShowModal = [this] {
+    scene.Elapse(100ms);
+    if (scene.State.PacketLengthPending) scene.Receive(SvFrame("MU07").Bytes());
+    scene.Receive(SvFrame("MU07").Bytes());
+    scene.App.IDlook.Window.Unload();
+  };
+  main.Command7.Click();
+  Enter();
+  EXPECT_THAT(Line(), ::testing::StartsWith("'Find streams' met \"MU07\" last"));
 }
 
 TEST_F(RefusedFrame, ThatTheStreamFinderReplacedByOneOfTheStationIsForgotten) {

@@ -234,6 +234,22 @@ TEST_F(WaveformPage, TakesBackWhatTheStatusBarSaysOfAnOlderReport) {
   EXPECT_EQ(PrinterPanel(), "Standard printer: Office ");
 }
 
+TEST_F(WaveformPage, RefusedLateLeavesTheLineToTheRunThatHasBegun) {
+  scene.Surface.QueueAnswersLater = true;
+  main.Command1.Click();
+  main.CWButton1.Value = true;
+  platform::QuietLine& line = main.QuietLine[forms::quiet_line::Waveforms];
+  for (const char* waiting : {"", "Waiting."}) {
+    line.Say(waiting);
+    scene.Surface.Queued.at(0)({{}, "out of toner"});
+    EXPECT_EQ(line.Caption, waiting);
+    EXPECT_TRUE(PrinterPanel().starts_with("Refused by "));
+  }
+  line.Say({});
+  main.CWButton1.Value = false;
+  EXPECT_EQ(line.Caption, "") << "nothing of the run comes back";
+}
+
 class WaveformCopy : public WaveformPage {};
 
 TEST_F(WaveformCopy, OfThePressOfTheRightButtonIsTheGraphAsItStands) {

@@ -106,7 +106,10 @@ void GraphView::FollowAxis(platform::Axis& axis, QCPAxis& shown) {
     // A course of one point alone leaves its axis no length.
     if (axis.Maximum <= axis.Minimum)
       range = QCPRange(axis.Minimum - PointReach, axis.Minimum + PointReach);
+    // The program's own ends stand: what is shown meanwhile is none of them.
+    telling_ = true;
     shown.setRange(range);
+    telling_ = false;
     DrawSoon();
   };
   axis.Minimum.Observe(ends);
@@ -158,6 +161,7 @@ void GraphView::FollowGraph() {
 
 void GraphView::TellRange(platform::Axis& control, const QCPAxis& axis) {
   const auto tell = [this, &control](const QCPRange& range) {
+    if (telling_) return;
     telling_ = true;
     control.Minimum = range.lower;
     control.Maximum = range.upper;

@@ -10,12 +10,6 @@
 
 namespace desktop {
 
-namespace {
-
-constexpr int PatienceMs = 10'000;
-
-}  // namespace
-
 QString PrintJob::Command() {
   return QStandardPaths::findExecutable(QStringLiteral("lp"));
 }
@@ -25,6 +19,8 @@ PrintJob::PrintJob(JobOrder order, Told told, QObject* owner)
       order_(std::move(order)),
       told_(std::move(told)),
       file_(QDir::tempPath() + QStringLiteral("/vornik_XXXXXX.pdf")) {
+  // The command has its page open by then, and nothing is left behind whatever ends the program.
+  connect(&process_, &QProcess::started, this, [this] { file_.remove(); });
   connect(&process_, &QProcess::finished, this, &PrintJob::TakeEnd);
   connect(&process_, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
     if (error == QProcess::FailedToStart) Tell(process_.errorString());
@@ -39,13 +35,13 @@ void PrintJob::Start(const QByteArray& pdf) {
   if (!file_.open() || file_.write(pdf) != pdf.size() || !file_.flush()) {
     throw platform::Failure(platform::failure::PrinterError, FromQt(file_.errorString()));
   }
-  QTimer::singleShot(PatienceMs, this, [this] {
+  QTimer::singleShot(order_.PatienceMs, this, [this] {
     Tell(QStringLiteral("the queue of \"%1\" does not answer").arg(order_.Printer));
   });
-  process_.setStandardInputFile(QProcess::nullDevice());
+  process_.setStandardInputFile(file_.fileName());
   process_.start(Command(),
                  {QStringLiteral("-d"), order_.Printer, QStringLiteral("-t"), order_.Document,
-                  QStringLiteral("-o"), QStringLiteral("media=") + order_.Media, file_.fileName()});
+                  QStringLiteral("-o"), QStringLiteral("media=") + order_.Media});
 }
 
 void PrintJob::TakeEnd(int exitCode, QProcess::ExitStatus status) {

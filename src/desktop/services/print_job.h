@@ -16,6 +16,8 @@ struct JobOrder {
   QString Printer;
   QString Document;
   QString Media;
+  /// How long the queue may take to answer.
+  int PatienceMs = 10'000;
 };
 
 /// A page on its way to a queue by the system's own command, which tells when the queue refuses it.

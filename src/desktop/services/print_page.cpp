@@ -66,30 +66,44 @@ void PrintPage::AddDrawing(const QRectF& place, const QPicture& drawing, QSize s
   drawings_.push_back({place, drawing, size});
 }
 
-double PrintPage::Reduction(const QRectF& room) const {
-  QPointF end(0, 0);
-  const auto reach = [&end](QPointF corner) {
-    end = {std::max(end.x(), corner.x()), std::max(end.y(), corner.y())};
-  };
-  for (const Picture& picture : pictures_) reach(picture.Place.bottomRight());
-  for (const Drawing& drawing : drawings_) reach(drawing.Place.bottomRight());
+QRectF PrintPage::Reach() const {
+  QRectF reach;
+  for (const Picture& picture : pictures_) reach |= picture.Place;
+  for (const Drawing& drawing : drawings_) reach |= drawing.Place;
   for (const Text& text : texts_) {
-    reach(text.Place + QPointF(InkWidth(text.Words, text.Font) * Narrowest, LineHeight(text.Font)));
+    reach |=
+        {text.Place, QSizeF(InkWidth(text.Words, text.Font) * Narrowest, LineHeight(text.Font))};
   }
-  return std::min(
-      {1.0, room.right() / std::max(end.x(), 1.0), room.bottom() / std::max(end.y(), 1.0)});
+  return reach;
+}
+
+PrintPage::Fit PrintPage::FitInto(const QRectF& room) const {
+  const QRectF reach = Reach();
+  // A page keeps its places where it can, and is moved only off an edge that cannot be printed on.
+  const bool tooFarLeft = reach.left() < room.left();
+  const bool tooHigh = reach.top() < room.top();
+  const double width = tooFarLeft ? reach.width() : reach.right();
+  const double height = tooHigh ? reach.height() : reach.bottom();
+  Fit fit;
+  fit.Scale = std::min({1.0, (tooFarLeft ? room.width() : room.right()) / std::max(width, 1.0),
+                        (tooHigh ? room.height() : room.bottom()) / std::max(height, 1.0)});
+  fit.At = {tooFarLeft ? room.left() - reach.left() * fit.Scale : 0,
+            tooHigh ? room.top() - reach.top() * fit.Scale : 0};
+  return fit;
 }
 
 void PrintPage::Paint(QPainter& painter, const QRectF& room) const {
   painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform |
                          QPainter::LosslessImageRendering);
-  const double reduction = Reduction(room);
-  painter.scale(reduction * painter.device()->logicalDpiX() / UnitsOfInch,
-                reduction * painter.device()->logicalDpiY() / UnitsOfInch);
+  const Fit fit = FitInto(room);
+  painter.scale(painter.device()->logicalDpiX() / UnitsOfInch,
+                painter.device()->logicalDpiY() / UnitsOfInch);
+  painter.translate(fit.At * UnitsOfMillimetre);
+  painter.scale(fit.Scale, fit.Scale);
   // No text lies under a picture.
   for (const Picture& picture : pictures_) painter.drawImage(Units(picture.Place), picture.Image);
   for (const Drawing& drawing : drawings_) Paint(painter, drawing);
-  for (const Text& text : texts_) Paint(painter, text, room.right() / reduction);
+  for (const Text& text : texts_) Paint(painter, text, (room.right() - fit.At.x()) / fit.Scale);
 }
 
 void PrintPage::Paint(QPainter& painter, const Drawing& drawing) {

@@ -50,8 +50,15 @@ class PrintPage {
     QSize Size;
   };
 
-  /// What the page is made smaller by, 1 for nothing.
-  double Reduction(const QRectF& room) const;
+  /// Where a point of the page comes out: `At` plus the point times `Scale`, in millimetres.
+  struct Fit {
+    QPointF At;
+    double Scale = 1;
+  };
+
+  /// From the first to the last place of the page, with texts as narrow as they may get.
+  QRectF Reach() const;
+  Fit FitInto(const QRectF& room) const;
   static void Paint(QPainter& painter, const Drawing& drawing);
   /// Paints a text that may reach as far as `right`.
   static void Paint(QPainter& painter, const Text& text, double right);

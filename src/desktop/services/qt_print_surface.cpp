@@ -98,7 +98,7 @@ void QtPrintSurface::EndDoc(PrintJob::Told told) {
   const Paper paper = PaperOfPrinter(printer);
   // The toolkit's own way to a queue does not tell of a refused job.
   if (!PrintJob::Command().isEmpty()) {
-    const JobOrder order{printer, document_, paper.Size.key()};
+    const JobOrder order{printer, document_, paper.Size.key(), PatienceOfQueue};
     auto job = std::make_unique<PrintJob>(order, std::move(told), &jobs_);
     job->Start(Pdf(page, paper));
     // From here on it goes by itself, at the latest with the surface.

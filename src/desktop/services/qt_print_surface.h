@@ -28,6 +28,8 @@ class QtPrintSurface : public platform::PrintSurface {
   std::function<std::string()> DataPath;
   /// The paper of a printer of the system.
   std::function<Paper(const QString&)> PaperOfPrinter = PaperOf;
+  /// How long a queue may take to answer, in ms.
+  int PatienceOfQueue = JobOrder().PatienceMs;
 
   void Orientation(platform::PageOrientation orientation) override;
   void Colours(platform::ColourMode mode) override { colours_ = mode; }

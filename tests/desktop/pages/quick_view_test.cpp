@@ -67,6 +67,16 @@ TEST_F(QuickViewPage, ADoubleClickShowsNothingBehindTheLastGroup) {
   EXPECT_GT(Graph().yAxis->range().lower, 300);
 }
 
+TEST_F(QuickViewPage, BeginsAtZeroWhereverTheOneBeforeWasPannedTo) {
+  Show({400, 300, 400});
+  Graph().xAxis->setRange(-20, -10);
+
+  Form().CWGraph2.XAxis.Minimum = 0;
+  Form().CWGraph2.XAxis.Maximum = 7;
+
+  EXPECT_EQ(Graph().xAxis->range(), QCPRange(0, 7));
+}
+
 TEST_F(QuickViewPage, NamesEachCurveWithItsUnitInItsColour) {
   Show({390, 400, 410});
   ASSERT_EQ(Names().size(), 8);

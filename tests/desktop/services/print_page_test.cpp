@@ -92,6 +92,23 @@ TEST(PrintPage, FillsARectangleWithAPicture) {
   EXPECT_EQ(paper.pixelColor(1000, 600), QColor(Qt::red));
 }
 
+TEST(PrintPage, IsMovedOffAnEdgeThatCannotBePrintedOn) {
+  QImage picture(2, 2, QImage::Format_RGB32);
+  picture.fill(Qt::red);
+  PrintPage page;
+  page.AddPicture({15, 10, 150, 100}, picture);
+  const QRectF ink = Ink(Printed(page, QRectF(QPointF(20, 12.7), QPointF(205, 290))));
+  EXPECT_NEAR(ink.left(), 20, 0.15);
+  EXPECT_NEAR(ink.top(), 12.7, 0.15);
+  EXPECT_NEAR(ink.width(), 150, 0.2);
+  EXPECT_NEAR(ink.height(), 100, 0.2);
+
+  const QRectF smaller = Ink(Printed(page, QRectF(QPointF(20, 12.7), QPointF(120, 290))));
+  EXPECT_NEAR(smaller.left(), 20, 0.15);
+  EXPECT_NEAR(smaller.top(), 12.7, 0.15);
+  EXPECT_NEAR(smaller.right(), 120, 0.2);
+}
+
 TEST(PrintPage, FillsARectangleWithADrawingWhateverItsSize) {
   QPicture drawing;
   QPainter painter(&drawing);

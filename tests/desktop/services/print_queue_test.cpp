@@ -62,7 +62,7 @@ class PrintQueue : public ::testing::Test {
 };
 
 TEST_F(PrintQueue, GetsThePageWithItsPrinterAndItsName) {
-  QueueDoes("echo \"$1 $2 $3 $4 $5 $6\" > $FOLDER/words; /bin/cat \"$7\" > $FOLDER/page");
+  QueueDoes("echo \"$1 $2 $3 $4 $5 $6\" > $FOLDER/words; /bin/cat > $FOLDER/page");
 
   Print();
 
@@ -75,7 +75,7 @@ TEST_F(PrintQueue, GetsThePageWithItsPrinterAndItsName) {
 }
 
 TEST_F(PrintQueue, GetsThePageInTheSizeOfItsPrintersPaper) {
-  QueueDoes("echo \"$6\" > $FOLDER/words; /bin/cat \"$7\" > $FOLDER/page");
+  QueueDoes("echo \"$6\" > $FOLDER/words; /bin/cat > $FOLDER/page");
   surface_.PaperOfPrinter = [](const QString& printer) {
     return printer == "Office" ? Paper{QPageSize(QPageSize::Letter), 6.35} : Paper();
   };
@@ -97,6 +97,30 @@ TEST_F(PrintQueue, IsNotWaitedFor) {
   ASSERT_TRUE(go.open(QIODevice::WriteOnly));
   ASSERT_TRUE(QTest::qWaitFor([this] { return !told_.empty(); }));
   EXPECT_EQ(told_[0].Refusal, "");
+}
+
+TEST_F(PrintQueue, ThatDoesNotAnswerIsGivenUp) {
+  QueueDoes("echo $$ > $FOLDER/process; exec /bin/sleep 30");
+  surface_.PatienceOfQueue = 200;
+
+  Print();
+  QTest::qWait(50);
+
+  ASSERT_EQ(told_.size(), 1U);
+  EXPECT_EQ(told_[0].Refusal, "the queue of \"Office\" does not answer");
+  const QByteArray process = Left("process").trimmed();
+  ASSERT_FALSE(process.isEmpty());
+  EXPECT_FALSE(QDir("/proc/" + QString::fromLatin1(process)).exists());
+}
+
+TEST_F(PrintQueue, LeavesNoFileOfThePageBehindThatIsOnItsWay) {
+  QueueDoes("while [ ! -e $FOLDER/go ]; do /bin/sleep 0.01; done");
+  const QStringList before = QDir::temp().entryList({"vornik_*.pdf"});
+
+  Send();
+  QTest::qWait(50);
+
+  EXPECT_EQ(QDir::temp().entryList({"vornik_*.pdf"}), before);
 }
 
 TEST_F(PrintQueue, ThatTheProgramsEndOvertakesTellsNobody) {
