@@ -79,6 +79,7 @@ Application::Application(const Platform& platform)
   tabs_.OtherForms = {&Revisionhistory.Window, &DebugWindow.Window, &IDlook.Window};
   resize_.PassFirstTab = [this] { tabs_.PassFirstTab(); };
   resize_.ReturnToTab = [this](std::int16_t tab) { tabs_.ReturnToTab(tab); };
+  resize_.RecordingInHand = [this] { return recording_.InHand(); };
   resize_.DrawPhasorGrid = [this] { phasors_.DrawPhasorGrid(); };
   Main.Command8.Click = [this] { platform_.Program.End(); };
   capture_.Stopped = [this] {
