@@ -204,8 +204,10 @@ platform::Presence CaptureSession::AdapterPresence() {
 }
 
 void CaptureSession::StopBehindArrived() {
+  const std::uint32_t starts = starts_;
   RunSteps(services_.Program, &OnStopFailure, [&] { aPacketX().DeliverArrived(); });
-  StopCapture();
+  // In a pump of these frames another view may have begun its run, which is not to be ended here.
+  if (starts_ == starts) StopCapture();
 }
 
 bool CaptureSession::StopCapture() {

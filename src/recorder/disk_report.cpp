@@ -1,5 +1,7 @@
 #include "recorder/disk_report.h"
 
+#include <algorithm>
+
 namespace packetroutines {
 
 using platform::Failure;
@@ -56,6 +58,7 @@ bool DiskReport::Gone(std::size_t stream) const {
 }
 
 void DiskReport::Add(const std::string& sentence) {
+  if (std::find(sentences_.begin(), sentences_.end(), sentence) != sentences_.end()) return;
   sentences_.push_back(sentence);
   ShowLine();
 }

@@ -37,7 +37,8 @@ class DiskReport {
   bool Gone(std::size_t stream) const;
   /// A ring of the stream was stored, whatever became of it.
   bool AnyStored(std::size_t stream) const { return !streams_[stream].Path.empty(); }
-  /// What else there is to tell of the recording, as a sentence.
+  /// What else there is to tell of the recording, as a sentence; one that stands already is not
+  /// told twice.
   void Add(const std::string& sentence);
 
  private:

@@ -130,6 +130,8 @@ ExcelFile::~ExcelFile() {
 std::int16_t ExcelFile::CreateFile(const std::string& fileName) {
   trouble_.reset();
   waiting_.clear();
+  fileName_ = fileName;
+  whole_ = false;
   Trapped([&] {
     OnDisk([&] {
       files_.DeleteIfThere(fileName);
@@ -137,6 +139,7 @@ std::int16_t ExcelFile::CreateFile(const std::string& fileName) {
       files_.OpenAnew(fileNumber_, fileName);
     });
     Put(Record(opcode::Begin, 4).Word(Version).Word(Worksheet));
+    whole_ = true;
   });
   return 0;
 }
@@ -252,6 +255,11 @@ void ExcelFile::Put(const Record& record, std::string_view text) {
   if (!gathering_) WriteWaiting();
 }
 
+void ExcelFile::Gather() {
+  gathering_ = true;
+  if (whole_) trouble_.reset();
+}
+
 std::int16_t ExcelFile::WriteGathered() {
   gathering_ = false;
   return Trapped([&] { WriteWaiting(); });
@@ -259,11 +267,13 @@ std::int16_t ExcelFile::WriteGathered() {
 
 void ExcelFile::WriteWaiting() {
   if (waiting_.empty()) return;
+  const std::int64_t before = files_.SizeOf(fileName_);
   try {
     OnDisk([&] { files_.Write(fileNumber_, waiting_); });
   } catch (const Failure&) {
     // A part of it may be on disk, so it is not tried again.
     waiting_.clear();
+    if (files_.SizeOf(fileName_) != before) whole_ = false;
     throw;
   }
   waiting_.clear();

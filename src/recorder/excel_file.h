@@ -106,12 +106,13 @@ class ExcelFile {
   void ProtectSpreadsheet(bool newvalue);
 
   /// From here on records wait for `WriteGathered`.
-  void Gather() { gathering_ = true; }
+  void Gather();
   /// Writes what waits in one piece, and ends the waiting.
   std::int16_t WriteGathered();
 
-  /// What the disk refused first since the file was begun, for those who tell the user; the numbers
-  /// alone would not say why a file could not be opened.
+  /// What the disk refused first, for those who tell the user; the numbers alone would not say why
+  /// a file could not be opened. It is over with the next `Gather`, unless the file has no
+  /// beginning or ends in a part of a record: behind that no reader finds what is written later.
   const std::optional<platform::Failure>& Trouble() const { return trouble_; }
 
  private:
@@ -136,6 +137,9 @@ class ExcelFile {
   /// Records on their way to the file; it keeps its room from ring to ring.
   std::string waiting_;
   std::optional<platform::Failure> trouble_;
+  std::string fileName_;
+  /// The file holds whole records from its beginning on.
+  bool whole_ = false;
 };
 
 }  // namespace packetroutines

@@ -26,6 +26,10 @@ class FileNumbers {
   /// An older file of that name is emptied.
   void OpenAnew(std::int16_t number, const std::string& path);
   void DeleteIfThere(const std::string& path);
+  /// 0 where there is no such file.
+  std::int64_t SizeOf(const std::string& path) const {
+    return files_.FileExists(path) ? files_.FileSize(path) : 0;
+  }
   bool IsOpen(std::int16_t number) const { return open_.count(number) > 0; }
   /// Failure 52 where no file is open under the number.
   void Write(std::int16_t number, std::string_view bytes);

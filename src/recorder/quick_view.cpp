@@ -114,7 +114,7 @@ void QuickView::OpenWorksheet() {
 
 void QuickView::TellOfViewer(std::int32_t code) {
   if (std::find(RefusedCodes.begin(), RefusedCodes.end(), code) == RefusedCodes.end()) return;
-  if (recorder_.CWButton3.Value) {
+  if (file_.Recording) {
     // A box would keep the frames from the recording that runs by now.
     if (recorder_.NotStored.Caption.Get().empty()) {
       recorder_.NotStored.Say("The worksheet of the recording before has found no viewer.");

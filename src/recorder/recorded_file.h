@@ -22,6 +22,8 @@ struct RecordedFile {
   /// The bare name, or what stands in its place before the first recording.
   const std::string& RecordFileName;
   platform::FileSystem& Files;
+  /// Another recording runs by now.
+  const bool& Recording;
 
   std::string Path() const { return PathOf(RecordFileName); }
   std::string LogPath() const { return PathOf("Errorlog " + RecordFileName); }

@@ -80,7 +80,8 @@ void RecordingSession::ShowFileFormat() {
 }
 
 void RecordingSession::Option2_Click(std::size_t index) {
-  if (state_.RecorderBusy) return;
+  // A recording that is being finished is finished in its own format.
+  if (state_.RecorderBusy || phase_ == Phase::Stopping) return;
   settings_.FileFormat = RecordFormats[index].Name;
   state_.RecordFileName = packetroutines::RecordPlaceholder(RecordFormats[index]);
   const packetroutines::RecordContext& context = parts_.Context;
@@ -236,7 +237,7 @@ void RecordingSession::Stop(Arrived arrived) {
         left = "The quick view is left out";
         if (!Left() && found) parts_.Reader.ViewRecording();
       },
-      [&] { EnableFormats(true); });
+      [&] { EnableFormats(true); }, [&] { ShowFileFormat(); });
 }
 
 void RecordingSession::StopCapture(Arrived arrived) {
@@ -252,10 +253,13 @@ void RecordingSession::StopCapture(Arrived arrived) {
 void RecordingSession::StopAt(std::size_t stream) {
   const Stopping stopping(phase_);
   SetQuietly(false);
+  // The ring that is being written is full: no pump of the stop may fill it anew.
+  StopCapture(Arrived::Dropped);
   if (stopping.First()) Stop(Arrived::Dropped);
   StopCapture(Arrived::Dropped);
   state_.LookingForRecording = false;
   if (HasFormat(file_format::Worksheet)) files_.CloseSheet(stream);
+  ShowFileFormat();
 }
 
 void RecordingSession::StopOnFullDisk() {

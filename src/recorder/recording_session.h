@@ -51,6 +51,8 @@ class RecordingSession : public packetroutines::RecordingEnd {
   void Load();
   /// Selects the choice that matches the stored format; an unknown one selects nothing.
   void ShowFileFormat();
+  /// A recording is being started or finished; in its pumps capture rests, and the run goes on.
+  bool InHand() const { return phase_ == Phase::Starting || phase_ == Phase::Stopping; }
   void StopAtRowLimit() override { StopAt(0); }
   void StopAtRowLimit2() override { StopAt(1); }
   void StopOnFullDisk() override;

@@ -31,10 +31,11 @@ Application::Application(const Platform& platform)
       printers_(Main, Main, Settings, stored_, platform.Printers, platform.Dialogs,
                 platform.Program),
       open_(platform.Files),
-      analysis_({Settings, Present, State.RecordFileName, platform.Files}, dispatcher_.Bytes(),
-                Main,
-                {platform.Code, platform.Numbers, platform.Calendar, platform.Pointer,
-                 platform.Dialogs, platform.Links, platform.Program, open_}),
+      analysis_(
+          {Settings, Present, State.RecordFileName, platform.Files, State.LookingForRecording},
+          dispatcher_.Bytes(), Main,
+          {platform.Code, platform.Numbers, platform.Calendar, platform.Pointer, platform.Dialogs,
+           platform.Links, platform.Program, open_}),
       record_{Settings, Present,          State,        Rings, platform.Files,
               open_,    platform.Numbers, platform.Code},
       sheets_(open_, platform.Numbers, platform.Code),
@@ -78,6 +79,7 @@ Application::Application(const Platform& platform)
   tabs_.OtherForms = {&Revisionhistory.Window, &DebugWindow.Window, &IDlook.Window};
   resize_.PassFirstTab = [this] { tabs_.PassFirstTab(); };
   resize_.ReturnToTab = [this](std::int16_t tab) { tabs_.ReturnToTab(tab); };
+  resize_.RecordingInHand = [this] { return recording_.InHand(); };
   resize_.DrawPhasorGrid = [this] { phasors_.DrawPhasorGrid(); };
   Main.Command8.Click = [this] { platform_.Program.End(); };
   capture_.Stopped = [this] {

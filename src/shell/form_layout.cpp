@@ -79,9 +79,9 @@ void FormLayout::KeepMinimumHeight() {
 }
 
 bool FormLayout::RunActive() const {
-  // Between two blocks of a live view capture rests, but the run goes on; a tab change would end
-  // it.
-  return state_.CaptureRunning ||
+  // Between two blocks of a live view, and while a recording is started or finished, capture rests,
+  // but the run goes on; a tab change would end it.
+  return state_.CaptureRunning || RecordingInHand() ||
          packetroutines::AnyModeSet(state_, [this](const packetroutines::Mode& mode) {
            return !packetroutines::IsLiveView(mode) || mode.RunButton(main_.Buttons()).Value;
          });

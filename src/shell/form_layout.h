@@ -20,6 +20,8 @@ class FormLayout {
   /// Selects the first tab for the time of the layout, and then the one before again.
   std::function<void()> PassFirstTab;
   std::function<void(std::int16_t)> ReturnToTab;
+  /// A recording is being started or finished.
+  std::function<bool()> RecordingInHand;
   /// Draws the background of the phasor diagram anew.
   std::function<void()> DrawPhasorGrid;
 

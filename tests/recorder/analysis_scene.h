@@ -68,10 +68,12 @@ class AnalysisScene : public FakePlatform {
   config::Settings Settings;
   config::RunSettings Present;
   std::string RecordFileName = "SV record 09.03.2024 13-04-06.txt";
+  /// Another recording runs by now.
+  bool Recording = false;
   forms::RecorderControls Recorder;
   packetroutines::PacketBytes Frame;
   packetroutines::RecordAnalysis Analysis{
-      {Settings, Present, RecordFileName, Disk},
+      {Settings, Present, RecordFileName, Disk, Recording},
       Frame,
       Recorder,
       {Code, Numbers, Calendar, Pointer, Dialogs, Links, Runtime, Open}};

@@ -89,7 +89,7 @@ TEST_F(RecordFiles, AnAnswerThatComesIntoTheNextRecordingIsToldOnTheLine) {
   Made("EXCEL", ".xls");
   Links.Late = true;
   Analysis.ViewRecording();
-  Recorder.CWButton3.Value = true;
+  Recording = true;
   Links.Waiting[0](platform::open_code::NoViewer);
   EXPECT_THAT(Dialogs.Shown, IsEmpty());
   EXPECT_EQ(Recorder.NotStored.Caption,
@@ -97,6 +97,17 @@ TEST_F(RecordFiles, AnAnswerThatComesIntoTheNextRecordingIsToldOnTheLine) {
   Recorder.NotStored.Say("not stored");
   Links.Waiting[0](platform::open_code::NoViewer);
   EXPECT_EQ(Recorder.NotStored.Caption, "not stored") << "which matters more";
+}
+
+TEST_F(RecordFiles, AnAnswerThatComesBehindAChangeOfTheTabIsToldInABox) {
+  Made("EXCEL", ".xls");
+  Links.Late = true;
+  Analysis.ViewRecording();
+  // The button of a recording that another tab has ended stays down.
+  Recorder.CWButton3.Value = true;
+  Links.Waiting[0](platform::open_code::NoViewer);
+  EXPECT_EQ(Dialogs.Shown.size(), 1U);
+  EXPECT_EQ(Recorder.NotStored.Caption, "");
 }
 
 TEST_F(RecordFiles, TheLogOpensByItsButton) {

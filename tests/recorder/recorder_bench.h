@@ -105,7 +105,7 @@ class ReadingBench : public RecorderBench {
   }
 
   packetroutines::RecordAnalysis Analysis{
-      {Settings, Present, State.RecordFileName, Disk},
+      {Settings, Present, State.RecordFileName, Disk, State.LookingForRecording},
       Dispatcher.Bytes(),
       Main,
       {Code, Numbers, Calendar, Pointer, Dialogs, Links, Runtime, Open}};

@@ -252,14 +252,14 @@ TEST_F(RecordingSession, CountsASecondRecordingFromZero) {
   EXPECT_TRUE(bench.Content("SV record 09.03.2024 14-05-08.txt").starts_with("0;"));
 }
 
-TEST_F(RecordingSession, RecordsTwoStreamsASecondTimeAsTheFirst) {
+TEST_F(RecordingSession, RecordsTwoStreamsASecondTimeButForTheNumbersOfTheSecondText) {
   for (const Format& format : Formats) {
     RecorderBench twice;
     twice.TakeBoth();
     const auto record = [&](std::int32_t second) {
       twice.Calendar.Present.Second = second;
       twice.Run(format.Name);
-      for (int i = 0; i < 4400; ++i) {
+      for (int i = 0; i < 4600; ++i) {
         twice.Receive(support::PlainFrame(i % 4000, "MU01", 1000 + i));
         twice.Receive(support::PlainFrame(i % 4000, "MU02", 2000 + i));
       }
@@ -274,7 +274,13 @@ TEST_F(RecordingSession, RecordsTwoStreamsASecondTimeAsTheFirst) {
       const std::string second =
           twice.Content(prefix + std::string("SV record 09.03.2024 14-05-08") + format.Extension);
       EXPECT_GT(first.size(), 150'000U) << format.Name << prefix;
-      EXPECT_TRUE(first == second) << format.Name << prefix;
+      const bool goesOn = format.Name == std::string("TXT") && prefix == std::string("2_");
+      if (goesOn) {
+        EXPECT_TRUE(first.starts_with("0;"));
+        EXPECT_TRUE(second.starts_with("400;"));
+      } else {
+        EXPECT_TRUE(first == second) << format.Name << prefix;
+      }
     }
     EXPECT_EQ(twice.Main.NotStored.Caption, "");
     EXPECT_THAT(twice.Dialogs.Shown, IsEmpty());

@@ -124,6 +124,21 @@ TEST_P(PressInStop, OfAnotherTabKeepsItFreeOfWhatBelongsHere) {
   EXPECT_FALSE(bench.Main.Command9.Visible);
 }
 
+TEST_P(PressInStop, OfAFormatDoesNotChangeIt) {
+  bench.Run("TXT");
+  bench.Frames(4000);
+  bench.Journal.clear();
+  bench.Events.AtPump(GetParam(), [&] { bench.Main.Option2[2].Value = true; });
+  Toggle();
+  EXPECT_EQ(bench.Settings.FileFormat, "TXT");
+  EXPECT_TRUE(bench.Main.Option2[0].Value) << "the choice is shown as it is";
+  EXPECT_FALSE(bench.Main.Option2[2].Value);
+  EXPECT_EQ(bench.State.RecordFileName, Started + ".txt");
+  EXPECT_EQ(bench.Times("log"), 1);
+  bench.Main.Option2[2].Value = true;
+  EXPECT_EQ(bench.Settings.FileFormat, "COMTRADE") << "behind it the choice is free";
+}
+
 INSTANTIATE_TEST_SUITE_P(Pumps, PressInStop, testing::Values(1, 2, 3, 4));
 
 TEST_F(Press, WhileTheLogIsMadeDoesNotBeginAnother) {
@@ -183,7 +198,8 @@ TEST_F(Press, ThatFailsInTheMidstOfAStartGivesThePageBack) {
   }
 }
 
-/// The pumps of the end at the last row of a sheet: those of a stop, and two of the stop behind it.
+/// The pumps of the end at the last row of a sheet: two of capture, those of a stop, and two of
+/// the stop behind it.
 class PressAtTheLastRow : public Press, public testing::WithParamInterface<int> {};
 
 TEST_P(PressAtTheLastRow, BeginsNoRecordingThatWouldBeEndedAtOnce) {
@@ -205,7 +221,17 @@ TEST_P(PressAtTheLastRow, BeginsNoRecordingThatWouldBeEndedAtOnce) {
   EXPECT_TRUE(bench.State.CaptureRunning);
 }
 
-INSTANTIATE_TEST_SUITE_P(Pumps, PressAtTheLastRow, testing::Range(1, 7));
+TEST_P(PressAtTheLastRow, OfAFormatDoesNotChangeIt) {
+  bench.Run("EXCEL");
+  for (int ring = 0; ring < 8; ++ring) bench.WriteRing(0);
+  bench.Events.AtPump(GetParam(), [&] { bench.Main.Option2[2].Value = true; });
+  bench.WriteRing(0);
+  EXPECT_EQ(bench.Settings.FileFormat, "EXCEL");
+  EXPECT_TRUE(bench.Main.Option2[1].Value);
+  EXPECT_TRUE(bench.Content(Started + ".xls").ends_with(std::string("\x0A\0\0\0", 4)));
+}
+
+INSTANTIATE_TEST_SUITE_P(Pumps, PressAtTheLastRow, testing::Range(1, 9));
 
 /// STOP and RUN in the pumps of the end on a full disk: two of capture in front of the box, and
 /// those of a stop.

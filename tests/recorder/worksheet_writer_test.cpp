@@ -22,6 +22,7 @@ struct ReadSheet {
       const int code = word(at);
       const auto length = static_cast<std::size_t>(word(at + 2));
       if (at + 4 + length > bytes.size()) return;
+      if (code == 3) ++Cells;
       Codes += std::to_string(code) + " ";
       const std::string data = bytes.substr(at + 4, length);
       if (code == 3) {
@@ -40,6 +41,8 @@ struct ReadSheet {
   std::string Codes;
   /// By 0-based row and column, as they stand in the file.
   std::map<std::pair<int, int>, double> Numbers;
+  /// Records of a number, also of those that stand in one place.
+  std::size_t Cells = 0;
   std::vector<std::string> Texts;
   /// The attribute bytes that cells with numbers have.
   std::set<std::string> Looks;
@@ -186,10 +189,37 @@ TEST_F(WorksheetFile, OfTheFirstStreamEndsTheRecordingAtItsLastRow) {
   EXPECT_FALSE(bench.Main.CWButton3.Value);
   EXPECT_FALSE(bench.State.LookingForRecording);
   EXPECT_FALSE(bench.State.CaptureRunning);
-  EXPECT_THAT(bench.Journal, ElementsAre("pump", "stop", "pump", "clear", "pump", "pump", "view",
-                                         "stop", "pump", "clear", "pump"));
+  EXPECT_THAT(bench.Journal,
+              ElementsAre("stop", "pump", "clear", "pump", "pump", "stop", "pump", "clear", "pump",
+                          "pump", "view", "stop", "pump", "clear", "pump"));
   EXPECT_TRUE(bench.Main.CWButton3.Visible);
 }
+
+/// The pumps of the end at the last row, in which frames come that waited behind a full ring.
+class WorksheetBacklog : public WorksheetFile, public testing::WithParamInterface<int> {};
+
+TEST_P(WorksheetBacklog, LeavesNoRowOfTheFirstStreamTwice) {
+  bench.Run("EXCEL");
+  bench.Fill(0);
+  Rings(8);
+  bench.Events.AtPump(GetParam(), [this] { bench.Frames(4000); });
+  bench.WriteRing(0);
+  EXPECT_EQ(Read(name).Cells, 9U * 32766U);
+}
+
+TEST_P(WorksheetBacklog, LeavesNoRowOfTheSecondStreamTwice) {
+  bench.TakeBoth();
+  bench.Run("EXCEL");
+  for (int ring = 1; ring <= 16; ++ring) bench.WriteRing(1, 9 * ring);
+  bench.Events.AtPump(GetParam(), [this] {
+    bench.Frames(1);
+    bench.Frames(4000, "MU02");
+  });
+  bench.WriteRing(1, 9 * 17);
+  EXPECT_EQ(Read("2_" + name).Cells, 9U * (16 * 4000 + 1534));
+}
+
+INSTANTIATE_TEST_SUITE_P(Pumps, WorksheetBacklog, testing::Values(1, 3));
 
 TEST_F(WorksheetFile, OfTheSecondStreamTakesItsRowsFromTheFirst) {
   bench.TakeBoth();
@@ -262,6 +292,50 @@ TEST_F(WorksheetFile, ThatIsNotFinishedIsTold) {
   bench.Run("TXT");
   EXPECT_TRUE(bench.Content(name).ends_with(std::string("\x0A\0\0\0", 4))) << "the next RUN tries";
   EXPECT_EQ(bench.Main.NotStored.Caption, "");
+}
+
+TEST_F(WorksheetFile, ThatIsNotFinishedAtItsLastRowIsToldOnce) {
+  bench.Run("EXCEL");
+  Rings(8);
+  bench.Events.AtPump(3, [this] { bench.Disk.FailingWrite = bench.Disk.Writes + 1; });
+  bench.Disk.AlsoBehind = true;
+  Rings(1);
+  EXPECT_EQ(bench.Main.NotStored.Caption,
+            "stream 1: not stored since 09.03.2024 14:05:07: Disk full. "
+            "The worksheet of stream 1 could not be finished: Disk full.");
+}
+
+TEST_F(WorksheetFile, TellsThatRingsAreStoredAgain) {
+  bench.Run("EXCEL");
+  bench.WriteRing(0);
+  bench.Disk.FailingWrite = bench.Disk.Writes + 1;
+  bench.Disk.FailsWhole = true;
+  bench.WriteRing(0);
+  EXPECT_TRUE(bench.Main.NotStored.Caption.Get().starts_with("stream 1: not stored since"));
+  bench.WriteRing(0);
+  EXPECT_EQ(bench.Main.NotStored.Caption,
+            "stream 1: stored again since 09.03.2024 14:05:07; 1 ring lost: Disk full.");
+  bench.Stop();
+  EXPECT_TRUE(Read(name).Whole);
+  EXPECT_EQ(Read(name).Cells, 9U * 8000U);
+}
+
+TEST_F(WorksheetFile, IsNotStoredAgainBehindAPartOfARecord) {
+  bench.Run("EXCEL");
+  bench.WriteRing(0);
+  bench.Disk.FailingWrite = bench.Disk.Writes + 1;
+  bench.WriteRing(0);
+  bench.WriteRing(0);
+  EXPECT_EQ(bench.Main.NotStored.Caption,
+            "stream 1: not stored since 09.03.2024 14:05:07: Disk full.");
+}
+
+TEST_F(WorksheetFile, WithoutItsFirstRecordIsNotStored) {
+  bench.Disk.FailsWhole = true;
+  bench.Disk.FailingWrite = 1;
+  bench.Run("EXCEL");
+  Rings(2);
+  EXPECT_TRUE(bench.Main.NotStored.Caption.Get().starts_with("stream 1: not stored since"));
 }
 
 TEST_F(WorksheetFile, ThatTheNextRunCannotFinishIsTold) {

@@ -64,6 +64,69 @@ TEST_F(Recording, TellsNothingOfARingThatWasNotFull) {
   EXPECT_TRUE(Dialogs.Shown.empty());
 }
 
+TEST_F(Recording, LeavesAloneAViewThatBeginsAmongTheFramesThatHadArrived) {
+  Receive(4000, [](int i) { return SineFrame(i, 1, 1); });
+  for (int i = 0; i < 800; ++i) Capture.Arrive(SineFrame(i, 1, 1));
+  Events.AtPump(2, [this] {
+    ASSERT_TRUE(State.LookingForRecording) << "which the frames are still delivered to";
+    Select(2);
+    Main.CWButton4.Value = true;
+  });
+
+  Main.CWButton3.Value = false;
+
+  EXPECT_TRUE(State.LookingForValues);
+  EXPECT_TRUE(State.CaptureRunning);
+  EXPECT_TRUE(Capture.Running);
+  for (const auto& lamp : Main.Shape12) EXPECT_TRUE(lamp.Visible);
+}
+
+/// The window gets another size in a pump of the recording's end or of its beginning.
+class RecordingResized : public Recording, public ::testing::WithParamInterface<int> {
+ protected:
+  void ResizeInThePump() {
+    Main.Window.State = platform::WindowState::Normal;
+    Events.AtPump(GetParam(), [this] {
+      resized = true;
+      Main.Window.TakeSize(20000, 15000);
+    });
+  }
+
+  bool resized = false;
+};
+
+TEST_P(RecordingResized, EndsWithItsLogAndItsQuickView) {
+  Receive(4000, [](int i) { return SineFrame(i, 2, 3); });
+  ResizeInThePump();
+
+  Main.CWButton3.Value = false;
+
+  ASSERT_TRUE(resized);
+  EXPECT_EQ(Main.Label5[0].Width, 5332) << "the layout is done";
+  EXPECT_EQ(Main.TabStrip1.SelectedTab, RecorderTab);
+  EXPECT_TRUE(Files.FileExists(Log));
+  EXPECT_TRUE(Main.Command9.Visible);
+  EXPECT_TRUE(Main.CWGraph2.Visible);
+  EXPECT_TRUE(Main.CWButton3.Visible);
+}
+
+TEST_P(RecordingResized, BeginsAsUsual) {
+  Main.CWButton3.Value = false;
+  ResizeInThePump();
+
+  Main.CWButton3.Value = true;
+
+  ASSERT_TRUE(resized);
+  EXPECT_TRUE(State.LookingForRecording);
+  EXPECT_TRUE(State.CaptureRunning);
+  EXPECT_TRUE(Main.CWButton3.Value);
+  EXPECT_FALSE(Main.CWButton3.Visible) << "until a ring is on disk";
+  for (const auto& format : Main.Option2) EXPECT_FALSE(format.Enabled);
+}
+
+/// Those of a beginning and of an end, their own ones and those of capture.
+INSTANTIATE_TEST_SUITE_P(Pumps, RecordingResized, ::testing::Values(1, 2, 3, 4));
+
 TEST_F(Recording, OpensItsFilesFromThePage) {
   Receive(4000, [](int i) { return SineFrame(i, 1, 1); });
 

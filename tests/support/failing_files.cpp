@@ -14,8 +14,11 @@ class FailingFiles::Output : public platform::OutputFile {
   void Write(std::string_view bytes) override {
     try {
       files_.Meet(files_.Writes, files_.FailingWrite);
+      if (files_.AlsoBehind && files_.FailingWrite > 0 && files_.Writes > files_.FailingWrite) {
+        throw platform::Failure(files_.Number);
+      }
     } catch (const platform::Failure&) {
-      file_->Write(bytes.substr(0, bytes.size() / 2));
+      if (!files_.FailsWhole) file_->Write(bytes.substr(0, bytes.size() / 2));
       throw;
     }
     file_->Write(bytes);

@@ -30,6 +30,10 @@ class FailingFiles : public platform::FileSystem {
   /// The write that fails, counted from 1 over all files; 0 for none. It stores the first half of
   /// its bytes, as a disk does that fills up.
   int FailingWrite = 0;
+  /// All behind it fail, too.
+  bool AlsoBehind = false;
+  /// It stores none of them, as a medium does that is not ready.
+  bool FailsWhole = false;
   /// The opening for writing that fails, counted likewise.
   int FailingOpen = 0;
   /// The closing that fails, counted likewise. The file is closed all the same.

@@ -75,8 +75,10 @@ void QtShellLinks::HandOver(const QString& place, const Told& told) {
                      if (error == QProcess::FailedToStart) opener->deleteLater();
                    });
   QObject::connect(opener, &QProcess::finished, &life_,
-                   [this, told](int exitCode, QProcess::ExitStatus status) {
-                     Answer(told, CodeOf(exitCode, status));
+                   [this, told, begun = std::chrono::steady_clock::now()](
+                       int exitCode, QProcess::ExitStatus status) {
+                     const bool taken = std::chrono::steady_clock::now() - begun > TakenAfter;
+                     Answer(told, taken ? open_code::Opened : CodeOf(exitCode, status));
                    });
   QObject::connect(opener, &QProcess::errorOccurred, &life_,
                    [this, told](QProcess::ProcessError error) {

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QUrl>
+#include <chrono>
 #include <deque>
 #include <functional>
 
@@ -25,6 +26,9 @@ class QtShellLinks : public platform::ShellLinks {
   /// A box stands: answers wait until it is closed.
   void Hold() { ++holds_; }
   void Release();
+
+  /// An opener that runs longer has found a viewer; how that ends tells nothing of the opening.
+  std::chrono::milliseconds TakenAfter{3000};
 
   /// The address of a target: the program writes links, and mail links with their subject, as plain
   /// texts.

@@ -177,6 +177,7 @@ TEST_F(Opener, TellsOfTheFileItselfAtOnce) {
 }
 
 TEST_F(Opener, WaitsForNobody) {
+  links_.TakenAfter = std::chrono::hours(1);
   Answering("while ! [ -e \"$0.go\" ]; do sleep 0.02; done; : > \"$0.ended\"; exit 3");
   Begin();
   QTest::qWait(50);
@@ -185,6 +186,14 @@ TEST_F(Opener, WaitsForNobody) {
   Write("xdg-open.go", "");
   EXPECT_TRUE(QTest::qWaitFor([this] { return answer_.has_value(); }, 8000));
   EXPECT_EQ(answer_, 31);
+}
+
+TEST_F(Opener, TakesALongRunForAViewerHoweverItEnds) {
+  links_.TakenAfter = std::chrono::milliseconds(1);
+  for (const char* script : {"sleep 0.02; exit 3", "sleep 0.02; kill -9 $$"}) {
+    Answering(script);
+    EXPECT_GT(Open(), 32) << script;
+  }
 }
 
 TEST_F(Opener, TellsNothingWhileABoxStands) {

@@ -42,7 +42,7 @@ class LogOfLocale : public support::FakePlatform {
 
  private:
   packetroutines::RecordLog LogOf() {
-    return {{settings_, present_, name_, Files},
+    return {{settings_, present_, name_, Files, recording_},
             frame_,
             bar_,
             {Code, Numbers, Calendar, Pointer, Dialogs, Links, Runtime, open_}};
@@ -51,6 +51,7 @@ class LogOfLocale : public support::FakePlatform {
   config::Settings settings_;
   config::RunSettings present_;
   std::string name_ = "SV record 21.11.2026 18-04-09.txt";
+  bool recording_ = false;
   packetroutines::PacketBytes frame_;
   platform::ProgressBar bar_;
   packetroutines::FileNumbers open_{Files};
