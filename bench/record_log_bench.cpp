@@ -78,11 +78,12 @@ class Recording {
   config::Settings settings_;
   config::RunSettings present_;
   std::string name_ = Name;
+  bool recording_ = false;
   packetroutines::PacketBytes frame_;
   packetroutines::FileNumbers open_{files_};
   forms::RecorderControls recorder_;
   packetroutines::RecordAnalysis analysis_{
-      {settings_, present_, name_, files_},
+      {settings_, present_, name_, files_, recording_},
       frame_,
       recorder_,
       {code_, numbers_, services_, services_, dialogs_, services_, program_, open_}};

@@ -79,10 +79,11 @@ void Comtrade(benchmark::State& state) {
 }
 BENCHMARK(Comtrade)->Name("RecordRing/Comtrade")->Unit(benchmark::kMillisecond);
 
-class NoLimits : public packetroutines::RowLimits {
+class NoLimits : public packetroutines::RecordingEnd {
  public:
   void StopAtRowLimit() override {}
   void StopAtRowLimit2() override {}
+  void StopOnFullDisk() override {}
 };
 
 void Worksheet(benchmark::State& state) {
