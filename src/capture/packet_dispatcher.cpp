@@ -119,9 +119,8 @@ Flow PacketDispatcher::CopyFrame(const CapturedFrame& pPacket) {
   return Flow::Next;
 }
 
-// Inlined beside the search of each frame, it would cost that half of its speed.
-[[gnu::noinline, gnu::cold]] void PacketDispatcher::CountUnsearched(
-    const CapturedFrame& pPacket, std::uint64_t StreamCounters::*count) {
+void PacketDispatcher::CountUnsearched(const CapturedFrame& pPacket,
+                                       std::uint64_t StreamCounters::*count) {
   const std::string_view text(reinterpret_cast<const char*>(pPacket.Bytes.data()),
                               pPacket.Bytes.size());
   for (std::size_t stream = 0; stream < filters_.size(); ++stream) {
