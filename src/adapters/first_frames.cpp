@@ -58,11 +58,10 @@ std::optional<CapturedFrame> FirstFrames::Next() {
     gathered_.PutInOrder(fresh_);
     gathering_ = false;
     fresh_ = false;
+    lookedAtAll_ = true;
   }
   if (std::optional<CapturedFrame> frame = gathered_.Next()) return frame;
-  std::optional<CapturedFrame> frame = source_->Next();
-  lookedAtAll_ = source_->LookedAtAll();
-  return frame;
+  return source_->Next();
 }
 
 bool FirstFrames::Gather() {

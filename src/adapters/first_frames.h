@@ -37,7 +37,7 @@ class FirstFrames : public FrameSource {
   void Release() override;
   platform::Presence Presence() override { return source_->Presence(); }
   std::optional<platform::CapturedFrame> Next() override;
-  bool LookedAtAll() const override { return lookedAtAll_; }
+  bool LookedAtAll() const override { return lookedAtAll_ && source_->LookedAtAll(); }
 
  private:
   /// Takes what waits. True when it is time to hand over and there is something to hand over.
@@ -52,6 +52,7 @@ class FirstFrames : public FrameSource {
   bool running_ = false;
   bool gathering_ = false;
   bool takesMore_ = true;
+  /// A gathering that is under way has taken all that waits.
   bool lookedAtAll_ = true;
   /// When the gathering ends; its first frame tells.
   std::optional<std::chrono::nanoseconds> end_;

@@ -56,6 +56,15 @@ QRectF Ink(const QImage& paper) {
   return {QPointF(ink.topLeft()) / Dots, QSizeF(ink.size()) / Dots};
 }
 
+/// What is printed fills a place, in millimetres.
+void ExpectInk(const QImage& paper, const QRectF& place) {
+  const QRectF ink = Ink(paper);
+  EXPECT_NEAR(ink.left(), place.left(), 0.15);
+  EXPECT_NEAR(ink.top(), place.top(), 0.15);
+  EXPECT_NEAR(ink.width(), place.width(), 0.2);
+  EXPECT_NEAR(ink.height(), place.height(), 0.2);
+}
+
 TEST(PrintPage, StandsATextWithItsUpperLeftCornerAtItsPlace) {
   const QFont font = PrintPage::Font("Verdana", 36, false, false);
   PrintPage page;
@@ -84,11 +93,7 @@ TEST(PrintPage, FillsARectangleWithAPicture) {
   PrintPage page;
   page.AddPicture({15, 20, 180, 97.5}, picture);
   const QImage paper = Printed(page);
-  const QRectF ink = Ink(paper);
-  EXPECT_NEAR(ink.left(), 15, 0.15);
-  EXPECT_NEAR(ink.top(), 20, 0.15);
-  EXPECT_NEAR(ink.width(), 180, 0.2);
-  EXPECT_NEAR(ink.height(), 97.5, 0.2);
+  ExpectInk(paper, {15, 20, 180, 97.5});
   EXPECT_EQ(paper.pixelColor(1000, 600), QColor(Qt::red));
 }
 
@@ -97,16 +102,10 @@ TEST(PrintPage, IsMovedOffAnEdgeThatCannotBePrintedOn) {
   picture.fill(Qt::red);
   PrintPage page;
   page.AddPicture({15, 10, 150, 100}, picture);
-  const QRectF ink = Ink(Printed(page, QRectF(QPointF(20, 12.7), QPointF(205, 290))));
-  EXPECT_NEAR(ink.left(), 20, 0.15);
-  EXPECT_NEAR(ink.top(), 12.7, 0.15);
-  EXPECT_NEAR(ink.width(), 150, 0.2);
-  EXPECT_NEAR(ink.height(), 100, 0.2);
-
-  const QRectF smaller = Ink(Printed(page, QRectF(QPointF(20, 12.7), QPointF(120, 290))));
-  EXPECT_NEAR(smaller.left(), 20, 0.15);
-  EXPECT_NEAR(smaller.top(), 12.7, 0.15);
-  EXPECT_NEAR(smaller.right(), 120, 0.2);
+  ExpectInk(Printed(page, QRectF(QPointF(20, 12.7), QPointF(205, 290))), {20, 12.7, 150, 100});
+  // Where there is less room than the page takes, it is made smaller as well.
+  ExpectInk(Printed(page, QRectF(QPointF(20, 12.7), QPointF(120, 290))),
+            {20, 12.7, 100, 100 * 100.0 / 150});
 }
 
 TEST(PrintPage, FillsARectangleWithADrawingWhateverItsSize) {
@@ -118,11 +117,7 @@ TEST(PrintPage, FillsARectangleWithADrawingWhateverItsSize) {
   PrintPage page;
   page.AddDrawing({15, 20, 180, 97.5}, drawing, {400, 100});
   const QImage paper = Printed(page);
-  const QRectF ink = Ink(paper);
-  EXPECT_NEAR(ink.left(), 15, 0.15);
-  EXPECT_NEAR(ink.top(), 20, 0.15);
-  EXPECT_NEAR(ink.width(), 180, 0.2);
-  EXPECT_NEAR(ink.height(), 97.5, 0.2);
+  ExpectInk(paper, {15, 20, 180, 97.5});
   EXPECT_EQ(paper.pixelColor(1000, 600), QColor(Qt::red));
   EXPECT_EQ(paper.pixelColor(1100, 600), QColor(Qt::blue));
 }
