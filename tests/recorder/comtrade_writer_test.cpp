@@ -108,6 +108,13 @@ TEST_F(ComtradeFiles, BeginTheConfigurationWithTheFirstRing) {
   EXPECT_EQ(Config(), FirstPiece(""));
 }
 
+TEST_F(ComtradeFiles, HoldTheStationAsItIsAlsoWhereThatBreaksALine) {
+  bench.Settings.FilterContent[0] = "BAY 4,5\n";
+  bench.WriteRing(0);
+  EXPECT_TRUE(bench.Content(Started + ".cfg")
+                  .starts_with("BAY 4,5\n,Vornik 2.3.5,1999\r\n8,8A,0D\r\n1,BAY 4,5\n:IA,Ar,"));
+}
+
 TEST_F(ComtradeFiles, EmptyAConfigurationThatWasThere) {
   bench.Files.Stored[RecorderBench::Path(Started + ".cfg")] = "older\r\n";
   bench.WriteRing(0);
