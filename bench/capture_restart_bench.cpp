@@ -5,8 +5,8 @@
 #include <cstdlib>
 
 #include "adapters/interfaces/pcap_source.h"
+#include "base/failure.h"
 #include "live/wire.h"
-#include "platform/failure.h"
 
 namespace {
 

@@ -3,16 +3,17 @@
 #   cmake -DROOT=<source root> -P check_layers.cmake
 
 cmake_minimum_required(VERSION 3.22)
-set(below_platform "")
-set(below_forms platform)
-set(below_config platform forms)
-set(below_capture platform forms config)
-set(below_measure platform forms config capture)
-set(below_recorder platform forms config capture)
-set(below_report platform forms config capture)
-set(below_shell platform forms config capture measure recorder report)
-set(below_adapters platform)
-set(below_desktop platform forms config capture measure recorder report shell)
+set(below_base "")
+set(below_platform base)
+set(below_forms base platform)
+set(below_config base platform forms)
+set(below_capture base platform forms config)
+set(below_measure base platform forms config capture)
+set(below_recorder base platform forms config capture)
+set(below_report base platform forms config capture)
+set(below_shell base platform forms config capture measure recorder report)
+set(below_adapters base platform)
+set(below_desktop base platform forms config capture measure recorder report shell)
 # The rooms of a folder, each with those that it may look into.
 set(below_platform_controls "")
 set(below_platform_services controls)
@@ -25,7 +26,7 @@ set(below_desktop_binding look widgets services)
 set(below_desktop_services look widgets)
 set(below_desktop_pages look widgets binding)
 set(below_desktop_window look widgets binding pages)
-set(core platform forms config capture measure recorder report shell)
+set(core base platform forms config capture measure recorder report shell)
 # What the core may take from outside: no threads, no locks, no streams to files or screens, nothing
 # of one system.
 set(core_headers

@@ -4,7 +4,7 @@
 #include <optional>
 #include <utility>
 
-#include "platform/failure.h"
+#include "base/failure.h"
 
 namespace adapters {
 

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/failure.h"
+#include "base/failure.h"
 
 // The capture library's types, named here so that its header stays out of ours.
 struct pcap;

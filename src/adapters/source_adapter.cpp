@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <utility>
 
-#include "platform/failure.h"
+#include "base/failure.h"
 
 namespace adapters {
 

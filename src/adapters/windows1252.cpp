@@ -4,7 +4,7 @@
 
 #include <cstddef>
 
-#include "platform/failure.h"
+#include "base/failure.h"
 
 namespace adapters {
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <utility>
 
+#include "base/failure.h"
+#include "base/zeroed_array.h"
 #include "platform/block_matrix.h"
-#include "platform/failure.h"
-#include "platform/zeroed_array.h"
 
 namespace packetroutines {
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "base/trap.h"
 #include "capture/acquisition_state.h"
 #include "capture/consumers.h"
 #include "capture/modes.h"
@@ -13,7 +14,6 @@
 #include "forms/window_controls.h"
 #include "platform/services/capture_object.h"
 #include "platform/services/services.h"
-#include "platform/trap.h"
 
 namespace packetroutines {
 

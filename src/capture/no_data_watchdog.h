@@ -2,13 +2,13 @@
 
 #include <string>
 
+#include "base/trap.h"
 #include "capture/acquisition_state.h"
 #include "capture/capture_session.h"
 #include "capture/consumers.h"
 #include "forms/run_buttons.h"
 #include "forms/window_controls.h"
 #include "platform/services/services.h"
-#include "platform/trap.h"
 
 namespace packetroutines {
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/failure.h"
+#include "base/failure.h"
 
 namespace packetroutines {
 

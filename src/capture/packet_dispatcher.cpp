@@ -2,8 +2,8 @@
 
 #include <string_view>
 
+#include "base/failure.h"
 #include "config/program_facts.h"
-#include "platform/failure.h"
 
 namespace packetroutines {
 

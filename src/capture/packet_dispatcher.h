@@ -4,6 +4,9 @@
 #include <cstdint>
 #include <string>
 
+#include "base/number_text.h"
+#include "base/program.h"
+#include "base/trap.h"
 #include "capture/acquisition_state.h"
 #include "capture/capture_session.h"
 #include "capture/consumers.h"
@@ -16,13 +19,10 @@
 #include "forms/recorder_controls.h"
 #include "forms/report_controls.h"
 #include "forms/window_controls.h"
-#include "platform/number_text.h"
 #include "platform/services/capture_object.h"
 #include "platform/services/code_page.h"
 #include "platform/services/dialogs.h"
 #include "platform/services/event_queue.h"
-#include "platform/services/program.h"
-#include "platform/trap.h"
 
 namespace packetroutines {
 

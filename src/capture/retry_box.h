@@ -1,8 +1,8 @@
 #pragma once
 
+#include "base/trap.h"
 #include "capture/consumers.h"
 #include "platform/services/dialogs.h"
-#include "platform/trap.h"
 
 namespace packetroutines {
 

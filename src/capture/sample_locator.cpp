@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <string>
 
+#include "base/number_text.h"
+#include "base/trap.h"
 #include "capture/raw_sample.h"
-#include "platform/number_text.h"
-#include "platform/trap.h"
 
 namespace packetroutines {
 

@@ -2,10 +2,10 @@
 
 #include <cstdint>
 
+#include "base/program.h"
 #include "capture/acquisition_state.h"
 #include "capture/packet_bytes.h"
 #include "capture/retry_box.h"
-#include "platform/services/program.h"
 
 namespace packetroutines {
 

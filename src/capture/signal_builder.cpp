@@ -3,9 +3,9 @@
 #include <cmath>
 #include <string>
 
+#include "base/trap.h"
 #include "capture/raw_sample.h"
 #include "platform/stream_format.h"
-#include "platform/trap.h"
 
 namespace packetroutines {
 

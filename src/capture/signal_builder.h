@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "base/number_text.h"
+#include "base/program.h"
 #include "capture/acquisition_state.h"
 #include "capture/block_arrays.h"
 #include "capture/packet_bytes.h"
@@ -10,8 +12,6 @@
 #include "config/settings.h"
 #include "forms/values_controls.h"
 #include "platform/analysis.h"
-#include "platform/number_text.h"
-#include "platform/services/program.h"
 
 namespace packetroutines {
 

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 
+#include "base/number_text.h"
 #include "capture/acquisition_state.h"
 #include "capture/capture_session.h"
 #include "capture/run_counters.h"
@@ -16,7 +17,6 @@
 #include "forms/shared_controls.h"
 #include "platform/controls/quiet_line.h"
 #include "platform/controls/timer.h"
-#include "platform/number_text.h"
 #include "platform/services/capture_object.h"
 
 namespace packetroutines {

@@ -5,10 +5,10 @@
 #include <cstdint>
 #include <string>
 
+#include "base/number_text.h"
 #include "capture/acquisition_state.h"
 #include "capture/run_counters.h"
 #include "config/settings.h"
-#include "platform/number_text.h"
 #include "platform/services/capture_object.h"
 
 namespace packetroutines {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "platform/failure.h"
-#include "platform/number_text.h"
+#include "base/failure.h"
+#include "base/number_text.h"
 
 namespace subroutines {
 

@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/failure.h"
-#include "platform/number_text.h"
-#include "platform/trap.h"
+#include "base/failure.h"
+#include "base/number_text.h"
+#include "base/trap.h"
 
 namespace subroutines {
 

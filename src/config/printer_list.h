@@ -1,11 +1,11 @@
 #pragma once
 
+#include "base/program.h"
 #include "config/settings.h"
 #include "config/stored_settings.h"
 #include "forms/setup_controls.h"
 #include "forms/waveforms_controls.h"
 #include "platform/services/dialogs.h"
-#include "platform/services/program.h"
 #include "platform/services/system_services.h"
 
 namespace subroutines {

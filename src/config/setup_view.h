@@ -3,12 +3,12 @@
 #include <cstddef>
 #include <string>
 
+#include "base/number_text.h"
 #include "config/settings.h"
 #include "config/stored_settings.h"
 #include "forms/setup_controls.h"
 #include "forms/shared_controls.h"
 #include "forms/waveforms_controls.h"
-#include "platform/number_text.h"
 #include "platform/services/file_system.h"
 #include "platform/services/system_services.h"
 

@@ -3,9 +3,9 @@
 #include <functional>
 #include <string>
 
+#include "base/failure.h"
+#include "base/number_text.h"
 #include "config/settings.h"
-#include "platform/failure.h"
-#include "platform/number_text.h"
 #include "platform/services/settings_store.h"
 
 namespace config {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/number_text.h"
 #include "desktop/binding/frame_driver.h"
 #include "desktop/binding/guard.h"
 #include "desktop/binding/qt_event_queue.h"
@@ -20,7 +21,6 @@
 #include "desktop/window/main_window.h"
 #include "platform/clock.h"
 #include "platform/controls/timer.h"
-#include "platform/number_text.h"
 #include "platform/services/capture_object.h"
 #include "platform/services/code_page.h"
 #include "shell/application.h"

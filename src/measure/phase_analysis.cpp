@@ -5,10 +5,10 @@
 #include <cstdint>
 #include <span>
 
+#include "base/failure.h"
 #include "forms/run_tips.h"
 #include "measure/angles.h"
 #include "measure/full_scales.h"
-#include "platform/failure.h"
 #include "platform/stream_format.h"
 
 namespace subroutines {

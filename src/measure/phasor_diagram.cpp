@@ -4,9 +4,9 @@
 #include <span>
 #include <string>
 
+#include "base/failure.h"
 #include "measure/angles.h"
 #include "measure/full_scales.h"
-#include "platform/failure.h"
 #include "platform/stream_format.h"
 
 namespace subroutines {

@@ -3,11 +3,11 @@
 #include <array>
 #include <cstdint>
 
+#include "base/number_text.h"
 #include "capture/acquisition_state.h"
 #include "config/settings.h"
 #include "forms/phasor_controls.h"
 #include "platform/controls/canvas.h"
-#include "platform/number_text.h"
 
 namespace subroutines {
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "base/number_text.h"
 #include "capture/acquisition_state.h"
 #include "capture/block_arrays.h"
 #include "capture/capture_session.h"
 #include "config/settings.h"
 #include "forms/window_controls.h"
-#include "platform/number_text.h"
 #include "platform/services/event_queue.h"
 
 namespace subroutines {

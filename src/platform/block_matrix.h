@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <span>
 
-#include "platform/failure.h"
+#include "base/failure.h"
+#include "base/zeroed_array.h"
 #include "platform/stream_format.h"
-#include "platform/zeroed_array.h"
 
 namespace platform {
 

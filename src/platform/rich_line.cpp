@@ -2,8 +2,8 @@
 
 #include <array>
 
-#include "platform/failure.h"
-#include "platform/number_text.h"
+#include "base/failure.h"
+#include "base/number_text.h"
 
 namespace platform {
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/number_text.h"
+#include "base/number_text.h"
+#include "base/program.h"
 #include "platform/services/calendar.h"
 #include "platform/services/code_page.h"
 #include "platform/services/dialogs.h"
 #include "platform/services/mouse_pointer.h"
-#include "platform/services/program.h"
 #include "platform/services/system_services.h"
 #include "recorder/file_numbers.h"
 

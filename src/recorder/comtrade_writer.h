@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/local_time.h"
+#include "base/local_time.h"
 #include "recorder/record_context.h"
 
 namespace packetroutines {

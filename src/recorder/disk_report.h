@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "base/failure.h"
+#include "base/number_text.h"
 #include "forms/recorder_controls.h"
-#include "platform/failure.h"
-#include "platform/number_text.h"
 #include "platform/services/calendar.h"
 #include "platform/services/file_system.h"
 

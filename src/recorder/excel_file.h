@@ -6,8 +6,8 @@
 #include <string_view>
 #include <variant>
 
-#include "platform/failure.h"
-#include "platform/number_text.h"
+#include "base/failure.h"
+#include "base/number_text.h"
 #include "platform/services/code_page.h"
 #include "recorder/file_numbers.h"
 

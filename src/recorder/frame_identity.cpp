@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
-#include "platform/failure.h"
-#include "platform/hex_text.h"
+#include "base/failure.h"
+#include "base/hex_text.h"
 
 namespace packetroutines {
 

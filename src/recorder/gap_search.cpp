@@ -1,7 +1,7 @@
 #include "recorder/gap_search.h"
 
-#include "platform/failure.h"
-#include "platform/number_text.h"
+#include "base/failure.h"
+#include "base/number_text.h"
 
 namespace packetroutines {
 

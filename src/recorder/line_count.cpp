@@ -6,7 +6,7 @@
 #include <span>
 #include <vector>
 
-#include "platform/number_text.h"
+#include "base/number_text.h"
 
 namespace packetroutines {
 

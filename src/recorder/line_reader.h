@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/failure.h"
+#include "base/failure.h"
 #include "platform/services/file_system.h"
 #include "recorder/analysis_progress.h"
 

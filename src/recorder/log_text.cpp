@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "platform/hex_text.h"
+#include "base/hex_text.h"
 
 namespace packetroutines {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/local_time.h"
+#include "base/local_time.h"
 #include "platform/services/calendar.h"
 #include "platform/services/code_page.h"
 

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <limits>
 
-#include "platform/failure.h"
-#include "platform/number_text.h"
+#include "base/failure.h"
+#include "base/number_text.h"
 
 namespace subroutines {
 

@@ -5,7 +5,7 @@
 #include <span>
 #include <string_view>
 
-#include "platform/zeroed_array.h"
+#include "base/zeroed_array.h"
 
 namespace subroutines {
 

@@ -2,10 +2,10 @@
 
 #include <string>
 
+#include "base/number_text.h"
 #include "capture/acquisition_state.h"
 #include "capture/record_rings.h"
 #include "config/settings.h"
-#include "platform/number_text.h"
 #include "platform/services/code_page.h"
 #include "platform/services/file_system.h"
 #include "recorder/file_numbers.h"

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/local_time.h"
+#include "base/local_time.h"
 #include "platform/stream_format.h"
 #include "recorder/analysis_progress.h"
 #include "recorder/frame_identity.h"

@@ -2,10 +2,10 @@
 
 #include <cstdint>
 
+#include "base/failure.h"
+#include "base/trap.h"
 #include "capture/packet_bytes.h"
 #include "platform/controls/progress_bar.h"
-#include "platform/failure.h"
-#include "platform/trap.h"
 #include "recorder/analysis_services.h"
 #include "recorder/gap_search.h"
 #include "recorder/recorded_file.h"

@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/local_time.h"
 #include "config/settings.h"
-#include "platform/local_time.h"
 #include "platform/services/file_system.h"
 #include "recorder/record_files.h"
 

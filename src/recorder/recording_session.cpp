@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "platform/failure.h"
-#include "platform/trap.h"
-#include "recorder/raised.h"
+#include "base/failure.h"
+#include "base/raised.h"
+#include "base/trap.h"
 #include "recorder/record_files.h"
 
 namespace subroutines {
@@ -166,7 +166,7 @@ void RecordingSession::BeginProgress() {
 }
 
 void RecordingSession::LockFormats() {
-  const packetroutines::Raised busy(state_.RecorderBusy);
+  const platform::Raised busy(state_.RecorderBusy);
   EnableFormats(false);
   services_.Usual.Events.Pump();
   recorder_.CWGraph2.Visible = false;

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/trap.h"
+#include "base/trap.h"
 
 namespace packetroutines {
 

@@ -2,9 +2,9 @@
 
 #include <cstdint>
 
+#include "base/failure.h"
+#include "base/program.h"
 #include "forms/recorder_controls.h"
-#include "platform/failure.h"
-#include "platform/services/program.h"
 #include "recorder/comtrade_writer.h"
 #include "recorder/disk_report.h"
 #include "recorder/record_context.h"

@@ -1,7 +1,7 @@
 #include "recorder/session_files.h"
 
-#include "platform/failure.h"
-#include "platform/trap.h"
+#include "base/failure.h"
+#include "base/trap.h"
 #include "recorder/record_files.h"
 
 namespace packetroutines {

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "base/number_text.h"
 #include "config/settings.h"
 #include "forms/recorder_controls.h"
 #include "forms/shared_controls.h"
-#include "platform/number_text.h"
 
 namespace subroutines {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "platform/hex_text.h"
+#include "base/hex_text.h"
 
 namespace packetroutines {
 

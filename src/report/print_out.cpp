@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "platform/failure.h"
-#include "platform/trap.h"
+#include "base/failure.h"
+#include "base/trap.h"
 
 namespace subroutines {
 

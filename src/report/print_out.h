@@ -3,11 +3,11 @@
 #include <functional>
 #include <string>
 
+#include "base/program.h"
 #include "forms/setup_controls.h"
 #include "platform/controls/quiet_line.h"
 #include "platform/services/calendar.h"
 #include "platform/services/print_surface.h"
-#include "platform/services/program.h"
 #include "platform/services/system_services.h"
 #include "report/print_notice.h"
 

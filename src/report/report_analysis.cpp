@@ -4,9 +4,9 @@
 #include <array>
 #include <cstdint>
 
-#include "platform/failure.h"
-#include "platform/hex_text.h"
-#include "platform/number_text.h"
+#include "base/failure.h"
+#include "base/hex_text.h"
+#include "base/number_text.h"
 
 namespace packetroutines {
 

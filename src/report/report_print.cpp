@@ -2,8 +2,8 @@
 
 #include <cstddef>
 
+#include "base/shown_text.h"
 #include "config/program_facts.h"
-#include "platform/shown_text.h"
 
 namespace subroutines {
 

@@ -3,9 +3,9 @@
 #include <array>
 #include <string_view>
 
+#include "base/trap.h"
 #include "platform/rich_line.h"
 #include "platform/rich_row.h"
-#include "platform/trap.h"
 
 namespace subroutines {
 

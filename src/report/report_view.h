@@ -5,13 +5,13 @@
 #include <optional>
 #include <string>
 
+#include "base/program.h"
 #include "capture/acquisition_state.h"
 #include "capture/capture_session.h"
 #include "forms/report_controls.h"
 #include "forms/shared_controls.h"
 #include "platform/services/code_page.h"
 #include "platform/services/event_queue.h"
-#include "platform/services/program.h"
 #include "report/report_analysis.h"
 #include "report/station_wish.h"
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "base/failure.h"
+#include "base/shown_text.h"
 #include "config/program_facts.h"
-#include "platform/failure.h"
-#include "platform/shown_text.h"
 
 namespace subroutines {
 

@@ -2,11 +2,11 @@
 
 #include <cstdint>
 
+#include "base/number_text.h"
 #include "config/settings.h"
 #include "forms/shared_controls.h"
 #include "forms/waveforms_controls.h"
 #include "forms/window_controls.h"
-#include "platform/number_text.h"
 #include "platform/services/clipboard.h"
 #include "platform/services/dialogs.h"
 #include "report/print_out.h"

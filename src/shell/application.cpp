@@ -1,7 +1,7 @@
 #include "shell/application.h"
 
-#include "platform/failure.h"
-#include "platform/trap.h"
+#include "base/failure.h"
+#include "base/trap.h"
 
 namespace formroutines {
 

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "base/number_text.h"
+#include "base/program.h"
 #include "capture/acquisition_state.h"
 #include "capture/block_arrays.h"
 #include "capture/button_release.h"
@@ -30,7 +32,6 @@
 #include "measure/values_view.h"
 #include "platform/controls/canvas.h"
 #include "platform/controls/timer.h"
-#include "platform/number_text.h"
 #include "platform/services/calendar.h"
 #include "platform/services/capture_object.h"
 #include "platform/services/clipboard.h"
@@ -40,7 +41,6 @@
 #include "platform/services/file_system.h"
 #include "platform/services/mouse_pointer.h"
 #include "platform/services/print_surface.h"
-#include "platform/services/program.h"
 #include "platform/services/services.h"
 #include "platform/services/settings_store.h"
 #include "platform/services/system_services.h"

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/failure.h"
+#include "base/trap.h"
 #include "capture/modes.h"
-#include "platform/failure.h"
 #include "platform/stream_format.h"
-#include "platform/trap.h"
 
 namespace formroutines {
 

@@ -2,9 +2,9 @@
 
 #include <functional>
 
+#include "base/program.h"
 #include "capture/acquisition_state.h"
 #include "forms/main_form.h"
-#include "platform/services/program.h"
 
 namespace formroutines {
 

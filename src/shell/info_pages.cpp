@@ -3,10 +3,10 @@
 #include <array>
 #include <string_view>
 
+#include "base/failure.h"
+#include "base/trap.h"
 #include "config/program_facts.h"
-#include "platform/failure.h"
 #include "platform/rich_row.h"
-#include "platform/trap.h"
 #include "shell/history.h"
 
 namespace formroutines {

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "base/number_text.h"
+#include "base/program.h"
 #include "config/settings.h"
 #include "forms/information_controls.h"
 #include "forms/revision_history.h"
 #include "forms/setup_controls.h"
 #include "forms/shared_controls.h"
 #include "forms/window_controls.h"
-#include "platform/number_text.h"
-#include "platform/services/program.h"
 #include "platform/services/system_services.h"
 
 namespace formroutines {

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "platform/failure.h"
-#include "platform/number_text.h"
+#include "base/failure.h"
+#include "base/number_text.h"
 #include "platform/stream_format.h"
 #include "shell/application.h"
 

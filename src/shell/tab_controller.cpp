@@ -4,8 +4,8 @@
 #include <string>
 #include <utility>
 
+#include "base/failure.h"
 #include "config/setup_view.h"
-#include "platform/failure.h"
 
 namespace formroutines {
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "base/trap.h"
 #include "capture/acquisition_state.h"
 #include "capture/capture_session.h"
 #include "capture/consumers.h"
@@ -14,7 +15,6 @@
 #include "platform/controls/window.h"
 #include "platform/services/file_system.h"
 #include "platform/services/services.h"
-#include "platform/trap.h"
 
 namespace formroutines {
 

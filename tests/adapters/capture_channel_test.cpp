@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "adapters/hand_clock.h"
-#include "platform/failure.h"
+#include "base/failure.h"
 #include "support/failures.h"
 
 namespace {

@@ -16,7 +16,7 @@
 
 #include "adapters/first_frames.h"
 #include "adapters/hand_clock.h"
-#include "platform/failure.h"
+#include "base/failure.h"
 
 namespace adapter_tests {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "adapters/first_frames_scene.h"
-#include "platform/failure.h"
+#include "base/failure.h"
 #include "support/failures.h"
 
 namespace {

@@ -11,7 +11,7 @@
 
 #include "adapters/capture_file.h"
 #include "adapters/hand_clock.h"
-#include "platform/failure.h"
+#include "base/failure.h"
 #include "support/failures.h"
 
 namespace {

@@ -6,7 +6,7 @@
 
 #include "adapters/capture_file.h"
 #include "adapters/vlan_term.h"
-#include "platform/failure.h"
+#include "base/failure.h"
 
 namespace {
 

@@ -10,9 +10,9 @@
 #include "adapters/steady_clock.h"
 #include "adapters/system_capture_layer.h"
 #include "adapters/wire_filter.h"
+#include "base/failure.h"
 #include "live/network_interface_scene.h"
 #include "live/wire.h"
-#include "platform/failure.h"
 #include "support/failures.h"
 
 namespace {

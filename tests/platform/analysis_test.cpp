@@ -7,7 +7,7 @@
 #include <numbers>
 #include <random>
 
-#include "platform/failure.h"
+#include "base/failure.h"
 #include "support/failures.h"
 
 namespace {

@@ -6,7 +6,7 @@
 #include <iterator>
 #include <string_view>
 
-#include "platform/failure.h"
+#include "base/failure.h"
 #include "support/failures.h"
 
 namespace {

@@ -6,7 +6,7 @@
 #include <limits>
 #include <random>
 
-#include "platform/number_text.h"
+#include "base/number_text.h"
 #include "support/failures.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/failure.h"
+#include "base/failure.h"
 #include "shell/tab_scene.h"
 
 namespace {

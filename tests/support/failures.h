@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "platform/failure.h"
+#include "base/failure.h"
 
 namespace support {
 

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/failure.h"
+#include "base/failure.h"
 #include "platform/services/capture_object.h"
 #include "support/journal.h"
 

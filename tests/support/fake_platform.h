@@ -9,12 +9,12 @@
 #include <vector>
 
 #include "adapters/windows1252.h"
+#include "base/number_text.h"
+#include "base/program.h"
 #include "platform/controls/timer.h"
 #include "platform/controls/window.h"
-#include "platform/number_text.h"
 #include "platform/services/dialogs.h"
 #include "platform/services/event_queue.h"
-#include "platform/services/program.h"
 #include "platform/services/settings_store.h"
 #include "platform/services/standing_box.h"
 #include "support/fake_calendar.h"

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/failure.h"
+#include "base/failure.h"
 #include "platform/services/clipboard.h"
 #include "platform/services/print_surface.h"
 #include "support/journal.h"

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/failure.h"
+#include "base/failure.h"
 #include "platform/services/file_system.h"
 #include "platform/services/standing_box.h"
 #include "platform/services/system_services.h"

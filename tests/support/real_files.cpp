@@ -4,7 +4,7 @@
 #include <iterator>
 #include <random>
 
-#include "platform/failure.h"
+#include "base/failure.h"
 
 namespace support {
 

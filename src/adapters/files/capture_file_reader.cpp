@@ -9,7 +9,7 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/failure.h"
+#include "base/failure.h"
 
 namespace adapters {
 

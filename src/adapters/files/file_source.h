@@ -10,8 +10,8 @@
 #include "adapters/files/file_pace.h"
 #include "adapters/frame_source.h"
 #include "adapters/wire_filter.h"
+#include "base/failure.h"
 #include "platform/clock.h"
-#include "platform/failure.h"
 
 namespace adapters {
 

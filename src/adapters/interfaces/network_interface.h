@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "adapters/pcap_handle.h"
-#include "platform/failure.h"
+#include "base/failure.h"
 
 namespace adapters {
 

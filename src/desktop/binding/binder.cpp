@@ -2,11 +2,11 @@
 
 #include <QSignalBlocker>
 
+#include "base/shown_text.h"
 #include "desktop/binding/mouse_presses.h"
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
 #include "desktop/widgets/focus_giver.h"
-#include "platform/shown_text.h"
 
 namespace desktop {
 

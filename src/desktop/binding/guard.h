@@ -5,9 +5,9 @@
 #include <new>
 #include <string>
 
+#include "base/failure.h"
 #include "desktop/binding/program_ended.h"
 #include "desktop/services/qt_program.h"
-#include "platform/failure.h"
 #include "platform/services/dialogs.h"
 
 namespace desktop {

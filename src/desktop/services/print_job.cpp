@@ -5,8 +5,8 @@
 #include <QTimer>
 #include <utility>
 
+#include "base/failure.h"
 #include "desktop/look/text.h"
-#include "platform/failure.h"
 
 namespace desktop {
 

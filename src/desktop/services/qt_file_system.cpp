@@ -4,9 +4,9 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include "base/failure.h"
 #include "desktop/look/text.h"
 #include "desktop/services/stdio_files.h"
-#include "platform/failure.h"
 
 namespace desktop {
 

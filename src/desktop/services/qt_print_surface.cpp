@@ -9,11 +9,11 @@
 #include <memory>
 #include <utility>
 
+#include "base/failure.h"
 #include "desktop/look/look.h"
 #include "desktop/look/picture.h"
 #include "desktop/look/text.h"
 #include "desktop/services/qt_file_system.h"
-#include "platform/failure.h"
 
 namespace desktop {
 

@@ -2,8 +2,8 @@
 
 #include <QPrinterInfo>
 
+#include "base/failure.h"
 #include "desktop/look/text.h"
-#include "platform/failure.h"
 
 namespace desktop {
 

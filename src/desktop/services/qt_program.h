@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "platform/services/program.h"
+#include "base/program.h"
 
 namespace desktop {
 

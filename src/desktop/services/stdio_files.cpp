@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <utility>
 
-#include "platform/failure.h"
+#include "base/failure.h"
 
 namespace desktop {
 

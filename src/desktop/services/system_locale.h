@@ -2,7 +2,7 @@
 
 #include <QLocale>
 
-#include "platform/number_text.h"
+#include "base/number_text.h"
 
 namespace desktop {
 

@@ -2,8 +2,8 @@
 
 #include <QSignalBlocker>
 
+#include "base/shown_text.h"
 #include "desktop/look/text.h"
-#include "platform/shown_text.h"
 
 namespace desktop {
 

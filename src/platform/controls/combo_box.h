@@ -5,8 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "base/failure.h"
 #include "platform/controls/control.h"
-#include "platform/failure.h"
 
 namespace platform {
 

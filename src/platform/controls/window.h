@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "base/failure.h"
 #include "platform/controls/control.h"
-#include "platform/failure.h"
 
 namespace platform {
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "base/program.h"
 #include "platform/services/dialogs.h"
 #include "platform/services/event_queue.h"
-#include "platform/services/program.h"
 
 namespace platform {
 

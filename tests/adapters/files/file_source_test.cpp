@@ -8,7 +8,7 @@
 
 #include "adapters/capture_file.h"
 #include "adapters/hand_clock.h"
-#include "platform/failure.h"
+#include "base/failure.h"
 #include "support/failures.h"
 
 namespace {

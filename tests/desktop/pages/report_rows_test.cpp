@@ -5,8 +5,8 @@
 #include <QListWidget>
 #include <QPainter>
 
+#include "base/shown_text.h"
 #include "desktop/widgets/quiet_line.h"
-#include "platform/shown_text.h"
 #include "report/report_analysis.h"
 #include "window_scene.h"
 

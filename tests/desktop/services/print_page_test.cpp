@@ -11,10 +11,10 @@
 #include <cmath>
 #include <iterator>
 
+#include "base/failure.h"
 #include "desktop/look/look.h"
 #include "desktop/look/picture.h"
 #include "desktop/services/qt_print_surface.h"
-#include "platform/failure.h"
 
 namespace desktop {
 namespace {

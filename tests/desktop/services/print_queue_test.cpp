@@ -6,8 +6,8 @@
 #include <QTest>
 #include <vector>
 
+#include "base/failure.h"
 #include "desktop/services/qt_print_surface.h"
-#include "platform/failure.h"
 
 namespace desktop {
 namespace {

@@ -11,10 +11,10 @@
 #include <array>
 #include <string>
 
+#include "base/failure.h"
 #include "desktop/services/qt_file_system.h"
 #include "desktop/services/qt_printers.h"
 #include "desktop/services/qt_shell_links.h"
-#include "platform/failure.h"
 #include "support/failures.h"
 
 namespace desktop {

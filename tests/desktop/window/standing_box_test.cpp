@@ -8,8 +8,8 @@
 #include <QSessionManager>
 #include <csignal>
 
+#include "base/failure.h"
 #include "desktop/services/termination_signals.h"
-#include "platform/failure.h"
 #include "window_scene.h"
 
 namespace desktop {

@@ -4,7 +4,7 @@
 #include <limits>
 #include <ostream>
 
-#include "platform/number_text.h"
+#include "base/number_text.h"
 
 namespace {
 

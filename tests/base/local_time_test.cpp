@@ -1,8 +1,8 @@
-#include "platform/local_time.h"
+#include "base/local_time.h"
 
 #include <gtest/gtest.h>
 
-#include "platform/failure.h"
+#include "base/failure.h"
 #include "support/failures.h"
 
 namespace {

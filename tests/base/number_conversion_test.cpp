@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "platform/number_text.h"
+#include "base/number_text.h"
 #include "support/failures.h"
 
 namespace {

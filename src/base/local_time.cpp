@@ -1,9 +1,9 @@
-#include "platform/local_time.h"
+#include "base/local_time.h"
 
 #include <chrono>
 #include <cstdlib>
 
-#include "platform/failure.h"
+#include "base/failure.h"
 
 namespace platform {
 

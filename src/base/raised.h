@@ -1,6 +1,6 @@
 #pragma once
 
-namespace packetroutines {
+namespace platform {
 
 /// Holds a flag True as long as it lives, also where a routine is left by an exception.
 class Raised {
@@ -14,4 +14,4 @@ class Raised {
   bool& flag_;
 };
 
-}  // namespace packetroutines
+}  // namespace platform

@@ -1,9 +1,9 @@
-#include "platform/shown_text.h"
+#include "base/shown_text.h"
 
 #include <cstddef>
 #include <cstdint>
 
-#include "platform/hex_text.h"
+#include "base/hex_text.h"
 
 namespace platform {
 

@@ -1,4 +1,4 @@
-#include "platform/decimal_digits.h"
+#include "base/decimal_digits.h"
 
 #include <bit>
 #include <charconv>

@@ -1,4 +1,4 @@
-#include "platform/trap.h"
+#include "base/trap.h"
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-#include "platform/zeroed_array.h"
+#include "base/zeroed_array.h"
 
 #include <gmock/gmock.h>
 

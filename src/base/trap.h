@@ -5,8 +5,8 @@
 #include <type_traits>
 #include <utility>
 
-#include "platform/failure.h"
-#include "platform/services/program.h"
+#include "base/failure.h"
+#include "base/program.h"
 
 namespace platform {
 

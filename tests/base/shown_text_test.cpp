@@ -1,4 +1,4 @@
-#include "platform/shown_text.h"
+#include "base/shown_text.h"
 
 #include <gtest/gtest.h>
 

@@ -11,7 +11,7 @@
 #include <random>
 #include <string>
 
-#include "platform/number_text.h"
+#include "base/number_text.h"
 
 namespace {
 

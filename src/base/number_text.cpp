@@ -1,4 +1,4 @@
-#include "platform/number_text.h"
+#include "base/number_text.h"
 
 #include <algorithm>
 #include <array>
@@ -8,7 +8,7 @@
 #include <cstdlib>
 #include <limits>
 
-#include "platform/decimal_digits.h"
+#include "base/decimal_digits.h"
 
 namespace platform {
 
