@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+
+#include "base/trap.h"
+#include "capture/modes.h"
+
+namespace packetroutines {
+
+/// What stands behind a tab of the window. The program keeps a list of its views and knows no more
+/// of them.
+class View {
+ public:
+  virtual ~View() = default;
+  /// The tab that shows it.
+  virtual std::int16_t Tab() const = 0;
+  /// What its run button runs; null where it has none.
+  virtual const Mode* RunMode() const { return nullptr; }
+  /// Brings up its first state, once, before anything is shown.
+  virtual void Load() = 0;
+  /// The tab was entered: brings its controls to the screen. `run` runs steps under the trap of a
+  /// tab change.
+  virtual void Show(const platform::Routine& run) = 0;
+  /// A tab is about to be entered: takes its controls from the screen.
+  virtual void Hide() = 0;
+};
+
+}  // namespace packetroutines
