@@ -23,7 +23,7 @@ Application::Application(const Platform& platform)
       context_{Settings, Present, State, Block, capture_, Main, platform.Events, platform.Numbers},
       values_(Main, Main, Main, stored_, context_),
       scope_(Main, Main, stored_, context_),
-      phasors_(Main, platform.PhasorPicture, State, Present, platform.Numbers),
+      phasors_(Main, State, Present, platform.Numbers),
       phases_(Main, phasors_, context_),
       setup_({Main, Main, Main}, Settings, Present, stored_, platform.Numbers, *this,
              platform.Folders),

@@ -30,7 +30,6 @@
 #include "measure/phasor_diagram.h"
 #include "measure/scope_view.h"
 #include "measure/values_view.h"
-#include "platform/controls/canvas.h"
 #include "platform/controls/timer.h"
 #include "platform/services/calendar.h"
 #include "platform/services/capture_object.h"
@@ -79,8 +78,6 @@ struct Platform {
   const platform::Calendar& Calendar;
   platform::MousePointer& Pointer;
   const platform::Screen& Screen;
-  /// The picture of the phasor diagram.
-  platform::Canvas& PhasorPicture;
 };
 
 /// The whole program below the window: it owns the shared state, builds the parts from the bottom

@@ -58,8 +58,7 @@ class Phases : public ::testing::Test {
       scene.Capture,  {scene.Main, scene.Main, scene.Main, scene.Main.Buttons()},
       scene.Settings, scene.State,
       packets,        {scene.Events, scene.Dialogs, scene.Runtime}};
-  subroutines::PhasorDiagram diagram{scene.Main, scene.PhasorPicture, scene.State, scene.Present,
-                                     scene.Numbers};
+  subroutines::PhasorDiagram diagram{scene.Main, scene.State, scene.Present, scene.Numbers};
   subroutines::PhaseAnalysis phases{scene.Main,
                                     diagram,
                                     {scene.Settings, scene.Present, scene.State, scene.Block,
