@@ -13,8 +13,9 @@
 #include <vector>
 
 #include "adapters/windows1252.h"
-#include "desktop/services/qt_file_system.h"
+#include "platform/loop/timer_queue.h"
 #include "shell/application.h"
+#include "system/computer_files.h"
 
 namespace bench {
 
@@ -107,7 +108,7 @@ class BenchCapture : public platform::CaptureLayer {
 };
 
 /// The files of this computer, in a folder that is gone at the end.
-class BenchFiles : public desktop::QtFileSystem {
+class BenchFiles : public host::ComputerFiles {
  public:
   std::string DefaultFolder() const override { return folder_.path().toStdString(); }
   void EmptyFolder() const {
@@ -184,7 +185,7 @@ struct BenchScene {
   /// Starts the program on the Values view with these content filters.
   BenchScene(const std::string& first, const std::string& second)
       : App({Timers, Events, Dialogs, Program, Store, Capture, Code, Numbers, Files, Services,
-             Services, Paper, Paper, Services, Services, Services, Screen}) {
+             Services, &Services, &Services, &Paper, &Paper, &Services, &Screen}) {
     App.Load();
     App.Main.TabStrip1.SelectedTab = 2;
     App.Main.Text1[14].Text = second;

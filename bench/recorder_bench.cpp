@@ -8,10 +8,10 @@
 #include <string>
 
 #include "adapters/windows1252.h"
-#include "desktop/services/qt_file_system.h"
 #include "recorder/comtrade_writer.h"
 #include "recorder/text_writer.h"
 #include "recorder/worksheet_writer.h"
+#include "system/computer_files.h"
 
 namespace {
 
@@ -45,7 +45,7 @@ struct WriterScene {
   config::RunSettings Present;
   packetroutines::AcquisitionState State;
   packetroutines::RecordRings Rings;
-  desktop::QtFileSystem Files;
+  host::ComputerFiles Files;
   packetroutines::FileNumbers Open{Files};
   platform::NumberText Numbers;
   adapters::Windows1252 Code;

@@ -8,11 +8,10 @@
 
 #include "bench_platform.h"
 #include "desktop/binding/graph_view.h"
-#include "desktop/binding/guard.h"
-#include "desktop/services/qt_program.h"
 #include "desktop/widgets/picture_pad.h"
 #include "measure/phase_analysis.h"
 #include "measure/scope_view.h"
+#include "platform/loop/guard.h"
 
 namespace {
 
@@ -40,8 +39,8 @@ void Plot(benchmark::State& state) {
   bench::BenchScene scene("MU_ALPHA", "");
   formroutines::Application& app = scene.App;
   app.Main.Text1[2].Text = std::to_string(state.range(0));
-  desktop::QtProgram program([] {}, nullptr);
-  desktop::Guard guard(scene.Dialogs, program);
+  platform::RunningProgram program([] {}, [](int) {});
+  platform::Guard guard(scene.Dialogs, program);
   desktop::GraphView graph(app.Main.CWGraph1, guard, nullptr);
   graph.resize(820, 620);
   graph.show();

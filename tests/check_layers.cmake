@@ -13,10 +13,13 @@ set(below_recorder base platform forms config capture)
 set(below_report base platform forms config capture)
 set(below_shell base platform forms config capture measure recorder report)
 set(below_adapters base platform)
-set(below_desktop base platform forms config capture measure recorder report shell)
+set(below_system base platform)
+set(below_desktop system base platform forms config capture measure recorder report shell)
 # The rooms of a folder, each with those that it may look into.
 set(below_platform_controls "")
 set(below_platform_services controls)
+set(below_platform_loop controls services)
+set(below_system_posix "")
 set(below_adapters_interfaces "")
 set(below_adapters_files "")
 set(below_adapters_simulated "")
@@ -33,6 +36,10 @@ set(core_headers
     algorithm array bit charconv chrono cmath cstddef cstdint cstdlib cstring exception functional
     initializer_list iterator limits list map memory new numeric optional ostream set span string
     string_view type_traits unordered_map utility variant vector)
+
+# What the system's services may take beside it, and what their room for one family of systems may.
+set(system_headers ${core_headers} cerrno cstdio ctime deque filesystem system_error)
+set(posix_headers fcntl.h signal.h spawn.h sys/types.h sys/wait.h unistd.h)
 
 set(failures "")
 file(GLOB folders RELATIVE "${ROOT}/src" "${ROOT}/src/*")
@@ -68,6 +75,8 @@ foreach(folder IN LISTS folders)
       elseif(include MATCHES "^#include <([^>]+)>$")
         set(header "${CMAKE_MATCH_1}")
         if((folder IN_LIST core AND NOT header IN_LIST core_headers)
+           OR (folder STREQUAL "system" AND NOT header IN_LIST system_headers
+               AND NOT (room STREQUAL "posix" AND header IN_LIST posix_headers))
            OR (folder STREQUAL "adapters" AND header MATCHES "^[Qq]")
            OR (folder STREQUAL "desktop" AND header MATCHES "^pcap"))
           list(APPEND failures "${file}: ${include}")

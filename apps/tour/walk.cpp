@@ -7,7 +7,6 @@
 #include <QTest>
 #include <cmath>
 
-#include "desktop/binding/program_ended.h"
 #include "desktop/widgets/reading_field.h"
 #include "desktop/widgets/run_button.h"
 
@@ -33,11 +32,7 @@ QString Member(const char* array, int index) {
 }  // namespace
 
 Walk::Walk(const desktop::Sources& sources, QSize size, qint64 started, Record& record)
-    : program_(sources,
-               [this](int exitCode) {
-                 exitCode_ = exitCode;
-                 throw desktop::ProgramEnded();
-               }),
+    : program_(sources, [this](int exitCode) { exitCode_ = exitCode; }),
       size_(size),
       started_(started),
       record_(record),

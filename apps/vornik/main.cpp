@@ -1,6 +1,5 @@
 #include <QApplication>
 #include <QMessageBox>
-#include <QStandardPaths>
 #include <exception>
 #include <filesystem>
 #include <iostream>
@@ -8,28 +7,27 @@
 #include "adapters/steady_clock.h"
 #include "adapters/system_capture_layer.h"
 #include "adapters/windows1252.h"
+#include "desktop/binding/termination.h"
 #include "desktop/desktop_program.h"
 #include "desktop/look/look.h"
-#include "desktop/services/termination_signals.h"
+#include "system/places.h"
 
 namespace {
 
-std::filesystem::path NativePath(const QString& path) {
-  return std::filesystem::path(path.toStdU16String());
+std::filesystem::path CapturesFolder() {
+  return host::DataFolder() / "vornik" / "captures";
 }
 
-std::filesystem::path CapturesFolder() {
-  const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-  return NativePath(data) / "vornik" / "captures";
+std::filesystem::path ProgramFile() {
+  return std::filesystem::path(QApplication::applicationFilePath().toStdU16String());
 }
 
 int Run() {
   const adapters::SteadyClock clock;
   const adapters::Windows1252 code;
-  adapters::SystemCaptureLayer capture(
-      clock, {CapturesFolder(), NativePath(QApplication::applicationFilePath())});
+  adapters::SystemCaptureLayer capture(clock, {CapturesFolder(), ProgramFile()});
   desktop::DesktopProgram program({capture, capture, code, clock});
-  const desktop::TerminationSignals termination([&program] { program.EndSession(); });
+  const desktop::Termination termination([&program] { program.EndSession(); });
 
   program.Load();
   return QApplication::exec();

@@ -16,7 +16,7 @@
 #include "forms/run_buttons.h"
 #include "forms/shared_controls.h"
 #include "platform/controls/quiet_line.h"
-#include "platform/controls/timer.h"
+#include "platform/loop/timer_queue.h"
 #include "platform/services/capture_object.h"
 
 namespace packetroutines {

@@ -21,28 +21,28 @@ platform::Screen PrimaryScreen() {
 
 }  // namespace
 
-DesktopProgram::DesktopProgram(const Sources& sources, QtProgram::Leave leave)
+DesktopProgram::DesktopProgram(const Sources& sources, platform::RunningProgram::Leave leave)
     : store_(dialogs_),
       program_([this] { Flush(); }, std::move(leave)),
       guard_(dialogs_, program_),
       events_(repaints_, guard_),
-      timers_(sources.Clock),
+      loop_({sources.Clock, sources.Frames, guard_, timerAlarm_, frameAlarm_}),
       numbers_(SeparatorsOf(QLocale::system())),
-      frames_(sources.Frames, guard_),
       calendar_(QLocale::system()),
       surface_(printers_, calendar_),
       screen_(PrimaryScreen()),
-      application_({timers_, events_, dialogs_, program_, store_, sources.Capture, sources.Code,
-                    numbers_, files_, folders_, printers_, surface_, clipboard_, links_, calendar_,
-                    pointer_, screen_}),
-      alarms_(timers_, sources.Clock, guard_),
+      application_({loop_.Timers, events_, dialogs_, program_, store_, sources.Capture,
+                    sources.Code, numbers_, files_, links_, calendar_, &folders_, &printers_,
+                    &surface_, &clipboard_, &pointer_, &screen_}),
       window_({application_.Main, application_.Revisionhistory, application_.DebugWindow,
                application_.IDlook},
               guard_, repaints_) {
   surface_.DataPath = [this] { return application_.Settings.StoragePath; };
   dialogs_.SetOwner(&window_);
   folders_.SetOwner(&window_);
-  dialogs_.Stands = [this](bool stands) { StandStill(stands); };
+  loop_.AlsoHold(store_);
+  loop_.AlsoHold(links_);
+  dialogs_.Stands = [this](bool stands) { loop_.BoxStands(stands); };
   folders_.Stands = dialogs_.Stands;
   window_.Unloaded = [this] { guard_.End(0); };
   QObject::connect(qGuiApp, &QGuiApplication::commitDataRequest, &window_,
@@ -60,20 +60,6 @@ void DesktopProgram::Flush() {
   application_.CloseFiles();
 }
 
-void DesktopProgram::StandStill(bool boxStands) {
-  if (boxStands) {
-    timers_.Hold();
-    frames_.Hold();
-    store_.Hold();
-    links_.Hold();
-  } else {
-    timers_.Release();
-    frames_.Release();
-    store_.Release();
-    links_.Release();
-  }
-}
-
 void DesktopProgram::Load() {
   guard_([this] { application_.Load(); });
   repaints_.Flush();
@@ -82,7 +68,7 @@ void DesktopProgram::Load() {
 void DesktopProgram::EndSession() {
   if (guard_.Closed()) {
     // A failure's box stands and nobody is there to close it.
-    guard_.End(Guard::FailureExitCode);
+    guard_.End(platform::Guard::FailureExitCode);
     return;
   }
   guard_([this] { application_.EndSession(); });

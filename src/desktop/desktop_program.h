@@ -1,28 +1,28 @@
 #pragma once
 
 #include "base/number_text.h"
-#include "desktop/binding/frame_driver.h"
-#include "desktop/binding/guard.h"
 #include "desktop/binding/qt_event_queue.h"
 #include "desktop/binding/repaint_queue.h"
-#include "desktop/binding/timer_driver.h"
+#include "desktop/services/qt_alarm.h"
 #include "desktop/services/qt_calendar.h"
 #include "desktop/services/qt_clipboard.h"
 #include "desktop/services/qt_dialogs.h"
-#include "desktop/services/qt_file_system.h"
 #include "desktop/services/qt_folder_dialog.h"
 #include "desktop/services/qt_mouse_pointer.h"
 #include "desktop/services/qt_print_surface.h"
 #include "desktop/services/qt_printers.h"
-#include "desktop/services/qt_program.h"
 #include "desktop/services/qt_settings_store.h"
 #include "desktop/services/qt_shell_links.h"
 #include "desktop/window/main_window.h"
 #include "platform/clock.h"
-#include "platform/controls/timer.h"
+#include "platform/loop/guard.h"
+#include "platform/loop/loop.h"
+#include "platform/loop/running_program.h"
 #include "platform/services/capture_object.h"
 #include "platform/services/code_page.h"
 #include "shell/application.h"
+#include "system/computer_files.h"
+#include "system/process.h"
 
 namespace desktop {
 
@@ -39,7 +39,8 @@ struct Sources {
 class DesktopProgram {
  public:
   /// `leave` takes the place of leaving the process, for those who want to see the end.
-  explicit DesktopProgram(const Sources& sources, QtProgram::Leave leave = nullptr);
+  explicit DesktopProgram(const Sources& sources,
+                          platform::RunningProgram::Leave leave = host::LeaveProcess);
   DesktopProgram(const DesktopProgram&) = delete;
   DesktopProgram& operator=(const DesktopProgram&) = delete;
   ~DesktopProgram();
@@ -55,18 +56,18 @@ class DesktopProgram {
  private:
   /// Saves what must outlive the process.
   void Flush();
-  void StandStill(bool boxStands);
 
   QtDialogs dialogs_;
   QtSettingsStore store_;
-  QtProgram program_;
-  Guard guard_;
+  platform::RunningProgram program_;
+  platform::Guard guard_;
   RepaintQueue repaints_;
   QtEventQueue events_;
-  platform::TimerQueue timers_;
+  QtAlarm timerAlarm_;
+  QtAlarm frameAlarm_;
+  platform::Loop loop_;
   platform::NumberText numbers_;
-  FrameDriver frames_;
-  QtFileSystem files_;
+  host::ComputerFiles files_;
   QtFolderDialog folders_;
   QtPrinters printers_;
   QtShellLinks links_{[this](const std::function<void()>& action) { guard_(action); }};
@@ -76,7 +77,6 @@ class DesktopProgram {
   QtClipboard clipboard_;
   platform::Screen screen_;
   formroutines::Application application_;
-  TimerDriver alarms_;
   MainWindow window_;
 };
 

@@ -11,7 +11,7 @@ namespace forms {
 /// The window of the stream finder.
 class IDlook {
  public:
-  explicit IDlook(platform::TimerQueue& timers) : Timer1(timers) {
+  explicit IDlook(platform::TimerCount& timers) : Timer1(timers) {
     Window.Caption = "Find streams";
     Frame1.Caption = "IEC 61850.9.2LE (SV) sender on the bus";
     List1.ToolTipText = "List of all senders still found sending";

@@ -26,7 +26,7 @@ class Main : public WindowControls,
              public ReportControls,
              public SetupControls {
  public:
-  explicit Main(platform::TimerQueue& timers) : TimerControls(timers) {}
+  explicit Main(platform::TimerCount& timers) : TimerControls(timers) {}
 
   RunButtons Buttons() { return {CWButton1, CWButton2, CWButton3, CWButton4, Command2}; }
 };

@@ -55,7 +55,7 @@ struct WindowControls {
 
 /// The timers of the burst cycle.
 struct TimerControls {
-  explicit TimerControls(platform::TimerQueue& timers)
+  explicit TimerControls(platform::TimerCount& timers)
       : Timer1(timers), Timer2(timers), Timer3(timers) {}
 
   /// The no-data watchdog.

@@ -50,10 +50,10 @@ void WaveformPrint::Command1_Click() {
 }
 
 void WaveformPrint::Command1_MouseDown(std::int16_t button) {
-  if (button != platform::mouse_button::Right) return;
+  if (button != platform::mouse_button::Right || parts_.Clipboard == nullptr) return;
   parts_.Window.Picture5.Image = parts_.Scope.CWGraph1.Image();
-  parts_.Clipboard.Clear();
-  parts_.Clipboard.SetPicture(parts_.Window.Picture5.Image);
+  parts_.Clipboard->Clear();
+  parts_.Clipboard->SetPicture(parts_.Window.Picture5.Image);
   parts_.Dialogs.Show(
       {"Success", "Actual graph is now copied to the clipboard.", platform::Icon::Information});
   parts_.Window.Picture5.Image = platform::Picture();

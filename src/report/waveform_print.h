@@ -21,7 +21,8 @@ struct WaveformPrintParts {
   const config::Settings& Settings;
   const platform::NumberText& Numbers;
   platform::Dialogs& Dialogs;
-  platform::Clipboard& Clipboard;
+  /// Where there is one.
+  platform::Clipboard* Clipboard;
 };
 
 /// Puts the graph of the Waveforms view on a landscape page with its legend, or its image on the

@@ -2,6 +2,7 @@
 
 #include "base/failure.h"
 #include "base/trap.h"
+#include "platform/services/absent.h"
 
 namespace formroutines {
 
@@ -26,16 +27,16 @@ Application::Application(const Platform& platform)
       phasors_(Main, State, Present, platform.Numbers),
       phases_(Main, phasors_, context_),
       setup_({Main, Main, Main}, Settings, Present, stored_, platform.Numbers, *this,
-             platform.Folders),
+             platform::OrNone(platform.Folders)),
       adapters_(Main, Settings, stored_),
-      printers_(Main, Main, Settings, stored_, platform.Printers, platform.Dialogs,
-                platform.Program),
+      printers_(Main, Main, Settings, stored_, platform::OrNone(platform.Printers),
+                platform.Dialogs, platform.Program),
       open_(platform.Files),
       analysis_(
           {Settings, Present, State.RecordFileName, platform.Files, State.LookingForRecording},
           dispatcher_.Bytes(), Main,
-          {platform.Code, platform.Numbers, platform.Calendar, platform.Pointer, platform.Dialogs,
-           platform.Links, platform.Program, open_}),
+          {platform.Code, platform.Numbers, platform.Calendar, platform::OrNone(platform.Pointer),
+           platform.Dialogs, platform.Links, platform.Program, open_}),
       record_{Settings, Present,          State,        Rings, platform.Files,
               open_,    platform.Numbers, platform.Code},
       sheets_(open_, platform.Numbers, platform.Code),
@@ -61,8 +62,8 @@ Application::Application(const Platform& platform)
       printNotice_(Main.StatusBar1.Panels[forms::status_panel::Printer]),
       printing_{Main,
                 printNotice_,
-                platform.Printers,
-                platform.Surface,
+                platform::OrNone(platform.Printers),
+                platform::OrNone(platform.Surface),
                 platform.Calendar,
                 platform.Program},
       reportPrint_(report_, Main, Main.QuietLine[forms::quiet_line::Report], platform.Dialogs,
@@ -73,7 +74,7 @@ Application::Application(const Platform& platform)
       finder_({IDlook, Main, Main, Main}, State, Settings, stored_, capture_,
               {dispatcher_.Bytes(), platform.Code}, services_),
       pages_({Main, Main, Main, Main}, Revisionhistory, Settings, Present, platform.Numbers,
-             platform.Printers, platform.Links, platform.Program),
+             platform::OrNone(platform.Printers), platform.Links, platform.Program),
       resize_(Main, State, platform.Program) {
   stored_.StatusUpdate = [this] { pages_.StatusUpdate(); };
   tabs_.OtherForms = {&Revisionhistory.Window, &DebugWindow.Window, &IDlook.Window};

@@ -2,8 +2,6 @@
 
 #include <string>
 
-#include "base/number_text.h"
-#include "base/program.h"
 #include "capture/acquisition_state.h"
 #include "capture/block_arrays.h"
 #include "capture/button_release.h"
@@ -30,19 +28,7 @@
 #include "measure/phasor_diagram.h"
 #include "measure/scope_view.h"
 #include "measure/values_view.h"
-#include "platform/controls/timer.h"
-#include "platform/services/calendar.h"
-#include "platform/services/capture_object.h"
-#include "platform/services/clipboard.h"
-#include "platform/services/code_page.h"
-#include "platform/services/dialogs.h"
-#include "platform/services/event_queue.h"
-#include "platform/services/file_system.h"
-#include "platform/services/mouse_pointer.h"
-#include "platform/services/print_surface.h"
 #include "platform/services/services.h"
-#include "platform/services/settings_store.h"
-#include "platform/services/system_services.h"
 #include "recorder/disk_report.h"
 #include "recorder/record_analysis.h"
 #include "recorder/recording_session.h"
@@ -55,30 +41,10 @@
 #include "report/waveform_print.h"
 #include "shell/form_layout.h"
 #include "shell/info_pages.h"
+#include "shell/platform.h"
 #include "shell/tab_controller.h"
 
 namespace formroutines {
-
-/// What the program needs of the platform that it runs on.
-struct Platform {
-  platform::TimerQueue& Timers;
-  platform::EventQueue& Events;
-  platform::Dialogs& Dialogs;
-  platform::Program& Program;
-  platform::SettingsStore& Store;
-  platform::CaptureLayer& Capture;
-  const platform::CodePage& Code;
-  const platform::NumberText& Numbers;
-  platform::FileSystem& Files;
-  platform::FolderDialog& Folders;
-  platform::Printers& Printers;
-  platform::PrintSurface& Surface;
-  platform::Clipboard& Clipboard;
-  platform::ShellLinks& Links;
-  const platform::Calendar& Calendar;
-  platform::MousePointer& Pointer;
-  const platform::Screen& Screen;
-};
 
 /// The whole program below the window: it owns the shared state, builds the parts from the bottom
 /// up and plugs the upper ones into the lower ones.
@@ -114,6 +80,7 @@ class Application : private config::SetupConsumers,
   void CheckScreen();
   void PrepareStorage();
   void FormSetup();
+  void ListPrinters();
   void LoadViews();
   void ReserveMemory();
   void SetFlags();

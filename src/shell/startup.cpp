@@ -20,8 +20,9 @@ void Application::Load() {
 }
 
 void Application::CheckScreen() {
-  if (platform_.Screen.Width >= platform::MinimumWidth &&
-      platform_.Screen.Height >= platform::MinimumHeight)
+  const platform::Screen* screen = platform_.Screen;
+  if (screen == nullptr ||
+      (screen->Width >= platform::MinimumWidth && screen->Height >= platform::MinimumHeight))
     return;
   platform_.Dialogs.Show({"Attention",
                           std::string("Please change the resolution of the screen ") + Crlf +
@@ -56,12 +57,21 @@ void Application::FormSetup() {
   Main.Window.Visible = true;
   adapters_.Restore([this] { capture_.FillAdapterList(); });
   adapters_.ShowAdvice(platform_.Capture.Advice());
-  printers_.PrinterList(true, true);
-  printers_.SelectStored();
+  ListPrinters();
   tabs_.OpenLastTab(lastTab);
   Main.TabStrip1.Visible = true;
   Main.Window.State = platform::WindowState::Maximized;
   resize_.FormResize();
+}
+
+void Application::ListPrinters() {
+  if (platform_.Printers == nullptr) {
+    // A face without any has nothing to tell its user about.
+    Main.Command1.Enabled = false;
+    return;
+  }
+  printers_.PrinterList(true, true);
+  printers_.SelectStored();
 }
 
 /// Each view brings up its own state. The order counts: what is assigned raises the events of a

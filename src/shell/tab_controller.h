@@ -11,8 +11,8 @@
 #include "config/settings.h"
 #include "config/stored_settings.h"
 #include "forms/main_form.h"
-#include "platform/controls/timer.h"
 #include "platform/controls/window.h"
+#include "platform/loop/timer_queue.h"
 #include "platform/services/file_system.h"
 #include "platform/services/services.h"
 

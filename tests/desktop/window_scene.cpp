@@ -6,7 +6,6 @@
 #include <QTimer>
 #include <utility>
 
-#include "desktop/binding/program_ended.h"
 #include "desktop/widgets/reading_field.h"
 
 namespace desktop {
@@ -24,10 +23,8 @@ WindowScene::WindowScene(adapters::SystemCaptureLayer::InterfaceLister interface
 WindowScene::~WindowScene() = default;
 
 void WindowScene::Build() {
-  program_.emplace(Sources{capture_, capture_, code_, clock_}, [this](int exitCode) {
-    exitCode_ = exitCode;
-    throw ProgramEnded();
-  });
+  program_.emplace(Sources{capture_, capture_, code_, clock_},
+                   [this](int exitCode) { exitCode_ = exitCode; });
 }
 
 void WindowScene::Start() {

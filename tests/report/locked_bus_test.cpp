@@ -70,9 +70,9 @@ class AtALockedBus : public ::testing::TestWithParam<int> {
   support::LockedBus Bus{Platform.Clock};
   formroutines::Application App{
       {Platform.Timers, Platform.Events, Platform.Dialogs, Platform.Runtime, Platform.Store, Bus,
-       Platform.Code, Platform.Numbers, Platform.Files, Platform.Folders, Platform.Printers,
-       Platform.Surface, Platform.Clipboard, Platform.Links, Platform.Calendar, Platform.Pointer,
-       Platform.Screen}};
+       Platform.Code, Platform.Numbers, Platform.Files, Platform.Links, Platform.Calendar,
+       &Platform.Folders, &Platform.Printers, &Platform.Surface, &Platform.Clipboard,
+       &Platform.Pointer, &Platform.Screen}};
   forms::Main& main = App.Main;
 };
 

@@ -25,8 +25,8 @@ class Scene : public FakePlatform {
   /// The files of the platform, which fail where the test wants it.
   FailingFiles Disk{Files};
   formroutines::Application App{{Timers, Events, Dialogs, Runtime, Store, Capture, Code, Numbers,
-                                 Disk, Folders, Printers, Surface, Clipboard, Links, Calendar,
-                                 Pointer, Screen}};
+                                 Disk, Links, Calendar, &Folders, &Printers, &Surface, &Clipboard,
+                                 &Pointer, &Screen}};
   forms::Main& Main = App.Main;
   RecordingCanvas PhasorPicture{Main.phasordiagram};
   config::Settings& Settings = App.Settings;

@@ -50,7 +50,8 @@ QString ArrayName(const char* array, std::size_t index) {
   return QStringLiteral("%1(%2)").arg(QLatin1String(array)).arg(index);
 }
 
-Binder::Binder(Guard& guard, RepaintQueue& repaints) : guard_(guard), repaints_(repaints) {}
+Binder::Binder(platform::Guard& guard, RepaintQueue& repaints)
+    : guard_(guard), repaints_(repaints) {}
 
 /// Shows a property that may change far more often than the screen can show.
 template <typename T, typename Show>

@@ -7,7 +7,6 @@
 #include <QString>
 #include <QWidget>
 
-#include "desktop/binding/guard.h"
 #include "desktop/binding/repaint_queue.h"
 #include "desktop/widgets/check_list_view.h"
 #include "desktop/widgets/choice_box.h"
@@ -28,6 +27,7 @@
 #include "platform/controls/quiet_line.h"
 #include "platform/controls/status_bar.h"
 #include "platform/controls/text_box.h"
+#include "platform/loop/guard.h"
 
 namespace desktop {
 
@@ -47,7 +47,7 @@ enum class Wording {
 /// and never decides anything.
 class Binder {
  public:
-  Binder(Guard& guard, RepaintQueue& repaints);
+  Binder(platform::Guard& guard, RepaintQueue& repaints);
 
   void Bind(platform::Label& control, QLabel& widget, const QString& name,
             Wording wording = Wording::Own);
@@ -76,7 +76,7 @@ class Binder {
   template <typename T, typename Show>
   void FollowLater(platform::Property<T>& property, Show show);
 
-  Guard& guard_;
+  platform::Guard& guard_;
   RepaintQueue& repaints_;
 };
 

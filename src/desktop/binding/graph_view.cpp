@@ -48,7 +48,7 @@ constexpr double PaperStrokes = PaperLineMillimetres / 2 / MillimetresOfUnit;
 
 }  // namespace
 
-GraphView::GraphView(platform::CWGraph& graph, Guard& guard, QWidget* parent)
+GraphView::GraphView(platform::CWGraph& graph, platform::Guard& guard, QWidget* parent)
     : QCustomPlot(parent), graph_(graph), guard_(guard) {
   setBackground(QBrush(look::Page));
   setPlottingHint(QCP::phFastPolylines);

@@ -7,9 +7,9 @@
 #include <optional>
 
 #include "desktop/binding/cased_curve.h"
-#include "desktop/binding/guard.h"
 #include "desktop/look/scale.h"
 #include "platform/controls/cw_graph.h"
+#include "platform/loop/guard.h"
 
 namespace desktop {
 
@@ -19,7 +19,7 @@ class GraphView : public QCustomPlot, public look::Scalable {
   Q_OBJECT
 
  public:
-  GraphView(platform::CWGraph& graph, Guard& guard, QWidget* parent);
+  GraphView(platform::CWGraph& graph, platform::Guard& guard, QWidget* parent);
   void TakeScale() override;
 
  protected:
@@ -50,7 +50,7 @@ class GraphView : public QCustomPlot, public look::Scalable {
   std::optional<QCPRange> VisibleValues() const;
 
   platform::CWGraph& graph_;
-  Guard& guard_;
+  platform::Guard& guard_;
   std::array<CasedCurve*, 8> curves_{};
   QTimer drawing_;
   /// The ends of an axis come from the screen, not from the program.

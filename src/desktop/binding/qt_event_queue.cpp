@@ -6,7 +6,7 @@
 
 namespace desktop {
 
-QtEventQueue::QtEventQueue(RepaintQueue& repaints, Guard& guard)
+QtEventQueue::QtEventQueue(RepaintQueue& repaints, platform::Guard& guard)
     : repaints_(repaints), guard_(guard) {}
 
 void QtEventQueue::Pump() {

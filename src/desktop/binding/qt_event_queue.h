@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "desktop/binding/guard.h"
 #include "desktop/binding/repaint_queue.h"
+#include "platform/loop/guard.h"
 #include "platform/services/event_queue.h"
 
 namespace desktop {
@@ -11,14 +11,14 @@ namespace desktop {
 /// The event queue of the window's thread.
 class QtEventQueue : public platform::EventQueue {
  public:
-  QtEventQueue(RepaintQueue& repaints, Guard& guard);
+  QtEventQueue(RepaintQueue& repaints, platform::Guard& guard);
 
   void Pump() override;
   void WaitMs(std::int32_t ms) override;
 
  private:
   RepaintQueue& repaints_;
-  Guard& guard_;
+  platform::Guard& guard_;
 };
 
 }  // namespace desktop

@@ -34,7 +34,7 @@ void MakeHeading(QLabel& label) {
 }  // namespace
 
 RecorderPage::RecorderPage(forms::RecorderControls& recorder, forms::SharedControls& shared,
-                           forms::ValuesControls& values, Binder& binder, Guard& guard,
+                           forms::ValuesControls& values, Binder& binder, platform::Guard& guard,
                            QWidget* parent)
     : QWidget(parent), recorder_(recorder), shared_(shared), values_(values), binder_(binder) {
   auto* all = new QGridLayout(this);

@@ -5,12 +5,12 @@
 
 #include "desktop/binding/binder.h"
 #include "desktop/binding/graph_view.h"
-#include "desktop/binding/guard.h"
 #include "desktop/widgets/card.h"
 #include "desktop/widgets/curve_name.h"
 #include "forms/recorder_controls.h"
 #include "forms/shared_controls.h"
 #include "forms/values_controls.h"
+#include "platform/loop/guard.h"
 
 namespace desktop {
 
@@ -22,7 +22,8 @@ class RecorderPage : public QWidget {
  public:
   /// The names of the curves are those of the values on the Values view, with their units.
   RecorderPage(forms::RecorderControls& recorder, forms::SharedControls& shared,
-               forms::ValuesControls& values, Binder& binder, Guard& guard, QWidget* parent);
+               forms::ValuesControls& values, Binder& binder, platform::Guard& guard,
+               QWidget* parent);
 
  private:
   Card* RecordingCard();

@@ -29,7 +29,7 @@ QLabel* Heading(const platform::Label& words, QWidget* parent) {
 }  // namespace
 
 WaveformsPage::WaveformsPage(forms::WaveformsControls& scope, forms::SharedControls& shared,
-                             forms::WindowControls& form, Binder& binder, Guard& guard,
+                             forms::WindowControls& form, Binder& binder, platform::Guard& guard,
                              QWidget* parent)
     : QWidget(parent),
       scope_(scope),

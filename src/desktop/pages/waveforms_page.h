@@ -6,7 +6,6 @@
 
 #include "desktop/binding/binder.h"
 #include "desktop/binding/graph_view.h"
-#include "desktop/binding/guard.h"
 #include "desktop/look/scale.h"
 #include "desktop/widgets/card.h"
 #include "desktop/widgets/legend_box.h"
@@ -16,6 +15,7 @@
 #include "forms/shared_controls.h"
 #include "forms/waveforms_controls.h"
 #include "forms/window_controls.h"
+#include "platform/loop/guard.h"
 
 namespace desktop {
 
@@ -26,7 +26,8 @@ class WaveformsPage : public QWidget, public look::Scalable {
 
  public:
   WaveformsPage(forms::WaveformsControls& scope, forms::SharedControls& shared,
-                forms::WindowControls& form, Binder& binder, Guard& guard, QWidget* parent);
+                forms::WindowControls& form, Binder& binder, platform::Guard& guard,
+                QWidget* parent);
 
   /// The frame; the view's logo stands at its foot.
   QWidget& Frame() { return *frame_; }

@@ -6,13 +6,6 @@
 
 namespace desktop {
 
-platform::LocalTime QtCalendar::Now() const {
-  const QDateTime now = QDateTime::currentDateTime();
-  const QDate day = now.date();
-  const QTime time = now.time();
-  return {day.year(), day.month(), day.day(), time.hour(), time.minute(), time.second()};
-}
-
 std::string QtCalendar::GeneralText(const platform::LocalTime& moment) const {
   QString date = locale_.dateFormat(QLocale::ShortFormat);
   if (!date.contains(QStringLiteral("yyyy"))) {

@@ -2,16 +2,15 @@
 
 #include <QLocale>
 
-#include "platform/services/calendar.h"
+#include "system/calendar.h"
 
 namespace desktop {
 
 /// The date of this computer in the writing of a locale.
-class QtCalendar : public platform::Calendar {
+class QtCalendar : public host::Calendar {
  public:
   explicit QtCalendar(QLocale locale) : locale_(std::move(locale)) {}
 
-  platform::LocalTime Now() const override;
   /// The locale's short date and its time with seconds. The year has all its digits and the time no
   /// zone, whatever the locale leaves out or adds.
   std::string GeneralText(const platform::LocalTime& moment) const override;

@@ -5,14 +5,14 @@
 #include <QFileInfo>
 
 #include "desktop/look/text.h"
-#include "desktop/services/qt_file_system.h"
+#include "system/places.h"
 
 namespace desktop {
 
 std::optional<std::string> QtFolderDialog::Browse(const std::string& title,
                                                   const std::string& present) {
   const platform::StandingBox standing(Stands);
-  const QString folder = QtFileSystem::Resolve(present);
+  const QString folder = ToQt(host::NativePlace(present));
   const bool there = !folder.isEmpty() && QFileInfo(folder).isDir();
   QFileDialog dialog(owner_, ToQt(title), there ? folder : QDir::homePath());
   dialog.setFileMode(QFileDialog::Directory);

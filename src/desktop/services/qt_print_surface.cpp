@@ -13,7 +13,7 @@
 #include "desktop/look/look.h"
 #include "desktop/look/picture.h"
 #include "desktop/look/text.h"
-#include "desktop/services/qt_file_system.h"
+#include "system/places.h"
 
 namespace desktop {
 
@@ -124,7 +124,7 @@ QByteArray QtPrintSurface::Pdf(const PrintPage& page, const Paper& paper) const 
 
 QString QtPrintSurface::WriteFile(const PrintPage& page) const {
   const QByteArray bytes = Pdf(page, {});
-  const QDir folder(QtFileSystem::Resolve(DataPath()));
+  const QDir folder(ToQt(host::NativePlace(DataPath())));
   const QString stem = document_ + u' ' + ToQt(platform::DottedText(calendar_.Now(), '-'));
   for (int copy = 1;; ++copy) {
     const QString number = copy == 1 ? QString() : QStringLiteral(" (%1)").arg(copy);

@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/loop/holdable.h"
 #include "platform/services/dialogs.h"
 #include "platform/services/settings_store.h"
 
@@ -16,7 +17,7 @@ namespace desktop {
 /// is written as soon as the window is idle, and only that: so two programs on one file keep each
 /// other's changes. While a file cannot be written, this is told once, and the texts stay in
 /// memory.
-class QtSettingsStore : public platform::SettingsStore {
+class QtSettingsStore : public platform::SettingsStore, public platform::Holdable {
  public:
   explicit QtSettingsStore(platform::Dialogs& dialogs);
 
@@ -29,9 +30,9 @@ class QtSettingsStore : public platform::SettingsStore {
   /// events into a program that is ending, or keep one waiting that nobody sits at.
   void SyncQuietly();
   /// Lets the report of a file that cannot be written wait until the release: it would open on top
-  /// of the box that stands. Holds nest.
-  void Hold();
-  void Release();
+  /// of the box that stands.
+  void Hold() override;
+  void Release() override;
 
  private:
   QSettings& FileOf(const std::string& application) const;

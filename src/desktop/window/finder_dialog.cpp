@@ -20,7 +20,7 @@ constexpr int Margin = 18;
 }  // namespace
 
 FinderDialog::FinderDialog(forms::IDlook& look, const platform::TabStrip& strip, Binder& binder,
-                           Guard& guard, QWidget* parent)
+                           platform::Guard& guard, QWidget* parent)
     : QDialog(parent), look_(look), strip_(strip), guard_(guard), list_(new CheckListView(this)) {
   setObjectName(QStringLiteral("IDlook"));
   setWindowTitle(ToQt(look.Window.Caption));

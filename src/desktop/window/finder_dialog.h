@@ -3,10 +3,10 @@
 #include <QDialog>
 
 #include "desktop/binding/binder.h"
-#include "desktop/binding/guard.h"
 #include "desktop/widgets/check_list_view.h"
 #include "forms/id_look.h"
 #include "platform/controls/tab_strip.h"
+#include "platform/loop/guard.h"
 
 namespace desktop {
 
@@ -17,8 +17,8 @@ class FinderDialog : public QDialog {
 
  public:
   /// The heading stands in the colours of the strip.
-  FinderDialog(forms::IDlook& look, const platform::TabStrip& strip, Binder& binder, Guard& guard,
-               QWidget* parent);
+  FinderDialog(forms::IDlook& look, const platform::TabStrip& strip, Binder& binder,
+               platform::Guard& guard, QWidget* parent);
 
   void reject() override;
 
@@ -32,7 +32,7 @@ class FinderDialog : public QDialog {
 
   forms::IDlook& look_;
   const platform::TabStrip& strip_;
-  Guard& guard_;
+  platform::Guard& guard_;
   CheckListView* list_;
 };
 

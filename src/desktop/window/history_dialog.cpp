@@ -19,7 +19,7 @@ constexpr int Margin = 18;
 }  // namespace
 
 HistoryDialog::HistoryDialog(forms::Revisionhistory& history, const platform::TabStrip& strip,
-                             Binder& binder, Guard& guard, QWidget* parent)
+                             Binder& binder, platform::Guard& guard, QWidget* parent)
     : QDialog(parent), history_(history), strip_(strip), guard_(guard), text_(new TextArea(this)) {
   setObjectName(QStringLiteral("Revisionhistory"));
   setWindowTitle(ToQt(history.Window.Caption));

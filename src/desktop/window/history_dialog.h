@@ -3,10 +3,10 @@
 #include <QDialog>
 
 #include "desktop/binding/binder.h"
-#include "desktop/binding/guard.h"
 #include "desktop/widgets/text_area.h"
 #include "forms/revision_history.h"
 #include "platform/controls/tab_strip.h"
+#include "platform/loop/guard.h"
 
 namespace desktop {
 
@@ -17,7 +17,7 @@ class HistoryDialog : public QDialog {
  public:
   /// The heading stands in the colours of the strip.
   HistoryDialog(forms::Revisionhistory& history, const platform::TabStrip& strip, Binder& binder,
-                Guard& guard, QWidget* parent);
+                platform::Guard& guard, QWidget* parent);
 
   void reject() override;
 
@@ -28,7 +28,7 @@ class HistoryDialog : public QDialog {
  private:
   forms::Revisionhistory& history_;
   const platform::TabStrip& strip_;
-  Guard& guard_;
+  platform::Guard& guard_;
   TextArea* text_;
 };
 

@@ -32,7 +32,7 @@ constexpr QSize UsualSize(1280, 860);
 
 }  // namespace
 
-MainWindow::MainWindow(const Forms& forms, Guard& guard, RepaintQueue& repaints)
+MainWindow::MainWindow(const Forms& forms, platform::Guard& guard, RepaintQueue& repaints)
     : main_(forms.Main),
       history_(forms.History),
       debug_(forms.Debug),

@@ -5,7 +5,6 @@
 #include <functional>
 
 #include "desktop/binding/binder.h"
-#include "desktop/binding/guard.h"
 #include "desktop/binding/repaint_queue.h"
 #include "desktop/widgets/tab_bar.h"
 #include "desktop/window/debug_view.h"
@@ -16,6 +15,7 @@
 #include "forms/id_look.h"
 #include "forms/main_form.h"
 #include "forms/revision_history.h"
+#include "platform/loop/guard.h"
 
 namespace desktop {
 
@@ -32,7 +32,7 @@ class MainWindow : public QWidget {
   Q_OBJECT
 
  public:
-  MainWindow(const Forms& forms, Guard& guard, RepaintQueue& repaints);
+  MainWindow(const Forms& forms, platform::Guard& guard, RepaintQueue& repaints);
 
   /// Called when the program has unloaded its window.
   std::function<void()> Unloaded;
@@ -54,7 +54,7 @@ class MainWindow : public QWidget {
   forms::Revisionhistory& history_;
   forms::DebugWindow& debug_;
   forms::IDlook& finder_;
-  Guard& guard_;
+  platform::Guard& guard_;
   Binder binder_;
   TabBar* tabs_;
   QStackedWidget* pages_;

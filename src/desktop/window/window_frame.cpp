@@ -9,7 +9,7 @@
 
 namespace desktop {
 
-WindowFrame::WindowFrame(platform::Window& window, QWidget& widget, Guard& guard)
+WindowFrame::WindowFrame(platform::Window& window, QWidget& widget, platform::Guard& guard)
     : QObject(&widget), window_(window), widget_(widget), guard_(guard) {
   KeepMinimum();
   window_.Width.Store(twips::Of(widget_.width()));

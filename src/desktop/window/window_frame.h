@@ -5,8 +5,8 @@
 #include <QWidget>
 #include <functional>
 
-#include "desktop/binding/guard.h"
 #include "platform/controls/window.h"
+#include "platform/loop/guard.h"
 
 namespace desktop {
 
@@ -17,7 +17,7 @@ class WindowFrame : public QObject {
   Q_OBJECT
 
  public:
-  WindowFrame(platform::Window& window, QWidget& widget, Guard& guard);
+  WindowFrame(platform::Window& window, QWidget& widget, platform::Guard& guard);
 
   /// Called with the frame's new size before the layout rules are.
   std::function<void(QSize)> Sized;
@@ -38,7 +38,7 @@ class WindowFrame : public QObject {
 
   platform::Window& window_;
   QWidget& widget_;
-  Guard& guard_;
+  platform::Guard& guard_;
   QSize taken_;
   /// The program is being told a size, or is bringing the window to a state of its own.
   bool telling_ = false;

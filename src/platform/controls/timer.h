@@ -2,16 +2,27 @@
 
 #include <chrono>
 #include <cstdint>
-#include <functional>
 #include <optional>
-#include <vector>
 
-#include "platform/clock.h"
 #include "platform/controls/property.h"
 
 namespace platform {
 
-class TimerQueue;
+class Timer;
+
+/// Who counts for the timers of the forms.
+class TimerCount {
+ public:
+  /// The time that the timers go by.
+  virtual std::chrono::nanoseconds Now() const = 0;
+  virtual void Add(Timer& timer) = 0;
+  virtual void Remove(Timer& timer) = 0;
+  /// Another timer may be due next.
+  virtual void Reschedule() = 0;
+
+ protected:
+  ~TimerCount() = default;
+};
 
 /// A form's timer: while `Enabled` it raises `Elapsed` each `Interval` milliseconds.
 ///
@@ -24,50 +35,22 @@ class Timer {
   Property<bool> Enabled;
   Event<> Elapsed;
 
-  explicit Timer(TimerQueue& queue);
+  explicit Timer(TimerCount& count);
   Timer(const Timer&) = delete;
   Timer& operator=(const Timer&) = delete;
   ~Timer();
 
+  /// When it fires next; nothing while it rests or its event is being handled.
+  std::optional<std::chrono::nanoseconds> Due() const;
+  /// Raises the event of a timer that is due at `now`.
+  void Fire(std::chrono::nanoseconds now);
+
  private:
-  friend class TimerQueue;
   void StartCount();
 
-  TimerQueue& queue_;
+  TimerCount& count_;
   std::optional<std::chrono::nanoseconds> due_;
   bool handling_ = false;
-};
-
-/// Knows when which timer is due. The platform sleeps until `NextDue` and then calls `FireDue`.
-class TimerQueue {
- public:
-  explicit TimerQueue(const Clock& clock) : clock_(clock) {}
-
-  /// The time that the timers go by: that of the clock without what was held.
-  std::chrono::nanoseconds Now() const;
-  std::optional<std::chrono::nanoseconds> NextDue() const;
-  /// Raises the events of the timers that are due now, the earliest first, each once at most.
-  void FireDue();
-  /// Lets all timers stand still until the release: none is due, and each goes on counting where it
-  /// stood. Holds nest.
-  void Hold();
-  void Release();
-  /// Called whenever `NextDue` may have changed.
-  std::function<void()> Rescheduled;
-
- private:
-  friend class Timer;
-  void Add(Timer& timer);
-  void Remove(Timer& timer);
-  void Announce() const;
-  Timer* EarliestDue(std::chrono::nanoseconds now) const;
-
-  const Clock& clock_;
-  std::vector<Timer*> timers_;
-  int holds_ = 0;
-  std::chrono::nanoseconds heldSince_{0};
-  /// How long the timers stood still in all holds that are over.
-  std::chrono::nanoseconds held_{0};
 };
 
 }  // namespace platform

@@ -61,9 +61,9 @@ class Curve : public testing::TestWithParam<Rgb> {
     return way;
   }
 
-  QtProgram program_{[] {}, nullptr};
+  platform::RunningProgram program_{[] {}, [](int) {}};
   QtDialogs dialogs_;
-  Guard guard_{dialogs_, program_};
+  platform::Guard guard_{dialogs_, program_};
   platform::CWGraph graph_;
   platform::Plot& plot_ = graph_.Plots[0];
   GraphView view_{graph_, guard_, nullptr};

@@ -52,6 +52,16 @@ TEST(CalendarScene, NamesTheMonthsInTheLanguageOfTheSystem) {
   EXPECT_EQ(QtCalendar(QLocale::c()).MonthName(12), "Dec");
 }
 
+TEST(CalendarScene, WritesInAPlainLocaleAsTheOneWithoutAWindowDoes) {
+  const QtCalendar shown(QLocale::c());
+  const host::Calendar plain;
+  for (std::int32_t month = 1; month <= 12; ++month) {
+    const platform::LocalTime moment{1990 + 5 * month, month, 2 * month, month, 4 * month, month};
+    EXPECT_EQ(plain.GeneralText(moment), shown.GeneralText(moment));
+    EXPECT_EQ(plain.MonthName(month), shown.MonthName(month));
+  }
+}
+
 TEST(MousePointerScene, IsAnHourglassUntilItIsNormalAgain) {
   QtMousePointer pointer;
   pointer.ShowHourglass();

@@ -10,15 +10,16 @@
 #include <functional>
 
 #include "adapters/steady_clock.h"
-#include "desktop/binding/frame_driver.h"
 #include "desktop/binding/qt_event_queue.h"
 #include "desktop/binding/repaint_queue.h"
-#include "desktop/binding/timer_driver.h"
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
+#include "desktop/services/qt_alarm.h"
 #include "desktop/services/qt_dialogs.h"
 #include "desktop/services/system_locale.h"
 #include "desktop/services/timed_dialog.h"
+#include "platform/loop/frame_turns.h"
+#include "platform/loop/timer_turns.h"
 
 namespace desktop {
 namespace {
@@ -140,15 +141,12 @@ TEST(RepaintQueueScene, ManyChangesCostOneUpdateAFrame) {
 struct Stage {
   QtDialogs Dialogs;
   int Ends = 0;
-  QtProgram Program{[] {},
-                    [this](int) {
-                      ++Ends;
-                      throw ProgramEnded();
-                    }};
-  Guard Entry{Dialogs, Program};
+  platform::RunningProgram Program{[] {}, [this](int) { ++Ends; }};
+  platform::Guard Entry{Dialogs, Program};
   RepaintQueue Repaints;
   QtEventQueue Events{Repaints, Entry};
   adapters::SteadyClock Clock;
+  QtAlarm Alarm;
 };
 
 TEST(EventQueueScene, APumpBringsTheTextsToTheirWidgets) {
@@ -186,12 +184,12 @@ TEST(EventQueueScene, AWaitLetsNoEventIn) {
   EXPECT_TRUE(delivered);
 }
 
-TEST(TimerDriverScene, FiresAtItsTimeAndLetsOthersFireInsideOfAnEvent) {
+TEST(TimerTurnsScene, FiresAtItsTimeAndLetsOthersFireInsideOfAnEvent) {
   Stage stage;
   platform::TimerQueue timers(stage.Clock);
   platform::Timer outer(timers);
   platform::Timer inner(timers);
-  const TimerDriver driver(timers, stage.Clock, stage.Entry);
+  const platform::TimerTurns turns(timers, stage.Clock, stage.Entry, stage.Alarm);
   bool innerInside = false;
   bool inside = false;
   outer.Elapsed = [&] {
@@ -231,10 +229,10 @@ class FrameStock : public platform::FrameDelivery {
   std::function<void()> OnFrame;
 };
 
-TEST(FrameDriverScene, DeliversWhileRunningAndNotAfterwards) {
+TEST(FrameTurnsScene, DeliversWhileRunningAndNotAfterwards) {
   Stage stage;
   FrameStock stock;
-  const FrameDriver driver(stock, stage.Entry);
+  const platform::FrameTurns turns(stock, stage.Clock, stage.Entry, stage.Alarm);
   stock.Left = 100;
   QTest::qWait(30);
   EXPECT_EQ(stock.Delivered, 0);
@@ -249,10 +247,10 @@ TEST(FrameDriverScene, DeliversWhileRunningAndNotAfterwards) {
   EXPECT_EQ(stock.Delivered, 150);
 }
 
-TEST(FrameDriverScene, APumpInsideAFrameDeliversFurtherFrames) {
+TEST(FrameTurnsScene, APumpInsideAFrameDeliversFurtherFrames) {
   Stage stage;
   FrameStock stock;
-  const FrameDriver driver(stock, stage.Entry);
+  const platform::FrameTurns turns(stock, stage.Clock, stage.Entry, stage.Alarm);
   int duringPump = 0;
   stock.OnFrame = [&] {
     if (stock.Delivered != 1) return;
@@ -265,10 +263,10 @@ TEST(FrameDriverScene, APumpInsideAFrameDeliversFurtherFrames) {
   EXPECT_EQ(duringPump, 9);
 }
 
-TEST(FrameDriverScene, PumpsInsideFramesNestNoMoreThanSixteenTurns) {
+TEST(FrameTurnsScene, PumpsInsideFramesNestNoMoreThanSixteenTurns) {
   Stage stage;
   FrameStock stock;
-  const FrameDriver driver(stock, stage.Entry);
+  const platform::FrameTurns turns(stock, stage.Clock, stage.Entry, stage.Alarm);
   int depth = 0;
   int deepest = 0;
   int bottom = 0;
@@ -290,10 +288,10 @@ TEST(FrameDriverScene, PumpsInsideFramesNestNoMoreThanSixteenTurns) {
   EXPECT_EQ(bottom, 16);
 }
 
-TEST(FrameDriverScene, AnEndlessStreamLeavesTurnsToTheWindow) {
+TEST(FrameTurnsScene, AnEndlessStreamLeavesTurnsToTheWindow) {
   Stage stage;
   FrameStock stock;
-  const FrameDriver driver(stock, stage.Entry);
+  const platform::FrameTurns turns(stock, stage.Clock, stage.Entry, stage.Alarm);
   stock.Left = 1'000'000'000;
   stock.Running(true);
   int ticks = 0;

@@ -9,7 +9,7 @@
 #include <csignal>
 
 #include "base/failure.h"
-#include "desktop/services/termination_signals.h"
+#include "desktop/binding/termination.h"
 #include "window_scene.h"
 
 namespace desktop {
@@ -139,7 +139,7 @@ TEST_F(Boxes, ASignalFromBehindOneEndsTheProgramWithCaptureStopped) {
     boxes_ = 0;
     readings_ = 0;
     exitCode_.reset();
-    std::optional<TerminationSignals> termination;
+    std::optional<Termination> termination;
     RunIntoABox([&](QDialog&) {
       termination.emplace([this] { program_->EndSession(); });
       std::raise(signal);

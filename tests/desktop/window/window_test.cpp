@@ -5,7 +5,7 @@
 #include <QTabBar>
 #include <csignal>
 
-#include "desktop/services/termination_signals.h"
+#include "desktop/binding/termination.h"
 #include "window_scene.h"
 
 namespace desktop {
@@ -101,7 +101,7 @@ TEST_F(Window, ARequestToTerminateStopsCaptureAndEndsTheProgram) {
     exitCode_.reset();
     Start();
     GoMeasure();
-    const TerminationSignals termination([this] { program_->EndSession(); });
+    const Termination termination([this] { program_->EndSession(); });
     Click("CWButton4");
     ASSERT_TRUE(Program().State.CaptureRunning);
     std::raise(signal);

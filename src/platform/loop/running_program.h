@@ -4,18 +4,18 @@
 
 #include "base/program.h"
 
-namespace desktop {
+namespace platform {
 
 /// The running program. It ends at once by leaving the process, so that no handler that is under
 /// way meets a world half taken down.
-class QtProgram : public platform::Program {
+class RunningProgram : public Program {
  public:
-  /// Leaves the process with an exit code.
+  /// Leaves the process with an exit code. Where it comes back the process lives on, and
+  /// `ProgramEnded` unwinds what was under way.
   using Leave = std::function<void(int)>;
 
-  /// `flush` saves what must outlive the process; it must not let events in. A scene gives its own
-  /// `leave`, which throws `ProgramEnded`.
-  QtProgram(std::function<void()> flush, Leave leave);
+  /// `flush` saves what must outlive the process; it must not let events in.
+  RunningProgram(std::function<void()> flush, Leave leave);
 
   [[noreturn]] void End() override { EndWith(0); }
   [[noreturn]] void EndWith(int exitCode);
@@ -25,4 +25,4 @@ class QtProgram : public platform::Program {
   Leave leave_;
 };
 
-}  // namespace desktop
+}  // namespace platform

@@ -1,13 +1,12 @@
-#include "desktop/services/stdio_files.h"
+#include "system/stdio_files.h"
 
-#include <QFile>
 #include <cerrno>
 #include <cstdio>
 #include <utility>
 
 #include "base/failure.h"
 
-namespace desktop {
+namespace host {
 
 namespace failure = platform::failure;
 using platform::Failure;
@@ -48,13 +47,12 @@ std::int32_t NumberOf(int error, std::int32_t missing) {
 /// An open file of the C library, closed at the end at the latest.
 class Stream {
  public:
-  Stream(const QString& place, const char* mode, std::int32_t missing) {
+  Stream(const std::filesystem::path& place, const char* mode, std::int32_t missing) {
     errno = 0;
-#ifdef Q_OS_WIN
-    file_ = _wfopen(reinterpret_cast<const wchar_t*>(place.utf16()),
-                    QString::fromLatin1(mode).toStdWString().c_str());
+#ifdef _WIN32
+    file_ = _wfopen(place.c_str(), std::filesystem::path(mode).c_str());
 #else
-    file_ = std::fopen(QFile::encodeName(place).constData(), mode);
+    file_ = std::fopen(place.c_str(), mode);
 #endif
     if (file_ == nullptr) throw Failure(NumberOf(errno, missing));
     std::setvbuf(file_, nullptr, _IONBF, 0);
@@ -94,7 +92,7 @@ class Stream {
 
 class StdioOutput : public platform::OutputFile {
  public:
-  StdioOutput(const QString& place, const char* mode)
+  StdioOutput(const std::filesystem::path& place, const char* mode)
       : stream_(place, mode, failure::PathNotFound) {}
   void Write(std::string_view bytes) override { stream_.Write(bytes); }
   void Close() override { stream_.Close(); }
@@ -105,7 +103,8 @@ class StdioOutput : public platform::OutputFile {
 
 class StdioInput : public platform::InputFile {
  public:
-  explicit StdioInput(const QString& place) : stream_(place, "rb", failure::FileNotFound) {}
+  explicit StdioInput(const std::filesystem::path& place)
+      : stream_(place, "rb", failure::FileNotFound) {}
   std::size_t Read(std::span<char> piece) override { return stream_.Read(piece); }
 
  private:
@@ -114,16 +113,16 @@ class StdioInput : public platform::InputFile {
 
 }  // namespace
 
-std::unique_ptr<platform::OutputFile> OpenToAppend(const QString& place) {
+std::unique_ptr<platform::OutputFile> OpenToAppend(const std::filesystem::path& place) {
   return std::make_unique<StdioOutput>(place, "ab");
 }
 
-std::unique_ptr<platform::OutputFile> OpenAnew(const QString& place) {
+std::unique_ptr<platform::OutputFile> OpenAnew(const std::filesystem::path& place) {
   return std::make_unique<StdioOutput>(place, "wb");
 }
 
-std::unique_ptr<platform::InputFile> OpenToRead(const QString& place) {
+std::unique_ptr<platform::InputFile> OpenToRead(const std::filesystem::path& place) {
   return std::make_unique<StdioInput>(place);
 }
 
-}  // namespace desktop
+}  // namespace host

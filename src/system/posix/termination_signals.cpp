@@ -1,19 +1,13 @@
-#include "desktop/services/termination_signals.h"
+#include "system/posix/termination_signals.h"
 
-#include <QtGlobal>
-#include <array>
-#include <cerrno>
-#include <utility>
-
-#ifdef Q_OS_UNIX
 #include <fcntl.h>
 #include <signal.h>
 #include <unistd.h>
-#endif
 
-namespace desktop {
+#include <array>
+#include <cerrno>
 
-#ifdef Q_OS_UNIX
+namespace host {
 
 namespace {
 
@@ -40,41 +34,32 @@ void Install(void (*handler)(int)) {
 
 }  // namespace
 
-TerminationSignals::TerminationSignals(std::function<void()> requested)
-    : requested_(std::move(requested)) {
+TerminationSignals::TerminationSignals() {
   if (::pipe(channel.data()) != 0) return;
   for (const int end : channel) {
     ::fcntl(end, F_SETFD, FD_CLOEXEC);
     ::fcntl(end, F_SETFL, O_NONBLOCK);
   }
-  notifier_ = std::make_unique<QSocketNotifier>(channel[0], QSocketNotifier::Read);
-  QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(), [this] {
-    char mark = 0;
-    while (::read(channel[0], &mark, 1) == 1) {
-    }
-    requested_();
-  });
   Install(OnSignal);
 }
 
 TerminationSignals::~TerminationSignals() {
-  if (!notifier_) return;
+  if (Descriptor() < 0) return;
   Install(SIG_DFL);
-  notifier_.reset();
   for (int& end : channel) {
     ::close(end);
     end = -1;
   }
 }
 
-#else
+int TerminationSignals::Descriptor() const {
+  return channel[0];
+}
 
-// Elsewhere a request to terminate closes the window.
-TerminationSignals::TerminationSignals(std::function<void()> requested)
-    : requested_(std::move(requested)) {}
+bool TerminationSignals::Take() {
+  bool came = false;
+  for (char mark = 0; ::read(channel[0], &mark, 1) == 1;) came = true;
+  return came;
+}
 
-TerminationSignals::~TerminationSignals() = default;
-
-#endif
-
-}  // namespace desktop
+}  // namespace host

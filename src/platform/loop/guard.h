@@ -6,20 +6,21 @@
 #include <string>
 
 #include "base/failure.h"
-#include "desktop/binding/program_ended.h"
-#include "desktop/services/qt_program.h"
+#include "platform/loop/program_ended.h"
+#include "platform/loop/running_program.h"
 #include "platform/services/dialogs.h"
 
-namespace desktop {
+namespace platform {
 
-/// The one way from a Qt event into the program: no exception gets past it. A failure that no trap
-/// took shows the runtime's standard box and ends the program; from then on nothing is let in.
+/// The one way from an event of the outside into the program: no exception gets past it. A failure
+/// that no trap took shows the runtime's standard box and ends the program; from then on nothing is
+/// let in.
 class Guard {
  public:
   /// The exit code of a program that a failure ended.
   static constexpr int FailureExitCode = 1;
 
-  Guard(platform::Dialogs& dialogs, QtProgram& program);
+  Guard(Dialogs& dialogs, RunningProgram& program);
 
   template <typename Action>
   void operator()(Action&& action) {
@@ -28,10 +29,10 @@ class Guard {
       action();
     } catch (const ProgramEnded&) {
       closed_ = true;
-    } catch (const platform::Failure& failure) {
+    } catch (const Failure& failure) {
       EndOn(failure.Number(), failure.Text());
     } catch (const std::bad_alloc&) {
-      const platform::Failure failure(platform::failure::OutOfMemory);
+      const Failure failure(platform::failure::OutOfMemory);
       EndOn(failure.Number(), failure.Text());
     } catch (const std::exception& unexpected) {
       EndOn(InternalError, unexpected.what());
@@ -53,9 +54,9 @@ class Guard {
 
   void EndOn(std::int32_t number, const std::string& text);
 
-  platform::Dialogs& dialogs_;
-  QtProgram& program_;
+  Dialogs& dialogs_;
+  RunningProgram& program_;
   bool closed_ = false;
 };
 
-}  // namespace desktop
+}  // namespace platform

@@ -1,13 +1,11 @@
 #pragma once
 
-#include <QString>
-
 #include "platform/services/file_system.h"
 
-namespace desktop {
+namespace host {
 
 /// The files of this computer under the program's own paths.
-class QtFileSystem : public platform::FileSystem {
+class ComputerFiles : public platform::FileSystem {
  public:
   std::string Separator() const override;
   bool DirectoryExists(const std::string& path) const override;
@@ -20,10 +18,6 @@ class QtFileSystem : public platform::FileSystem {
   std::unique_ptr<platform::OutputFile> Append(const std::string& path) override;
   std::unique_ptr<platform::OutputFile> Create(const std::string& path) override;
   std::unique_ptr<platform::InputFile> Read(const std::string& path) override;
-
-  /// The place that a path of the program means here. Off Windows a path with a drive letter lies
-  /// in the user's home, and a backslash separates folders.
-  static QString Resolve(const std::string& path);
 };
 
-}  // namespace desktop
+}  // namespace host

@@ -1,0 +1,89 @@
+#include "system/computer_files.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "base/failure.h"
+#include "system/places.h"
+#include "system/stdio_files.h"
+
+namespace host {
+
+namespace {
+
+std::filesystem::file_type TypeOf(const std::string& path) {
+  // The system would read the path as far as its first zero alone, and tell of another place.
+  if (path.find('\0') != std::string::npos) return std::filesystem::file_type::not_found;
+  std::error_code unknown;
+  return std::filesystem::status(PlaceOf(path), unknown).type();
+}
+
+}  // namespace
+
+#ifdef _WIN32
+
+std::string ComputerFiles::Separator() const {
+  return "\\";
+}
+
+std::string ComputerFiles::DefaultFolder() const {
+  return "c:\\StoredData";
+}
+
+#else
+
+std::string ComputerFiles::Separator() const {
+  return "/";
+}
+
+std::string ComputerFiles::DefaultFolder() const {
+  return Utf8(Home() / "StoredData");
+}
+
+#endif
+
+bool ComputerFiles::DirectoryExists(const std::string& path) const {
+  return TypeOf(path) == std::filesystem::file_type::directory;
+}
+
+std::string ComputerFiles::Native(const std::string& path) const {
+  return NativePlace(path);
+}
+
+void ComputerFiles::MakeFolder(const std::string& path) {
+  std::error_code missing;
+  std::filesystem::create_directories(PlaceOf(path), missing);
+}
+
+bool ComputerFiles::FileExists(const std::string& path) const {
+  return TypeOf(path) == std::filesystem::file_type::regular;
+}
+
+std::int64_t ComputerFiles::FileSize(const std::string& path) const {
+  if (!FileExists(path)) return 0;
+  std::error_code gone;
+  const std::uintmax_t size = std::filesystem::file_size(PlaceOf(path), gone);
+  return gone ? 0 : static_cast<std::int64_t>(size);
+}
+
+void ComputerFiles::DeleteFile(const std::string& path) {
+  if (!FileExists(path)) throw platform::Failure(platform::failure::FileNotFound);
+  std::error_code refused;
+  if (!std::filesystem::remove(PlaceOf(path), refused)) {
+    throw platform::Failure(platform::failure::PermissionDenied);
+  }
+}
+
+std::unique_ptr<platform::OutputFile> ComputerFiles::Append(const std::string& path) {
+  return OpenToAppend(PlaceOf(path));
+}
+
+std::unique_ptr<platform::OutputFile> ComputerFiles::Create(const std::string& path) {
+  return OpenAnew(PlaceOf(path));
+}
+
+std::unique_ptr<platform::InputFile> ComputerFiles::Read(const std::string& path) {
+  return OpenToRead(PlaceOf(path));
+}
+
+}  // namespace host

@@ -1,0 +1,36 @@
+#include "platform/services/absent.h"
+
+#include <gtest/gtest.h>
+
+#include "base/failure.h"
+#include "support/failures.h"
+#include "support/fake_platform.h"
+
+namespace {
+
+using platform::OrNone;
+using support::FailureOf;
+
+TEST(AbsentServices, GiveWayToThoseOfTheFace) {
+  support::FakePlatform face;
+  EXPECT_EQ(&OrNone(&face.Folders), &face.Folders);
+  EXPECT_EQ(&OrNone(&face.Printers), &face.Printers);
+  EXPECT_EQ(&OrNone(&face.Surface), &face.Surface);
+  EXPECT_EQ(&OrNone(&face.Pointer), &face.Pointer);
+}
+
+TEST(AbsentServices, SayThatTheyAreNotThereWhereSomebodyAsks) {
+  platform::Printers& printers = OrNone(static_cast<platform::Printers*>(nullptr));
+  EXPECT_TRUE(printers.Names().empty());
+  EXPECT_EQ(FailureOf([&] { (void)printers.Current(); }), platform::failure::NoPrinter);
+  EXPECT_EQ(FailureOf([&] { printers.MakeCurrent(0); }), platform::failure::NoPrinter);
+
+  platform::PrintSurface& paper = OrNone(static_cast<platform::PrintSurface*>(nullptr));
+  EXPECT_EQ(FailureOf([&] { paper.Orientation(platform::PageOrientation::Portrait); }),
+            platform::failure::NoPrinter);
+
+  platform::FolderDialog& folders = OrNone(static_cast<platform::FolderDialog*>(nullptr));
+  EXPECT_FALSE(folders.Browse("Where?", "c:\\StoredData"));
+}
+
+}  // namespace

@@ -1,0 +1,192 @@
+#include <gtest/gtest.h>
+
+#include "system/computer_files.h"
+
+#ifdef __linux__
+#include <sys/resource.h>
+
+#include <csignal>
+#endif
+
+#include <array>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+#include "base/failure.h"
+#include "support/failures.h"
+#include "support/real_files.h"
+#include "system/places.h"
+
+namespace host {
+namespace {
+
+using support::FailureOf;
+using support::TemporaryFolder;
+
+std::string Content(ComputerFiles& files, const std::string& path) {
+  const auto file = files.Read(path);
+  std::string text;
+  std::array<char, 4> piece{};
+  while (const std::size_t count = file->Read(piece)) text.append(piece.data(), count);
+  return text;
+}
+
+TEST(Files, AFolderIsFoundByItsPath) {
+  const TemporaryFolder folder;
+  const ComputerFiles files;
+  EXPECT_TRUE(files.DirectoryExists(folder.Path()));
+  EXPECT_FALSE(files.DirectoryExists(folder.File("missing")));
+}
+
+TEST(Files, AFolderIsMadeWithThoseAboveIt) {
+  const TemporaryFolder folder;
+  ComputerFiles files;
+
+  files.MakeFolder(folder.File("a/b"));
+
+  EXPECT_TRUE(std::filesystem::is_directory(folder.File("a/b")));
+}
+
+TEST(Files, WhatIsAppendedStandsBehindWhatWasThere) {
+  const TemporaryFolder folder;
+  const std::string path = folder.File("a.txt");
+  ComputerFiles files;
+  EXPECT_FALSE(files.FileExists(path));
+  EXPECT_EQ(files.FileSize(path), 0);
+
+  files.Append(path)->Write("one\r\n");
+  files.Append(path)->Write("two");
+
+  EXPECT_TRUE(files.FileExists(path));
+  EXPECT_EQ(files.FileSize(path), 8);
+  EXPECT_EQ(Content(files, path), "one\r\ntwo");
+}
+
+TEST(Files, ANewFileIsEmpty) {
+  const TemporaryFolder folder;
+  const std::string path = folder.File("a.txt");
+  ComputerFiles files;
+  files.Create(path)->Write("older and longer");
+
+  files.Create(path)->Write("new");
+
+  EXPECT_EQ(Content(files, path), "new");
+}
+
+TEST(Files, AWriteIsOnDiskBeforeTheFileIsClosed) {
+  const TemporaryFolder folder;
+  const std::string path = folder.File("a.txt");
+  ComputerFiles files;
+  const auto file = files.Create(path);
+
+  file->Write("at once");
+
+  EXPECT_EQ(files.FileSize(path), 7);
+}
+
+TEST(Files, AClosedFileTakesNothingMore) {
+  const TemporaryFolder folder;
+  ComputerFiles files;
+  const auto file = files.Create(folder.File("a.txt"));
+  file->Close();
+
+  EXPECT_EQ(FailureOf([&] { file->Write("more"); }), 52);
+  EXPECT_EQ(FailureOf([&] { file->Close(); }), 52);
+}
+
+TEST(Files, ADeletedFileIsGone) {
+  const TemporaryFolder folder;
+  const std::string path = folder.File("a.txt");
+  ComputerFiles files;
+  files.Create(path)->Close();
+
+  files.DeleteFile(path);
+
+  EXPECT_FALSE(files.FileExists(path));
+  EXPECT_EQ(FailureOf([&] { files.DeleteFile(path); }), 53);
+}
+
+TEST(Files, EachFailureHasTheNumberOfItsReason) {
+  const TemporaryFolder folder;
+  ComputerFiles files;
+  const std::string missing = folder.File("missing/a.txt");
+
+  EXPECT_EQ(FailureOf([&] { files.Read(missing); }), 53);
+  EXPECT_EQ(FailureOf([&] { files.Append(missing); }), 76);
+  EXPECT_EQ(FailureOf([&] { files.Create(missing); }), 76);
+  EXPECT_EQ(FailureOf([&] { files.Append(folder.Path()); }), 75);
+}
+
+#ifdef __linux__
+TEST(Files, AFullDiskIsToldByItsNumber) {
+  ComputerFiles files;
+  const auto file = files.Append("/dev/full");
+
+  EXPECT_EQ(FailureOf([&] { file->Write("a"); }), 61);
+}
+
+/// As long as it lives, no file may grow beyond so many bytes.
+class SizeLimit {
+ public:
+  explicit SizeLimit(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit limit{bytes, before_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  SizeLimit(const SizeLimit&) = delete;
+  SizeLimit& operator=(const SizeLimit&) = delete;
+  ~SizeLimit() {
+    setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, handler_);
+  }
+
+ private:
+  using Handler = void (*)(int);
+  Handler handler_;
+  rlimit before_{};
+};
+
+TEST(Files, TheLargestFileThatADiskAllowsIsAFullDisk) {
+  const TemporaryFolder folder;
+  const std::string path = folder.File("record.txt");
+  ComputerFiles files;
+  const SizeLimit limit(1000);
+  const auto file = files.Append(path);
+  file->Write(std::string(800, 'a'));
+
+  EXPECT_EQ(FailureOf([&] { file->Write(std::string(800, 'b')); }), 61);
+
+  EXPECT_EQ(files.FileSize(path), 1000) << "what fits is there";
+}
+#endif
+
+#ifndef _WIN32
+TEST(Files, APathWithADriveLiesInTheHome) {
+  const TemporaryFolder home;
+  setenv("HOME", home.Path().c_str(), 1);
+  const ComputerFiles files;
+  EXPECT_EQ(files.Separator(), "/");
+  EXPECT_FALSE(files.DirectoryExists("c:\\StoredData\\a"));
+  std::filesystem::create_directories(home.File("StoredData/a"));
+  EXPECT_TRUE(files.DirectoryExists("c:\\StoredData\\a"));
+  EXPECT_EQ(PlaceOf("c:\\StoredData"), home.File("StoredData"));
+  EXPECT_EQ(PlaceOf("c:\\"), home.Path());
+  EXPECT_EQ(files.Native("c:\\StoredData"), home.File("StoredData"));
+  EXPECT_EQ(files.DefaultFolder(), home.File("StoredData"));
+  EXPECT_EQ(PlaceOf("/a/b\\c"), "/a/b\\c");
+  EXPECT_EQ(PlaceOf("a\\b"), "a/b");
+  EXPECT_EQ(PlaceOf("1:\\b"), "1:/b") << "no drive has such a letter";
+}
+#endif
+
+TEST(Files, APathThatHoldsAZeroIsNoOther) {
+  const TemporaryFolder folder;
+  ComputerFiles files;
+  files.Create(folder.File("a.txt"))->Close();
+
+  EXPECT_FALSE(files.FileExists(folder.File("a.txt") + std::string(1, '\0') + "b"));
+}
+
+}  // namespace
+}  // namespace host
