@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "bench_platform.h"
-#include "recorder/record_analysis.h"
+#include "recorder/reading/record_analysis.h"
 #include "support/real_files.h"
 
 namespace {

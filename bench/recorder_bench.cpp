@@ -9,9 +9,9 @@
 
 #include "adapters/windows1252.h"
 #include "desktop/services/qt_file_system.h"
-#include "recorder/comtrade_writer.h"
-#include "recorder/text_writer.h"
-#include "recorder/worksheet_writer.h"
+#include "recorder/writing/comtrade_writer.h"
+#include "recorder/writing/text_writer.h"
+#include "recorder/writing/worksheet_writer.h"
 
 namespace {
 

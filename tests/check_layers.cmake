@@ -17,6 +17,9 @@ set(below_desktop base platform forms config capture measure recorder report she
 # The rooms of a folder, each with those that it may look into.
 set(below_platform_controls "")
 set(below_platform_services controls)
+set(below_recorder_writing "")
+set(below_recorder_reading writing)
+set(below_recorder_session writing reading)
 set(below_adapters_interfaces "")
 set(below_adapters_files "")
 set(below_adapters_simulated "")

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "config/setup_view.h"
-#include "recorder/record_files.h"
+#include "recorder/writing/record_files.h"
 #include "shell/tab_controller.h"
 
 namespace formroutines {

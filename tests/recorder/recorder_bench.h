@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "recorder/record_analysis.h"
-#include "recorder/recording_session.h"
-#include "recorder/sample_writer.h"
+#include "recorder/reading/record_analysis.h"
+#include "recorder/session/recording_session.h"
+#include "recorder/writing/sample_writer.h"
 #include "support/capture_bench.h"
 #include "support/failing_files.h"
 

@@ -1,0 +1,286 @@
+#include "recorder/session/recording_session.h"
+
+#include <utility>
+
+#include "base/failure.h"
+#include "base/raised.h"
+#include "base/trap.h"
+#include "recorder/writing/record_files.h"
+
+namespace subroutines {
+
+namespace line = forms::record_line;
+namespace file_format = packetroutines::file_format;
+using packetroutines::RecordFormats;
+using platform::Crlf;
+using platform::Failure;
+using platform::Flow;
+using platform::RunSteps;
+using platform::Verdict;
+
+namespace {
+
+constexpr platform::Rgb Black{0, 0, 0};
+constexpr platform::Rgb LightRed{255, 0, 0};
+constexpr platform::Rgb ButtonColour{237, 246, 240};
+
+}  // namespace
+
+/// Keeps the phase of a stop through all of a routine that ends the recording, also behind the stop
+/// itself, and gives it up at the end of the outermost one.
+class RecordingSession::Stopping {
+ public:
+  explicit Stopping(Phase& phase)
+      : phase_(phase),
+        behind_(phase == Phase::Stopping ? phase : Phase::Idle),
+        first_(phase == Phase::Recording) {
+    phase_ = Phase::Stopping;
+  }
+  Stopping(const Stopping&) = delete;
+  Stopping& operator=(const Stopping&) = delete;
+  ~Stopping() { phase_ = behind_; }
+
+  /// A recording was under way, and no stop yet.
+  bool First() const { return first_; }
+
+ private:
+  Phase& phase_;
+  Phase behind_;
+  bool first_;
+};
+
+RecordingSession::RecordingSession(forms::RecorderControls& recorder, forms::TimerControls& timers,
+                                   config::Settings& settings, StoredSettings& stored,
+                                   packetroutines::AcquisitionState& state,
+                                   packetroutines::CaptureSession& capture,
+                                   const RecordingParts& parts, const RecordingServices& services)
+    : recorder_(recorder),
+      timers_(timers),
+      settings_(settings),
+      stored_(stored),
+      state_(state),
+      capture_(capture),
+      parts_(parts),
+      services_(services),
+      files_(parts.Context, parts.Writers, services.Usual) {
+  recorder_.CWButton3.ValueChanged = [this] { CWButton3_ValueChanged(); };
+  for (std::size_t i = 0; i < recorder_.Option2.size(); ++i) {
+    recorder_.Option2[i].Click = [this, i] { Option2_Click(i); };
+  }
+}
+
+void RecordingSession::Load() {
+  recorder_.CWButton3.BackColor = ButtonColour;
+}
+
+void RecordingSession::ShowFileFormat() {
+  const packetroutines::RecordFormat* format = packetroutines::FindFormat(settings_.FileFormat);
+  if (format == nullptr) return;
+  recorder_.Option2[static_cast<std::size_t>(format - RecordFormats.data())].Value = true;
+}
+
+void RecordingSession::Option2_Click(std::size_t index) {
+  // A recording that is being finished is finished in its own format.
+  if (state_.RecorderBusy || phase_ == Phase::Stopping) return;
+  settings_.FileFormat = RecordFormats[index].Name;
+  state_.RecordFileName = packetroutines::RecordPlaceholder(RecordFormats[index]);
+  const packetroutines::RecordContext& context = parts_.Context;
+  Line(line::FirstPath).Caption =
+      packetroutines::RecordPath(context.Files, settings_, state_.RecordFileName);
+  // What a text recording has left on the view stays for the text format alone.
+  if (index != forms::record_format::Text) {
+    recorder_.CWGraph2.Visible = false;
+    recorder_.Command9.Visible = false;
+  }
+  stored_.SaveSettings();
+}
+
+void RecordingSession::CWButton3_ValueChanged() {
+  if (state_.RecorderBusy) return;
+  switch (phase_) {
+    case Phase::Starting:
+      // The start looks at the button behind each of its pumps, unless its page was left; then a
+      // press on the page that was entered anew has nobody to take it.
+      if (Left()) SetQuietly(false);
+      return;
+    case Phase::Stopping:
+      // A recording that is being finished has the page for itself: a press in its pumps would
+      // begin another one in the midst of it.
+      SetQuietly(false);
+      return;
+    case Phase::Idle:
+    case Phase::Recording:
+      break;
+  }
+  if (recorder_.CWButton3.Value) {
+    Start();
+  } else {
+    const Stopping stopping(phase_);
+    Stop(Arrived::Stored);
+  }
+}
+
+void RecordingSession::SetQuietly(bool value) {
+  const bool busy = std::exchange(state_.RecorderBusy, true);
+  recorder_.CWButton3.Value = value;
+  state_.RecorderBusy = busy;
+}
+
+void RecordingSession::Start() {
+  phase_ = Phase::Starting;
+  tabAtRun_ = state_.TabChanges;
+  const auto goesOn = [this] {
+    return !Left() && recorder_.CWButton3.Value ? Flow::Next : Flow::Leave;
+  };
+  const auto drop = [this](const Failure& failure) {
+    parts_.Writers.Report.Add("The recording did not begin: " + failure.Text());
+    return Verdict::LeaveRoutine;
+  };
+  const Flow prepared = RunSteps(
+      services_.Usual.Program, drop, [&] { services_.Usual.Events.Pump(); }, goesOn,
+      [&] { files_.Begin(); },
+      [&] {
+        state_.PacketLengthPending = true;
+        capture_.SetupAdapter(packetroutines::RecordingBuffer);
+        state_.BlockCount = 0;
+        state_.BlockCount2 = 0;
+        BeginProgress();
+        // No recording is stopped before its first ring is on disk.
+        recorder_.CWButton3.Visible = false;
+      },
+      [&] { LockFormats(); }, goesOn, [&] { ShowFileFormat(); }, [&] { NameFiles(); });
+  if (prepared == Flow::Leave) {
+    DropStart();
+    return;
+  }
+  phase_ = Phase::Recording;
+  capture_.StartCapture("LookingForRecording");
+  // A refused filter has ended it.
+  if (!Left() && !recorder_.CWButton3.Value) recorder_.CWButton3.Visible = true;
+}
+
+void RecordingSession::BeginProgress() {
+  Line(line::Progress).ForeColor = Black;
+  Line(line::Progress).Caption = "0s / 0 samples";
+  Line(line::Progress).ForeColor = LightRed;
+}
+
+void RecordingSession::LockFormats() {
+  const platform::Raised busy(state_.RecorderBusy);
+  EnableFormats(false);
+  services_.Usual.Events.Pump();
+  recorder_.CWGraph2.Visible = false;
+  recorder_.Command9.Visible = false;
+}
+
+void RecordingSession::NameFiles() {
+  const packetroutines::RecordFormat* format = packetroutines::FindFormat(settings_.FileFormat);
+  if (format != nullptr) {
+    state_.RecordFileName = "SV record " + platform::DottedText(services_.Calendar.Now(), '-') +
+                            std::string(format->Extension);
+    if (format->Name == file_format::Worksheet) parts_.Writers.Sheets.ExcelStarted = {};
+  }
+  const auto path = [&](const char* prefix) {
+    return packetroutines::RecordPath(parts_.Context.Files, settings_,
+                                      prefix + state_.RecordFileName);
+  };
+  Line(line::FirstPath).Caption = path(packetroutines::FirstPrefix);
+  Line(line::SecondPath).Caption = path(packetroutines::SecondPrefix);
+}
+
+void RecordingSession::DropStart() {
+  phase_ = Phase::Idle;
+  if (Left()) return;
+  SetQuietly(false);
+  Line(line::Progress).ForeColor = Black;
+  recorder_.CWButton3.Visible = true;
+  EnableFormats(true);
+}
+
+void RecordingSession::Stop(Arrived arrived) {
+  const char* left = "The recording was not ended as usual";
+  const auto tell = [&](const Failure& failure) {
+    parts_.Writers.Report.Add(left + (": " + failure.Text()));
+    return Verdict::SkipStep;
+  };
+  std::string progress;
+  bool found = false;
+  RunSteps(
+      services_.Usual.Program, tell, [&] { services_.Usual.Events.Pump(); },
+      [&] { StopCapture(arrived); }, [&] { state_.LookingForRecording = false; },
+      [&] {
+        if (HasFormat(file_format::Text)) {
+          parts_.Samples.WriteRecordBlock(packetroutines::SampleWriter::RewindText);
+        }
+      },
+      [&] { files_.Finish(); },
+      [&] {
+        progress = Line(line::Progress).Caption;
+        Line(line::Progress).ForeColor = Black;
+        Line(line::Progress).Caption = progress + "; please keep patient, analysis running...";
+      },
+      [&] { services_.Usual.Events.Pump(); },
+      [&] {
+        left = "Log and quick view are left out";
+        found = files_.FindToRead();
+      },
+      [&] {
+        left = "The log is left out";
+        bool nothingToRead = false;
+        if (found && HasFormat(file_format::Text)) parts_.Reader.BuildRecordLog(nothingToRead);
+      },
+      [&] { Line(line::Progress).Caption = progress; },
+      [&] {
+        if (!Left() && HasFormat(file_format::Text)) recorder_.Command9.Visible = true;
+      },
+      [&] {
+        left = "The quick view is left out";
+        if (!Left() && found) parts_.Reader.ViewRecording();
+      },
+      [&] { EnableFormats(true); }, [&] { ShowFileFormat(); });
+}
+
+void RecordingSession::StopCapture(Arrived arrived) {
+  // A change of the tab has stopped it already, and what runs by now belongs to another view.
+  if (Left()) return;
+  if (arrived == Arrived::Stored) {
+    capture_.StopBehindArrived();
+  } else {
+    capture_.StopCapture();
+  }
+}
+
+void RecordingSession::StopAt(std::size_t stream) {
+  const Stopping stopping(phase_);
+  SetQuietly(false);
+  // The ring that is being written is full: no pump of the stop may fill it anew.
+  StopCapture(Arrived::Dropped);
+  if (stopping.First()) Stop(Arrived::Dropped);
+  StopCapture(Arrived::Dropped);
+  state_.LookingForRecording = false;
+  if (HasFormat(file_format::Worksheet)) files_.CloseSheet(stream);
+  ShowFileFormat();
+}
+
+void RecordingSession::StopOnFullDisk() {
+  const Stopping stopping(phase_);
+  // A run that begins in the pumps of the stop is another view's, and so is its watchdog.
+  const bool resting = capture_.StopCapture();
+  state_.LookingForRecording = false;
+  if (resting) timers_.Timer1.Enabled = false;
+  services_.Usual.Dialogs.Show({"Attention",
+                                std::string("Disk full.") + Crlf +
+                                    "Please check the disk path, if you can free some disk space." +
+                                    Crlf + "Recording ist stopped.",
+                                platform::Icon::Information});
+  SetQuietly(false);
+  if (stopping.First()) Stop(Arrived::Dropped);
+  recorder_.CWButton3.Enabled = true;
+  parts_.Context.Open.CloseQuietly(packetroutines::TextFile);
+}
+
+void RecordingSession::EnableFormats(bool enabled) {
+  for (platform::OptionButton& format : recorder_.Option2) format.Enabled = enabled;
+}
+
+}  // namespace subroutines
