@@ -7,17 +7,18 @@
 
 namespace packetroutines {
 
-Acquisition::Acquisition(forms::Main& main, config::Settings& settings,
-                         const config::RunSettings& present, const AcquisitionServices& services)
+Acquisition::Acquisition(forms::Main& main, config::Configuration& config,
+                         const AcquisitionServices& services)
     : Retry(services.Usual.Dialogs, Upper),
       Run(State, main),
       Capture(services.Capture, {.Setup = main, .Shared = main, .Buttons = main.Buttons()},
-              settings, State, Run, services.Usual),
+              config.Settings, State, Run, services.Usual),
       Locator(State, Retry, services.Usual.Program),
-      Builder(State, Block, Rings, present, main, services.Numbers, Retry, services.Usual.Program),
-      Waiting(State, settings, present, main, main.Buttons(), Capture, services.Timers,
-              services.Numbers),
-      Packets(State, settings, present, {.Recorder = main, .Report = main},
+      Builder(State, Block, Rings, config.Present, main, services.Numbers, Retry,
+              services.Usual.Program),
+      Waiting(State, config.Settings, config.Present, main, main.Buttons(), Capture,
+              services.Timers, services.Numbers),
+      Packets(State, config.Settings, config.Present, {.Recorder = main, .Report = main},
               {.Run = Run,
                .Capture = Capture,
                .Locator = Locator,
@@ -26,12 +27,13 @@ Acquisition::Acquisition(forms::Main& main, config::Settings& settings,
                .Waiting = Waiting},
               Upper, {.Numbers = services.Numbers, .Code = services.Code}, services.Usual),
       Watchdog(State, Run, main, main.Buttons(), Capture, Upper, services.Usual),
-      Restart(State, Run, settings, main, main.Buttons(), Capture, services.Usual.Events),
+      Restart(State, Run, config.Settings, main, main.Buttons(), Capture, services.Usual.Events),
       Release(Run, main, main.Buttons()),
       buttons_(main.Buttons()),
-      settings_(settings),
+      settings_(config.Settings),
       program_(services.Usual.Program) {
-  Capture.User = *this;
+  Capture.User = static_cast<CaptureUser&>(*this);
+  config.View.Blocks = static_cast<config::BlockUser&>(*this);
 }
 
 void Acquisition::ReserveMemory() {
@@ -55,10 +57,9 @@ void Acquisition::End() {
 
 void Acquisition::StationChosen() {
   // A mode without its button is left over from a run that got no data.
-  const bool running =
-      State.CaptureRunning || AnyModeSet(State, [this](const Mode& mode) {
-        return IsLiveView(mode) && mode.RunButton(buttons_).Value;
-      });
+  const bool running = State.CaptureRunning || AnyModeSet(State, [this](const Mode& mode) {
+                         return IsLiveView(mode) && mode.RunButton(buttons_).Value;
+                       });
   if (!running) return;
   // The other station has its samples elsewhere in its frames, and may have fewer of them: where
   // they cannot be located it reads as silent, and nothing of the block that the old one began may

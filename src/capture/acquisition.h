@@ -15,8 +15,7 @@
 #include "capture/signal_builder.h"
 #include "capture/view_restart.h"
 #include "capture/waiting_line.h"
-#include "config/settings.h"
-#include "config/setup_view.h"
+#include "config/configuration.h"
 #include "forms/main_form.h"
 #include "platform/controls/timer.h"
 #include "platform/services/capture_object.h"
@@ -37,9 +36,9 @@ struct AcquisitionServices {
 /// The acquisition as a whole: the state of a run, the frames from the capture channel to the
 /// block, and the timers that keep a live view going. The folders above plug into it, and work with
 /// the parts that are public.
-class Acquisition : private CaptureUser, public config::BlockUser {
+class Acquisition : private CaptureUser, private config::BlockUser {
  public:
-  Acquisition(forms::Main& main, config::Settings& settings, const config::RunSettings& present,
+  Acquisition(forms::Main& main, config::Configuration& config,
               const AcquisitionServices& services);
 
   /// No button is locked at the start.
@@ -50,10 +49,6 @@ class Acquisition : private CaptureUser, public config::BlockUser {
   void SetFlags();
   /// Capture is stopped and every mode ends, for good; for the end that cannot wait.
   void End();
-
-  /// The views show the other station from now on.
-  void StationChosen() override;
-  void RebuildBlockArrays(std::int32_t baseSamples) override { Block.Rebuild(baseSamples); }
 
   AcquisitionState State;
   BlockArrays Block;
@@ -77,6 +72,8 @@ class Acquisition : private CaptureUser, public config::BlockUser {
   void CaptureStopped() override;
   void ReportEnded() override;
   void CaptureRefused() override;
+  void StationChosen() override;
+  void RebuildBlockArrays(std::int32_t baseSamples) override { Block.Rebuild(baseSamples); }
 
   forms::RunButtons buttons_;
   config::Settings& settings_;

@@ -35,9 +35,9 @@ struct RunFields {
   bool LookingForRecording = false;
   bool LookingForID = false;
 
-  /// Counts how often a page was left that a run may belong to: by a change of the tab, by the exit,
-  /// by the end of the stream finder. That ends every run, also one whose next burst is about to
-  /// start (`PageVisit`).
+  /// Counts how often a page was left that a run may belong to: by a change of the tab, by the
+  /// exit, by the end of the stream finder. That ends every run, also one whose next burst is about
+  /// to start (`PageVisit`).
   std::uint32_t PagesLeft = 0;
   /// Pages that are being left, one inside the other. What comes due in the pumps of that starts
   /// nothing. The end of the program counts as one that is never over.

@@ -21,34 +21,34 @@ void PacketDispatcher::CompleteBlock(bool signalOk) {
   const auto wants = [&](bool RunFields::*mode) { return state_.*mode && !visit.Over(); };
   const auto current = [&] { return signalOk && state_.StationChanges == station; };
   run_(
-       [&] {
-         frameIndex_[0] = 0;
-         parts_.Builder.KeepBlock();
-         Advance(streams_.BlockCount);
-       },
-       [&] { services_.Events.Pump(); },
-       [&] {
-         if (wants(&RunFields::LookingForScope)) ShowBlock(current, [&] { PlotBlock(); });
-       },
-       [&] {
-         if (wants(&RunFields::LookingForValues) && !state_.RealTimeMode) {
-           BlockForValues(current);
-         }
-       },
-       [&] {
-         // The real-time value was shown frame by frame.
-         if (wants(&RunFields::LookingForValues) && state_.RealTimeMode) {
-           parts_.Waiting.BlockShown();
-         }
-       },
-       [&] {
-         if (wants(&RunFields::LookingForRecording)) BlockForRecording();
-       },
-       [&] {
-         if (wants(&RunFields::LookingForPhases)) {
-           ShowBlock(current, [&] { upper_.Views->UpdatePhases(); });
-         }
-       });
+      [&] {
+        frameIndex_[0] = 0;
+        parts_.Builder.KeepBlock();
+        Advance(streams_.BlockCount);
+      },
+      [&] { services_.Events.Pump(); },
+      [&] {
+        if (wants(&RunFields::LookingForScope)) ShowBlock(current, [&] { PlotBlock(); });
+      },
+      [&] {
+        if (wants(&RunFields::LookingForValues) && !state_.RealTimeMode) {
+          BlockForValues(current);
+        }
+      },
+      [&] {
+        // The real-time value was shown frame by frame.
+        if (wants(&RunFields::LookingForValues) && state_.RealTimeMode) {
+          parts_.Waiting.BlockShown();
+        }
+      },
+      [&] {
+        if (wants(&RunFields::LookingForRecording)) BlockForRecording();
+      },
+      [&] {
+        if (wants(&RunFields::LookingForPhases)) {
+          ShowBlock(current, [&] { upper_.Views->UpdatePhases(); });
+        }
+      });
 }
 
 template <typename Current, typename Show>
@@ -84,8 +84,8 @@ void PacketDispatcher::BlockForRecording() {
     // The time display takes the usual rate, whatever the base frequency is.
     const auto samples = static_cast<double>(state_.BlockCount) * present_.BaseSamples;
     controls_.Recorder.Label10[forms::record_line::Progress].Caption =
-        numbers_.General(samples / platform::SamplesASecond) + "s / " +
-        numbers_.General(samples) + " samples";
+        numbers_.General(samples / platform::SamplesASecond) + "s / " + numbers_.General(samples) +
+        " samples";
     parts_.Waiting.BlockShown();
   });
 }

@@ -233,7 +233,7 @@ void CaptureSession::StopBehindArrived() {
 bool CaptureSession::StopCapture() {
   const std::uint32_t starts = starts_;
   RunSteps(
-      services_.Program, &OnStopFailure, 
+      services_.Program, &OnStopFailure,
       [&] {
         ShowIndicators(false);
         aPacketX().Stop();

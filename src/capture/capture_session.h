@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <memory>
 
+#include "base/plug.h"
 #include "base/trap.h"
 #include "capture/acquisition_state.h"
-#include "base/plug.h"
 #include "capture/modes.h"
 #include "capture/run_control.h"
 #include "config/settings.h"
@@ -54,8 +54,8 @@ class CaptureSession {
 
   /// Creates the capture object and fills the adapter list; once, at start-up.
   void FillAdapterList();
-  /// The start of a run: measures the frame length anew, takes the adapter over and begins the first
-  /// burst. The wish is for the frames that the run meets.
+  /// The start of a run: measures the frame length anew, takes the adapter over and begins the
+  /// first burst. The wish is for the frames that the run meets.
   void BeginRun(ModeName mode, const platform::FrameWish& wish = {});
   /// The first half of it, for a run that is begun step by step.
   void PrepareRun(std::int32_t buffSize, const platform::FrameWish& wish = {});

@@ -113,9 +113,9 @@ void NoDataWatchdog::LockViews() {
 }
 
 void NoDataWatchdog::ShowNoDataDialog(ModeName mode) {
-  const std::string text = std::string(mode.Find()->NoData) + " No data received!" + Crlf + Crlf + "Reasons:" + Crlf +
-                           "- check cable (crossed/straight network cable)" + Crlf +
-                           "- check your choice of the network adapter" + Crlf +
+  const std::string text = std::string(mode.Find()->NoData) + " No data received!" + Crlf + Crlf +
+                           "Reasons:" + Crlf + "- check cable (crossed/straight network cable)" +
+                           Crlf + "- check your choice of the network adapter" + Crlf +
                            "- check setup of your network connection (half duplex!)" + Crlf +
                            "- check correct filter setup (filter condition, filter content)" +
                            Crlf + "- run 'Find streams' on tab 'Setup'" + Crlf + Crlf +

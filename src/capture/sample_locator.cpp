@@ -26,10 +26,10 @@ void SampleLocator::FindDataOffsets(const PacketBytes& bytes, std::int16_t packe
       program_,
       [this](const platform::Failure& failure, int attempt) {
         return retry_.Show({"unknown exception",
-                              std::string("unknown error") + platform::Crlf + failure.Text() +
-                                  platform::Crlf + "This happens while looking for data offsets",
-                              platform::Icon::Critical},
-                             attempt);
+                            std::string("unknown error") + platform::Crlf + failure.Text() +
+                                platform::Crlf + "This happens while looking for data offsets",
+                            platform::Icon::Critical},
+                           attempt);
       },
       [&] { Locate(bytes, packetLength, stream); });
 }

@@ -59,12 +59,11 @@ void SignalBuilder::BuildingSignals(std::int32_t row, const PacketBytes& bytes, 
       ++state_.Counters.Unread;
       return Verdict::LeaveRoutine;
     }
-    return retry_.Show(
-        {"unknown...",
-         std::string("unknown error in 'BuildingSignals'") + platform::Crlf + failure.Text() +
-             platform::Crlf + "this happens while building signals",
-         platform::Icon::Critical},
-        attempt);
+    return retry_.Show({"unknown...",
+                        std::string("unknown error in 'BuildingSignals'") + platform::Crlf +
+                            failure.Text() + platform::Crlf + "this happens while building signals",
+                        platform::Icon::Critical},
+                       attempt);
   };
   signalOk = true;
   platform::RunSteps(

@@ -49,20 +49,21 @@ class RecordingSession::Stopping {
   bool first_;
 };
 
-RecordingSession::RecordingSession(forms::RecorderControls& recorder, forms::TimerControls& timers,
-                                   config::Settings& settings, StoredSettings& stored,
-                                   packetroutines::AcquisitionState& state,
+RecordingSession::RecordingSession(forms::RecorderControls& recorder,
+                                   packetroutines::RunControl& run, config::Settings& settings,
+                                   StoredSettings& stored, packetroutines::AcquisitionState& state,
                                    packetroutines::CaptureSession& capture,
                                    const RecordingParts& parts, const RecordingServices& services)
     : recorder_(recorder),
-      timers_(timers),
+      run_(run),
       settings_(settings),
       stored_(stored),
       state_(state),
       capture_(capture),
       parts_(parts),
       services_(services),
-      files_(parts.Context, parts.Writers, services.Usual) {
+      files_(parts.Context, parts.Writers, services.Usual),
+      visit_(state) {
   recorder_.CWButton3.ValueChanged = [this] { CWButton3_ValueChanged(); };
   for (std::size_t i = 0; i < recorder_.Option2.size(); ++i) {
     recorder_.Option2[i].Click = [this, i] { Option2_Click(i); };
@@ -128,7 +129,7 @@ void RecordingSession::SetQuietly(bool value) {
 
 void RecordingSession::Start() {
   phase_ = Phase::Starting;
-  tabAtRun_ = state_.TabChanges;
+  visit_.BeginAnew();
   const auto goesOn = [this] {
     return !Left() && recorder_.CWButton3.Value ? Flow::Next : Flow::Leave;
   };
@@ -140,10 +141,8 @@ void RecordingSession::Start() {
       services_.Usual.Program, drop, [&] { services_.Usual.Events.Pump(); }, goesOn,
       [&] { files_.Begin(); },
       [&] {
-        state_.PacketLengthPending = true;
-        capture_.SetupAdapter(packetroutines::RecordingBuffer);
-        state_.BlockCount = 0;
-        state_.BlockCount2 = 0;
+        capture_.PrepareRun(packetroutines::RecordingBuffer);
+        capture_.CountBlocksAnew();
         BeginProgress();
         // No recording is stopped before its first ring is on disk.
         recorder_.CWButton3.Visible = false;
@@ -207,7 +206,7 @@ void RecordingSession::Stop(Arrived arrived) {
   bool found = false;
   RunSteps(
       services_.Usual.Program, tell, [&] { services_.Usual.Events.Pump(); },
-      [&] { StopCapture(arrived); }, [&] { state_.LookingForRecording = false; },
+      [&] { StopCapture(arrived); }, [&] { run_.Clear("LookingForRecording"); },
       [&] {
         if (HasFormat(file_format::Text)) {
           parts_.Samples.WriteRecordBlock(packetroutines::SampleWriter::RewindText);
@@ -257,7 +256,7 @@ void RecordingSession::StopAt(std::size_t stream) {
   StopCapture(Arrived::Dropped);
   if (stopping.First()) Stop(Arrived::Dropped);
   StopCapture(Arrived::Dropped);
-  state_.LookingForRecording = false;
+  run_.Clear("LookingForRecording");
   if (HasFormat(file_format::Worksheet)) files_.CloseSheet(stream);
   ShowFileFormat();
 }
@@ -266,8 +265,8 @@ void RecordingSession::StopOnFullDisk() {
   const Stopping stopping(phase_);
   // A run that begins in the pumps of the stop is another view's, and so is its watchdog.
   const bool resting = capture_.StopCapture();
-  state_.LookingForRecording = false;
-  if (resting) timers_.Timer1.Enabled = false;
+  run_.Clear("LookingForRecording");
+  if (resting) run_.CallOffWatchdog();
   services_.Usual.Dialogs.Show({"Attention",
                                 std::string("Disk full.") + Crlf +
                                     "Please check the disk path, if you can free some disk space." +

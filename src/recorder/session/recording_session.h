@@ -6,9 +6,9 @@
 
 #include "capture/acquisition_state.h"
 #include "capture/capture_session.h"
+#include "capture/run_control.h"
 #include "config/stored_settings.h"
 #include "forms/recorder_controls.h"
-#include "forms/window_controls.h"
 #include "platform/services/calendar.h"
 #include "platform/services/services.h"
 #include "recorder/reading/record_reader.h"
@@ -42,7 +42,7 @@ struct RecordingServices {
 /// same, so that a recording that has lost its disk ends like any other.
 class RecordingSession : public packetroutines::RecordingEnd {
  public:
-  RecordingSession(forms::RecorderControls& recorder, forms::TimerControls& timers,
+  RecordingSession(forms::RecorderControls& recorder, packetroutines::RunControl& run,
                    config::Settings& settings, StoredSettings& stored,
                    packetroutines::AcquisitionState& state, packetroutines::CaptureSession& capture,
                    const RecordingParts& parts, const RecordingServices& services);
@@ -77,7 +77,7 @@ class RecordingSession : public packetroutines::RecordingEnd {
   void StopCapture(Arrived arrived);
   void StopAt(std::size_t stream);
   /// Another tab was entered since the press of RUN; its view is left alone.
-  bool Left() const { return state_.TabChanges != tabAtRun_; }
+  bool Left() const { return visit_.Over(); }
   bool HasFormat(std::string_view format) const { return settings_.FileFormat == format; }
   /// Sets the button without any step of a recording.
   void SetQuietly(bool value);
@@ -85,7 +85,7 @@ class RecordingSession : public packetroutines::RecordingEnd {
   platform::Label& Line(std::size_t line) { return recorder_.Label10[line]; }
 
   forms::RecorderControls& recorder_;
-  forms::TimerControls& timers_;
+  packetroutines::RunControl& run_;
   config::Settings& settings_;
   StoredSettings& stored_;
   packetroutines::AcquisitionState& state_;
@@ -94,7 +94,8 @@ class RecordingSession : public packetroutines::RecordingEnd {
   RecordingServices services_;
   packetroutines::SessionFiles files_;
   Phase phase_ = Phase::Idle;
-  std::uint32_t tabAtRun_ = 0;
+  /// On the page, from the press of RUN on.
+  packetroutines::PageVisit visit_;
 };
 
 }  // namespace subroutines
