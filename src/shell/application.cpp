@@ -30,23 +30,13 @@ Application::Application(const Platform& platform)
       adapters_(Main, Settings, stored_),
       printers_(Main, Main, Settings, stored_, platform.Printers, platform.Dialogs,
                 platform.Program),
-      open_(platform.Files),
-      analysis_(
-          {Settings, Present, State.RecordFileName, platform.Files, State.LookingForRecording},
-          dispatcher_.Bytes(), Main,
-          {platform.Code, platform.Numbers, platform.Calendar, platform.Pointer, platform.Dialogs,
-           platform.Links, platform.Program, open_}),
-      record_{Settings, Present,          State,        Rings, platform.Files,
-              open_,    platform.Numbers, platform.Code},
-      sheets_(open_, platform.Numbers, platform.Code),
-      textWriter_(record_),
-      sheetWriter_(record_, sheets_, recording_),
-      comtradeWriter_(record_),
-      diskReport_(Main, platform.Files, platform.Calendar, platform.Numbers),
-      writers_{textWriter_, sheetWriter_, comtradeWriter_, sheets_, diskReport_},
-      samples_(record_, writers_, Main, recording_, platform.Program),
-      recording_(Main, Main, Settings, stored_, State, capture_,
-                 {record_, writers_, samples_, analysis_}, {services_, platform.Calendar}),
+      recorderServices_{services_,         platform.Files,   platform.Numbers, platform.Code,
+                        platform.Calendar, platform.Pointer, platform.Links},
+      writing_(Main, Settings, Present, State, Rings, recorderServices_),
+      analysis_({Settings, Present, State, writing_.formats, writing_.open, recorderServices_},
+                dispatcher_.Bytes(), Main),
+      recording_(Main, Main, Settings, stored_, State, capture_, writing_, analysis_,
+                 recorderServices_),
       trigger_(Main, Main, Settings, platform.Numbers),
       tabs_(Main, Settings, Present, stored_, State, capture_, services_, platform.Files, *this,
             platform.Timers),
@@ -75,6 +65,7 @@ Application::Application(const Platform& platform)
       pages_({Main, Main, Main, Main}, Revisionhistory, Settings, Present, platform.Numbers,
              platform.Printers, platform.Links, platform.Program),
       resize_(Main, State, platform.Program) {
+  writing_.end = recording_;
   stored_.StatusUpdate = [this] { pages_.StatusUpdate(); };
   tabs_.OtherForms = {&Revisionhistory.Window, &DebugWindow.Window, &IDlook.Window};
   resize_.PassFirstTab = [this] { tabs_.PassFirstTab(); };
@@ -139,7 +130,7 @@ void Application::UpdatePhases() {
 }
 
 void Application::WriteRecordBlock(std::int16_t stream) {
-  samples_.WriteRecordBlock(stream);
+  writing_.samples.WriteRecordBlock(stream);
 }
 
 void Application::ShowFileFormat() {

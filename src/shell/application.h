@@ -47,8 +47,7 @@
 #include "recorder/reading/record_analysis.h"
 #include "recorder/session/recording_session.h"
 #include "recorder/session/trigger_block.h"
-#include "recorder/writing/disk_report.h"
-#include "recorder/writing/sample_writer.h"
+#include "recorder/writing/writing.h"
 #include "report/report_analysis.h"
 #include "report/report_print.h"
 #include "report/report_view.h"
@@ -101,7 +100,7 @@ class Application : private config::SetupConsumers,
   /// stopped, and the program ends.
   void EndSession();
   /// Finishes the files that are still open; the last that is done before the process is left.
-  void CloseFiles() { sheets_.Finish(); }
+  void CloseFiles() { writing_.worksheet.Finish(); }
 
   forms::Main Main;
   forms::Revisionhistory Revisionhistory;
@@ -152,16 +151,9 @@ class Application : private config::SetupConsumers,
   subroutines::SetupView setup_;
   subroutines::AdapterChoice adapters_;
   subroutines::PrinterChoices printers_;
-  packetroutines::FileNumbers open_;
+  packetroutines::RecorderServices recorderServices_;
+  packetroutines::Writing writing_;
   packetroutines::RecordAnalysis analysis_;
-  packetroutines::RecordContext record_;
-  packetroutines::Worksheets sheets_;
-  packetroutines::TextWriter textWriter_;
-  packetroutines::WorksheetWriter sheetWriter_;
-  packetroutines::ComtradeWriter comtradeWriter_;
-  packetroutines::DiskReport diskReport_;
-  packetroutines::RecordWriters writers_;
-  packetroutines::SampleWriter samples_;
   subroutines::RecordingSession recording_;
   subroutines::TriggerBlock trigger_;
   TabController tabs_;

@@ -3,7 +3,8 @@
 #include <string>
 
 #include "config/setup_view.h"
-#include "recorder/writing/record_files.h"
+#include "recorder/writing/record_names.h"
+#include "recorder/writing/text_format.h"
 #include "shell/tab_controller.h"
 
 namespace formroutines {
@@ -14,8 +15,7 @@ namespace {
 
 /// The name that stands for a recording until its start, whatever the format is.
 std::string PlaceholderOfText() {
-  return packetroutines::RecordPlaceholder(
-      packetroutines::RecordFormats[forms::record_format::Text]);
+  return packetroutines::RecordPlaceholder(packetroutines::TextFacts.Extension);
 }
 
 }  // namespace

@@ -10,9 +10,10 @@ RecorderBench::RecorderBench(platform::FileSystem* files)
   Settings.FileFormat = "TXT";
   Settings.ChannelName = {"IA", "IB", "IC", "IN", "UA", "UB", "UC", "UN"};
   Settings.BaseFrequency = 50;
+  Writing.end = Session;
   State.RecordFileName = Started + ".txt";
   ON_CALL(Recorder, WriteRecordBlock).WillByDefault([this](std::int16_t selector) {
-    Samples.WriteRecordBlock(selector);
+    Writing.samples.WriteRecordBlock(selector);
   });
 }
 
@@ -52,7 +53,7 @@ void RecorderBench::Fill(std::size_t stream, int first) {
 
 void RecorderBench::WriteRing(std::int16_t stream, std::int32_t blocks) {
   (stream == 0 ? State.BlockCount : State.BlockCount2) = blocks;
-  Samples.WriteRecordBlock(stream);
+  Writing.samples.WriteRecordBlock(stream);
 }
 
 void RecorderBench::Frames(int count, const std::string& id, int first) {

@@ -8,7 +8,7 @@
 
 #include "recorder/reading/record_analysis.h"
 #include "recorder/session/recording_session.h"
-#include "recorder/writing/sample_writer.h"
+#include "recorder/writing/writing.h"
 #include "support/capture_bench.h"
 #include "support/failing_files.h"
 
@@ -47,25 +47,13 @@ class RecorderBench : public support::CaptureBench {
   explicit RecorderBench(platform::FileSystem* files = nullptr);
 
   support::FailingFiles Disk;
-  packetroutines::FileNumbers Open{Disk};
-  packetroutines::RecordContext Context{Settings, Present, State, Rings, Disk, Open, Numbers, Code};
-  packetroutines::Worksheets Sheets{Open, Numbers, Code};
-  packetroutines::TextWriter Text{Context};
-  packetroutines::WorksheetWriter Sheet{Context, Sheets, Session};
-  packetroutines::ComtradeWriter Comtrade{Context};
-  packetroutines::DiskReport Report{Main, Disk, Calendar, Numbers};
-  packetroutines::RecordWriters Writers{Text, Sheet, Comtrade, Sheets, Report};
-  packetroutines::SampleWriter Samples{Context, Writers, Main, Session, Runtime};
+  packetroutines::RecorderServices Platform{Services, Disk,    Numbers, Code,
+                                            Calendar, Pointer, Links};
+  packetroutines::Writing Writing{Main, Settings, Present, State, Rings, Platform};
   NotedReader Reader{Journal};
   subroutines::StoredSettings Stored{Store, Numbers, Settings};
-  subroutines::RecordingSession Session{Main,
-                                        Main,
-                                        Settings,
-                                        Stored,
-                                        State,
-                                        Acquisition,
-                                        {Context, Writers, Samples, Reader},
-                                        {Services, Calendar}};
+  subroutines::RecordingSession Session{Main,        Main,    Settings, Stored,  State,
+                                        Acquisition, Writing, Reader,   Platform};
 
   /// Presses RUN in a format, with the first frame received, and begins the journal anew.
   void Run(const std::string& format);
@@ -105,10 +93,9 @@ class ReadingBench : public RecorderBench {
   }
 
   packetroutines::RecordAnalysis Analysis{
-      {Settings, Present, State.RecordFileName, Disk, State.LookingForRecording},
+      {Settings, Present, State, Writing.formats, Writing.open, Platform},
       Dispatcher.Bytes(),
-      Main,
-      {Code, Numbers, Calendar, Pointer, Dialogs, Links, Runtime, Open}};
+      Main};
 };
 
 /// What `Fill` puts into a cell; different in each, and exact in decimal digits.
