@@ -88,7 +88,7 @@ class Recording {
       {events_, dialogs_, program_}, files_, numbers_, code_, services_, services_, services_};
   packetroutines::Writing writing_{recorder_, settings_, present_, state_, rings_, platform_};
   packetroutines::RecordAnalysis analysis_{
-      {settings_, present_, state_, writing_.formats, writing_.open, platform_}, frame_, recorder_};
+      {settings_, present_, state_, writing_.Formats, writing_.Open, platform_}, frame_, recorder_};
 };
 
 Recording& RecordingOf(std::int64_t lines) {

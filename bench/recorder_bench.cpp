@@ -34,7 +34,7 @@ struct WriterScene {
 
   /// Begins the file anew before it fills the disk.
   void KeepSmall(std::int64_t most) {
-    const std::string path = RecordPath(Writing.context, 0);
+    const std::string path = RecordPath(Writing.Context, 0);
     if (Files.FileSize(path) > most) Files.DeleteFile(path);
   }
 
@@ -64,7 +64,7 @@ constexpr std::int64_t MostBytes = 32'000'000;
 void Text(benchmark::State& state) {
   WriterScene scene;
   for (auto _ : state) {
-    scene.Writing.text.Write(0);
+    scene.Writing.Text.Write(0);
     scene.KeepSmall(MostBytes);
   }
 }
@@ -74,7 +74,7 @@ void Comtrade(benchmark::State& state) {
   WriterScene scene;
   scene.State.BlockCount = 18;
   for (auto _ : state) {
-    scene.Writing.comtrade.Write(0);
+    scene.Writing.Comtrade.Write(0);
     scene.KeepSmall(MostBytes);
   }
 }
@@ -83,7 +83,7 @@ BENCHMARK(Comtrade)->Name("RecordRing/Comtrade")->Unit(benchmark::kMillisecond);
 void Worksheet(benchmark::State& state) {
   constexpr int RingsOfSheet = 8;
   WriterScene scene;
-  packetroutines::WorksheetFormat& sheet = scene.Writing.worksheet;
+  packetroutines::WorksheetFormat& sheet = scene.Writing.Worksheet;
   int ring = 0;
   for (auto _ : state) {
     sheet.Write(0);

@@ -33,7 +33,7 @@ Application::Application(const Platform& platform)
       recorderServices_{services_,         platform.Files,   platform.Numbers, platform.Code,
                         platform.Calendar, platform.Pointer, platform.Links},
       writing_(Main, Settings, Present, State, Rings, recorderServices_),
-      analysis_({Settings, Present, State, writing_.formats, writing_.open, recorderServices_},
+      analysis_({Settings, Present, State, writing_.Formats, writing_.Open, recorderServices_},
                 dispatcher_.Bytes(), Main),
       recording_(Main, Main, Settings, stored_, State, capture_, writing_, analysis_,
                  recorderServices_),
@@ -65,7 +65,7 @@ Application::Application(const Platform& platform)
       pages_({Main, Main, Main, Main}, Revisionhistory, Settings, Present, platform.Numbers,
              platform.Printers, platform.Links, platform.Program),
       resize_(Main, State, platform.Program) {
-  writing_.end = recording_;
+  writing_.End = recording_;
   stored_.StatusUpdate = [this] { pages_.StatusUpdate(); };
   tabs_.OtherForms = {&Revisionhistory.Window, &DebugWindow.Window, &IDlook.Window};
   resize_.PassFirstTab = [this] { tabs_.PassFirstTab(); };
@@ -130,7 +130,7 @@ void Application::UpdatePhases() {
 }
 
 void Application::WriteRecordBlock(std::int16_t stream) {
-  writing_.samples.WriteRecordBlock(stream);
+  writing_.Samples.WriteRecordBlock(stream);
 }
 
 void Application::ShowFileFormat() {

@@ -100,7 +100,7 @@ class Application : private config::SetupConsumers,
   /// stopped, and the program ends.
   void EndSession();
   /// Finishes the files that are still open; the last that is done before the process is left.
-  void CloseFiles() { writing_.worksheet.Finish(); }
+  void CloseFiles() { writing_.Worksheet.Finish(); }
 
   forms::Main Main;
   forms::Revisionhistory Revisionhistory;

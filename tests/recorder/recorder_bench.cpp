@@ -10,10 +10,10 @@ RecorderBench::RecorderBench(platform::FileSystem* files)
   Settings.FileFormat = "TXT";
   Settings.ChannelName = {"IA", "IB", "IC", "IN", "UA", "UB", "UC", "UN"};
   Settings.BaseFrequency = 50;
-  Writing.end = Session;
+  Writing.End = Session;
   State.RecordFileName = Started + ".txt";
   ON_CALL(Recorder, WriteRecordBlock).WillByDefault([this](std::int16_t selector) {
-    Writing.samples.WriteRecordBlock(selector);
+    Writing.Samples.WriteRecordBlock(selector);
   });
 }
 
@@ -53,7 +53,7 @@ void RecorderBench::Fill(std::size_t stream, int first) {
 
 void RecorderBench::WriteRing(std::int16_t stream, std::int32_t blocks) {
   (stream == 0 ? State.BlockCount : State.BlockCount2) = blocks;
-  Writing.samples.WriteRecordBlock(stream);
+  Writing.Samples.WriteRecordBlock(stream);
 }
 
 void RecorderBench::Frames(int count, const std::string& id, int first) {

@@ -93,7 +93,7 @@ class ReadingBench : public RecorderBench {
   }
 
   packetroutines::RecordAnalysis Analysis{
-      {Settings, Present, State, Writing.formats, Writing.open, Platform},
+      {Settings, Present, State, Writing.Formats, Writing.Open, Platform},
       Dispatcher.Bytes(),
       Main};
 };

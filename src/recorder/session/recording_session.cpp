@@ -76,16 +76,16 @@ void RecordingSession::Load() {
 }
 
 void RecordingSession::ShowFileFormat() {
-  const SampleFormat* const chosen = writing_.formats.Chosen();
+  const SampleFormat* const chosen = writing_.Formats.Chosen();
   for (std::size_t i = 0; i < recorder_.Option2.size(); ++i) {
-    if (&writing_.formats[i] == chosen) recorder_.Option2[i].Value = true;
+    if (&writing_.Formats[i] == chosen) recorder_.Option2[i].Value = true;
   }
 }
 
 void RecordingSession::Option2_Click(std::size_t index) {
   // A recording that is being finished is finished in its own format.
   if (state_.RecorderBusy || phase_ == Phase::Stopping) return;
-  const packetroutines::FormatFacts& format = writing_.formats[index].Facts;
+  const packetroutines::FormatFacts& format = writing_.Formats[index].Facts;
   settings_.FileFormat = format.Name;
   state_.RecordFileName = packetroutines::RecordPlaceholder(format.Extension);
   Line(line::FirstPath).Caption = PathOf(state_.RecordFileName);
@@ -98,7 +98,7 @@ void RecordingSession::Option2_Click(std::size_t index) {
 }
 
 bool RecordingSession::HasLog() const {
-  return packetroutines::SequelOf(writing_.formats.Chosen()) ==
+  return packetroutines::SequelOf(writing_.Formats.Chosen()) ==
          packetroutines::Sequel::LogAndQuickView;
 }
 
@@ -141,7 +141,7 @@ void RecordingSession::Start() {
   phase_ = Phase::Starting;
   tabAtRun_ = state_.TabChanges;
   const auto drop = [this](const Failure& failure) {
-    writing_.report.Add("The recording did not begin: " + failure.Text());
+    writing_.Report.Add("The recording did not begin: " + failure.Text());
     return Verdict::LeaveRoutine;
   };
   if (RunSteps(services_.Usual.Program, drop, [this] { return Prepare(); }) == Flow::Leave) {
@@ -187,7 +187,7 @@ void RecordingSession::LockFormats() {
 }
 
 void RecordingSession::NameFiles() {
-  if (SampleFormat* const format = writing_.formats.Chosen()) {
+  if (SampleFormat* const format = writing_.Formats.Chosen()) {
     state_.RecordFileName =
         packetroutines::RecordName(services_.Calendar.Now(), format->Facts.Extension);
     format->Begin();
@@ -208,7 +208,7 @@ void RecordingSession::DropStart() {
 void RecordingSession::Stop(Arrived arrived) {
   const char* left = "The recording was not ended as usual";
   const auto tell = [&](const Failure& failure) {
-    writing_.report.Add(left + (": " + failure.Text()));
+    writing_.Report.Add(left + (": " + failure.Text()));
     return Verdict::SkipStep;
   };
   std::string progress;
@@ -275,7 +275,7 @@ void RecordingSession::StopAt(std::size_t stream) {
   if (stopping.First()) Stop(Arrived::Dropped);
   StopCapture(Arrived::Dropped);
   state_.LookingForRecording = false;
-  if (SampleFormat* const format = writing_.formats.Chosen()) format->EndAtLimit(stream);
+  if (SampleFormat* const format = writing_.Formats.Chosen()) format->EndAtLimit(stream);
   ShowFileFormat();
 }
 
@@ -293,7 +293,7 @@ void RecordingSession::StopOnFullDisk() {
   SetQuietly(false);
   if (stopping.First()) Stop(Arrived::Dropped);
   recorder_.CWButton3.Enabled = true;
-  writing_.open.CloseQuietly(packetroutines::TextFile);
+  writing_.Open.CloseQuietly(packetroutines::TextFile);
 }
 
 void RecordingSession::EnableFormats(bool enabled) {

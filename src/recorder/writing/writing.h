@@ -24,22 +24,22 @@ struct Writing {
   Writing(forms::RecorderControls& recorder, const config::Settings& settings,
           const config::RunSettings& present, const AcquisitionState& state,
           const RecordRings& rings, const RecorderServices& services)
-      : open(services.Files),
-        report(recorder, services.Files, services.Calendar, services.Numbers),
-        context{settings, present, state, rings, services, open, report, end},
-        formats(settings, {&text, &worksheet, &comtrade}),
-        samples(context, formats, recorder) {}
+      : Open(services.Files),
+        Report(recorder, services.Files, services.Calendar, services.Numbers),
+        Context{settings, present, state, rings, services, Open, Report, End},
+        Formats(settings, {&Text, &Worksheet, &Comtrade}),
+        Samples(Context, Formats, recorder) {}
 
-  FileNumbers open;
-  DiskReport report;
+  FileNumbers Open;
+  DiskReport Report;
   /// What ends a recording from within the writing of a ring.
-  platform::Plug<RecordingEnd> end;
-  const WritingContext context;
-  TextFormat text{context};
-  WorksheetFormat worksheet{context};
-  ComtradeFormat comtrade{context};
-  SampleFormats formats;
-  SampleWriter samples;
+  platform::Plug<RecordingEnd> End;
+  const WritingContext Context;
+  TextFormat Text{Context};
+  WorksheetFormat Worksheet{Context};
+  ComtradeFormat Comtrade{Context};
+  SampleFormats Formats;
+  SampleWriter Samples;
 };
 
 }  // namespace packetroutines

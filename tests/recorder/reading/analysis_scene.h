@@ -78,9 +78,9 @@ class AnalysisScene : public FakePlatform {
   packetroutines::RecorderServices Platform{
       {Events, Dialogs, Runtime}, Disk, Numbers, Code, Calendar, Pointer, Links};
   packetroutines::Writing Writing{Recorder, Settings, Present, State, Rings, Platform};
-  packetroutines::FileNumbers& Open = Writing.open;
+  packetroutines::FileNumbers& Open = Writing.Open;
   packetroutines::RecordAnalysis Analysis{
-      {Settings, Present, State, Writing.formats, Open, Platform}, Frame, Recorder};
+      {Settings, Present, State, Writing.Formats, Open, Platform}, Frame, Recorder};
 };
 
 /// The text of a recording whose ramp has these values; its eight values are 1.

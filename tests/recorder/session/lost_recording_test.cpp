@@ -162,7 +162,7 @@ class BehindAFailure : public LostRecording, public testing::WithParamInterface<
     bench.Disk.Number = 57;
     bench.WriteRing(0, 18);
     bench.WriteRing(0, 27);
-    EXPECT_TRUE(bench.Writing.open.IsOpen(packetroutines::TextFile));
+    EXPECT_TRUE(bench.Writing.Open.IsOpen(packetroutines::TextFile));
   }
 };
 

@@ -123,7 +123,7 @@ TEST_F(TextFile, IsOneWriteARing) {
 TEST_F(TextFile, CountsFromZeroBehindTheEndOfARecording) {
   bench.WriteRing(0);
   bench.Main.CWButton3.Visible = false;
-  bench.Writing.text.End();
+  bench.Writing.Text.End();
   EXPECT_EQ(bench.Disk.Opens, 1) << "it touches no file";
   EXPECT_FALSE(bench.Main.CWButton3.Visible) << "nor the button";
   bench.Files.Stored.clear();
