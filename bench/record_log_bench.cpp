@@ -84,8 +84,13 @@ class Recording {
   packetroutines::RecordRings rings_;
   packetroutines::PacketBytes frame_;
   forms::RecorderControls recorder_;
-  packetroutines::RecorderServices platform_{
-      {events_, dialogs_, program_}, files_, numbers_, code_, services_, services_, services_};
+  packetroutines::RecorderServices platform_{.Usual = {events_, dialogs_, program_},
+                                             .Code = code_,
+                                             .Numbers = numbers_,
+                                             .Files = files_,
+                                             .Calendar = services_,
+                                             .Pointer = services_,
+                                             .Links = services_};
   packetroutines::Writing writing_{recorder_, settings_, present_, state_, rings_, platform_};
   packetroutines::RecordAnalysis analysis_{
       {settings_, present_, state_, writing_.Formats, writing_.Open, platform_}, frame_, recorder_};

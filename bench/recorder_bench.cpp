@@ -50,10 +50,18 @@ struct WriterScene {
   bench::BenchProgram Program;
   bench::BenchServices Services;
   forms::RecorderControls Recorder;
-  packetroutines::Writing Writing{
-      Recorder, Settings,
-      Present,  State,
-      Rings,    {{Events, Dialogs, Program}, Files, Numbers, Code, Services, Services, Services}};
+  packetroutines::Writing Writing{Recorder,
+                                  Settings,
+                                  Present,
+                                  State,
+                                  Rings,
+                                  {.Usual = {Events, Dialogs, Program},
+                                   .Code = Code,
+                                   .Numbers = Numbers,
+                                   .Files = Files,
+                                   .Calendar = Services,
+                                   .Pointer = Services,
+                                   .Links = Services}};
 
  private:
   QTemporaryDir folder_;

@@ -37,10 +37,10 @@ DesktopProgram::DesktopProgram(const Sources& sources, QtProgram::Leave leave)
                     numbers_, files_, folders_, printers_, surface_, clipboard_, links_, calendar_,
                     pointer_, screen_, picture_}),
       alarms_(timers_, sources.Clock, guard_),
-      window_({application_.Main, application_.Revisionhistory, application_.DebugWindow,
-               application_.IDlook},
+      window_({application_.Windows.Main, application_.Windows.Revisionhistory,
+               application_.Windows.DebugWindow, application_.Windows.IDlook},
               guard_, repaints_, picture_) {
-  surface_.DataPath = [this] { return application_.Settings.StoragePath; };
+  surface_.DataPath = [this] { return application_.Config.Settings.StoragePath; };
   dialogs_.SetOwner(&window_);
   folders_.SetOwner(&window_);
   dialogs_.Stands = [this](bool stands) { StandStill(stands); };

@@ -51,10 +51,10 @@ Point Polar(double degrees, double radius) {
 }  // namespace
 
 PhasorDiagram::PhasorDiagram(forms::PhasorControls& phasor, Canvas& canvas,
-                             const packetroutines::AcquisitionState& state,
+                             const packetroutines::ReadingFields& readings,
                              const config::RunSettings& present,
                              const platform::NumberText& numbers)
-    : phasor_(phasor), canvas_(canvas), state_(state), present_(present), numbers_(numbers) {}
+    : phasor_(phasor), canvas_(canvas), readings_(readings), present_(present), numbers_(numbers) {}
 
 void PhasorDiagram::HeadTable() {
   phasor_.Grid1.Cell[0][1] = "absolute";
@@ -147,7 +147,7 @@ void PhasorDiagram::DrawPhasor(std::int16_t fullScale, double angle1, std::size_
   const bool current = channels::IsCurrent(channel);
   const Rgb colour = current ? LightRed : LightGreen;
   canvas_.DrawWidth(current ? 5 : 3);
-  canvas_.Line({0, 0}, Polar(a, state_.RmsValues[channel] / fullScale * FullLength), colour);
+  canvas_.Line({0, 0}, Polar(a, readings_.RmsValues[channel] / fullScale * FullLength), colour);
   if (!channels::IsNeutral(channel)) {
     canvas_.DrawWidth(3);
     DrawHead(a, colour);
@@ -155,7 +155,7 @@ void PhasorDiagram::DrawPhasor(std::int16_t fullScale, double angle1, std::size_
     canvas_.Print((current ? "I" : "U") + std::to_string(channel % channels::OfAKind + 1));
   }
   auto& row = phasor_.Grid1.Cell[channel + 1];
-  row[1] = numbers_.Format(state_.RmsValues[channel], present_.UnitFormat);
+  row[1] = numbers_.Format(readings_.RmsValues[channel], present_.UnitFormat);
   row[2] = numbers_.Format(-a, "0.000");
 }
 

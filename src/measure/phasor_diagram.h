@@ -29,7 +29,7 @@ struct PhaseShifts {
 class PhasorDiagram {
  public:
   PhasorDiagram(forms::PhasorControls& phasor, platform::Canvas& canvas,
-                const packetroutines::AcquisitionState& state, const config::RunSettings& present,
+                const packetroutines::ReadingFields& readings, const config::RunSettings& present,
                 const platform::NumberText& numbers);
 
   /// Sets the headings and the columns of the table.
@@ -51,7 +51,7 @@ class PhasorDiagram {
 
   forms::PhasorControls& phasor_;
   platform::Canvas& canvas_;
-  const packetroutines::AcquisitionState& state_;
+  const packetroutines::ReadingFields& readings_;
   const config::RunSettings& present_;
   const platform::NumberText& numbers_;
   /// Value of the outermost circle, in the chosen units.

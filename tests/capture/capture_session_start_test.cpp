@@ -177,7 +177,7 @@ TEST_P(PumpOfTheStart, DropsTheStartWhereTheTabChangesInIt) {
   bench.Run("LookingForValues");
   bench.Journal.clear();
   bench.Events.AtPump(GetParam(), [&] {
-    ++bench.State.TabChanges;
+    ++bench.State.PagesLeft;
     bench.State.LookingForValues = false;
   });
 
@@ -208,7 +208,7 @@ INSTANTIATE_TEST_SUITE_P(StartCapture, PumpOfTheStart, testing::Values(1, 2));
 
 TEST(StartCapture, IsNotDroppedForATabChangeOfLongAgo) {
   CaptureBench bench;
-  bench.State.TabChanges = 7;
+  bench.State.PagesLeft = 7;
 
   bench.Acquisition.StartCapture("LookingForValues");
 
@@ -355,10 +355,7 @@ class NoCaptureObject : public testing::Test {
   }
 
   CaptureBench bench;
-  packetroutines::CaptureSession session{
-      bench.Capture,    {bench.Main, bench.Main, bench.Main, bench.Main.Buttons()},
-      bench.Settings,   bench.State,
-      bench.Dispatcher, bench.Services};
+  packetroutines::CaptureSession& session = bench.Acquisition;
 };
 
 TEST_F(NoCaptureObject, ReportsTheSetupAndGoesOn) {

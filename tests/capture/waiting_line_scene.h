@@ -5,7 +5,6 @@
 #include <chrono>
 #include <string>
 
-#include "capture/waiting_line.h"
 #include "config/setup_view.h"
 #include "support/capture_bench.h"
 
@@ -20,13 +19,7 @@ using support::SvFrame;
 /// A run that is looked at, on a bus in the hands of the test. One station is chosen, "MU01".
 class WaitingLineScene : public testing::Test {
  protected:
-  WaitingLineScene() {
-    bench.Settings.FilterContent[1] = config::NoContent;
-    bench.Acquisition.Stopped = [this] { waiting_.CaptureStopped(); };
-    ON_CALL(bench.Views, BlockShown).WillByDefault(testing::Invoke([this] {
-      waiting_.BlockShown();
-    }));
-  }
+  WaitingLineScene() { bench.Settings.FilterContent[1] = config::NoContent; }
 
   void Start(platform::CWButton& button, const char* mode) {
     button.Value = true;
@@ -54,11 +47,6 @@ class WaitingLineScene : public testing::Test {
 
   support::CaptureBench bench;
   AcquisitionState& state = bench.State;
-
- private:
-  WaitingLine waiting_{state,        bench.Settings,       bench.Present,
-                       bench.Main,   bench.Main.Buttons(), bench.Acquisition,
-                       bench.Timers, bench.Numbers};
 };
 
 }  // namespace packetroutines

@@ -10,11 +10,10 @@ RecorderBench::RecorderBench(platform::FileSystem* files)
   Settings.FileFormat = "TXT";
   Settings.ChannelName = {"IA", "IB", "IC", "IN", "UA", "UB", "UC", "UN"};
   Settings.BaseFrequency = 50;
-  Writing.End = Session;
+  Session.Reader = Reader;
+  // The list of adapters is filled by now, which saves the choice.
+  Store.Written.clear();
   State.RecordFileName = Started + ".txt";
-  ON_CALL(Recorder, WriteRecordBlock).WillByDefault([this](std::int16_t selector) {
-    Writing.Samples.WriteRecordBlock(selector);
-  });
 }
 
 void RecorderBench::Run(const std::string& format) {

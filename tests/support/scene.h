@@ -26,11 +26,11 @@ class Scene : public FakePlatform {
   formroutines::Application App{{Timers, Events, Dialogs, Runtime, Store, Capture, Code, Numbers,
                                  Disk, Folders, Printers, Surface, Clipboard, Links, Calendar,
                                  Pointer, Screen, PhasorPicture}};
-  forms::Main& Main = App.Main;
-  config::Settings& Settings = App.Settings;
-  config::RunSettings& Present = App.Present;
-  packetroutines::AcquisitionState& State = App.State;
-  packetroutines::BlockArrays& Block = App.Block;
+  forms::Main& Main = App.Windows.Main;
+  config::Settings& Settings = App.Config.Settings;
+  config::RunSettings& Present = App.Config.Present;
+  packetroutines::AcquisitionState& State = App.Acquisition.State;
+  packetroutines::BlockArrays& Block = App.Acquisition.Block;
 
   /// Start-up, the Values tab, and the content filters "MU01" and none; the journal begins anew.
   void Start();

@@ -5,6 +5,7 @@
 #include "base/failure.h"
 #include "base/raised.h"
 #include "base/trap.h"
+#include "capture/record_progress.h"
 #include "recorder/writing/record_names.h"
 
 namespace subroutines {
@@ -48,23 +49,22 @@ class RecordingSession::Stopping {
   bool first_;
 };
 
-RecordingSession::RecordingSession(forms::RecorderControls& recorder, forms::TimerControls& timers,
-                                   config::Settings& settings, StoredSettings& stored,
-                                   packetroutines::AcquisitionState& state,
+RecordingSession::RecordingSession(forms::RecorderControls& recorder,
+                                   packetroutines::RunControl& run, config::Settings& settings,
+                                   StoredSettings& stored, packetroutines::AcquisitionState& state,
                                    packetroutines::CaptureSession& capture,
                                    packetroutines::Writing& writing,
-                                   packetroutines::RecordReader& reader,
                                    const packetroutines::RecorderServices& services)
     : recorder_(recorder),
-      timers_(timers),
+      run_(run),
       settings_(settings),
       stored_(stored),
       state_(state),
       capture_(capture),
       writing_(writing),
-      reader_(reader),
       services_(services),
-      files_(writing) {
+      files_(writing),
+      visit_(state) {
   recorder_.CWButton3.ValueChanged = [this] { CWButton3_ValueChanged(); };
   for (std::size_t i = 0; i < recorder_.Option2.size(); ++i) {
     recorder_.Option2[i].Click = [this, i] { Option2_Click(i); };
@@ -139,7 +139,7 @@ void RecordingSession::SetQuietly(bool value) {
 
 void RecordingSession::Start() {
   phase_ = Phase::Starting;
-  tabAtRun_ = state_.TabChanges;
+  visit_.BeginAnew();
   const auto drop = [this](const Failure& failure) {
     writing_.Report.Add("The recording did not begin: " + failure.Text());
     return Verdict::LeaveRoutine;
@@ -158,10 +158,8 @@ Flow RecordingSession::Prepare() {
   services_.Usual.Events.Pump();
   if (!GoesOn()) return Flow::Leave;
   files_.Begin();
-  state_.PacketLengthPending = true;
-  capture_.SetupAdapter(packetroutines::RecordingBuffer);
-  state_.BlockCount = 0;
-  state_.BlockCount2 = 0;
+  capture_.PrepareRun(packetroutines::RecordingBuffer);
+  capture_.CountBlocksAnew();
   BeginProgress();
   // No recording is stopped before its first ring is on disk.
   recorder_.CWButton3.Visible = false;
@@ -174,7 +172,7 @@ Flow RecordingSession::Prepare() {
 
 void RecordingSession::BeginProgress() {
   Line(line::Progress).ForeColor = Black;
-  Line(line::Progress).Caption = "0s / 0 samples";
+  Line(line::Progress).Caption = packetroutines::RecordProgress(services_.Numbers, 0);
   Line(line::Progress).ForeColor = LightRed;
 }
 
@@ -218,7 +216,7 @@ void RecordingSession::Stop(Arrived arrived) {
       services_.Usual.Program, tell, [&] { services_.Usual.Events.Pump(); },
       [&] { StopCapture(arrived); },
       [&] {
-        state_.LookingForRecording = false;
+        run_.Clear("LookingForRecording");
         files_.Finish();
       },
       [&] {
@@ -248,13 +246,13 @@ void RecordingSession::Stop(Arrived arrived) {
 
 void RecordingSession::BuildLog(bool found) {
   bool nothingToRead = false;
-  if (found && HasLog()) reader_.BuildRecordLog(nothingToRead);
+  if (found && HasLog()) Reader->BuildRecordLog(nothingToRead);
 }
 
 void RecordingSession::ShowRecorded(bool found) {
   if (Left()) return;
   if (HasLog()) recorder_.Command9.Visible = true;
-  if (found) reader_.ViewRecording();
+  if (found) Reader->ViewRecording();
 }
 
 void RecordingSession::StopCapture(Arrived arrived) {
@@ -274,7 +272,7 @@ void RecordingSession::StopAt(std::size_t stream) {
   StopCapture(Arrived::Dropped);
   if (stopping.First()) Stop(Arrived::Dropped);
   StopCapture(Arrived::Dropped);
-  state_.LookingForRecording = false;
+  run_.Clear("LookingForRecording");
   if (SampleFormat* const format = writing_.Formats.Chosen()) format->EndAtLimit(stream);
   ShowFileFormat();
 }
@@ -283,8 +281,8 @@ void RecordingSession::StopOnFullDisk() {
   const Stopping stopping(phase_);
   // A run that begins in the pumps of the stop is another view's, and so is its watchdog.
   const bool resting = capture_.StopCapture();
-  state_.LookingForRecording = false;
-  if (resting) timers_.Timer1.Enabled = false;
+  run_.Clear("LookingForRecording");
+  if (resting) run_.CallOffWatchdog();
   services_.Usual.Dialogs.Show({"Attention",
                                 std::string("Disk full.") + Crlf +
                                     "Please check the disk path, if you can free some disk space." +

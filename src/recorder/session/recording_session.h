@@ -1,14 +1,15 @@
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
 #include <string>
 
+#include "base/plug.h"
 #include "base/trap.h"
 #include "capture/acquisition_state.h"
 #include "capture/capture_session.h"
+#include "capture/run_control.h"
 #include "config/stored_settings.h"
 #include "forms/recorder_controls.h"
-#include "forms/window_controls.h"
 #include "recorder/reading/record_reader.h"
 #include "recorder/session/session_files.h"
 #include "recorder/writing/recorder_services.h"
@@ -26,11 +27,14 @@ namespace subroutines {
 /// same, so that a recording that has lost its disk ends like any other.
 class RecordingSession : public packetroutines::RecordingEnd {
  public:
-  RecordingSession(forms::RecorderControls& recorder, forms::TimerControls& timers,
+  RecordingSession(forms::RecorderControls& recorder, packetroutines::RunControl& run,
                    config::Settings& settings, StoredSettings& stored,
                    packetroutines::AcquisitionState& state, packetroutines::CaptureSession& capture,
-                   packetroutines::Writing& writing, packetroutines::RecordReader& reader,
+                   packetroutines::Writing& writing,
                    const packetroutines::RecorderServices& services);
+
+  /// What follows a recording.
+  platform::Plug<packetroutines::RecordReader> Reader;
 
   /// The first state of the view's button.
   void Load();
@@ -65,7 +69,7 @@ class RecordingSession : public packetroutines::RecordingEnd {
   void StopCapture(Arrived arrived);
   void StopAt(std::size_t stream);
   /// Another tab was entered since the press of RUN; its view is left alone.
-  bool Left() const { return state_.TabChanges != tabAtRun_; }
+  bool Left() const { return visit_.Over(); }
   /// The start may go on: its view is there, and its button was not pressed again.
   bool GoesOn() const { return !Left() && recorder_.CWButton3.Value; }
   /// What is recorded has a log and a quick view.
@@ -77,17 +81,17 @@ class RecordingSession : public packetroutines::RecordingEnd {
   platform::Label& Line(std::size_t line) { return recorder_.Label10[line]; }
 
   forms::RecorderControls& recorder_;
-  forms::TimerControls& timers_;
+  packetroutines::RunControl& run_;
   config::Settings& settings_;
   StoredSettings& stored_;
   packetroutines::AcquisitionState& state_;
   packetroutines::CaptureSession& capture_;
   packetroutines::Writing& writing_;
-  packetroutines::RecordReader& reader_;
   packetroutines::RecorderServices services_;
   packetroutines::SessionFiles files_;
   Phase phase_ = Phase::Idle;
-  std::uint32_t tabAtRun_ = 0;
+  /// On the page, from the press of RUN on.
+  packetroutines::PageVisit visit_;
 };
 
 }  // namespace subroutines

@@ -14,9 +14,9 @@ namespace packetroutines {
 /// back.
 struct RecorderServices {
   platform::Services Usual;
-  platform::FileSystem& Files;
-  const platform::NumberText& Numbers;
   const platform::CodePage& Code;
+  const platform::NumberText& Numbers;
+  platform::FileSystem& Files;
   const platform::Calendar& Calendar;
   platform::MousePointer& Pointer;
   platform::ShellLinks& Links;

@@ -75,8 +75,13 @@ class AnalysisScene : public FakePlatform {
   bool& Recording = State.LookingForRecording;
   forms::RecorderControls Recorder;
   packetroutines::PacketBytes Frame;
-  packetroutines::RecorderServices Platform{
-      {Events, Dialogs, Runtime}, Disk, Numbers, Code, Calendar, Pointer, Links};
+  packetroutines::RecorderServices Platform{.Usual = {Events, Dialogs, Runtime},
+                                            .Code = Code,
+                                            .Numbers = Numbers,
+                                            .Files = Disk,
+                                            .Calendar = Calendar,
+                                            .Pointer = Pointer,
+                                            .Links = Links};
   packetroutines::Writing Writing{Recorder, Settings, Present, State, Rings, Platform};
   packetroutines::FileNumbers& Open = Writing.Open;
   packetroutines::RecordAnalysis Analysis{

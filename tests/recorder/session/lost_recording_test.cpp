@@ -175,11 +175,11 @@ TEST_P(BehindAFailure, ANextRecordingIsStored) {
 TEST_P(BehindAFailure, ANextRecordingIsStoredWhereTheTabWasChanged) {
   Fail();
   bench.Acquisition.StopCapture();
-  packetroutines::ClearModes(bench.State);
+  bench.Core.Run.ClearModes();
   bench.State.RecorderBusy = true;
   bench.Main.CWButton3.Value = false;
   bench.State.RecorderBusy = false;
-  ++bench.State.TabChanges;
+  ++bench.State.PagesLeft;
   ExpectNextIsStored();
 }
 

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "base/number_text.h"
+#include "base/program.h"
+#include "platform/controls/canvas.h"
+#include "platform/controls/timer.h"
+#include "platform/controls/window.h"
+#include "platform/services/calendar.h"
+#include "platform/services/capture_object.h"
+#include "platform/services/clipboard.h"
+#include "platform/services/code_page.h"
+#include "platform/services/file_system.h"
+#include "platform/services/mouse_pointer.h"
+#include "platform/services/print_surface.h"
+#include "platform/services/services.h"
+#include "platform/services/settings_store.h"
+#include "platform/services/system_services.h"
+
+namespace formroutines {
+
+/// What the program needs of the platform that it runs on.
+struct Platform {
+  platform::TimerQueue& Timers;
+  platform::EventQueue& Events;
+  platform::Dialogs& Dialogs;
+  platform::Program& Program;
+  platform::SettingsStore& Store;
+  platform::CaptureLayer& Capture;
+  const platform::CodePage& Code;
+  const platform::NumberText& Numbers;
+  platform::FileSystem& Files;
+  platform::FolderDialog& Folders;
+  platform::Printers& Printers;
+  platform::PrintSurface& Surface;
+  platform::Clipboard& Clipboard;
+  platform::ShellLinks& Links;
+  const platform::Calendar& Calendar;
+  platform::MousePointer& Pointer;
+  const platform::Screen& Screen;
+  /// The picture of the phasor diagram.
+  platform::Canvas& PhasorPicture;
+
+  platform::Services Usual() const { return {Events, Dialogs, Program}; }
+};
+
+}  // namespace formroutines
