@@ -347,6 +347,7 @@ TEST(StartCapture, EndsTheProgramAtAnyOtherFailure) {
 class NoCaptureObject : public testing::Test {
  protected:
   NoCaptureObject() {
+    fresh.Upper.Finder = bench.Report;
     bench.Capture.CreateFailure = platform::Failure(429);
     bench.Dialogs.Answers = {platform::Answer::No};
     session.FillAdapterList();
@@ -355,7 +356,11 @@ class NoCaptureObject : public testing::Test {
   }
 
   CaptureBench bench;
-  packetroutines::CaptureSession& session = bench.Acquisition;
+  packetroutines::Acquisition fresh{
+      bench.Main,
+      bench.Config,
+      {bench.Capture, bench.Timers, bench.Code, bench.Numbers, bench.Services}};
+  packetroutines::CaptureSession& session = fresh.Capture;
 };
 
 TEST_F(NoCaptureObject, ReportsTheSetupAndGoesOn) {
