@@ -1,6 +1,7 @@
 // What the packet event does with a complete block of the first stream.
 
 #include "capture/packet_dispatcher.h"
+#include "capture/record_progress.h"
 #include "platform/stream_format.h"
 
 namespace packetroutines {
@@ -81,11 +82,9 @@ void PacketDispatcher::BlockForValues(Current current) {
 
 void PacketDispatcher::BlockForRecording() {
   run_([&] {
-    // The time display takes the usual rate, whatever the base frequency is.
     const auto samples = static_cast<double>(state_.BlockCount) * present_.BaseSamples;
     controls_.Recorder.Label10[forms::record_line::Progress].Caption =
-        numbers_.General(samples / platform::SamplesASecond) + "s / " + numbers_.General(samples) +
-        " samples";
+        RecordProgress(numbers_, samples);
     parts_.Waiting.BlockShown();
   });
 }

@@ -25,7 +25,7 @@ class Application {
   /// stopped, and the program ends.
   void EndSession();
   /// Finishes the files that are still open; the last that is done before the process is left.
-  void CloseFiles() { Recorder.Sheets.Finish(); }
+  void CloseFiles() { Recorder.CloseFiles(); }
 
  private:
   void CheckScreen();

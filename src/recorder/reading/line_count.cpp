@@ -1,39 +1,28 @@
 #include "recorder/reading/line_count.h"
 
-#include <algorithm>
-#include <array>
-#include <numeric>
+#include <cstring>
 #include <span>
 #include <vector>
 
 #include "base/number_text.h"
+#include "recorder/reading/line_reader.h"
 
 namespace packetroutines {
 
 namespace {
 
-constexpr std::size_t PieceSize = 256 * 1024;
-constexpr char CarriageReturn = '\r';
-
-/// Counts in bytes side by side, which the processor adds many at a time; each is emptied before it
-/// could overflow.
 std::int64_t CountReturns(std::span<const char> bytes) {
-  constexpr std::size_t Lanes = 64;
-  constexpr std::size_t Rounds = 255;
   std::int64_t count = 0;
-  while (bytes.size() >= Lanes) {
-    const std::size_t rounds = std::min(bytes.size() / Lanes, Rounds);
-    std::array<std::uint8_t, Lanes> counts{};
-    for (std::size_t round = 0; round < rounds; ++round) {
-      const char* const row = bytes.data() + round * Lanes;
-      for (std::size_t lane = 0; lane < Lanes; ++lane) {
-        counts[lane] = static_cast<std::uint8_t>(counts[lane] + (row[lane] == CarriageReturn));
-      }
-    }
-    count = std::accumulate(counts.begin(), counts.end(), count);
-    bytes = bytes.subspan(rounds * Lanes);
+  const char* at = bytes.data();
+  const char* const end = at + bytes.size();
+  const auto find = [&] {
+    return std::memchr(at, CarriageReturn, static_cast<std::size_t>(end - at));
+  };
+  for (const void* found = find(); found != nullptr; found = find()) {
+    ++count;
+    at = static_cast<const char*>(found) + 1;
   }
-  return count + std::count(bytes.begin(), bytes.end(), CarriageReturn);
+  return count;
 }
 
 }  // namespace

@@ -11,10 +11,15 @@
 
 namespace packetroutines {
 
+/// So much of a file is read at once: it fits the processor's cache.
+inline constexpr std::size_t PieceSize = 256 * 1024;
+/// What ends a line.
+inline constexpr char CarriageReturn = '\r';
+
 /// Reads the lines of a text file one by one. A line ends in a carriage return, with or without a
 /// line feed behind it; a last line may lack its end.
 ///
-/// The file is taken in pieces that fit the processor's cache, and a line is a view of its piece.
+/// The file is taken in pieces, and a line is a view of its piece.
 class LineReader {
  public:
   LineReader(platform::InputFile& file, AnalysisPass& pass)
@@ -37,8 +42,6 @@ class LineReader {
   }
 
  private:
-  static constexpr std::size_t PieceSize = 256 * 1024;
-  static constexpr char CarriageReturn = '\r';
   static constexpr char LineFeed = '\n';
   static constexpr std::int32_t InputPastEnd = 62;
 

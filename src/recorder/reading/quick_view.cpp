@@ -10,7 +10,6 @@
 #include "recorder/reading/analysis_progress.h"
 #include "recorder/reading/line_count.h"
 #include "recorder/reading/line_reader.h"
-#include "recorder/writing/record_files.h"
 
 namespace subroutines {
 
@@ -42,19 +41,23 @@ class ShownHourglass {
 
 }  // namespace
 
-QuickView::QuickView(const packetroutines::RecordedFile& file, forms::RecorderControls& recorder,
-                     packetroutines::AnalysisServices services)
-    : file_(file), recorder_(recorder), services_(std::move(services)) {}
-
 void QuickView::ViewRecording() {
-  if (!file_.Exists()) return;
-  if (file_.Settings.FileFormat == packetroutines::file_format::Text) ShowQuickView();
-  if (file_.Settings.FileFormat == packetroutines::file_format::Worksheet) OpenWorksheet();
+  if (!packetroutines::IsRecorded(context_.State.RecordFileName)) return;
+  switch (packetroutines::SequelOf(context_.Formats.Chosen())) {
+    case packetroutines::Sequel::LogAndQuickView:
+      ShowQuickView();
+      break;
+    case packetroutines::Sequel::Viewer:
+      OpenViewer();
+      break;
+    case packetroutines::Sequel::Nothing:
+      break;
+  }
 }
 
 void QuickView::ShowQuickView() {
   const packetroutines::ShownProgress progress(recorder_.ProgressBar1);
-  const ShownHourglass hourglass(services_.Pointer);
+  const ShownHourglass hourglass(context_.Services.Pointer);
   const std::int32_t lines = CountLines();
   if (lines == 0) return;
   Plot(ReadGroups(), lines);
@@ -62,19 +65,19 @@ void QuickView::ShowQuickView() {
 
 std::int32_t QuickView::CountLines() {
   AnalysisPass pass(recorder_.ProgressBar1, FirstPercent, CountedPercent,
-                    file_.Files.FileSize(file_.Path()));
-  return packetroutines::CountFileLines(file_.Files, file_.Path(), pass);
+                    context_.Services.Files.FileSize(context_.Path()));
+  return packetroutines::CountFileLines(context_.Services.Files, context_.Path(), pass);
 }
 
 QuickView::GroupTable QuickView::ReadGroups() {
-  const std::int32_t rows = file_.Present.BaseSamples;
+  const std::int32_t rows = context_.Present.BaseSamples;
   if (rows == 0) throw platform::Failure(platform::failure::DivisionByZero);
   GroupTable groups;
   quickViewRows_.Rebuild(rows);
-  services_.Open.CloseAll();
-  const std::unique_ptr<platform::InputFile> file = file_.Files.Read(file_.Path());
+  context_.Open.CloseAll();
+  const std::unique_ptr<platform::InputFile> file = context_.Services.Files.Read(context_.Path());
   AnalysisPass pass(recorder_.ProgressBar1, CountedPercent, LastPercent,
-                    file_.Files.FileSize(file_.Path()));
+                    context_.Services.Files.FileSize(context_.Path()));
   packetroutines::LineReader reader(*file, pass);
   for (bool more = true; more;) {
     for (std::int32_t row = 0; row < rows && more; ++row) {
@@ -91,7 +94,7 @@ QuickView::GroupTable QuickView::ReadGroups() {
 
 void QuickView::Plot(GroupTable groups, std::int32_t lines) {
   platform::CWGraph& graph = recorder_.CWGraph2;
-  const std::int32_t rows = file_.Present.BaseSamples;
+  const std::int32_t rows = context_.Present.BaseSamples;
   // The last group that is at least half full is the last that shows.
   const double end = std::trunc(static_cast<double>(lines) / rows - 0.5);
   for (std::size_t channel = 0; channel < groups.size(); ++channel) {
@@ -99,29 +102,30 @@ void QuickView::Plot(GroupTable groups, std::int32_t lines) {
     plot.Y = std::move(groups[channel]);
     plot.PointStyle = end > 0 ? std::int16_t{0} : platform::CWGraph::SampleMarker;
   }
-  graph.XAxis.Caption = "x * " + services_.Numbers.General(rows) + " samples; ";
+  graph.XAxis.Caption = "x * " + context_.Services.Numbers.General(rows) + " samples; ";
   graph.XAxis.Minimum = 0;
   graph.XAxis.Maximum = end;
-  const double samplesASecond = platform::SamplesAPeriod * file_.Settings.BaseFrequency;
+  const double samplesASecond = platform::SamplesAPeriod * context_.Settings.BaseFrequency;
   graph.SecondsPerPoint = samplesASecond > 0 ? rows / samplesASecond : 0;
   graph.YAxis.ScaleNow();
   graph.Visible = true;
 }
 
-void QuickView::OpenWorksheet() {
-  services_.Links.OpenFile(file_.Path(), [this](std::int32_t code) { TellOfViewer(code); });
+void QuickView::OpenViewer() {
+  context_.Services.Links.OpenFile(context_.Path(),
+                                   [this](std::int32_t code) { TellOfViewer(code); });
 }
 
 void QuickView::TellOfViewer(std::int32_t code) {
   if (std::find(RefusedCodes.begin(), RefusedCodes.end(), code) == RefusedCodes.end()) return;
-  if (file_.Recording) {
+  if (context_.State.LookingForRecording) {
     // A box would keep the frames from the recording that runs by now.
     if (recorder_.NotStored.Caption.Get().empty()) {
       recorder_.NotStored.Say("The worksheet of the recording before has found no viewer.");
     }
     return;
   }
-  services_.Dialogs.Show(
+  context_.Services.Usual.Dialogs.Show(
       {"Attention",
        std::string("It was not possible to open Excel for viewing the stored data file!") +
            "Nevertheless the 'xls' file is stored properly." + platform::Crlf +

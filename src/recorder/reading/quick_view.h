@@ -5,9 +5,8 @@
 #include <vector>
 
 #include "forms/recorder_controls.h"
-#include "recorder/reading/analysis_services.h"
 #include "recorder/reading/quick_view_rows.h"
-#include "recorder/reading/recorded_file.h"
+#include "recorder/reading/reading_context.h"
 
 namespace subroutines {
 
@@ -15,8 +14,8 @@ namespace subroutines {
 /// a group of lines, and a worksheet in the viewer of the user's desktop.
 class QuickView {
  public:
-  QuickView(const packetroutines::RecordedFile& file, forms::RecorderControls& recorder,
-            packetroutines::AnalysisServices services);
+  QuickView(const packetroutines::ReadingContext& context, forms::RecorderControls& recorder)
+      : context_(context), recorder_(recorder) {}
 
   void ViewRecording();
   /// The root mean square of each channel over each group of `BaseSamples` lines. A last group that
@@ -32,12 +31,11 @@ class QuickView {
   std::int32_t CountLines();
   GroupTable ReadGroups();
   void Plot(GroupTable groups, std::int32_t lines);
-  void OpenWorksheet();
+  void OpenViewer();
   void TellOfViewer(std::int32_t code);
 
-  packetroutines::RecordedFile file_;
+  packetroutines::ReadingContext context_;
   forms::RecorderControls& recorder_;
-  packetroutines::AnalysisServices services_;
   QuickViewRows quickViewRows_;
 };
 

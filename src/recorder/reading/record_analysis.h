@@ -2,11 +2,10 @@
 
 #include "capture/packet_bytes.h"
 #include "forms/recorder_controls.h"
-#include "recorder/reading/analysis_services.h"
 #include "recorder/reading/quick_view.h"
+#include "recorder/reading/reading_context.h"
 #include "recorder/reading/record_log.h"
 #include "recorder/reading/record_reader.h"
-#include "recorder/reading/recorded_file.h"
 
 namespace packetroutines {
 
@@ -14,8 +13,8 @@ namespace packetroutines {
 class RecordAnalysis : public RecordReader {
  public:
   /// `frame` is the frame that came last.
-  RecordAnalysis(const RecordedFile& file, const PacketBytes& frame,
-                 forms::RecorderControls& recorder, const AnalysisServices& services);
+  RecordAnalysis(const ReadingContext& context, const PacketBytes& frame,
+                 forms::RecorderControls& recorder);
 
   void BuildRecordLog(bool& nothingToRead) override { log_.BuildRecordLog(nothingToRead); }
   void ViewRecording() override { view_.ViewRecording(); }
@@ -23,8 +22,7 @@ class RecordAnalysis : public RecordReader {
  private:
   void OpenTextFile();
 
-  RecordedFile file_;
-  platform::ShellLinks& links_;
+  ReadingContext context_;
   RecordLog log_;
   subroutines::QuickView view_;
 };

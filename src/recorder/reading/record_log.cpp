@@ -2,7 +2,6 @@
 
 #include <memory>
 #include <string_view>
-#include <utility>
 
 #include "base/local_time.h"
 #include "platform/stream_format.h"
@@ -11,6 +10,7 @@
 #include "recorder/reading/line_count.h"
 #include "recorder/reading/line_reader.h"
 #include "recorder/reading/log_text.h"
+#include "recorder/writing/text_format.h"
 
 namespace packetroutines {
 
@@ -56,15 +56,12 @@ std::int32_t RampOf(std::string_view line) {
 
 }  // namespace
 
-RecordLog::RecordLog(const RecordedFile& file, const PacketBytes& frame, platform::ProgressBar& bar,
-                     AnalysisServices services)
-    : file_(file), frame_(frame), bar_(bar), services_(std::move(services)) {}
-
 void RecordLog::BuildRecordLog(bool& nothingToRead) {
   const ShownProgress shown(bar_);
   std::int32_t lines = 0;
+  platform::Program& program = context_.Services.Usual.Program;
   const Flow counted = RunSteps(
-      services_.Program, [this](const Failure& failure) { return OnCountFailure(failure); },
+      program, [this](const Failure& failure) { return OnCountFailure(failure); },
       [&] { lines = CountLines(); });
   if (counted == Flow::Next && lines < 1) {
     nothingToRead = true;
@@ -72,25 +69,27 @@ void RecordLog::BuildRecordLog(bool& nothingToRead) {
   }
   if (counted == Flow::Next) {
     RunSteps(
-        services_.Program, [this](const Failure& failure) { return OnFailure(failure); },
-        [this] { services_.Pointer.ShowHourglass(); }, [&] { Analyse(lines); });
+        program, [this](const Failure& failure) { return OnFailure(failure); },
+        [&] { Analyse(lines); });
   }
   // A block that failed may have left its file open, which would keep the next recording from disk.
-  services_.Open.CloseQuietly(TextFile);
-  services_.Pointer.ShowNormal();
+  context_.Open.CloseQuietly(TextFile);
+  context_.Services.Pointer.ShowNormal();
 }
 
 std::int32_t RecordLog::CountLines() {
-  AnalysisPass pass(bar_, 0, CountedPercent, file_.Files.FileSize(file_.Path()));
-  return CountFileLines(file_.Files, file_.Path(), pass);
+  AnalysisPass pass(bar_, 0, CountedPercent, context_.Services.Files.FileSize(context_.Path()));
+  return CountFileLines(context_.Services.Files, context_.Path(), pass);
 }
 
 void RecordLog::Analyse(std::int32_t lines) {
-  services_.Open.CloseAll();
+  context_.Services.Pointer.ShowHourglass();
+  context_.Open.CloseAll();
   GapSearch gaps;
   {
-    const std::unique_ptr<platform::InputFile> file = file_.Files.Read(file_.Path());
-    AnalysisPass pass(bar_, CountedPercent, AnalysedPercent, file_.Files.FileSize(file_.Path()));
+    const std::unique_ptr<platform::InputFile> file = context_.Services.Files.Read(context_.Path());
+    AnalysisPass pass(bar_, CountedPercent, AnalysedPercent,
+                      context_.Services.Files.FileSize(context_.Path()));
     LineReader reader(*file, pass);
     for (std::int32_t i = 0; i < lines; ++i) gaps.Line(RampOf(reader.Next()));
   }
@@ -99,19 +98,20 @@ void RecordLog::Analyse(std::int32_t lines) {
 
 void RecordLog::WriteLog(const GapSearch& gaps, const LongestRun& run) {
   const FrameIdentity frame = ReadFrameIdentity(frame_);
-  const platform::LocalTime start = StartTimeOf(file_.RecordFileName, TextExtension);
-  const platform::LocalTime stop = services_.Calendar.Now();
-  const platform::NumberText& numbers = services_.Numbers;
-  const config::Settings& settings = file_.Settings;
-  const std::unique_ptr<platform::OutputFile> log = file_.Files.Create(file_.LogPath());
+  const platform::LocalTime start = StartTimeOf(context_.State.RecordFileName, TextFacts.Extension);
+  const platform::LocalTime stop = context_.Services.Calendar.Now();
+  const platform::NumberText& numbers = context_.Services.Numbers;
+  const config::Settings& settings = context_.Settings;
+  const std::unique_ptr<platform::OutputFile> log =
+      context_.Services.Files.Create(context_.LogPath());
   const auto write = [&](const std::string& line) {
-    log->Write(LogText(services_.Code, line) + Crlf);
+    log->Write(LogText(context_.Services.Code, line) + Crlf);
   };
   const auto date = [&](const platform::LocalTime& moment) {
-    return LogDate(services_.Code, services_.Calendar, moment);
+    return LogDate(context_.Services.Code, context_.Services.Calendar, moment);
   };
 
-  write("Error log for file               : " + file_.Path());
+  write("Error log for file               : " + context_.Path());
   write("Measurement started              : " + date(start));
   write("Measurement stopped              : " + date(stop));
   write("Duration time of data aquisition : " +
@@ -141,18 +141,18 @@ void RecordLog::WriteLog(const GapSearch& gaps, const LongestRun& run) {
 }
 
 Verdict RecordLog::OnCountFailure(const Failure& failure) {
-  services_.Dialogs.Show({"exceeding limits",
-                          std::string("Internal program error.") + Crlf + failure.Text() + Crlf +
-                              "This happens while reading counting written lines." + Crlf + Crlf +
-                              "All data are save, but a creating a protocol is not possible." +
-                              Crlf,
-                          platform::Icon::Critical});
+  context_.Services.Usual.Dialogs.Show(
+      {"exceeding limits",
+       std::string("Internal program error.") + Crlf + failure.Text() + Crlf +
+           "This happens while reading counting written lines." + Crlf + Crlf +
+           "All data are save, but a creating a protocol is not possible." + Crlf,
+       platform::Icon::Critical});
   return Verdict::LeaveRoutine;
 }
 
 Verdict RecordLog::OnFailure(const Failure& failure) {
   if (failure.Number() == failure::SubscriptOutOfRange) {
-    services_.Dialogs.Show(
+    context_.Services.Usual.Dialogs.Show(
         {"Attention",
          std::string("To much errors in the captured sequence to build a log file.") + Crlf +
              "Solutions:" + Crlf + "- try a shorter period of time" + Crlf +

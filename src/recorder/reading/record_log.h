@@ -6,9 +6,8 @@
 #include "base/trap.h"
 #include "capture/packet_bytes.h"
 #include "platform/controls/progress_bar.h"
-#include "recorder/reading/analysis_services.h"
 #include "recorder/reading/gap_search.h"
-#include "recorder/reading/recorded_file.h"
+#include "recorder/reading/reading_context.h"
 
 namespace packetroutines {
 
@@ -21,8 +20,8 @@ namespace packetroutines {
 class RecordLog {
  public:
   /// `frame` is the frame that came last.
-  RecordLog(const RecordedFile& file, const PacketBytes& frame, platform::ProgressBar& bar,
-            AnalysisServices services);
+  RecordLog(const ReadingContext& context, const PacketBytes& frame, platform::ProgressBar& bar)
+      : context_(context), frame_(frame), bar_(bar) {}
 
   /// `nothingToRead` becomes True where the recording has no line; then no log is written.
   void BuildRecordLog(bool& nothingToRead);
@@ -34,10 +33,9 @@ class RecordLog {
   platform::Verdict OnCountFailure(const platform::Failure& failure);
   platform::Verdict OnFailure(const platform::Failure& failure);
 
-  RecordedFile file_;
+  ReadingContext context_;
   const PacketBytes& frame_;
   platform::ProgressBar& bar_;
-  AnalysisServices services_;
 };
 
 }  // namespace packetroutines

@@ -5,13 +5,13 @@
 #include "base/failure.h"
 #include "base/raised.h"
 #include "base/trap.h"
-#include "recorder/writing/record_files.h"
+#include "capture/record_progress.h"
+#include "recorder/writing/record_names.h"
 
 namespace subroutines {
 
 namespace line = forms::record_line;
-namespace file_format = packetroutines::file_format;
-using packetroutines::RecordFormats;
+using packetroutines::SampleFormat;
 using platform::Crlf;
 using platform::Failure;
 using platform::Flow;
@@ -53,16 +53,17 @@ RecordingSession::RecordingSession(forms::RecorderControls& recorder,
                                    packetroutines::RunControl& run, config::Settings& settings,
                                    StoredSettings& stored, packetroutines::AcquisitionState& state,
                                    packetroutines::CaptureSession& capture,
-                                   const RecordingParts& parts, const RecordingServices& services)
+                                   packetroutines::Writing& writing,
+                                   const packetroutines::RecorderServices& services)
     : recorder_(recorder),
       run_(run),
       settings_(settings),
       stored_(stored),
       state_(state),
       capture_(capture),
-      parts_(parts),
+      writing_(writing),
       services_(services),
-      files_(parts.Context, parts.Writers, services.Usual),
+      files_(writing),
       visit_(state) {
   recorder_.CWButton3.ValueChanged = [this] { CWButton3_ValueChanged(); };
   for (std::size_t i = 0; i < recorder_.Option2.size(); ++i) {
@@ -75,25 +76,34 @@ void RecordingSession::Load() {
 }
 
 void RecordingSession::ShowFileFormat() {
-  const packetroutines::RecordFormat* format = packetroutines::FindFormat(settings_.FileFormat);
-  if (format == nullptr) return;
-  recorder_.Option2[static_cast<std::size_t>(format - RecordFormats.data())].Value = true;
+  const SampleFormat* const chosen = writing_.Formats.Chosen();
+  for (std::size_t i = 0; i < recorder_.Option2.size(); ++i) {
+    if (&writing_.Formats[i] == chosen) recorder_.Option2[i].Value = true;
+  }
 }
 
 void RecordingSession::Option2_Click(std::size_t index) {
   // A recording that is being finished is finished in its own format.
   if (state_.RecorderBusy || phase_ == Phase::Stopping) return;
-  settings_.FileFormat = RecordFormats[index].Name;
-  state_.RecordFileName = packetroutines::RecordPlaceholder(RecordFormats[index]);
-  const packetroutines::RecordContext& context = parts_.Context;
-  Line(line::FirstPath).Caption =
-      packetroutines::RecordPath(context.Files, settings_, state_.RecordFileName);
-  // What a text recording has left on the view stays for the text format alone.
-  if (index != forms::record_format::Text) {
+  const packetroutines::FormatFacts& format = writing_.Formats[index].Facts;
+  settings_.FileFormat = format.Name;
+  state_.RecordFileName = packetroutines::RecordPlaceholder(format.Extension);
+  Line(line::FirstPath).Caption = PathOf(state_.RecordFileName);
+  // What a recording with a log has left on the view does not stay for another format.
+  if (!HasLog()) {
     recorder_.CWGraph2.Visible = false;
     recorder_.Command9.Visible = false;
   }
   stored_.SaveSettings();
+}
+
+bool RecordingSession::HasLog() const {
+  return packetroutines::SequelOf(writing_.Formats.Chosen()) ==
+         packetroutines::Sequel::LogAndQuickView;
+}
+
+std::string RecordingSession::PathOf(const std::string& name) const {
+  return packetroutines::RecordPath(services_.Files, settings_, name);
 }
 
 void RecordingSession::CWButton3_ValueChanged() {
@@ -130,25 +140,11 @@ void RecordingSession::SetQuietly(bool value) {
 void RecordingSession::Start() {
   phase_ = Phase::Starting;
   visit_.BeginAnew();
-  const auto goesOn = [this] {
-    return !Left() && recorder_.CWButton3.Value ? Flow::Next : Flow::Leave;
-  };
   const auto drop = [this](const Failure& failure) {
-    parts_.Writers.Report.Add("The recording did not begin: " + failure.Text());
+    writing_.Report.Add("The recording did not begin: " + failure.Text());
     return Verdict::LeaveRoutine;
   };
-  const Flow prepared = RunSteps(
-      services_.Usual.Program, drop, [&] { services_.Usual.Events.Pump(); }, goesOn,
-      [&] { files_.Begin(); },
-      [&] {
-        capture_.PrepareRun(packetroutines::RecordingBuffer);
-        capture_.CountBlocksAnew();
-        BeginProgress();
-        // No recording is stopped before its first ring is on disk.
-        recorder_.CWButton3.Visible = false;
-      },
-      [&] { LockFormats(); }, goesOn, [&] { ShowFileFormat(); }, [&] { NameFiles(); });
-  if (prepared == Flow::Leave) {
+  if (RunSteps(services_.Usual.Program, drop, [this] { return Prepare(); }) == Flow::Leave) {
     DropStart();
     return;
   }
@@ -158,9 +154,25 @@ void RecordingSession::Start() {
   if (!Left() && !recorder_.CWButton3.Value) recorder_.CWButton3.Visible = true;
 }
 
+Flow RecordingSession::Prepare() {
+  services_.Usual.Events.Pump();
+  if (!GoesOn()) return Flow::Leave;
+  files_.Begin();
+  capture_.PrepareRun(packetroutines::RecordingBuffer);
+  capture_.CountBlocksAnew();
+  BeginProgress();
+  // No recording is stopped before its first ring is on disk.
+  recorder_.CWButton3.Visible = false;
+  LockFormats();
+  if (!GoesOn()) return Flow::Leave;
+  ShowFileFormat();
+  NameFiles();
+  return Flow::Next;
+}
+
 void RecordingSession::BeginProgress() {
   Line(line::Progress).ForeColor = Black;
-  Line(line::Progress).Caption = "0s / 0 samples";
+  Line(line::Progress).Caption = packetroutines::RecordProgress(services_.Numbers, 0);
   Line(line::Progress).ForeColor = LightRed;
 }
 
@@ -173,18 +185,13 @@ void RecordingSession::LockFormats() {
 }
 
 void RecordingSession::NameFiles() {
-  const packetroutines::RecordFormat* format = packetroutines::FindFormat(settings_.FileFormat);
-  if (format != nullptr) {
-    state_.RecordFileName = "SV record " + platform::DottedText(services_.Calendar.Now(), '-') +
-                            std::string(format->Extension);
-    if (format->Name == file_format::Worksheet) parts_.Writers.Sheets.ExcelStarted = {};
+  if (SampleFormat* const format = writing_.Formats.Chosen()) {
+    state_.RecordFileName =
+        packetroutines::RecordName(services_.Calendar.Now(), format->Facts.Extension);
+    format->Begin();
   }
-  const auto path = [&](const char* prefix) {
-    return packetroutines::RecordPath(parts_.Context.Files, settings_,
-                                      prefix + state_.RecordFileName);
-  };
-  Line(line::FirstPath).Caption = path(packetroutines::FirstPrefix);
-  Line(line::SecondPath).Caption = path(packetroutines::SecondPrefix);
+  Line(line::FirstPath).Caption = PathOf(packetroutines::FirstPrefix + state_.RecordFileName);
+  Line(line::SecondPath).Caption = PathOf(packetroutines::SecondPrefix + state_.RecordFileName);
 }
 
 void RecordingSession::DropStart() {
@@ -199,44 +206,53 @@ void RecordingSession::DropStart() {
 void RecordingSession::Stop(Arrived arrived) {
   const char* left = "The recording was not ended as usual";
   const auto tell = [&](const Failure& failure) {
-    parts_.Writers.Report.Add(left + (": " + failure.Text()));
+    writing_.Report.Add(left + (": " + failure.Text()));
     return Verdict::SkipStep;
   };
   std::string progress;
   bool found = false;
+  // A step ends with what may fail in it, so that such a failure costs nothing behind it.
   RunSteps(
       services_.Usual.Program, tell, [&] { services_.Usual.Events.Pump(); },
-      [&] { StopCapture(arrived); }, [&] { run_.Clear("LookingForRecording"); },
+      [&] { StopCapture(arrived); },
       [&] {
-        if (HasFormat(file_format::Text)) {
-          parts_.Samples.WriteRecordBlock(packetroutines::SampleWriter::RewindText);
-        }
+        run_.Clear("LookingForRecording");
+        files_.Finish();
       },
-      [&] { files_.Finish(); },
       [&] {
         progress = Line(line::Progress).Caption;
         Line(line::Progress).ForeColor = Black;
         Line(line::Progress).Caption = progress + "; please keep patient, analysis running...";
+        services_.Usual.Events.Pump();
       },
-      [&] { services_.Usual.Events.Pump(); },
       [&] {
         left = "Log and quick view are left out";
         found = files_.FindToRead();
       },
       [&] {
         left = "The log is left out";
-        bool nothingToRead = false;
-        if (found && HasFormat(file_format::Text)) parts_.Reader.BuildRecordLog(nothingToRead);
-      },
-      [&] { Line(line::Progress).Caption = progress; },
-      [&] {
-        if (!Left() && HasFormat(file_format::Text)) recorder_.Command9.Visible = true;
+        BuildLog(found);
       },
       [&] {
         left = "The quick view is left out";
-        if (!Left() && found) parts_.Reader.ViewRecording();
+        Line(line::Progress).Caption = progress;
+        ShowRecorded(found);
       },
-      [&] { EnableFormats(true); }, [&] { ShowFileFormat(); });
+      [&] {
+        EnableFormats(true);
+        ShowFileFormat();
+      });
+}
+
+void RecordingSession::BuildLog(bool found) {
+  bool nothingToRead = false;
+  if (found && HasLog()) Reader->BuildRecordLog(nothingToRead);
+}
+
+void RecordingSession::ShowRecorded(bool found) {
+  if (Left()) return;
+  if (HasLog()) recorder_.Command9.Visible = true;
+  if (found) Reader->ViewRecording();
 }
 
 void RecordingSession::StopCapture(Arrived arrived) {
@@ -257,7 +273,7 @@ void RecordingSession::StopAt(std::size_t stream) {
   if (stopping.First()) Stop(Arrived::Dropped);
   StopCapture(Arrived::Dropped);
   run_.Clear("LookingForRecording");
-  if (HasFormat(file_format::Worksheet)) files_.CloseSheet(stream);
+  if (SampleFormat* const format = writing_.Formats.Chosen()) format->EndAtLimit(stream);
   ShowFileFormat();
 }
 
@@ -275,7 +291,7 @@ void RecordingSession::StopOnFullDisk() {
   SetQuietly(false);
   if (stopping.First()) Stop(Arrived::Dropped);
   recorder_.CWButton3.Enabled = true;
-  parts_.Context.Open.CloseQuietly(packetroutines::TextFile);
+  writing_.Open.CloseQuietly(packetroutines::TextFile);
 }
 
 void RecordingSession::EnableFormats(bool enabled) {

@@ -1,37 +1,22 @@
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
 #include <string>
-#include <string_view>
 
+#include "base/plug.h"
+#include "base/trap.h"
 #include "capture/acquisition_state.h"
 #include "capture/capture_session.h"
 #include "capture/run_control.h"
 #include "config/stored_settings.h"
 #include "forms/recorder_controls.h"
-#include "platform/services/calendar.h"
-#include "platform/services/services.h"
 #include "recorder/reading/record_reader.h"
 #include "recorder/session/session_files.h"
+#include "recorder/writing/recorder_services.h"
 #include "recorder/writing/recording_end.h"
-#include "recorder/writing/sample_writer.h"
+#include "recorder/writing/writing.h"
 
 namespace subroutines {
-
-/// What a recording is made with: the samples' writers, the files that are open, and what follows
-/// the recording.
-struct RecordingParts {
-  const packetroutines::RecordContext& Context;
-  const packetroutines::RecordWriters& Writers;
-  packetroutines::SampleWriter& Samples;
-  packetroutines::RecordReader& Reader;
-};
-
-/// What a recording asks of the platform beside the usual services.
-struct RecordingServices {
-  platform::Services Usual;
-  const platform::Calendar& Calendar;
-};
 
 /// A recording from RUN to STOP: the button, the choice of the format, the name of the files, and
 /// what is done in which order when a recording begins and ends. It always starts at once; nothing
@@ -45,7 +30,11 @@ class RecordingSession : public packetroutines::RecordingEnd {
   RecordingSession(forms::RecorderControls& recorder, packetroutines::RunControl& run,
                    config::Settings& settings, StoredSettings& stored,
                    packetroutines::AcquisitionState& state, packetroutines::CaptureSession& capture,
-                   const RecordingParts& parts, const RecordingServices& services);
+                   packetroutines::Writing& writing,
+                   const packetroutines::RecorderServices& services);
+
+  /// What follows a recording.
+  platform::Plug<packetroutines::RecordReader> Reader;
 
   /// The first state of the view's button.
   void Load();
@@ -69,16 +58,23 @@ class RecordingSession : public packetroutines::RecordingEnd {
   void Option2_Click(std::size_t index);
 
   void Start();
+  platform::Flow Prepare();
   void BeginProgress();
   void LockFormats();
   void NameFiles();
   void DropStart();
   void Stop(Arrived arrived);
+  void BuildLog(bool found);
+  void ShowRecorded(bool found);
   void StopCapture(Arrived arrived);
   void StopAt(std::size_t stream);
   /// Another tab was entered since the press of RUN; its view is left alone.
   bool Left() const { return visit_.Over(); }
-  bool HasFormat(std::string_view format) const { return settings_.FileFormat == format; }
+  /// The start may go on: its view is there, and its button was not pressed again.
+  bool GoesOn() const { return !Left() && recorder_.CWButton3.Value; }
+  /// What is recorded has a log and a quick view.
+  bool HasLog() const;
+  std::string PathOf(const std::string& name) const;
   /// Sets the button without any step of a recording.
   void SetQuietly(bool value);
   void EnableFormats(bool enabled);
@@ -90,8 +86,8 @@ class RecordingSession : public packetroutines::RecordingEnd {
   StoredSettings& stored_;
   packetroutines::AcquisitionState& state_;
   packetroutines::CaptureSession& capture_;
-  RecordingParts parts_;
-  RecordingServices services_;
+  packetroutines::Writing& writing_;
+  packetroutines::RecorderServices services_;
   packetroutines::SessionFiles files_;
   Phase phase_ = Phase::Idle;
   /// On the page, from the press of RUN on.

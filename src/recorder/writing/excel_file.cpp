@@ -118,7 +118,7 @@ void ExcelFile::OnDisk(Work work) {
   try {
     work();
   } catch (const Failure& met) {
-    if (!trouble_) trouble_ = met;
+    if (!refusal_) refusal_ = met;
     throw;
   }
 }
@@ -128,7 +128,7 @@ ExcelFile::~ExcelFile() {
 }
 
 std::int16_t ExcelFile::CreateFile(const std::string& fileName) {
-  trouble_.reset();
+  refusal_.reset();
   waiting_.clear();
   fileName_ = fileName;
   whole_ = false;
@@ -257,7 +257,7 @@ void ExcelFile::Put(const Record& record, std::string_view text) {
 
 void ExcelFile::Gather() {
   gathering_ = true;
-  if (whole_) trouble_.reset();
+  if (whole_) refusal_.reset();
 }
 
 std::int16_t ExcelFile::WriteGathered() {

@@ -113,7 +113,7 @@ class ExcelFile {
   /// What the disk refused first, for those who tell the user; the numbers alone would not say why
   /// a file could not be opened. It is over with the next `Gather`, unless the file has no
   /// beginning or ends in a part of a record: behind that no reader finds what is written later.
-  const std::optional<platform::Failure>& Trouble() const { return trouble_; }
+  const std::optional<platform::Failure>& Refusal() const { return refusal_; }
 
  private:
   class Record;
@@ -136,7 +136,7 @@ class ExcelFile {
   bool gathering_ = false;
   /// Records on their way to the file; it keeps its room from ring to ring.
   std::string waiting_;
-  std::optional<platform::Failure> trouble_;
+  std::optional<platform::Failure> refusal_;
   std::string fileName_;
   /// The file holds whole records from its beginning on.
   bool whole_ = false;

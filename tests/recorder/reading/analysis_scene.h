@@ -8,6 +8,7 @@
 
 #include "forms/recorder_controls.h"
 #include "recorder/reading/record_analysis.h"
+#include "recorder/writing/writing.h"
 #include "support/failing_files.h"
 #include "support/fake_platform.h"
 #include "support/sv_frame.h"
@@ -36,6 +37,7 @@ class AnalysisScene : public FakePlatform {
     Settings.FileFormat = "TXT";
     Settings.FilterString = "and vlan 7";
     Settings.FilterContent = {"MU01", "MU02"};
+    RecordFileName = "SV record 09.03.2024 13-04-06.txt";
     LastFrame(SvFrame("MU01").Bytes());
   }
 
@@ -64,19 +66,26 @@ class AnalysisScene : public FakePlatform {
   }
 
   WatchedFiles Disk{Files};
-  packetroutines::FileNumbers Open{Files};
   config::Settings Settings;
   config::RunSettings Present;
-  std::string RecordFileName = "SV record 09.03.2024 13-04-06.txt";
+  packetroutines::AcquisitionState State;
+  packetroutines::RecordRings Rings;
+  std::string& RecordFileName = State.RecordFileName;
   /// Another recording runs by now.
-  bool Recording = false;
+  bool& Recording = State.LookingForRecording;
   forms::RecorderControls Recorder;
   packetroutines::PacketBytes Frame;
+  packetroutines::RecorderServices Platform{.Usual = {Events, Dialogs, Runtime},
+                                            .Code = Code,
+                                            .Numbers = Numbers,
+                                            .Files = Disk,
+                                            .Calendar = Calendar,
+                                            .Pointer = Pointer,
+                                            .Links = Links};
+  packetroutines::Writing Writing{Recorder, Settings, Present, State, Rings, Platform};
+  packetroutines::FileNumbers& Open = Writing.Open;
   packetroutines::RecordAnalysis Analysis{
-      {Settings, Present, RecordFileName, Disk, Recording},
-      Frame,
-      Recorder,
-      {Code, Numbers, Calendar, Pointer, Dialogs, Links, Runtime, Open}};
+      {Settings, Present, State, Writing.Formats, Open, Platform}, Frame, Recorder};
 };
 
 /// The text of a recording whose ramp has these values; its eight values are 1.

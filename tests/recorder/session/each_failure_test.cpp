@@ -44,7 +44,7 @@ class EachFailure : public testing::TestWithParam<std::tuple<const char*, bool, 
     EXPECT_FALSE(bench.Main.CWButton3.Value);
     EXPECT_FALSE(bench.State.CaptureRunning);
     EXPECT_FALSE(bench.State.RecorderBusy);
-    EXPECT_FALSE(bench.Open.IsOpen(packetroutines::TextFile));
+    EXPECT_FALSE(bench.Writing.Open.IsOpen(packetroutines::TextFile));
     EXPECT_FALSE(bench.Main.ProgressBar1.Visible);
     EXPECT_FALSE(bench.Pointer.Hourglass);
     for (const auto& format : bench.Main.Option2) EXPECT_TRUE(format.Enabled);

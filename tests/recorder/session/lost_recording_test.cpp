@@ -162,7 +162,7 @@ class BehindAFailure : public LostRecording, public testing::WithParamInterface<
     bench.Disk.Number = 57;
     bench.WriteRing(0, 18);
     bench.WriteRing(0, 27);
-    EXPECT_TRUE(bench.Open.IsOpen(packetroutines::TextFile));
+    EXPECT_TRUE(bench.Writing.Open.IsOpen(packetroutines::TextFile));
   }
 };
 
@@ -175,11 +175,11 @@ TEST_P(BehindAFailure, ANextRecordingIsStored) {
 TEST_P(BehindAFailure, ANextRecordingIsStoredWhereTheTabWasChanged) {
   Fail();
   bench.Acquisition.StopCapture();
-  packetroutines::ClearModes(bench.State);
+  bench.Core.Run.ClearModes();
   bench.State.RecorderBusy = true;
   bench.Main.CWButton3.Value = false;
   bench.State.RecorderBusy = false;
-  ++bench.State.TabChanges;
+  ++bench.State.PagesLeft;
   ExpectNextIsStored();
 }
 

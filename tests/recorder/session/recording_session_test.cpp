@@ -267,7 +267,7 @@ TEST_F(RecordingSession, RecordsTwoStreamsASecondTimeButForTheNumbersOfTheSecond
     };
     record(7);
     record(8);
-    twice.Sheets.Finish();
+    twice.Writing.Worksheet.Finish();
     for (const char* prefix : {"1_", "2_"}) {
       const std::string first =
           twice.Content(prefix + std::string("SV record 09.03.2024 14-05-07") + format.Extension);

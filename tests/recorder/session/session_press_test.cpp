@@ -14,8 +14,8 @@ class Press : public testing::Test {
   /// What a change of the tab does to the acquisition.
   void ChangeTab() {
     bench.Acquisition.StopCapture();
-    ++bench.State.TabChanges;
-    packetroutines::ClearModes(bench.State);
+    ++bench.State.PagesLeft;
+    bench.Core.Run.ClearModes();
     bench.Main.CWButton3.Visible = false;
     bench.Main.Command9.Visible = false;
   }

@@ -201,8 +201,8 @@ TEST_F(Excel, ABeginningHidesWhatFails) {
   ExcelFile other(open, numbers, code);
   EXPECT_EQ(other.CreateFile("d:\\missing\\a.xls"), 0);
   EXPECT_EQ(other.WriteValue(value_type::Number, 0, 0, 0, 1, 1, 1.0), 52);
-  ASSERT_TRUE(other.Trouble().has_value());
-  EXPECT_EQ(other.Trouble()->Number(), 76);
+  ASSERT_TRUE(other.Refusal().has_value());
+  EXPECT_EQ(other.Refusal()->Number(), 76);
 }
 
 TEST_F(Excel, AnOlderFileThatCannotBeDeletedIsNotTouched) {
@@ -213,7 +213,7 @@ TEST_F(Excel, AnOlderFileThatCannotBeDeletedIsNotTouched) {
   EXPECT_EQ(other.CreateFile("c:\\StoredData\\b.xls"), 0);
   EXPECT_EQ(other.CloseFile(), 52);
   EXPECT_EQ(disk.Stored["c:\\StoredData\\b.xls"], "older");
-  EXPECT_EQ(other.Trouble()->Number(), 70);
+  EXPECT_EQ(other.Refusal()->Number(), 70);
 }
 
 TEST_F(Excel, AnOperationGivesTheNumberOfAFullDiskBack) {
@@ -235,7 +235,7 @@ TEST_F(Excel, ASecondClosingFailsAndAddsNothing) {
   EXPECT_EQ(file->CloseFile(), 0);
   EXPECT_EQ(file->CloseFile(), 52);
   EXPECT_EQ(Hex(), Begin + End);
-  EXPECT_FALSE(file->Trouble().has_value());
+  EXPECT_FALSE(file->Refusal().has_value());
 }
 
 TEST_F(Excel, ASecondClosingLeavesAnotherFileAlone) {
@@ -288,7 +288,7 @@ TEST_F(Excel, AFullDiskIsTheResultOfWritingWhatWasGathered) {
   EXPECT_EQ(Number(32768, 1, 0), 6);
   files.FailingWrite = files.Writes + 1;
   EXPECT_EQ(file->WriteGathered(), 61);
-  EXPECT_EQ(file->Trouble()->Number(), 61);
+  EXPECT_EQ(file->Refusal()->Number(), 61);
   const std::string content = Hex();
   EXPECT_EQ(file->WriteGathered(), 0);
   EXPECT_EQ(Hex(), content) << "it is not tried again";

@@ -30,7 +30,7 @@ class SampleWriter : public testing::Test {
 TEST_F(SampleWriter, BringsTheButtonWithEachRing) {
   for (const std::int16_t selector : std::initializer_list<std::int16_t>{0, 1, 5}) {
     bench.Main.CWButton3.Visible = false;
-    bench.Samples.WriteRecordBlock(selector);
+    bench.Writing.Samples.WriteRecordBlock(selector);
     EXPECT_TRUE(bench.Main.CWButton3.Visible) << selector;
   }
   EXPECT_EQ(bench.Disk.Opens, 2) << "another selector writes nothing";
@@ -74,7 +74,7 @@ TEST_P(FullDisk, EndsTheRecordingWithABox) {
   EXPECT_TRUE(bench.Main.CWButton3.Enabled);
   EXPECT_FALSE(bench.Main.CWButton3.Visible) << "the first ring brought no button";
   EXPECT_EQ(NotStored(), "") << "the box has told it";
-  EXPECT_FALSE(bench.Open.IsOpen(packetroutines::TextFile));
+  EXPECT_FALSE(bench.Writing.Open.IsOpen(packetroutines::TextFile));
 }
 
 INSTANTIATE_TEST_SUITE_P(Formats, FullDisk, testing::Values("TXT", "COMTRADE"));
@@ -250,7 +250,7 @@ TEST_P(EachWrite, LeavesWholeRingsInFrontOfTheFailure) {
     failing.Disk.FailingWrite = n;
     Record(failing);
     EXPECT_FALSE(failing.Main.CWButton3.Value);
-    EXPECT_FALSE(failing.Open.IsOpen(packetroutines::TextFile));
+    EXPECT_FALSE(failing.Writing.Open.IsOpen(packetroutines::TextFile));
     const bool lastPiece = std::string(GetParam()) == "COMTRADE" && n == sound.Disk.Writes;
     if (worksheet) {
       EXPECT_THAT(failing.Dialogs.Shown, IsEmpty());

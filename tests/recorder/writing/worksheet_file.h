@@ -67,8 +67,8 @@ class WorksheetFile : public testing::Test {
   /// Another tab is entered and the recorder's again.
   static void LeaveTab(RecorderBench& left) {
     left.Acquisition.StopCapture();
-    ++left.State.TabChanges;
-    packetroutines::ClearModes(left.State);
+    ++left.State.PagesLeft;
+    left.Core.Run.ClearModes();
     left.State.RecorderBusy = true;
     left.Main.CWButton3.Value = false;
     left.State.RecorderBusy = false;

@@ -149,7 +149,7 @@ TEST_F(ComtradeFiles, OfTwoStreamsEndInAThirdConfiguration) {
   bench.TakeBoth();
   bench.WriteRing(0);
   bench.WriteRing(1);
-  bench.Comtrade.FinishComtradeConfig();
+  bench.Writing.Comtrade.FinishComtradeConfig();
   EXPECT_EQ(Config("1_"), FirstPiece(""));
   EXPECT_EQ(Config("2_"), FirstPiece("A"));
   EXPECT_EQ(Config(), LastPiece("4000,3600"));
@@ -160,7 +160,7 @@ TEST_F(ComtradeFiles, FollowTheFrequencyInTwoFieldsAlone) {
   bench.Fill(0);
   bench.WriteRing(0);
   bench.State.BlockCount = 18;
-  bench.Comtrade.FinishComtradeConfig();
+  bench.Writing.Comtrade.FinishComtradeConfig();
   EXPECT_EQ(Config(), FirstPiece("", "60") + LastPiece("4800,7200"));
   EXPECT_EQ(Data()[3], DataLine(0, 3, 3));
 }
@@ -168,7 +168,7 @@ TEST_F(ComtradeFiles, FollowTheFrequencyInTwoFieldsAlone) {
 TEST_F(ComtradeFiles, WithBlocksOfAnotherSizeHaveTheLastPieceAlone) {
   bench.Present.BaseSamples = 500;
   bench.WriteRing(0, 7);
-  bench.Comtrade.FinishComtradeConfig();
+  bench.Writing.Comtrade.FinishComtradeConfig();
   EXPECT_EQ(Config(), LastPiece("4000,2800"));
   EXPECT_TRUE(Data()[0].starts_with("-100,-25,"));
 }
@@ -189,7 +189,7 @@ TEST_F(ComtradeFiles, ShowPointsWhereTheLocaleHasCommasButForTheFrequency) {
   bench.Fill(0);
   bench.WriteRing(0);
   bench.WriteRing(1);
-  bench.Comtrade.FinishComtradeConfig();
+  bench.Writing.Comtrade.FinishComtradeConfig();
   EXPECT_EQ(Data()[1], DataLine(0, 1, 1));
   EXPECT_EQ(Data("2_")[1], DataLine(1, 1, 1));
   EXPECT_EQ(Config()[10], "16,75");
@@ -206,7 +206,7 @@ TEST_F(ComtradeFiles, WithoutADateInTheirNameAreNotEnded) {
   for (const char* name : {"SV record dd.mm.yyyy hh-MM-ss.dat (after 'RUN')", "a.dat", "nothing",
                            "SV record 31.02.2024 14-05-07.dat"}) {
     bench.State.RecordFileName = name;
-    EXPECT_THROW(bench.Comtrade.FinishComtradeConfig(), platform::Failure) << name;
+    EXPECT_THROW(bench.Writing.Comtrade.FinishComtradeConfig(), platform::Failure) << name;
     EXPECT_THAT(bench.Names(), SizeIs(0)) << name;
   }
 }

@@ -120,10 +120,10 @@ TEST_F(TextFile, IsOneWriteARing) {
   EXPECT_EQ(bench.Disk.Closes, 2);
 }
 
-TEST_F(TextFile, CountsFromZeroBehindTheSelectorThatRewinds) {
+TEST_F(TextFile, CountsFromZeroBehindTheEndOfARecording) {
   bench.WriteRing(0);
   bench.Main.CWButton3.Visible = false;
-  bench.Samples.WriteRecordBlock(7);
+  bench.Writing.Text.End();
   EXPECT_EQ(bench.Disk.Opens, 1) << "it touches no file";
   EXPECT_FALSE(bench.Main.CWButton3.Visible) << "nor the button";
   bench.Files.Stored.clear();
@@ -131,7 +131,7 @@ TEST_F(TextFile, CountsFromZeroBehindTheSelectorThatRewinds) {
   EXPECT_TRUE(bench.Content(name).starts_with("0;"));
 }
 
-TEST_F(TextFile, CountsOnWithoutThatSelector) {
+TEST_F(TextFile, CountsOnWithoutThatEnd) {
   bench.WriteRing(0);
   bench.Files.Stored.clear();
   bench.WriteRing(0);

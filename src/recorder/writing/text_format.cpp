@@ -1,18 +1,11 @@
-#include "recorder/writing/text_writer.h"
+#include "recorder/writing/text_format.h"
 
 #include "platform/services/dialogs.h"
+#include "recorder/writing/sample_lines.h"
 
 namespace packetroutines {
 
-namespace {
-
-/// Lines by which the counter of the second stream is set back, so that with blocks of 400 samples
-/// its first ring, which is full at the ninth counted block, starts at 0.
-constexpr std::int64_t SetBack = 3600;
-
-}  // namespace
-
-void TextWriter::Write(std::size_t stream) {
+bool TextFormat::Write(std::size_t stream) {
   context_.Open.OpenToAppend(TextFile, RecordPath(context_, stream));
   lines_.clear();
   const std::int64_t first = FirstLine(stream);
@@ -20,16 +13,17 @@ void TextWriter::Write(std::size_t stream) {
   context_.Open.Write(TextFile, lines_);
   context_.Open.Close(TextFile);
   if (stream == 0) ++textBlockIndex_;
+  return true;
 }
 
-std::int64_t TextWriter::FirstLine(std::size_t stream) const {
+std::int64_t TextFormat::FirstLine(std::size_t stream) const {
   // The first stream has a running count of its lines. That of the second follows its counted
   // blocks, of which a ring has one less than it holds, so the numbers of two rings overlap.
   if (stream == 0) return textBlockIndex_ * RecordRings::Cells;
-  return std::int64_t{context_.State.BlockCount2} * context_.Present.BaseSamples - SetBack;
+  return std::int64_t{context_.State.BlockCount2} * context_.Present.BaseSamples - LinesSetBack;
 }
 
-void TextWriter::AppendLine(std::size_t stream, std::int64_t line, std::int16_t cell) {
+void TextFormat::AppendLine(std::size_t stream, std::int64_t line, std::int16_t cell) {
   const RecordRings& rings = context_.Rings;
   platform::NumberText::AppendGeneral(lines_, line);
   lines_ += ';';
@@ -38,7 +32,7 @@ void TextWriter::AppendLine(std::size_t stream, std::int64_t line, std::int16_t 
   for (const auto& channel : stream == 0 ? rings.RecordChannel : rings.RecordChannel2) {
     lines_ += ';';
     const std::size_t begin = lines_.size();
-    context_.Numbers.AppendGeneral(lines_, channel(cell));
+    context_.Services.Numbers.AppendGeneral(lines_, channel(cell));
     DotDecimal(lines_, begin);
   }
   lines_ += platform::Crlf;

@@ -208,12 +208,12 @@ TEST_F(WorksheetFile, IsMadeAnewByTheNextRecordingInItsFormat) {
 }
 
 TEST_F(WorksheetFile, GoesOnBehindARecordingInAnotherFormat) {
-  bench.Sheets.ExcelStarted = {true, true};
+  bench.Writing.Worksheet.ExcelStarted = {true, true};
   bench.Run("TXT");
-  EXPECT_THAT(bench.Sheets.ExcelStarted, ElementsAre(true, true));
+  EXPECT_THAT(bench.Writing.Worksheet.ExcelStarted, ElementsAre(true, true));
   bench.Stop();
   bench.Run("EXCEL");
-  EXPECT_THAT(bench.Sheets.ExcelStarted, ElementsAre(false, false));
+  EXPECT_THAT(bench.Writing.Worksheet.ExcelStarted, ElementsAre(false, false));
 }
 
 TEST_F(WorksheetFile, ReadsTheSameInEveryLocale) {
