@@ -164,22 +164,6 @@ class BenchPaper : public platform::PrintSurface, public platform::Clipboard {
   void SetPicture(const platform::Picture&) override {}
 };
 
-/// A canvas that draws nothing.
-class BenchCanvas : public platform::Canvas {
- public:
-  void Clear() override {}
-  void Scale(platform::Point, platform::Point) override {}
-  void ForeColor(platform::Rgb) override {}
-  void DrawStyle(std::int16_t) override {}
-  void DrawWidth(std::int16_t) override {}
-  platform::Point Position() const override { return {}; }
-  void MoveTo(platform::Point) override {}
-  void Line(platform::Point, platform::Point, std::optional<platform::Rgb>) override {}
-  void LineTo(platform::Point, platform::Rgb) override {}
-  void Circle(platform::Point, float, platform::Rgb) override {}
-  void Print(const std::string&) override {}
-};
-
 /// The whole program on a platform that costs nothing.
 struct BenchScene {
   BenchClock Clock;
@@ -195,17 +179,12 @@ struct BenchScene {
   BenchServices Services;
   BenchPaper Paper;
   platform::Screen Screen{1920 * 15, 1080 * 15};
-  BenchCanvas Nothing;
-  platform::Canvas& Picture;
   formroutines::Application App;
 
-  /// Starts the program on the Values view with these content filters; the phasor diagram is drawn
-  /// on `picture`, or nowhere.
-  BenchScene(const std::string& first, const std::string& second,
-             platform::Canvas* picture = nullptr)
-      : Picture(picture != nullptr ? *picture : Nothing),
-        App({Timers, Events, Dialogs, Program, Store, Capture, Code, Numbers, Files, Services,
-             Services, Paper, Paper, Services, Services, Services, Screen, Picture}) {
+  /// Starts the program on the Values view with these content filters.
+  BenchScene(const std::string& first, const std::string& second)
+      : App({Timers, Events, Dialogs, Program, Store, Capture, Code, Numbers, Files, Services,
+             Services, Paper, Paper, Services, Services, Services, Screen}) {
     App.Load();
     App.Windows.Main.TabStrip1.SelectedTab = 2;
     App.Windows.Main.Text1[14].Text = second;

@@ -55,13 +55,13 @@ BENCHMARK(Plot)->Name("PlotBlock/Large")->Arg(100000)->Unit(benchmark::kMillisec
 
 void UpdatePhases(benchmark::State& state) {
   NeedWindowSystem();
-  desktop::PicturePad pad(nullptr);
+  bench::BenchScene scene("MU_ALPHA", "");
+  formroutines::Application& app = scene.App;
+  desktop::PicturePad pad(app.Main.phasordiagram, nullptr);
   pad.Place({0, 0}, 430);
   pad.show();
-  bench::BenchScene scene("MU_ALPHA", "", &pad);
-  formroutines::Application& app = scene.App;
   bench::ViewParts parts(scene);
-  subroutines::PhasorDiagram diagram(app.Main, pad, app.State, app.Present, scene.Numbers);
+  subroutines::PhasorDiagram diagram(app.Main, app.State, app.Present, scene.Numbers);
   subroutines::PhaseAnalysis phases(app.Main, diagram, parts.Context);
   Fill(app.Block.SignalValues);
   for (auto _ : state) {

@@ -5,7 +5,8 @@
 namespace config {
 
 inline constexpr const char* ProgramName = "Vornik";
-inline constexpr const char* ProgramVersion = "2.3.5";
+/// The version of the build, as the build names it.
+extern const char* const ProgramVersion;
 inline constexpr const char* SupportAddress = "support@vornik.example";
 inline constexpr const char* WebSite = "https://www.vornik.example/";
 

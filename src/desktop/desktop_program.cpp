@@ -32,14 +32,13 @@ DesktopProgram::DesktopProgram(const Sources& sources, QtProgram::Leave leave)
       calendar_(QLocale::system()),
       surface_(printers_, calendar_),
       screen_(PrimaryScreen()),
-      picture_(nullptr),
       application_({timers_, events_, dialogs_, program_, store_, sources.Capture, sources.Code,
                     numbers_, files_, folders_, printers_, surface_, clipboard_, links_, calendar_,
-                    pointer_, screen_, picture_}),
+                    pointer_, screen_}),
       alarms_(timers_, sources.Clock, guard_),
-      window_({application_.Windows.Main, application_.Windows.Revisionhistory,
-               application_.Windows.DebugWindow, application_.Windows.IDlook},
-              guard_, repaints_, picture_) {
+      window_({application_.Windows.Main, application_.Windows.Revisionhistory, application_.Windows.DebugWindow,
+               application_.Windows.IDlook},
+              guard_, repaints_) {
   surface_.DataPath = [this] { return application_.Config.Settings.StoragePath; };
   dialogs_.SetOwner(&window_);
   folders_.SetOwner(&window_);
@@ -54,8 +53,6 @@ DesktopProgram::~DesktopProgram() {
   // From here on nothing may reach a program that is taken down part by part.
   dialogs_.SetOwner(nullptr);
   window_.hide();
-  // The picture outlives the view that shows it.
-  picture_.setParent(nullptr);
 }
 
 void DesktopProgram::Flush() {

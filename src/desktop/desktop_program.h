@@ -17,7 +17,6 @@
 #include "desktop/services/qt_program.h"
 #include "desktop/services/qt_settings_store.h"
 #include "desktop/services/qt_shell_links.h"
-#include "desktop/widgets/picture_pad.h"
 #include "desktop/window/main_window.h"
 #include "platform/clock.h"
 #include "platform/controls/timer.h"
@@ -76,7 +75,6 @@ class DesktopProgram {
   QtPrintSurface surface_;
   QtClipboard clipboard_;
   platform::Screen screen_;
-  PicturePad picture_;
   formroutines::Application application_;
   TimerDriver alarms_;
   MainWindow window_;

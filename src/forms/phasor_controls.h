@@ -5,6 +5,7 @@
 #include "platform/controls/buttons.h"
 #include "platform/controls/check_box.h"
 #include "platform/controls/combo_box.h"
+#include "platform/controls/drawn_picture.h"
 #include "platform/controls/grid.h"
 #include "platform/controls/label.h"
 
@@ -24,7 +25,7 @@ struct PhasorControls {
   platform::GroupBox Frame2;
   platform::GroupBox Frame3;
   platform::CWButton CWButton2;
-  platform::PictureBox phasordiagram;
+  platform::DrawnPicture phasordiagram;
   platform::Grid<9, 3> Grid1;
   platform::Label Label17;
   std::array<platform::ComboBox, full_scale::Count> Combo5;

@@ -7,7 +7,6 @@
 #include "measure/phasor_diagram.h"
 #include "measure/scope_view.h"
 #include "measure/values_view.h"
-#include "platform/controls/canvas.h"
 #include "platform/services/event_queue.h"
 
 namespace subroutines {
@@ -16,8 +15,7 @@ namespace subroutines {
 class LiveViews : private packetroutines::BlockConsumers, private config::NameUser {
  public:
   LiveViews(forms::Main& main, config::Configuration& config,
-            packetroutines::Acquisition& acquisition, platform::Canvas& picture,
-            platform::EventQueue& events, const platform::NumberText& numbers)
+            packetroutines::Acquisition& acquisition, platform::EventQueue& events, const platform::NumberText& numbers)
       : context_{config.Settings,
                  config.Present,
                  config.Stored,
@@ -31,7 +29,7 @@ class LiveViews : private packetroutines::BlockConsumers, private config::NameUs
                  numbers},
         Values(main, main, main, main, context_),
         Scope(main, main, main, context_),
-        Diagram(main, picture, acquisition.State, config.Present, numbers),
+        Diagram(main, acquisition.State, config.Present, numbers),
         Phases(main, main, Diagram, acquisition.State, context_) {
     acquisition.Upper.Views = *this;
     config.View.Names = *this;

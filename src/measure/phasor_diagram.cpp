@@ -12,7 +12,7 @@
 namespace subroutines {
 
 namespace channels = platform::channels;
-using platform::Canvas;
+namespace draw_style = platform::draw_style;
 using platform::Point;
 using platform::Rgb;
 
@@ -50,11 +50,15 @@ Point Polar(double degrees, double radius) {
 
 }  // namespace
 
-PhasorDiagram::PhasorDiagram(forms::PhasorControls& phasor, Canvas& canvas,
+PhasorDiagram::PhasorDiagram(forms::PhasorControls& phasor,
                              const packetroutines::ReadingFields& readings,
                              const config::RunSettings& present,
                              const platform::NumberText& numbers)
-    : phasor_(phasor), canvas_(canvas), readings_(readings), present_(present), numbers_(numbers) {}
+    : phasor_(phasor),
+      picture_(phasor.phasordiagram),
+      readings_(readings),
+      present_(present),
+      numbers_(numbers) {}
 
 void PhasorDiagram::HeadTable() {
   phasor_.Grid1.Cell[0][1] = "absolute";
@@ -65,50 +69,50 @@ void PhasorDiagram::HeadTable() {
 }
 
 void PhasorDiagram::DrawPhasorGrid() {
-  canvas_.Clear();
-  canvas_.Scale({-Edge, -Edge}, {Edge, Edge});
-  canvas_.DrawStyle(Canvas::DashDotDot);
-  canvas_.Line({-FullLength, 0}, {FullLength, 0}, std::nullopt);
-  canvas_.Line({0, -FullLength}, {0, FullLength}, std::nullopt);
+  picture_.Clear();
+  picture_.Scale({-Edge, -Edge}, {Edge, Edge});
+  picture_.DrawStyle(draw_style::DashDotDot);
+  picture_.Line({-FullLength, 0}, {FullLength, 0}, std::nullopt);
+  picture_.Line({0, -FullLength}, {0, FullLength}, std::nullopt);
   const auto d = static_cast<float>(FullLength / std::sqrt(2.0));
-  canvas_.Line({-d, -d}, {d, d}, LightCyan);
-  canvas_.Line({-d, d}, {d, -d}, LightCyan);
+  picture_.Line({-d, -d}, {d, d}, LightCyan);
+  picture_.Line({-d, d}, {d, -d}, LightCyan);
   DrawSpokes();
   DrawCircles();
   DrawAngleLabels();
-  canvas_.ForeColor(Black);
+  picture_.ForeColor(Black);
 }
 
 void PhasorDiagram::DrawSpokes() {
   for (int k = 0; k < 12; ++k) {
-    canvas_.DrawStyle(Canvas::Dotted);
+    picture_.DrawStyle(draw_style::Dotted);
     // The axes stand already.
-    if (k % 3 != 0) canvas_.Line({0, 0}, Polar(30.0 * k, FullLength), Black);
+    if (k % 3 != 0) picture_.Line({0, 0}, Polar(30.0 * k, FullLength), Black);
   }
 }
 
 void PhasorDiagram::DrawCircles() {
   for (int k = 0; k < Rings; ++k) {
-    canvas_.DrawStyle(k == 0 ? Canvas::Solid : Canvas::DashDotDot);
-    canvas_.Circle({0, 0}, static_cast<float>(FullLength - k * 1.25 * 100), Black);
+    picture_.DrawStyle(k == 0 ? draw_style::Solid : draw_style::DashDotDot);
+    picture_.Circle({0, 0}, static_cast<float>(FullLength - k * 1.25 * 100), Black);
   }
 }
 
 void PhasorDiagram::DrawAngleLabels() {
-  canvas_.ForeColor(Blue);
-  canvas_.MoveTo({0, -1000});
-  canvas_.Print("90°");
-  canvas_.MoveTo({-1000, 0});
-  canvas_.Print("180°");
-  canvas_.MoveTo({0, 950});
-  canvas_.Print("270°");
-  canvas_.MoveTo({950, 0});
-  canvas_.Print("0°");
+  picture_.ForeColor(Blue);
+  picture_.MoveTo({0, -1000});
+  picture_.Print("90°");
+  picture_.MoveTo({-1000, 0});
+  picture_.Print("180°");
+  picture_.MoveTo({0, 950});
+  picture_.Print("270°");
+  picture_.MoveTo({950, 0});
+  picture_.Print("0°");
 }
 
 void PhasorDiagram::DrawPhasors(float peakCurrent, float peakVoltage, const PhaseShifts& s) {
   ChooseFullScales(peakCurrent, peakVoltage);
-  canvas_.ForeColor(Black);
+  picture_.ForeColor(Black);
   PrintFullScales();
   DrawPhasor(fullScaleCurrent_, s.ShiftIA, channels::CurrentA, s.ShiftUA);
   DrawPhasor(fullScaleCurrent_, s.ShiftIB, channels::CurrentB, s.ShiftUB);
@@ -119,8 +123,8 @@ void PhasorDiagram::DrawPhasors(float peakCurrent, float peakVoltage, const Phas
   DrawPhasor(fullScaleVoltage_, s.ShiftUB, channels::VoltageB, 0);
   DrawPhasor(fullScaleVoltage_, s.ShiftUC, channels::VoltageC, 0);
   DrawPhasor(fullScaleVoltage_, s.ShiftUN, channels::VoltageN, 0);
-  canvas_.DrawWidth(1);
-  canvas_.ForeColor(Black);
+  picture_.DrawWidth(1);
+  picture_.ForeColor(Black);
 }
 
 void PhasorDiagram::ChooseFullScales(float peakCurrent, float peakVoltage) {
@@ -134,10 +138,10 @@ void PhasorDiagram::PrintFullScales() {
     return name + platform::NumberText::General(fullScale) + " (" + numbers_.General(ring) + ")" +
            unit;
   };
-  canvas_.MoveTo({-950, 950});
-  canvas_.Print(scale("FS current=", fullScaleCurrent_, "A"));
-  canvas_.MoveTo({380, 950});
-  canvas_.Print(scale("FS voltage=", fullScaleVoltage_, "kV"));
+  picture_.MoveTo({-950, 950});
+  picture_.Print(scale("FS current=", fullScaleCurrent_, "A"));
+  picture_.MoveTo({380, 950});
+  picture_.Print(scale("FS voltage=", fullScaleVoltage_, "kV"));
 }
 
 void PhasorDiagram::DrawPhasor(std::int16_t fullScale, double angle1, std::size_t channel,
@@ -146,27 +150,27 @@ void PhasorDiagram::DrawPhasor(std::int16_t fullScale, double angle1, std::size_
   const double a = angle1 + angle2;
   const bool current = channels::IsCurrent(channel);
   const Rgb colour = current ? LightRed : LightGreen;
-  canvas_.DrawWidth(current ? 5 : 3);
-  canvas_.Line({0, 0}, Polar(a, readings_.RmsValues[channel] / fullScale * FullLength), colour);
+  picture_.DrawWidth(current ? 5 : 3);
+  const Point tip = Polar(a, readings_.RmsValues[channel] / fullScale * FullLength);
+  picture_.Line({0, 0}, tip, colour);
   if (!channels::IsNeutral(channel)) {
-    canvas_.DrawWidth(3);
-    DrawHead(a, colour);
-    canvas_.ForeColor(Black);
-    canvas_.Print((current ? "I" : "U") + std::to_string(channel % channels::OfAKind + 1));
+    picture_.DrawWidth(3);
+    DrawHead(tip, a, colour);
+    picture_.ForeColor(Black);
+    picture_.Print((current ? "I" : "U") + std::to_string(channel % channels::OfAKind + 1));
   }
   auto& row = phasor_.Grid1.Cell[channel + 1];
   row[1] = numbers_.Format(readings_.RmsValues[channel], present_.UnitFormat);
   row[2] = numbers_.Format(-a, "0.000");
 }
 
-void PhasorDiagram::DrawHead(double angle, Rgb colour) {
-  const Point tip = canvas_.Position();
+void PhasorDiagram::DrawHead(Point tip, double angle, Rgb colour) {
   for (const double side : {-BarbAngle, BarbAngle}) {
     const double direction = (angle + side) / 180 * Pi;
-    canvas_.LineTo({static_cast<float>(tip.X - std::cos(direction) * BarbLength),
-                    static_cast<float>(tip.Y - std::sin(direction) * BarbLength)},
-                   colour);
-    canvas_.MoveTo(tip);
+    picture_.LineTo({static_cast<float>(tip.X - std::cos(direction) * BarbLength),
+                     static_cast<float>(tip.Y - std::sin(direction) * BarbLength)},
+                    colour);
+    picture_.MoveTo(tip);
   }
 }
 

@@ -7,7 +7,7 @@
 #include "capture/acquisition_state.h"
 #include "config/settings.h"
 #include "forms/phasor_controls.h"
-#include "platform/controls/canvas.h"
+#include "platform/controls/drawn_picture.h"
 
 namespace subroutines {
 
@@ -28,9 +28,8 @@ struct PhaseShifts {
 /// The circle diagram with eight vectors, and the table of magnitudes and angles beside it.
 class PhasorDiagram {
  public:
-  PhasorDiagram(forms::PhasorControls& phasor, platform::Canvas& canvas,
-                const packetroutines::ReadingFields& readings, const config::RunSettings& present,
-                const platform::NumberText& numbers);
+  PhasorDiagram(forms::PhasorControls& phasor, const packetroutines::ReadingFields& readings,
+                const config::RunSettings& present, const platform::NumberText& numbers);
 
   /// Sets the headings and the columns of the table.
   void HeadTable();
@@ -47,10 +46,10 @@ class PhasorDiagram {
   void ChooseFullScales(float peakCurrent, float peakVoltage);
   void PrintFullScales();
   void DrawPhasor(std::int16_t fullScale, double angle1, std::size_t channel, double angle2);
-  void DrawHead(double angle, platform::Rgb colour);
+  void DrawHead(platform::Point tip, double angle, platform::Rgb colour);
 
   forms::PhasorControls& phasor_;
-  platform::Canvas& canvas_;
+  platform::DrawnPicture& picture_;
   const packetroutines::ReadingFields& readings_;
   const config::RunSettings& present_;
   const platform::NumberText& numbers_;

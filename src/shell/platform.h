@@ -2,7 +2,6 @@
 
 #include "base/number_text.h"
 #include "base/program.h"
-#include "platform/controls/canvas.h"
 #include "platform/controls/timer.h"
 #include "platform/controls/window.h"
 #include "platform/services/calendar.h"
@@ -37,8 +36,6 @@ struct Platform {
   const platform::Calendar& Calendar;
   platform::MousePointer& Pointer;
   const platform::Screen& Screen;
-  /// The picture of the phasor diagram.
-  platform::Canvas& PhasorPicture;
 
   platform::Services Usual() const { return {Events, Dialogs, Program}; }
 };

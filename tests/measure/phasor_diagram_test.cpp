@@ -5,7 +5,6 @@
 #include <cmath>
 #include <limits>
 
-#include "support/recording_canvas.h"
 #include "support/scene.h"
 
 namespace {
@@ -25,12 +24,13 @@ float JustAbove(float value) {
   return std::nextafter(value, std::numeric_limits<float>::infinity());
 }
 
-/// A diagram on a recording canvas, with magnitudes set by the test.
+/// A diagram whose calls are written down, with magnitudes set by the test.
 class Diagram : public ::testing::Test {
  protected:
   Diagram() {
     scene.Start();
     scene.Main.Combo3.ListIndex = 2;
+    canvas.Calls.clear();
   }
   std::string FullScaleLine(float current, float voltage, const std::string& name) {
     canvas.Calls.clear();
@@ -42,8 +42,8 @@ class Diagram : public ::testing::Test {
   }
 
   Scene scene;
-  support::RecordingCanvas canvas;
-  subroutines::PhasorDiagram diagram{scene.Main, canvas, scene.State, scene.Present, scene.Numbers};
+  support::RecordingCanvas& canvas = scene.PhasorPicture;
+  subroutines::PhasorDiagram diagram{scene.Main, scene.State, scene.Present, scene.Numbers};
 };
 
 TEST_F(Diagram, DrawsItsBackgroundStepByStep) {

@@ -73,7 +73,7 @@ class AtALockedBus : public ::testing::TestWithParam<int> {
       {Platform.Timers, Platform.Events, Platform.Dialogs, Platform.Runtime, Platform.Store, Bus,
        Platform.Code, Platform.Numbers, Platform.Files, Platform.Folders, Platform.Printers,
        Platform.Surface, Platform.Clipboard, Platform.Links, Platform.Calendar, Platform.Pointer,
-       Platform.Screen, Platform.PhasorPicture}};
+       Platform.Screen}};
   forms::Main& main = App.Windows.Main;
 };
 

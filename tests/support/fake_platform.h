@@ -24,7 +24,6 @@
 #include "support/fake_services.h"
 #include "support/journal.h"
 #include "support/manual_clock.h"
-#include "support/recording_canvas.h"
 
 namespace support {
 
@@ -130,7 +129,6 @@ class FakePlatform {
   FakeCalendar Calendar;
   FakePointer Pointer{Journal};
   platform::Screen Screen{1920 * 15, 1080 * 15};
-  RecordingCanvas PhasorPicture;
 
   /// Lets time pass, firing each timer when it is due.
   void Elapse(std::chrono::milliseconds time);

@@ -2,42 +2,22 @@
 
 #include <cstdio>
 #include <string>
+#include <variant>
 #include <vector>
 
-#include "platform/controls/canvas.h"
+#include "platform/controls/drawn_picture.h"
 
 namespace support {
 
-/// A canvas that writes down each call as one line, numbers without decimals.
-class RecordingCanvas : public platform::Canvas {
+/// Writes down each call that a picture is drawn with as one line, numbers without decimals.
+class RecordingCanvas {
  public:
-  void Clear() override { Calls.push_back("clear"); }
-  void Scale(platform::Point topLeft, platform::Point bottomRight) override {
-    Calls.push_back("scale " + Text(topLeft) + " " + Text(bottomRight));
+  explicit RecordingCanvas(platform::DrawnPicture& picture) : picture_(picture) {
+    picture_.Changed = [this] { Note(); };
   }
-  void ForeColor(platform::Rgb colour) override { Calls.push_back("fore " + Text(colour)); }
-  void DrawStyle(std::int16_t style) override { Calls.push_back("style " + std::to_string(style)); }
-  void DrawWidth(std::int16_t width) override { Calls.push_back("width " + std::to_string(width)); }
-  platform::Point Position() const override { return position_; }
-  void MoveTo(platform::Point position) override {
-    position_ = position;
-    Calls.push_back("move " + Text(position));
-  }
-  void Line(platform::Point from, platform::Point to,
-            std::optional<platform::Rgb> colour) override {
-    position_ = to;
-    Lines.push_back({from, to});
-    Calls.push_back("line " + Text(from) + " " + Text(to) +
-                    (colour ? " " + Text(*colour) : std::string()));
-  }
-  void LineTo(platform::Point to, platform::Rgb colour) override {
-    position_ = to;
-    Calls.push_back("lineto " + Text(to) + " " + Text(colour));
-  }
-  void Circle(platform::Point centre, float radius, platform::Rgb colour) override {
-    Calls.push_back("circle " + Text(centre) + " r" + Text(radius) + " " + Text(colour));
-  }
-  void Print(const std::string& text) override { Calls.push_back("print " + text); }
+  RecordingCanvas(const RecordingCanvas&) = delete;
+  RecordingCanvas& operator=(const RecordingCanvas&) = delete;
+  ~RecordingCanvas() { picture_.Changed = nullptr; }
 
   struct Stroke {
     platform::Point From;
@@ -48,6 +28,43 @@ class RecordingCanvas : public platform::Canvas {
   std::vector<Stroke> Lines;
 
  private:
+  void Note() {
+    if (picture_.Calls().empty()) {
+      Calls.push_back("clear");
+    } else {
+      std::visit([this](const auto& call) { Calls.push_back(Told(call)); },
+                 picture_.Calls().back());
+    }
+  }
+
+  static std::string Told(const platform::draw_call::Scale& call) {
+    return "scale " + Text(call.TopLeft) + " " + Text(call.BottomRight);
+  }
+  static std::string Told(const platform::draw_call::ForeColor& call) {
+    return "fore " + Text(call.Colour);
+  }
+  static std::string Told(const platform::draw_call::DrawStyle& call) {
+    return "style " + std::to_string(call.Style);
+  }
+  static std::string Told(const platform::draw_call::DrawWidth& call) {
+    return "width " + std::to_string(call.Width);
+  }
+  static std::string Told(const platform::draw_call::MoveTo& call) {
+    return "move " + Text(call.Position);
+  }
+  std::string Told(const platform::draw_call::Line& call) {
+    Lines.push_back({call.From, call.To});
+    return "line " + Text(call.From) + " " + Text(call.To) +
+           (call.Colour ? " " + Text(*call.Colour) : std::string());
+  }
+  static std::string Told(const platform::draw_call::LineTo& call) {
+    return "lineto " + Text(call.To) + " " + Text(call.Colour);
+  }
+  static std::string Told(const platform::draw_call::Circle& call) {
+    return "circle " + Text(call.Centre) + " r" + Text(call.Radius) + " " + Text(call.Colour);
+  }
+  static std::string Told(const platform::draw_call::Print& call) { return "print " + call.Text; }
+
   static std::string Text(float value) {
     char text[32];
     std::snprintf(text, sizeof text, "%.0f", static_cast<double>(value));
@@ -61,7 +78,7 @@ class RecordingCanvas : public platform::Canvas {
            std::to_string(colour.Blue);
   }
 
-  platform::Point position_;
+  platform::DrawnPicture& picture_;
 };
 
 }  // namespace support

@@ -9,6 +9,7 @@
 #include "shell/application.h"
 #include "support/failing_files.h"
 #include "support/fake_platform.h"
+#include "support/recording_canvas.h"
 #include "support/sv_frame.h"
 
 namespace support {
@@ -25,8 +26,9 @@ class Scene : public FakePlatform {
   FailingFiles Disk{Files};
   formroutines::Application App{{Timers, Events, Dialogs, Runtime, Store, Capture, Code, Numbers,
                                  Disk, Folders, Printers, Surface, Clipboard, Links, Calendar,
-                                 Pointer, Screen, PhasorPicture}};
+                                 Pointer, Screen}};
   forms::Main& Main = App.Windows.Main;
+  RecordingCanvas PhasorPicture{Main.phasordiagram};
   config::Settings& Settings = App.Config.Settings;
   config::RunSettings& Present = App.Config.Present;
   packetroutines::AcquisitionState& State = App.Acquisition.State;

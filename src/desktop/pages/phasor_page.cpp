@@ -22,13 +22,12 @@ constexpr int ScalesGap = 5;
 
 }  // namespace
 
-PhasorPage::PhasorPage(const PhasorParts& parts, Binder& binder, PicturePad& picture,
-                       QWidget* parent)
+PhasorPage::PhasorPage(const PhasorParts& parts, Binder& binder, QWidget* parent)
     : QWidget(parent),
       parts_(parts),
       frame_(new Ground(this)),
       heading_(new QLabel(ToQt(parts.Phasor.Frame2.Caption), frame_)),
-      picture_(picture),
+      picture_(new PicturePad(parts.Phasor.phasordiagram, frame_)),
       table_(new ValueTable(parts.Phasor.Grid1, frame_)),
       run_(new RunColumn(frame_)),
       quiet_(new QuietLine(this)),
@@ -37,10 +36,9 @@ PhasorPage::PhasorPage(const PhasorParts& parts, Binder& binder, PicturePad& pic
   frame_->setObjectName(QStringLiteral("Frame2"));
   scalesFrame_->setObjectName(QStringLiteral("Frame3"));
   heading_->setFont(look::BoldFont(look::HeadingSize));
-  picture_.setParent(frame_);
-  picture_.lower();
-  picture_.setObjectName(QStringLiteral("phasordiagram"));
-  picture_.setAccessibleName(QStringLiteral("Phasor diagram"));
+  picture_->lower();
+  picture_->setObjectName(QStringLiteral("phasordiagram"));
+  picture_->setAccessibleName(QStringLiteral("Phasor diagram"));
   BindControls(binder);
   FillScales(binder);
   Follow();
@@ -102,7 +100,7 @@ void PhasorPage::ShowColours() {
   const QColor ground = look::ColourOf(parts_.Phasor.Frame2.BackColor);
   frame_->SetColour(ground);
   table_->SetGround(ground);
-  picture_.SetGround(ground);
+  picture_->SetGround(ground);
   const QColor scalesGround = look::ColourOf(parts_.Phasor.Frame3.BackColor);
   scalesFrame_->SetColour(scalesGround);
   for (ChoiceBox* scale : scales_) {
@@ -129,7 +127,7 @@ void PhasorPage::Lay() {
   heading_->adjustSize();
   // The corner of the picture is free: the circle is far from it.
   heading_->move(corner.x(), look::Scaled(HeadingTop));
-  picture_.Place(corner, side);
+  picture_->Place(corner, side);
 
   const int free = corner.x() + side + gap;
   table_->Lay(QPoint(free, corner.y()), frame.width() - free - gap);

@@ -34,7 +34,7 @@ class PhasorPage : public QWidget {
   Q_OBJECT
 
  public:
-  PhasorPage(const PhasorParts& parts, Binder& binder, PicturePad& picture, QWidget* parent);
+  PhasorPage(const PhasorParts& parts, Binder& binder, QWidget* parent);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -50,7 +50,7 @@ class PhasorPage : public QWidget {
   PhasorParts parts_;
   Ground* frame_;
   QLabel* heading_;
-  PicturePad& picture_;
+  PicturePad* picture_;
   ValueTable* table_;
   RunColumn* run_;
   QuietLine* quiet_;

@@ -4,6 +4,7 @@
 #include <QStringList>
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "desktop/look/casing.h"
 #include "desktop/look/look.h"
@@ -28,10 +29,18 @@ int TextSize(int side) {
 
 }  // namespace
 
-PicturePad::PicturePad(QWidget* parent)
-    : QWidget(parent), ground_(palette().color(QPalette::Window)) {
+PicturePad::PicturePad(platform::DrawnPicture& picture, QWidget* parent)
+    : QWidget(parent), ground_(palette().color(QPalette::Window)), picture_(picture) {
   // Its margin lies under what stands beside it.
   setAttribute(Qt::WA_TransparentForMouseEvents);
+  picture_.Changed = [this] {
+    stale_ = true;
+    update();
+  };
+}
+
+PicturePad::~PicturePad() {
+  picture_.Changed = nullptr;
 }
 
 int PicturePad::RightMargin(int side) {
@@ -44,50 +53,50 @@ void PicturePad::Place(QPoint topLeft, int side) {
       QRect(topLeft, QSize(side_ + RightMargin(side_), side_ + LowerRoom * TextSize(side_))));
 }
 
-void PicturePad::Clear() {
-  calls_.clear();
+void PicturePad::TakeCalls() {
+  if (!std::exchange(stale_, false)) return;
+  namespace call = platform::draw_call;
+  shapes_.clear();
   position_ = {};
-  update();
-}
-
-void PicturePad::Scale(platform::Point topLeft, platform::Point bottomRight) {
-  topLeft_ = topLeft;
-  bottomRight_ = bottomRight;
+  tools_ = picture_.Before();
+  for (const platform::DrawnPicture::Call& each : picture_.Calls()) {
+    tools_.Take(each);
+    if (const auto* move = std::get_if<call::MoveTo>(&each)) position_ = move->Position;
+    if (const auto* line = std::get_if<call::Line>(&each)) Take(*line);
+    if (const auto* on = std::get_if<call::LineTo>(&each)) Take({position_, on->To, on->Colour});
+    if (const auto* circle = std::get_if<call::Circle>(&each))
+      shapes_.push_back(Ring{circle->Centre, circle->Radius, PenOf(circle->Colour)});
+    if (const auto* print = std::get_if<call::Print>(&each)) Take(*print);
+  }
 }
 
 QPen PicturePad::PenOf(platform::Rgb colour) const {
-  QPen pen(look::ColourOf(colour), width_);
+  QPen pen(look::ColourOf(colour), tools_.Width);
   pen.setCapStyle(Qt::RoundCap);
   // A pattern shows only in lines of one pixel.
-  if (width_ == 1 && style_ != Solid) {
-    pen.setStyle(style_ == Dotted ? Qt::DotLine : Qt::DashDotDotLine);
+  if (tools_.Width == 1 && tools_.Style != platform::draw_style::Solid) {
+    const bool dotted = tools_.Style == platform::draw_style::Dotted;
+    pen.setStyle(dotted ? Qt::DotLine : Qt::DashDotDotLine);
     pen.setCapStyle(Qt::FlatCap);
   }
   return pen;
 }
 
-void PicturePad::Line(platform::Point from, platform::Point to,
-                      std::optional<platform::Rgb> colour) {
-  calls_.push_back(Stroke{from, to, PenOf(colour.value_or(fore_))});
-  position_ = to;
-  update();
+void PicturePad::Take(const platform::draw_call::Line& line) {
+  shapes_.push_back(Stroke{line.From, line.To, PenOf(line.Colour.value_or(tools_.ForeColor))});
+  position_ = line.To;
 }
 
-void PicturePad::Circle(platform::Point centre, float radius, platform::Rgb colour) {
-  calls_.push_back(Ring{centre, radius, PenOf(colour)});
-  update();
-}
-
-void PicturePad::Print(const std::string& text) {
-  const auto* last = calls_.empty() ? nullptr : std::get_if<Stroke>(&calls_.back());
+void PicturePad::Take(const platform::draw_call::Print& print) {
+  const auto* last = shapes_.empty() ? nullptr : std::get_if<Stroke>(&shapes_.back());
   // The last barb of an arrow's head starts at its tip, where its name is printed.
   const bool namesArrow = last != nullptr && IsArrow(*last) && last->From == position_;
-  calls_.push_back(
-      Text{position_, QString::fromStdString(text), look::ColourOf(fore_), namesArrow});
-  const double unitsPerPixel = static_cast<double>(bottomRight_.Y - topLeft_.Y) / side_;
-  position_ = {topLeft_.X, position_.Y + static_cast<float>(QFontMetricsF(TextFont()).height() *
-                                                            unitsPerPixel)};
-  update();
+  shapes_.push_back(Text{position_, QString::fromStdString(print.Text),
+                         look::ColourOf(tools_.ForeColor), namesArrow});
+  const auto& [topLeft, bottomRight] = tools_.Scale;
+  const double unitsPerPixel = static_cast<double>(bottomRight.Y - topLeft.Y) / side_;
+  position_ = {topLeft.X, position_.Y + static_cast<float>(QFontMetricsF(TextFont()).height() *
+                                                           unitsPerPixel)};
 }
 
 void PicturePad::SetGround(const QColor& ground) {
@@ -95,19 +104,21 @@ void PicturePad::SetGround(const QColor& ground) {
   update();
 }
 
-QString PicturePad::Texts() const {
+QString PicturePad::Texts() {
+  TakeCalls();
   QStringList texts;
-  for (const auto& call : calls_) {
-    if (const auto* text = std::get_if<Text>(&call)) texts << text->Words;
+  for (const auto& shape : shapes_) {
+    if (const auto* text = std::get_if<Text>(&shape)) texts << text->Words;
   }
   return texts.join(QStringLiteral(", "));
 }
 
 QPointF PicturePad::At(platform::Point point) const {
-  const double scaleX = side_ / static_cast<double>(bottomRight_.X - topLeft_.X);
-  const double scaleY = side_ / static_cast<double>(bottomRight_.Y - topLeft_.Y);
-  return {static_cast<double>(point.X - topLeft_.X) * scaleX,
-          static_cast<double>(point.Y - topLeft_.Y) * scaleY};
+  const auto& [topLeft, bottomRight] = tools_.Scale;
+  const double scaleX = side_ / static_cast<double>(bottomRight.X - topLeft.X);
+  const double scaleY = side_ / static_cast<double>(bottomRight.Y - topLeft.Y);
+  return {static_cast<double>(point.X - topLeft.X) * scaleX,
+          static_cast<double>(point.Y - topLeft.Y) * scaleY};
 }
 
 QFont PicturePad::TextFont() const {
@@ -118,13 +129,14 @@ QFont PicturePad::TextFont() const {
 }
 
 void PicturePad::paintEvent(QPaintEvent*) {
+  TakeCalls();
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   const std::vector<PlacedText> texts = PlaceTexts();
   painter.setClipRect(QRectF(0, 0, side_, side_));
-  for (const auto& call : calls_) {
-    if (const auto* ring = std::get_if<Ring>(&call)) Paint(painter, *ring);
-    const auto* stroke = std::get_if<Stroke>(&call);
+  for (const auto& shape : shapes_) {
+    if (const auto* ring = std::get_if<Ring>(&shape)) Paint(painter, *ring);
+    const auto* stroke = std::get_if<Stroke>(&shape);
     if (stroke == nullptr || IsArrow(*stroke)) continue;
     if (look::CasingOf(stroke->Pen.color(), ground_)) {
       painter.setPen(QPen(look::StrongEdge, ThinEdge));
@@ -152,8 +164,8 @@ void PicturePad::PaintArrows(QPainter& painter) const {
     for (const Stroke* stroke : arrow) Paint(painter, *stroke);
     arrow.clear();
   };
-  for (const auto& call : calls_) {
-    const auto* stroke = std::get_if<Stroke>(&call);
+  for (const auto& shape : shapes_) {
+    const auto* stroke = std::get_if<Stroke>(&shape);
     if (stroke == nullptr || !IsArrow(*stroke)) continue;
     if (!arrow.empty() && arrow.front()->Pen.color() != stroke->Pen.color()) paint();
     arrow.push_back(stroke);
@@ -178,8 +190,9 @@ void PicturePad::Paint(QPainter& painter, const Stroke& stroke) const {
 void PicturePad::Paint(QPainter& painter, const Ring& ring) const {
   painter.setPen(ring.Pen);
   painter.setBrush(Qt::NoBrush);
+  const auto& [topLeft, bottomRight] = tools_.Scale;
   const double radius =
-      static_cast<double>(ring.Radius) * side_ / static_cast<double>(bottomRight_.X - topLeft_.X);
+      static_cast<double>(ring.Radius) * side_ / static_cast<double>(bottomRight.X - topLeft.X);
   painter.drawEllipse(At(ring.Centre), radius, radius);
 }
 

@@ -8,18 +8,19 @@
 #include <variant>
 #include <vector>
 
-#include "platform/controls/canvas.h"
+#include "platform/controls/drawn_picture.h"
 
 namespace desktop {
 
-/// A picture that is drawn call by call. It keeps the calls and paints them at the screen's own
-/// resolution, so that it is crisp at every size; lines end at the edge of the picture, texts may
-/// reach into the margin.
-class PicturePad : public QWidget, public platform::Canvas {
+/// Shows a picture that is drawn call by call. It paints the calls at the screen's own resolution,
+/// so that it is crisp at every size; lines end at the edge of the picture, texts may reach into
+/// the margin.
+class PicturePad : public QWidget {
   Q_OBJECT
 
  public:
-  explicit PicturePad(QWidget* parent);
+  PicturePad(platform::DrawnPicture& picture, QWidget* parent);
+  ~PicturePad() override;
 
   /// Puts the picture, a square of so many pixels, at a place of its parent, with room for texts to
   /// its right and below it.
@@ -27,25 +28,13 @@ class PicturePad : public QWidget, public platform::Canvas {
   /// Room for texts to the right of a picture of this side, in pixels.
   static int RightMargin(int side);
 
-  void Clear() override;
-  void Scale(platform::Point topLeft, platform::Point bottomRight) override;
-  void ForeColor(platform::Rgb colour) override { fore_ = colour; }
-  void DrawStyle(std::int16_t style) override { style_ = style; }
-  void DrawWidth(std::int16_t width) override { width_ = width; }
-  platform::Point Position() const override { return position_; }
-  void MoveTo(platform::Point position) override { position_ = position; }
-  void Line(platform::Point from, platform::Point to, std::optional<platform::Rgb> colour) override;
-  void LineTo(platform::Point to, platform::Rgb colour) override { Line(position_, to, colour); }
-  void Circle(platform::Point centre, float radius, platform::Rgb colour) override;
-  void Print(const std::string& text) override;
-
   /// What the picture lies on; texts are cleared of lines with it.
   void SetGround(const QColor& ground);
 
   /// The texts that the picture shows, in the order of their drawing.
-  QString Texts() const;
+  QString Texts();
   /// Where each of these texts stands, in pixels of the widget.
-  std::vector<QRectF> TextAreas() const;
+  std::vector<QRectF> TextAreas();
   /// Side of the picture in pixels, without the room for texts.
   int Side() const { return side_; }
 
@@ -75,6 +64,10 @@ class PicturePad : public QWidget, public platform::Canvas {
     QRectF Box;
   };
 
+  /// Brings `shapes_` up to date with the calls.
+  void TakeCalls();
+  void Take(const platform::draw_call::Line& line);
+  void Take(const platform::draw_call::Print& print);
   QPen PenOf(platform::Rgb colour) const;
   QPointF At(platform::Point point) const;
   QFont TextFont() const;
@@ -94,13 +87,12 @@ class PicturePad : public QWidget, public platform::Canvas {
 
   QColor ground_;
   int side_ = 1;
-  platform::Point topLeft_{0, 0};
-  platform::Point bottomRight_{1, 1};
-  platform::Rgb fore_;
-  std::int16_t style_ = Solid;
-  std::int16_t width_ = 1;
+  platform::DrawnPicture& picture_;
+  /// The picture changed since its calls were taken.
+  bool stale_ = true;
+  platform::DrawnPicture::Tools tools_;
   platform::Point position_;
-  std::vector<std::variant<Stroke, Ring, Text>> calls_;
+  std::vector<std::variant<Stroke, Ring, Text>> shapes_;
 };
 
 }  // namespace desktop

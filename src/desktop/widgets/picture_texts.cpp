@@ -42,8 +42,8 @@ QRectF PicturePad::BoxOf(const Text& text) const {
 
 QRectF PicturePad::BelowOuterRing(const Text& text, QRectF box) const {
   const Ring* outer = nullptr;
-  for (const auto& call : calls_) {
-    const auto* ring = std::get_if<Ring>(&call);
+  for (const auto& shape : shapes_) {
+    const auto* ring = std::get_if<Ring>(&shape);
     if (ring != nullptr && (outer == nullptr || ring->Radius > outer->Radius)) outer = ring;
   }
   if (outer == nullptr) return box;
@@ -65,8 +65,8 @@ bool PicturePad::IsFree(const QRectF& box, const std::vector<PlacedText>& placed
   for (const PlacedText& other : placed) {
     if (room.intersects(other.Box)) return false;
   }
-  for (const auto& call : calls_) {
-    const auto* stroke = std::get_if<Stroke>(&call);
+  for (const auto& shape : shapes_) {
+    const auto* stroke = std::get_if<Stroke>(&shape);
     if (stroke == nullptr || !IsArrow(*stroke)) continue;
     const double reach = stroke->Pen.widthF() / 2;
     const QRectF clear = room.adjusted(-reach, -reach, reach, reach);
@@ -96,11 +96,12 @@ QRectF PicturePad::ClearOfArrows(const Text& text, const std::vector<PlacedText>
   return natural;
 }
 
-std::vector<QRectF> PicturePad::TextAreas() const {
+std::vector<QRectF> PicturePad::TextAreas() {
+  TakeCalls();
   const std::vector<PlacedText> placed = PlaceTexts();
   std::vector<QRectF> areas;
-  for (const auto& call : calls_) {
-    const auto* text = std::get_if<Text>(&call);
+  for (const auto& shape : shapes_) {
+    const auto* text = std::get_if<Text>(&shape);
     if (text == nullptr) continue;
     const auto place = std::find_if(placed.begin(), placed.end(),
                                     [text](const PlacedText& each) { return each.Source == text; });
@@ -112,8 +113,8 @@ std::vector<QRectF> PicturePad::TextAreas() const {
 std::vector<PicturePad::PlacedText> PicturePad::PlaceTexts() const {
   std::vector<PlacedText> placed;
   for (const bool arrows : {false, true}) {
-    for (const auto& call : calls_) {
-      const auto* text = std::get_if<Text>(&call);
+    for (const auto& shape : shapes_) {
+      const auto* text = std::get_if<Text>(&shape);
       if (text == nullptr || text->NamesArrow != arrows) continue;
       const QRectF box =
           arrows ? ClearOfArrows(*text, placed) : BelowOuterRing(*text, BoxOf(*text));

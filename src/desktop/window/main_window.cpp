@@ -32,8 +32,7 @@ constexpr QSize UsualSize(1280, 860);
 
 }  // namespace
 
-MainWindow::MainWindow(const Forms& forms, Guard& guard, RepaintQueue& repaints,
-                       PicturePad& picture)
+MainWindow::MainWindow(const Forms& forms, Guard& guard, RepaintQueue& repaints)
     : main_(forms.Main),
       history_(forms.History),
       debug_(forms.Debug),
@@ -46,7 +45,7 @@ MainWindow::MainWindow(const Forms& forms, Guard& guard, RepaintQueue& repaints,
   setWindowTitle(QStringLiteral("Vornik"));
   resize(UsualSize);
   FillTabs();
-  FillPages(picture);
+  FillPages();
   auto* strip = new QHBoxLayout;
   strip->setContentsMargins(StripPadding, 0, StripPadding, 0);
   strip->addWidget(tabs_, 0, Qt::AlignLeft);
@@ -113,11 +112,11 @@ void MainWindow::FillTabs() {
   tabs_->Chosen = [this](int index) { Select(index + 1); };
 }
 
-void MainWindow::FillPages(PicturePad& picture) {
+void MainWindow::FillPages() {
   auto* waveforms = new WaveformsPage(main_, main_, main_, binder_, guard_, pages_);
   pages_->addWidget(new InfoPage(main_, main_, main_, binder_, pages_));
   pages_->addWidget(new ValuesPage(main_, main_, main_, binder_, pages_));
-  pages_->addWidget(new PhasorPage({main_, main_, main_, main_}, binder_, picture, pages_));
+  pages_->addWidget(new PhasorPage({main_, main_, main_, main_}, binder_, pages_));
   pages_->addWidget(waveforms);
   pages_->addWidget(new RecorderPage(main_, main_, main_, binder_, guard_, pages_));
   pages_->addWidget(new ReportPage(main_, main_, binder_, pages_));

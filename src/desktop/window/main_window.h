@@ -7,7 +7,6 @@
 #include "desktop/binding/binder.h"
 #include "desktop/binding/guard.h"
 #include "desktop/binding/repaint_queue.h"
-#include "desktop/widgets/picture_pad.h"
 #include "desktop/widgets/tab_bar.h"
 #include "desktop/window/debug_view.h"
 #include "desktop/window/finder_dialog.h"
@@ -33,8 +32,7 @@ class MainWindow : public QWidget {
   Q_OBJECT
 
  public:
-  /// `picture` is the diagram of the Phasor view.
-  MainWindow(const Forms& forms, Guard& guard, RepaintQueue& repaints, PicturePad& picture);
+  MainWindow(const Forms& forms, Guard& guard, RepaintQueue& repaints);
 
   /// Called when the program has unloaded its window.
   std::function<void()> Unloaded;
@@ -45,7 +43,7 @@ class MainWindow : public QWidget {
 
  private:
   void FillTabs();
-  void FillPages(PicturePad& picture);
+  void FillPages();
   void AddLogos(QWidget& waveformsFrame);
   void FollowSize(QSize size);
   void FollowOtherWindows();

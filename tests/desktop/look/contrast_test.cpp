@@ -90,13 +90,14 @@ TEST_P(Curve, ItsMarkersStandOutToo) {
 }
 
 TEST_P(Curve, AVectorOfThePhasorDiagramStandsOutToo) {
-  PicturePad pad(nullptr);
+  platform::DrawnPicture drawn;
+  PicturePad pad(drawn, nullptr);
   const QColor ground(248, 251, 254);
   pad.SetGround(ground);
   pad.Place({0, 0}, 400);
-  pad.Scale({-1005, -1005}, {1005, 1005});
-  pad.DrawWidth(3);
-  pad.Line({-800, 0}, {800, 0}, GetParam());
+  drawn.Scale({-1005, -1005}, {1005, 1005});
+  drawn.DrawWidth(3);
+  drawn.Line({-800, 0}, {800, 0}, GetParam());
   QImage picture(pad.size(), QImage::Format_RGB32);
   picture.fill(ground);
   pad.render(&picture, {}, {}, QWidget::DrawChildren);

@@ -11,7 +11,7 @@
 namespace desktop {
 namespace {
 
-using platform::Canvas;
+namespace draw_style = platform::draw_style;
 using platform::Point;
 
 constexpr platform::Rgb Red{255, 0, 0};
@@ -27,10 +27,21 @@ class Picture : public ::testing::Test {
 
   void Lay(int side) {
     pad.Place(QPoint(0, 0), side);
-    pad.Clear();
-    pad.Scale({-Edge, -Edge}, {Edge, Edge});
-    pad.DrawStyle(Canvas::Solid);
-    pad.DrawWidth(1);
+    drawn.Clear();
+    drawn.Scale({-Edge, -Edge}, {Edge, Edge});
+    drawn.DrawStyle(draw_style::Solid);
+    drawn.DrawWidth(1);
+  }
+  static QPointF Pixel(Point point) {
+    return {static_cast<double>(point.X + Edge) * Side / (2 * static_cast<double>(Edge)),
+            static_cast<double>(point.Y + Edge) * Side / (2 * static_cast<double>(Edge))};
+  }
+  /// A text that is printed now stands with its corner there.
+  void ExpectPosition(Point position) {
+    drawn.Print("I1");
+    const QPointF corner = pad.TextAreas().back().topLeft();
+    EXPECT_NEAR(corner.x(), Pixel(position).x(), 0.01);
+    EXPECT_NEAR(corner.y(), Pixel(position).y(), 0.01);
   }
   QImage Shown() { return pad.grab().toImage(); }
   static bool IsRed(const QColor& colour) {
@@ -62,27 +73,30 @@ class Picture : public ::testing::Test {
     return area;
   }
 
-  PicturePad pad{nullptr};
+  platform::DrawnPicture drawn;
+  PicturePad pad{drawn, nullptr};
 };
 
 TEST_F(Picture, ALineLeavesThePositionAtItsEnd) {
-  pad.MoveTo({10, 20});
-  EXPECT_EQ(pad.Position(), (Point{10, 20}));
+  drawn.MoveTo({10, 20});
+  ExpectPosition({10, 20});
 
-  pad.Line({0, 0}, {300, -400}, Red);
-  EXPECT_EQ(pad.Position(), (Point{300, -400}));
+  drawn.Line({0, 0}, {300, -400}, Red);
+  ExpectPosition({300, -400});
 
-  pad.LineTo({250, -380}, Red);
-  EXPECT_EQ(pad.Position(), (Point{250, -380}));
+  drawn.Line({0, 0}, {300, -400}, Red);
+  drawn.LineTo({250, -380}, Red);
+  ExpectPosition({250, -380});
 
-  pad.Circle({0, 0}, 500, Black);
-  EXPECT_EQ(pad.Position(), (Point{250, -380}));
+  drawn.MoveTo({250, -380});
+  drawn.Circle({0, 0}, 200, Black);
+  ExpectPosition({250, -380});
 }
 
 TEST_F(Picture, ALineToAPointStartsAtThePosition) {
-  pad.DrawWidth(3);
-  pad.MoveTo({-500, 0});
-  pad.LineTo({500, 0}, Red);
+  drawn.DrawWidth(3);
+  drawn.MoveTo({-500, 0});
+  drawn.LineTo({500, 0}, Red);
 
   const QImage picture = Shown();
 
@@ -92,22 +106,24 @@ TEST_F(Picture, ALineToAPointStartsAtThePosition) {
 }
 
 TEST_F(Picture, APrintedTextAdvancesThePositionToTheNextLine) {
-  pad.MoveTo({100, 200});
+  drawn.MoveTo({100, 200});
 
-  pad.Print("I1");
+  drawn.Print("I1");
 
-  EXPECT_EQ(pad.Position().X, -Edge);
-  EXPECT_GT(pad.Position().Y, 200);
+  drawn.Print("I2");
+  ASSERT_EQ(pad.TextAreas().size(), 2U);
+  EXPECT_EQ(pad.TextAreas().back().left(), 0);
+  EXPECT_GT(pad.TextAreas().back().top(), Pixel({100, 200}).y());
 }
 
 TEST_F(Picture, APatternShowsAtWidthOneAlone) {
   constexpr int Whole = 400;
-  for (const std::int16_t style : {Canvas::Dotted, Canvas::DashDotDot}) {
+  for (const std::int16_t style : {draw_style::Dotted, draw_style::DashDotDot}) {
     for (const std::int16_t width : {std::int16_t{1}, std::int16_t{3}, std::int16_t{5}}) {
       Lay(Side);
-      pad.DrawStyle(style);
-      pad.DrawWidth(width);
-      pad.Line({-1000, 0}, {1000, 0}, Red);
+      drawn.DrawStyle(style);
+      drawn.DrawWidth(width);
+      drawn.Line({-1000, 0}, {1000, 0}, Red);
 
       const int inked = LineInTheMiddle();
 
@@ -122,16 +138,16 @@ TEST_F(Picture, APatternShowsAtWidthOneAlone) {
 }
 
 TEST_F(Picture, ASolidLineHasNoGaps) {
-  pad.Line({-1000, 0}, {1000, 0}, Red);
+  drawn.Line({-1000, 0}, {1000, 0}, Red);
 
   EXPECT_GE(LineInTheMiddle(), 400);
 }
 
 TEST_F(Picture, LinesAndCirclesEndAtThePicturesEdge) {
-  pad.DrawWidth(5);
-  pad.Line({0, 0}, {5000, 0}, Red);
-  pad.Line({0, 0}, {0, 5000}, Red);
-  pad.Circle({900, 900}, 500, Red);
+  drawn.DrawWidth(5);
+  drawn.Line({0, 0}, {5000, 0}, Red);
+  drawn.Line({0, 0}, {0, 5000}, Red);
+  drawn.Circle({900, 900}, 500, Red);
 
   const QImage picture = Shown();
 
@@ -144,10 +160,10 @@ TEST_F(Picture, LinesAndCirclesEndAtThePicturesEdge) {
 }
 
 TEST_F(Picture, ClearingTakesEverythingAway) {
-  pad.Line({0, 0}, {500, 500}, Red);
-  pad.Print("U1");
+  drawn.Line({0, 0}, {500, 500}, Red);
+  drawn.Print("U1");
 
-  pad.Clear();
+  drawn.Clear();
 
   EXPECT_TRUE(Inked(Shown()).isNull());
   EXPECT_EQ(pad.Texts(), "");
@@ -157,13 +173,13 @@ TEST_F(Picture, TheLongestScaleLineFitsBesideThePicture) {
   const char* line = "FS voltage=10000 (1250)kV";
   for (const int side : {430, 600, 800, 1200}) {
     Lay(side);
-    pad.MoveTo({-950, 0});
-    pad.Print(line);
+    drawn.MoveTo({-950, 0});
+    drawn.Print(line);
     const QSize whole = Inked(Shown()).size();
 
     Lay(side);
-    pad.MoveTo({380, 950});
-    pad.Print(line);
+    drawn.MoveTo({380, 950});
+    drawn.Print(line);
     const QRect shown = Inked(Shown());
 
     EXPECT_NEAR(shown.width(), whole.width(), 2) << side;
@@ -174,11 +190,11 @@ TEST_F(Picture, TheLongestScaleLineFitsBesideThePicture) {
 }
 
 TEST_F(Picture, ATextStandsOnTopOfWhatIsDrawnAfterIt) {
-  pad.MoveTo({0, 0});
-  pad.Print("U3");
+  drawn.MoveTo({0, 0});
+  drawn.Print("U3");
   const QImage alone = Shown();
-  pad.DrawWidth(5);
-  for (const float y : {10.0F, 30.0F, 50.0F}) pad.Line({-100, y}, {200, y}, Red);
+  drawn.DrawWidth(5);
+  for (const float y : {10.0F, 30.0F, 50.0F}) drawn.Line({-100, y}, {200, y}, Red);
 
   const QImage covered = Shown();
 
@@ -197,10 +213,10 @@ TEST_F(Picture, ATextStandsOnTopOfWhatIsDrawnAfterIt) {
 TEST_F(Picture, TheThinLinesOfTheBackgroundKeepAwayFromATextAndTheVectorsDoNot) {
   const auto touches = [this](std::int16_t width) {
     Lay(Side);
-    pad.DrawWidth(width);
-    for (float y = 0; y < 70; y += 5) pad.Line({-100, y}, {200, y}, Red);
-    pad.MoveTo({0, 0});
-    pad.Print("U3");
+    drawn.DrawWidth(width);
+    for (float y = 0; y < 70; y += 5) drawn.Line({-100, y}, {200, y}, Red);
+    drawn.MoveTo({0, 0});
+    drawn.Print("U3");
     const QImage picture = Shown();
     int count = 0;
     for (int y = 0; y < Side; ++y) {
@@ -217,22 +233,22 @@ TEST_F(Picture, TheThinLinesOfTheBackgroundKeepAwayFromATextAndTheVectorsDoNot) 
 }
 
 /// An arrow from the middle, with its head and its name, as the phasor diagram draws it.
-void DrawArrow(PicturePad& pad, double degrees, float length, platform::Rgb colour,
+void DrawArrow(platform::DrawnPicture& drawn, double degrees, float length, platform::Rgb colour,
                const char* name) {
   const auto at = [](double angle, double radius) {
     const double turn = angle / 180 * std::numbers::pi;
     return Point{static_cast<float>(std::cos(turn) * radius),
                  static_cast<float>(std::sin(turn) * radius)};
   };
-  pad.DrawWidth(3);
+  drawn.DrawWidth(3);
   const Point tip = at(degrees, static_cast<double>(length));
-  pad.Line({0, 0}, tip, colour);
+  drawn.Line({0, 0}, tip, colour);
   for (const double side : {-20.0, 20.0}) {
     const Point barb = at(degrees + side, 50);
-    pad.LineTo({tip.X - barb.X, tip.Y - barb.Y}, colour);
-    pad.MoveTo(tip);
+    drawn.LineTo({tip.X - barb.X, tip.Y - barb.Y}, colour);
+    drawn.MoveTo(tip);
   }
-  pad.Print(name);
+  drawn.Print(name);
 }
 
 bool Overlap(const std::vector<QRectF>& areas) {
@@ -249,7 +265,7 @@ TEST_F(Picture, TheNamesOfShortArrowsDoNotPileUp) {
     Lay(Side);
     const char* names[] = {"I1", "I2", "I3", "U1", "U2", "U3"};
     const double angles[] = {-30, -150, 90, 0, -120, 120};
-    for (std::size_t i = 0; i < 6; ++i) DrawArrow(pad, angles[i], length, Red, names[i]);
+    for (std::size_t i = 0; i < 6; ++i) DrawArrow(drawn, angles[i], length, Red, names[i]);
 
     EXPECT_EQ(pad.TextAreas().size(), 6U);
     EXPECT_FALSE(Overlap(pad.TextAreas())) << length;
@@ -259,8 +275,8 @@ TEST_F(Picture, TheNamesOfShortArrowsDoNotPileUp) {
 TEST_F(Picture, ANameStandsClearOfTheShaftOfAnotherArrow) {
   Lay(Side);
   // The first ends right beside the second, which goes far beyond it.
-  DrawArrow(pad, 92, 400, Red, "U3");
-  DrawArrow(pad, 90, 900, Red, "I3");
+  DrawArrow(drawn, 92, 400, Red, "U3");
+  DrawArrow(drawn, 90, 900, Red, "I3");
 
   const QRectF name = pad.TextAreas().front();
   const double shaft = Side / 2.0;
@@ -271,11 +287,11 @@ TEST_F(Picture, ANameStandsClearOfTheShaftOfAnotherArrow) {
 TEST_F(Picture, TheScaleLinesLeaveTheOuterCircleWhole) {
   for (const int side : {430, 600, 1000}) {
     Lay(side);
-    pad.Circle({0, 0}, 1000, Black);
+    drawn.Circle({0, 0}, 1000, Black);
     for (const auto& [place, line] : {std::pair(Point{-950, 950}, "FS current=10000 (1250)A"),
                                       std::pair(Point{380, 950}, "FS voltage=10000 (1250)kV")}) {
-      pad.MoveTo(place);
-      pad.Print(line);
+      drawn.MoveTo(place);
+      drawn.Print(line);
     }
     const double middle = side / 2.0;
     const double radius = middle * 1000 / static_cast<double>(Edge);
