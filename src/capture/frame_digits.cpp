@@ -1,7 +1,6 @@
-#include "report/frame_digits.h"
+#include "capture/frame_digits.h"
 
 #include <algorithm>
-#include <cstdint>
 
 #include "base/hex_text.h"
 
@@ -13,9 +12,12 @@ constexpr std::size_t DigitsOfByte = 2;
 
 }  // namespace
 
+void FrameDigits::Take(std::span<const std::uint8_t> bytes) {
+  platform::WriteHexText(bytes, text_);
+}
+
 void FrameDigits::Take(const PacketBytes& bytes) {
-  platform::WriteHexText({bytes.Run(1, bytes.Upper()), static_cast<std::size_t>(bytes.Upper())},
-                         text_);
+  Take({bytes.Run(1, bytes.Upper()), static_cast<std::size_t>(bytes.Upper())});
 }
 
 std::size_t FrameDigits::Find(std::string_view digits, std::size_t from) const {
@@ -44,7 +46,14 @@ std::string FrameDigits::StationId(std::size_t stationTag) const {
   for (std::size_t k = 1; k <= length; ++k) {
     id += static_cast<char>(platform::HexPairValue(Pair(lengthAt + k * DigitsOfByte)));
   }
-  return code_.ToUtf8(id);
+  return id;
+}
+
+std::string FrameDigits::WholeStationId(std::size_t stationTag) const {
+  std::string id = StationId(stationTag);
+  const std::size_t before = std::min(stationTag + 2 * DigitsOfByte - 1, text_.size());
+  id.resize(std::min(id.size(), (text_.size() - before) / DigitsOfByte));
+  return id;
 }
 
 }  // namespace packetroutines
