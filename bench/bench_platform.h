@@ -187,10 +187,10 @@ struct BenchScene {
       : App({Timers, Events, Dialogs, Program, Store, Capture, Code, Numbers, Files, Services,
              Services, &Services, &Services, &Paper, &Paper, &Services, &Screen}) {
     App.Load();
-    App.Main.TabStrip1.SelectedTab = 2;
-    App.Main.Text1[14].Text = second;
-    App.Main.Text1[12].Text = first;
-    App.Main.Combo3.ListIndex = 2;
+    App.Windows.Main.TabStrip1.SelectedTab = 2;
+    App.Windows.Main.Text1[14].Text = second;
+    App.Windows.Main.Text1[12].Text = first;
+    App.Windows.Main.Combo3.ListIndex = 2;
   }
 
   /// Hands one frame over, and lets the restart timer run where the frame completed a block.
@@ -206,13 +206,13 @@ struct BenchScene {
 /// Everything that a view of the benchmark's own needs besides the program.
 struct ViewParts : packetroutines::PacketConsumer {
   explicit ViewParts(BenchScene& scene)
-      : Stored(scene.Store, scene.Numbers, scene.App.Settings),
+      : Stored(scene.Store, scene.Numbers, scene.App.Config.Settings),
         Capture(scene.Capture,
-                {scene.App.Main, scene.App.Main, scene.App.Main, scene.App.Main.Buttons()},
-                scene.App.Settings, scene.App.State, *this,
+                {scene.App.Windows.Main, scene.App.Windows.Main, scene.App.Windows.Main, scene.App.Windows.Main.Buttons()},
+                scene.App.Config.Settings, scene.App.Acquisition.State, *this,
                 {scene.Events, scene.Dialogs, scene.Program}),
-        Context{scene.App.Settings, scene.App.Present, scene.App.State, scene.App.Block, Capture,
-                scene.App.Main,     scene.Events,      scene.Numbers} {}
+        Context{scene.App.Config.Settings, scene.App.Config.Present, scene.App.Acquisition.State, scene.App.Acquisition.Block, Capture,
+                scene.App.Windows.Main,     scene.Events,      scene.Numbers} {}
 
   void aPacketX_OnPacket(const platform::CapturedFrame&) override {}
 

@@ -62,14 +62,14 @@ void Feed(benchmark::State& state, bench::BenchScene& scene, const Frames& frame
 
 void Values(benchmark::State& state) {
   bench::BenchScene scene("MU_ALPHA", "");
-  scene.App.Main.CWButton4.Value = true;
+  scene.App.Windows.Main.CWButton4.Value = true;
   Feed(state, scene, FirstStream());
 }
 BENCHMARK(Values)->Name("FramePath/Values");
 
 void TwoStreams(benchmark::State& state) {
   bench::BenchScene scene("MU_ALPHA", "MU_BRAVO");
-  scene.App.Main.CWButton4.Value = true;
+  scene.App.Windows.Main.CWButton4.Value = true;
   Feed(state, scene, BothStreams());
 }
 BENCHMARK(TwoStreams)->Name("FramePath/TwoStreams");
@@ -79,9 +79,9 @@ BENCHMARK(TwoStreams)->Name("FramePath/TwoStreams");
 void Record(benchmark::State& state, const char* format, const Frames& frames) {
   constexpr std::size_t FramesOfFile = 400'000;
   bench::BenchScene scene("MU_ALPHA", "MU_BRAVO");
-  scene.App.Settings.StoragePath = scene.Files.DefaultFolder();
-  scene.App.Settings.FileFormat = format;
-  scene.App.Main.CWButton3.Value = true;
+  scene.App.Config.Settings.StoragePath = scene.Files.DefaultFolder();
+  scene.App.Config.Settings.FileFormat = format;
+  scene.App.Windows.Main.CWButton3.Value = true;
   std::size_t next = 0;
   std::size_t received = 0;
   for (auto _ : state) {
@@ -115,8 +115,8 @@ BENCHMARK(RecordingNothing)->Name("FramePath/Recording/Nothing");
 
 void RealTime(benchmark::State& state) {
   bench::BenchScene scene("MU_ALPHA", "");
-  scene.App.Main.CWButton4.Value = true;
-  scene.App.Main.Check5.Value = 1;
+  scene.App.Windows.Main.CWButton4.Value = true;
+  scene.App.Windows.Main.Check5.Value = 1;
   Feed(state, scene, FirstStream());
 }
 BENCHMARK(RealTime)->Name("FramePath/RealTime");

@@ -14,7 +14,8 @@
 #include <vector>
 
 #include "bench_platform.h"
-#include "recorder/record_analysis.h"
+#include "recorder/reading/record_analysis.h"
+#include "recorder/writing/writing.h"
 #include "support/real_files.h"
 
 namespace {
@@ -44,6 +45,7 @@ class Recording {
   explicit Recording(std::int32_t lines) {
     settings_.StoragePath = folder_.Path();
     settings_.FileFormat = "TXT";
+    state_.RecordFileName = Name;
     present_.BaseSamples = 4000;
     frame_.Redim(200);
     frame_.Copy(std::vector<std::uint8_t>(150));
@@ -70,6 +72,7 @@ class Recording {
  private:
   support::TemporaryFolder folder_;
   support::RealFiles files_;
+  bench::BenchEvents events_;
   bench::BenchDialogs dialogs_;
   bench::BenchProgram program_;
   bench::BenchServices services_;
@@ -77,16 +80,20 @@ class Recording {
   platform::NumberText numbers_;
   config::Settings settings_;
   config::RunSettings present_;
-  std::string name_ = Name;
-  bool recording_ = false;
+  packetroutines::AcquisitionState state_;
+  packetroutines::RecordRings rings_;
   packetroutines::PacketBytes frame_;
-  packetroutines::FileNumbers open_{files_};
   forms::RecorderControls recorder_;
+  packetroutines::RecorderServices platform_{.Usual = {events_, dialogs_, program_},
+                                             .Code = code_,
+                                             .Numbers = numbers_,
+                                             .Files = files_,
+                                             .Calendar = services_,
+                                             .Pointer = services_,
+                                             .Links = services_};
+  packetroutines::Writing writing_{recorder_, settings_, present_, state_, rings_, platform_};
   packetroutines::RecordAnalysis analysis_{
-      {settings_, present_, name_, files_, recording_},
-      frame_,
-      recorder_,
-      {code_, numbers_, services_, services_, dialogs_, services_, program_, open_}};
+      {settings_, present_, state_, writing_.Formats, writing_.Open, platform_}, frame_, recorder_};
 };
 
 Recording& RecordingOf(std::int64_t lines) {

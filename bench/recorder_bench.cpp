@@ -7,15 +7,12 @@
 #include <random>
 #include <string>
 
-#include "adapters/windows1252.h"
-#include "recorder/comtrade_writer.h"
-#include "recorder/text_writer.h"
-#include "recorder/worksheet_writer.h"
-#include "system/computer_files.h"
+#include "bench_platform.h"
+#include "recorder/writing/writing.h"
 
 namespace {
 
-/// The writers with a ring of sampled values: sines of 707 A and 70.7 kV RMS in whole raw counts,
+/// The formats with a ring of sampled values: sines of 707 A and 70.7 kV RMS in whole raw counts,
 /// with noise, so that no two numbers are alike.
 struct WriterScene {
   WriterScene() {
@@ -37,7 +34,7 @@ struct WriterScene {
 
   /// Begins the file anew before it fills the disk.
   void KeepSmall(std::int64_t most) {
-    const std::string path = RecordPath(Context, 0);
+    const std::string path = RecordPath(Writing.Context, 0);
     if (Files.FileSize(path) > most) Files.DeleteFile(path);
   }
 
@@ -46,11 +43,25 @@ struct WriterScene {
   packetroutines::AcquisitionState State;
   packetroutines::RecordRings Rings;
   host::ComputerFiles Files;
-  packetroutines::FileNumbers Open{Files};
   platform::NumberText Numbers;
   adapters::Windows1252 Code;
-  packetroutines::RecordContext Context{Settings, Present, State,   Rings,
-                                        Files,    Open,    Numbers, Code};
+  bench::BenchEvents Events;
+  bench::BenchDialogs Dialogs;
+  bench::BenchProgram Program;
+  bench::BenchServices Services;
+  forms::RecorderControls Recorder;
+  packetroutines::Writing Writing{Recorder,
+                                  Settings,
+                                  Present,
+                                  State,
+                                  Rings,
+                                  {.Usual = {Events, Dialogs, Program},
+                                   .Code = Code,
+                                   .Numbers = Numbers,
+                                   .Files = Files,
+                                   .Calendar = Services,
+                                   .Pointer = Services,
+                                   .Links = Services}};
 
  private:
   QTemporaryDir folder_;
@@ -60,9 +71,8 @@ constexpr std::int64_t MostBytes = 32'000'000;
 
 void Text(benchmark::State& state) {
   WriterScene scene;
-  packetroutines::TextWriter writer(scene.Context);
   for (auto _ : state) {
-    writer.Write(0);
+    scene.Writing.Text.Write(0);
     scene.KeepSmall(MostBytes);
   }
 }
@@ -71,33 +81,23 @@ BENCHMARK(Text)->Name("RecordRing/Text")->Unit(benchmark::kMillisecond);
 void Comtrade(benchmark::State& state) {
   WriterScene scene;
   scene.State.BlockCount = 18;
-  packetroutines::ComtradeWriter writer(scene.Context);
   for (auto _ : state) {
-    writer.Write(0);
+    scene.Writing.Comtrade.Write(0);
     scene.KeepSmall(MostBytes);
   }
 }
 BENCHMARK(Comtrade)->Name("RecordRing/Comtrade")->Unit(benchmark::kMillisecond);
 
-class NoLimits : public packetroutines::RecordingEnd {
- public:
-  void StopAtRowLimit() override {}
-  void StopAtRowLimit2() override {}
-  void StopOnFullDisk() override {}
-};
-
 void Worksheet(benchmark::State& state) {
   constexpr int RingsOfSheet = 8;
   WriterScene scene;
-  NoLimits limits;
-  packetroutines::Worksheets sheets(scene.Open, scene.Numbers, scene.Code);
-  packetroutines::WorksheetWriter writer(scene.Context, sheets, limits);
+  packetroutines::WorksheetFormat& sheet = scene.Writing.Worksheet;
   int ring = 0;
   for (auto _ : state) {
-    writer.Write(0);
+    sheet.Write(0);
     if (++ring % RingsOfSheet != 0) continue;
-    sheets.ExcelOut[0].CloseFile();
-    sheets.ExcelStarted = {};
+    sheet.End();
+    sheet.Begin();
   }
 }
 BENCHMARK(Worksheet)->Name("RecordRing/Worksheet")->Unit(benchmark::kMillisecond);

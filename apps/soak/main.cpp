@@ -72,7 +72,7 @@ long ResidentKb() {
 class Soak {
  public:
   Soak(formroutines::Application& program, Plan plan)
-      : program_(program), main_(program.Main), plan_(std::move(plan)) {
+      : program_(program), main_(program.Windows.Main), plan_(std::move(plan)) {
     look_.callOnTimeout([this] { Look(); });
     look_.start(LookMs);
   }
@@ -112,8 +112,8 @@ class Soak {
     Tell("ends", "rss_kb", ResidentKb());
     Tell("took", "cpu_percent", share * 100);
     main_.CWButton3.Value = false;
-    std::cout << "file " << program_.Settings.StoragePath << "/" << program_.State.RecordFileName
-              << std::endl;
+    std::cout << "file " << program_.Config.Settings.StoragePath << "/"
+              << program_.Acquisition.State.RecordFileName << std::endl;
     Tell("behind", "rss_kb", ResidentKb());
     ++done_;
     if (done_ < plan_.Recordings) {

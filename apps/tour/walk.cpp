@@ -101,7 +101,7 @@ void Walk::VisitTabs() {
        {Visit{3, "phasor"}, {4, "waveforms"}, {5, "recorder"}, {6, "report"}}) {
     hand_.ClickTab(visit.Tab);
     record_.Step(QStringLiteral("the %1 view comes up").arg(QLatin1String(visit.Name)),
-                 program_.Application().Main.TabStrip1.SelectedTab == visit.Tab);
+                 program_.Application().Windows.Main.TabStrip1.SelectedTab == visit.Tab);
     // Texts come to the screen with its next frame, on a busy computer later than that.
     QTest::qWait(250);
     record_.Picture(program_.Window(), QLatin1String(visit.Name) + QLatin1String("_idle"));
@@ -116,7 +116,7 @@ void Walk::SetUp() {
   // Pages go to files, whatever printers the computer has.
   hand_.ChooseLast("Combo2");
   hand_.Click("Check4");
-  const auto& settings = program_.Application().Settings;
+  const auto& settings = program_.Application().Config.Settings;
   record_.Step("the simulated bus is chosen", settings.AdapterIndex == 1);
   record_.Step("the first filter is set", settings.FilterContent[0] == "VORNIK-SIM-1");
   record_.Step("the second filter is set", settings.FilterContent[1] == "VORNIK-SIM-2");

@@ -25,7 +25,7 @@ constexpr int DrawMs = 250;
 }  // namespace
 
 QDir Walk::DataFolder() {
-  return {QString::fromStdString(program_.Application().Settings.StoragePath)};
+  return {QString::fromStdString(program_.Application().Config.Settings.StoragePath)};
 }
 
 void Walk::FindStreams() {
@@ -43,7 +43,7 @@ void Walk::FindStreams() {
   });
   hand_.Click("Command7");
   record_.Step("the finder lists both streams", both);
-  const auto& content = program_.Application().Settings.FilterContent;
+  const auto& content = program_.Application().Config.Settings.FilterContent;
   record_.Step("both streams are taken", !content[0].empty() && !content[1].empty());
   if (content[0] == "VORNIK-SIM-1") return;
   // The list has them in the order of their first frames; the walk goes by their numbers.
@@ -64,7 +64,7 @@ void Walk::RecordInAllFormats() {
 
 void Walk::RecordAs(const QString& format) {
   const int index = format == "text" ? 0 : format == "worksheet" ? 1 : 2;
-  auto& main = program_.Application().Main;
+  auto& main = program_.Application().Windows.Main;
   hand_.Click(QStringLiteral("Option2(%1)").arg(index));
   hand_.Click("CWButton3");
   record_.Step(format + ": the button is away until the first ring is on disk",
@@ -91,7 +91,7 @@ void Walk::RecordAs(const QString& format) {
 
 void Walk::PictureOfTheAnalysis() {
   // The analysis holds the window, but it paints its bar; a picture is taken of such a moment.
-  auto& bar = program_.Application().Main.ProgressBar1;
+  auto& bar = program_.Application().Windows.Main.ProgressBar1;
   auto taken = std::make_shared<bool>(false);
   bar.Value.Observe([this, &bar, taken] {
     if (*taken || !bar.Visible || bar.Value < 50) return;
@@ -111,7 +111,7 @@ void Walk::KeepFiles(const QString& what) {
 
 void Walk::MakeReports() {
   hand_.ClickTab(ReportTab);
-  auto& main = program_.Application().Main;
+  auto& main = program_.Application().Windows.Main;
   for (int station = 0; station < 2; ++station) {
     hand_.Click(QStringLiteral("Option3(%1)").arg(6 + station));
     const QString id = QStringLiteral("VORNIK-SIM-%1").arg(station + 1);

@@ -45,7 +45,7 @@ void Walk::MeasurePhasors() {
   record_.Picture(program_.Window(), "phasors_automatic");
 
   hand_.Click("Check6");
-  const auto& state = program_.Application().State;
+  const auto& state = program_.Application().Acquisition.State;
   hand_.Find("Combo5(0)").setFocus();
   QTest::keyClick(&hand_.Find("Combo5(0)"), Qt::Key_Up);
   const auto updated = [&] { return hand_.Find("Combo5(0)").isEnabled() && !state.CaptureRunning; };
@@ -64,7 +64,7 @@ void Walk::WatchWaveforms() {
   hand_.Click("CWButton1");
   record_.Step(
       "the first curves",
-      Hand::WaitFor([this] { return program_.Application().State.BlockCount > 0; }, PatienceMs));
+      Hand::WaitFor([this] { return program_.Application().Acquisition.State.BlockCount > 0; }, PatienceMs));
   record_.Picture(program_.Window(), "waveforms_running");
   AwaitButton("CWButton1");
   hand_.Click("CWButton1");
@@ -77,7 +77,7 @@ void Walk::WatchWaveforms() {
   QTest::mouseRelease(&graph, Qt::LeftButton, {}, middle + QPoint(20, 60));
   record_.Step(
       "a zoom falls back to pan",
-      Hand::WaitFor([this] { return program_.Application().Main.sevOption1[0].Value.Get(); },
+      Hand::WaitFor([this] { return program_.Application().Windows.Main.sevOption1[0].Value.Get(); },
                     PatienceMs));
   QTest::qWait(DrawMs);
   record_.Picture(program_.Window(), "waveforms_zoomed");
@@ -87,7 +87,7 @@ void Walk::WatchWaveforms() {
   record_.Picture(program_.Window(), "waveforms_samples");
   QTest::mouseClick(&graph, Qt::RightButton, {}, middle);
   hand_.Click("Check2(0)");
-  record_.Step("a channel is off", !program_.Application().Main.CWGraph1.Plots[0].Visible);
+  record_.Step("a channel is off", !program_.Application().Windows.Main.CWGraph1.Plots[0].Visible);
   QTest::qWait(DrawMs);
   record_.Picture(program_.Window(), "waveforms_one_channel_off");
   hand_.Click("Check2(0)");

@@ -1,10 +1,9 @@
 #include "adapters/windows1252.h"
 
-#include <iconv.h>
-
+#include <algorithm>
+#include <array>
 #include <cstddef>
-
-#include "base/failure.h"
+#include <cstdint>
 
 namespace adapters {
 
@@ -12,42 +11,47 @@ namespace {
 
 constexpr char Substitute = '?';
 
-/// A conversion descriptor of the library that is closed with its scope.
-class Conversion {
- public:
-  Conversion() : descriptor_(iconv_open("UTF-8", "WINDOWS-1252")) {
-    if (!IsOpen()) {
-      throw platform::Failure(platform::failure::DeviceIo,
-                              "The code page Windows-1252 is not available. Please install the "
-                              "character conversions of the system's C library.");
-    }
-  }
-  Conversion(const Conversion&) = delete;
-  Conversion& operator=(const Conversion&) = delete;
-  ~Conversion() { iconv_close(descriptor_); }
-
-  /// The UTF-8 text of one byte; empty where the code page has no character for it.
-  std::string Character(char byte) const {
-    std::array<char, 8> text{};
-    char* in = &byte;
-    char* out = text.data();
-    std::size_t inLeft = 1;
-    std::size_t outLeft = text.size();
-    if (iconv(descriptor_, &in, &inLeft, &out, &outLeft) == static_cast<std::size_t>(-1)) {
-      iconv(descriptor_, nullptr, nullptr, nullptr, nullptr);
-      return {};
-    }
-    return {text.data(), text.size() - outLeft};
-  }
-
- private:
-  bool IsOpen() const {
-    // The library's own mark of a descriptor that could not be opened.
-    return descriptor_ != reinterpret_cast<iconv_t>(static_cast<std::intptr_t>(-1));
-  }
-
-  iconv_t descriptor_;
+/// The characters from 0x80 on, before those of Latin-1 begin; a byte without one stands for
+/// itself.
+constexpr std::size_t FirstOwn = 0x80;
+constexpr std::array<std::uint32_t, 32> OwnCharacters = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
 };
+
+/// A character in UTF-8.
+struct Character {
+  std::array<char, 3> Bytes{};
+  std::size_t Length = 0;
+
+  constexpr std::string_view Text() const { return {Bytes.data(), Length}; }
+};
+
+constexpr Character InUtf8(std::uint32_t code) {
+  const auto tail = [code](int shift) { return static_cast<char>(0x80 | (code >> shift & 0x3F)); };
+  if (code < 0x80) return {{static_cast<char>(code)}, 1};
+  if (code < 0x800) return {{static_cast<char>(0xC0 | code >> 6), tail(0)}, 2};
+  return {{static_cast<char>(0xE0 | code >> 12), tail(6), tail(0)}, 3};
+}
+
+constexpr std::array<Character, 256> Characters = [] {
+  std::array<Character, 256> characters;
+  for (std::uint32_t byte = 0; byte < characters.size(); ++byte) {
+    const std::size_t own = byte - FirstOwn;
+    characters[byte] =
+        InUtf8(byte >= FirstOwn && own < OwnCharacters.size() ? OwnCharacters[own] : byte);
+  }
+  return characters;
+}();
+
+/// The byte of a character outside of ASCII, which may be none of the page or no character at all.
+char ByteOf(std::string_view character) {
+  const auto* const found =
+      std::find_if(Characters.begin() + FirstOwn, Characters.end(),
+                   [character](const Character& of) { return of.Text() == character; });
+  return found == Characters.end() ? Substitute : static_cast<char>(found - Characters.begin());
+}
 
 std::uint8_t At(std::string_view text, std::size_t index) {
   return static_cast<std::uint8_t>(text[index]);
@@ -73,33 +77,13 @@ std::size_t SequenceLength(std::string_view text) {
 
 }  // namespace
 
-Windows1252::Windows1252() {
-  const Conversion conversion;
-  for (std::size_t byte = 0; byte < characters_.size(); ++byte) {
-    std::string& character = characters_[byte];
-    character = conversion.Character(static_cast<char>(byte));
-    if (character.empty()) {
-      // The bytes without a character all lie in the range whose UTF-8 form begins with this byte.
-      character = {'\xC2', static_cast<char>(byte)};
-    }
-    bytes_.emplace(character, static_cast<char>(byte));
-  }
-}
-
 std::string Windows1252::FromUtf8(std::string_view text) const {
   std::string bytes;
   bytes.reserve(text.size());
-  std::string character;
   while (!text.empty()) {
     const std::size_t length = SequenceLength(text);
-    if (At(text, 0) < 0x80) {
-      bytes += text.front();
-    } else {
-      // A broken or unknown sequence is no character of the page, so one look decides both.
-      character.assign(text.substr(0, length));
-      const auto found = bytes_.find(character);
-      bytes += found == bytes_.end() ? Substitute : found->second;
-    }
+    // A broken or unknown sequence is no character of the page, so one look decides both.
+    bytes += At(text, 0) < 0x80 ? text.front() : ByteOf(text.substr(0, length));
     text.remove_prefix(length);
   }
   return bytes;
@@ -108,7 +92,7 @@ std::string Windows1252::FromUtf8(std::string_view text) const {
 std::string Windows1252::ToUtf8(std::string_view bytes) const {
   std::string text;
   text.reserve(bytes.size());
-  for (const char byte : bytes) text += characters_[static_cast<std::uint8_t>(byte)];
+  for (const char byte : bytes) text += Characters[static_cast<std::uint8_t>(byte)].Text();
   return text;
 }
 

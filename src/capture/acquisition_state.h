@@ -16,9 +16,10 @@ inline void Advance(std::int32_t& count) {
   if (count < std::numeric_limits<std::int32_t>::max()) ++count;
 }
 
-/// The flags and counters that steer the acquisition. Everything runs on one thread; the order in
-/// which the flags are written is what keeps the handlers apart.
-struct AcquisitionState {
+/// What a run is: which mode is on, whether capture delivers, and what ends a run from outside.
+/// `RunControl` alone writes it. Everything happens on one thread; the order in which the flags are
+/// written is what keeps the handlers apart.
+struct RunFields {
   /// Capture was started and not yet stopped.
   bool CaptureRunning = false;
   /// The next frame only sets `PacketLength`.
@@ -34,6 +35,20 @@ struct AcquisitionState {
   bool LookingForRecording = false;
   bool LookingForID = false;
 
+  /// Counts how often a page was left that a run may belong to: by a change of the tab, by the
+  /// exit, by the end of the stream finder. That ends every run, also one whose next burst is about
+  /// to start (`PageVisit`).
+  std::uint32_t PagesLeft = 0;
+  /// Pages that are being left, one inside the other. What comes due in the pumps of that starts
+  /// nothing. The end of the program counts as one that is never over.
+  std::int32_t Leaving = 0;
+  /// Counts the choices of the other station during a run. A block that was gathered before such a
+  /// choice is not shown behind it.
+  std::uint32_t StationChanges = 0;
+};
+
+/// What the packet event has found out about the two streams.
+struct StreamFields {
   /// Per stream: the offsets were located in this burst.
   std::array<bool, 2> OffsetsKnown{};
   /// Complete blocks of each stream since the run began.
@@ -53,27 +68,41 @@ struct AcquisitionState {
   RunCounters Counters;
   /// So many of the next frames that are longer than expected are looked at for whose they are.
   std::int32_t LooksAtLonger = 0;
+};
 
-  /// Counts the tab changes. A tab change ends every run, also one whose next burst is about to
-  /// start: a start that finds the count changed behind one of its pumps is dropped.
-  std::uint32_t TabChanges = 0;
-  /// Tab changes that are under way, one inside the other. What comes due in their pumps starts
-  /// nothing. The end of the program counts as one that is never over.
-  std::int32_t Leaving = 0;
-  /// Counts the choices of the other station during a run. A block that was gathered before such a
-  /// choice is not shown behind it.
-  std::uint32_t StationChanges = 0;
-
+/// What the Recorder view and the tabs share.
+struct RecordFields {
   /// While True the handlers of the recorder's buttons do nothing.
   bool RecorderBusy = false;
   /// Bare name of the recording in work, or a placeholder before the first one.
   std::string RecordFileName;
+};
 
+/// What the packet event and the live views share.
+struct ReadingFields {
   /// The real-time value: one channel, 1 to 8, recomputed at every frame.
   bool RealTimeMode = false;
   std::int16_t RealTimeChannel = 1;
   /// Latest AC estimate of each channel, in the chosen units.
   std::array<double, platform::channels::Count> RmsValues{};
+};
+
+/// The flags and counters that steer the acquisition, one struct for each who writes them.
+struct AcquisitionState : RunFields, StreamFields, RecordFields, ReadingFields {};
+
+/// A stay on a page. Whoever pumps asks behind the pump whether the page is still the one that it
+/// began on: what is there by then is another view's.
+class PageVisit {
+ public:
+  explicit PageVisit(const RunFields& run) : run_(run), page_(run.PagesLeft) {}
+
+  bool Over() const { return run_.PagesLeft != page_; }
+  /// The visit begins here and now.
+  void BeginAnew() { page_ = run_.PagesLeft; }
+
+ private:
+  const RunFields& run_;
+  std::uint32_t page_;
 };
 
 }  // namespace packetroutines

@@ -1,6 +1,7 @@
 // What the packet event does with a complete block of the first stream.
 
 #include "capture/packet_dispatcher.h"
+#include "capture/record_progress.h"
 #include "platform/stream_format.h"
 
 namespace packetroutines {
@@ -16,74 +17,75 @@ constexpr std::int32_t BlockPause = 100;
 
 void PacketDispatcher::CompleteBlock(bool signalOk) {
   const std::uint32_t station = state_.StationChanges;
-  const std::uint32_t tabChanges = state_.TabChanges;
+  const PageVisit visit(state_);
   // A view that was chosen in one of the pumps, and runs already, has gathered nothing yet.
-  const auto wants = [&](bool AcquisitionState::*mode) {
-    return state_.*mode && state_.TabChanges == tabChanges;
-  };
+  const auto wants = [&](bool RunFields::*mode) { return state_.*mode && !visit.Over(); };
   const auto current = [&] { return signalOk && state_.StationChanges == station; };
-  run_([&] { frameIndex_[0] = 0; }, [&] { builder_.KeepBlock(); },
-       [&] { Advance(state_.BlockCount); }, [&] { services_.Events.Pump(); },
-       [&] {
-         if (wants(&AcquisitionState::LookingForScope)) ShowBlock(current, [&] { PlotBlock(); });
-       },
-       [&] {
-         if (wants(&AcquisitionState::LookingForValues) && !state_.RealTimeMode) {
-           BlockForValues(current);
-         }
-       },
-       [&] {
-         // The real-time value was shown frame by frame.
-         if (wants(&AcquisitionState::LookingForValues) && state_.RealTimeMode) {
-           consumers_.Views.BlockShown();
-         }
-       },
-       [&] {
-         if (wants(&AcquisitionState::LookingForRecording)) BlockForRecording();
-       },
-       [&] {
-         if (wants(&AcquisitionState::LookingForPhases)) {
-           ShowBlock(current, [&] { consumers_.Views.UpdatePhases(); });
-         }
-       });
+  run_(
+      [&] {
+        frameIndex_[0] = 0;
+        parts_.Builder.KeepBlock();
+        Advance(streams_.BlockCount);
+      },
+      [&] { services_.Events.Pump(); },
+      [&] {
+        if (wants(&RunFields::LookingForScope)) ShowBlock(current, [&] { PlotBlock(); });
+      },
+      [&] {
+        if (wants(&RunFields::LookingForValues) && !state_.RealTimeMode) {
+          BlockForValues(current);
+        }
+      },
+      [&] {
+        // The real-time value was shown frame by frame.
+        if (wants(&RunFields::LookingForValues) && state_.RealTimeMode) {
+          parts_.Waiting.BlockShown();
+        }
+      },
+      [&] {
+        if (wants(&RunFields::LookingForRecording)) BlockForRecording();
+      },
+      [&] {
+        if (wants(&RunFields::LookingForPhases)) {
+          ShowBlock(current, [&] { upper_.Views->UpdatePhases(); });
+        }
+      });
 }
 
 template <typename Current, typename Show>
 void PacketDispatcher::ShowBlock(Current current, Show show) {
-  run_([&] { return capture_.StopCapture() ? Flow::Next : Flow::Leave; },
+  run_([&] { return StopCapture(); },
        [&] {
          if (!current()) return;
          show();
-         consumers_.Views.BlockShown();
+         parts_.Waiting.BlockShown();
        },
        [&] { services_.Events.Pump(); },
        [&] {
-         controls_.Timers.Timer2.Interval = BlockPause;
-         controls_.Timers.Timer2.Enabled = true;
+         parts_.Run.RestartPause(BlockPause);
+         parts_.Run.Restart();
        });
 }
 
 void PacketDispatcher::PlotBlock() {
-  consumers_.Views.PlotBlock(state_.BlockCount == 1 ? "Auto" : "Manuell");
+  upper_.Views->PlotBlock(state_.BlockCount == 1 ? "Auto" : "Manuell");
 }
 
 template <typename Current>
 void PacketDispatcher::BlockForValues(Current current) {
-  run_([&] { ShowBlock(current, [&] { consumers_.Views.CalculateValues(); }); },
+  run_([&] { ShowBlock(current, [&] { upper_.Views->CalculateValues(); }); },
        [&] {
          // The check box may have been ticked in the pump.
-         if (state_.RealTimeMode) consumers_.Views.ClearValues();
+         if (state_.RealTimeMode) upper_.Views->ClearValues();
        });
 }
 
 void PacketDispatcher::BlockForRecording() {
   run_([&] {
-    // The time display takes the usual rate, whatever the base frequency is.
     const auto samples = static_cast<double>(state_.BlockCount) * present_.BaseSamples;
     controls_.Recorder.Label10[forms::record_line::Progress].Caption =
-        services_.Numbers.General(samples / platform::SamplesASecond) + "s / " +
-        services_.Numbers.General(samples) + " samples";
-    consumers_.Views.BlockShown();
+        RecordProgress(numbers_, samples);
+    parts_.Waiting.BlockShown();
   });
 }
 

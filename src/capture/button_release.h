@@ -1,7 +1,10 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 
+#include "capture/modes.h"
+#include "capture/run_control.h"
 #include "forms/run_buttons.h"
 #include "forms/window_controls.h"
 
@@ -10,30 +13,27 @@ namespace packetroutines {
 /// `Timer3`: gives the run buttons of the live views back, a second after a start or a stop.
 class ButtonRelease {
  public:
-  ButtonRelease(forms::TimerControls& timers, const forms::RunButtons& buttons)
-      : timers_(timers), buttons_(buttons) {
-    timers_.Timer3.Elapsed = [this] { Timer3_Timer(); };
+  ButtonRelease(RunControl& run, forms::TimerControls& timers, const forms::RunButtons& buttons)
+      : run_(run), buttons_(buttons) {
+    timers.Timer3.Elapsed = [this] { Timer3_Timer(); };
   }
 
   /// Nothing is locked at the start.
-  void Load() {
-    timers_.Timer3.Enabled = false;
-    timers_.Timer3.Interval = ButtonLock;
-  }
+  void Load() { run_.LoadRelease(ButtonLock); }
 
  private:
   /// The run buttons come back this long after the first frame or a stop, in ms.
   static constexpr std::int32_t ButtonLock = 1000;
+  static constexpr std::array<ModeName, 3> Order = {"LookingForPhases", "LookingForValues",
+                                                    "LookingForScope"};
 
   void Timer3_Timer() {
-    buttons_.CWButton2.Enabled = true;
-    buttons_.CWButton4.Enabled = true;
-    buttons_.CWButton1.Enabled = true;
-    timers_.Timer3.Enabled = false;
+    for (const ModeName view : Order) view.Find()->RunButton(buttons_).Enabled = true;
+    run_.CallOffRelease();
     buttons_.ShowIdleTips();
   }
 
-  forms::TimerControls& timers_;
+  RunControl& run_;
   forms::RunButtons buttons_;
 };
 

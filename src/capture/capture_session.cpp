@@ -21,7 +21,7 @@ constexpr const char* RefusedLine =
     "Capture did not start: the 'Packet filter condition' under 'Setup' was refused.";
 
 /// What is left of the box when it is closed: the line of the view that was to run.
-void TellRefusal(const AcquisitionState& state, forms::SharedControls& shared) {
+void TellRefusal(const RunFields& state, forms::SharedControls& shared) {
   for (const Mode& mode : Modes) {
     if (state.*mode.Flag && mode.QuietLine != NoLine)
       shared.QuietLine[mode.QuietLine].Say(RefusedLine);
@@ -38,14 +38,35 @@ void TakeRefusalBack(const Mode& mode, forms::SharedControls& shared) {
 }  // namespace
 
 CaptureSession::CaptureSession(platform::CaptureLayer& layer, const CaptureControls& controls,
-                               config::Settings& settings, AcquisitionState& state,
-                               PacketConsumer& packets, const platform::Services& services)
+                               config::Settings& settings, AcquisitionState& state, RunControl& run,
+                               const platform::Services& services)
     : layer_(layer),
       controls_(controls),
       settings_(settings),
       state_(state),
-      packets_(packets),
+      streams_(state),
+      run_(run),
       services_(services) {}
+
+void CaptureSession::BeginRun(ModeName mode, const platform::FrameWish& wish) {
+  PrepareRun(LiveBuffer, wish);
+  StartCapture(mode);
+}
+
+void CaptureSession::PrepareRun(std::int32_t buffSize, const platform::FrameWish& wish) {
+  run_.MeasureLength();
+  SetupAdapter(buffSize, wish);
+}
+
+void CaptureSession::CountBlocksAnew() {
+  streams_.BlockCount = 0;
+  streams_.BlockCount2 = 0;
+}
+
+bool CaptureSession::EndRun(ModeName mode) {
+  run_.Clear(mode);
+  return StopCapture();
+}
 
 platform::CaptureObject& CaptureSession::aPacketX() {
   if (!aPacketX_) throw Failure(platform::failure::ObjectNotSet);
@@ -61,7 +82,7 @@ void CaptureSession::FillAdapterList() {
       [&] {
         aPacketX_ = layer_.NewCaptureObject();
         aPacketX_->OnPacket = [this](const platform::CapturedFrame& frame) {
-          packets_.aPacketX_OnPacket(frame);
+          User->aPacketX_OnPacket(frame);
         };
       },
       [&] {
@@ -117,16 +138,18 @@ Verdict CaptureSession::OnSetupFailure(const Failure& failure) {
 
 void CaptureSession::StartCapture(ModeName name) {
   if (state_.Leaving > 0) return;
-  const Mode* mode = FindMode(name.Text());
+  const Mode* mode = name.Find();
   RunSteps(
       services_.Program, [this](const Failure& failure) { return OnStartFailure(failure); },
-      [&] { SetMode(mode); }, [&] { return StopCapture() ? Flow::Next : Flow::Leave; },
-      [&] { return TakenBack(mode) ? Flow::Leave : Flow::Next; },
       [&] {
-        state_.OffsetsKnown[0] = false;
-        state_.OffsetsKnown[1] = false;
-      },
-      [&] { ShowIndicators(true); }, [&] { Begin(); }, [&] { state_.CaptureRunning = true; });
+        if (mode != nullptr) SetMode(*mode);
+        if (!StopCapture() || (mode != nullptr && TakenBack(*mode))) return Flow::Leave;
+        streams_.OffsetsKnown = {};
+        ShowIndicators(true);
+        Begin();
+        run_.CaptureBegan();
+        return Flow::Next;
+      });
 }
 
 void CaptureSession::Begin() {
@@ -134,17 +157,14 @@ void CaptureSession::Begin() {
   aPacketX().Start();
 }
 
-void CaptureSession::SetMode(const Mode* mode) {
-  if (mode == nullptr) return;
-  controls_.Timers.Timer1.Interval = mode->TimeOut;
-  controls_.Timers.Timer1.Enabled = true;
-  state_.*mode->Flag = true;
-  TakeRefusalBack(*mode, controls_.Shared);
+void CaptureSession::SetMode(const Mode& mode) {
+  run_.SetMode(mode);
+  TakeRefusalBack(mode, controls_.Shared);
 }
 
-bool CaptureSession::TakenBack(const Mode* mode) {
-  if (mode == nullptr || state_.*mode->Flag) return false;
-  controls_.Timers.Timer1.Enabled = false;
+bool CaptureSession::TakenBack(const Mode& mode) {
+  if (state_.*mode.Flag) return false;
+  run_.CallOffWatchdog();
   return true;
 }
 
@@ -162,21 +182,21 @@ Verdict CaptureSession::OnStartFailure(const Failure& failure) {
     return Verdict::EndProgram;
   }
   const bool recording = state_.LookingForRecording;
-  const std::uint32_t tabChanges = state_.TabChanges;
+  const PageVisit visit(state_);
   TellRefusal(state_, controls_.Shared);
   ShowIndicators(false);
-  state_.OffsetsKnown[0] = false;
-  state_.OffsetsKnown[1] = false;
-  controls_.Timers.Timer1.Enabled = false;
+  streams_.OffsetsKnown = {};
+  run_.CallOffWatchdog();
   controls_.Buttons.Command2.Enabled = true;
+  User->ReportEnded();
   controls_.Buttons.CWButton1.Value = false;
   controls_.Buttons.CWButton3.Value = false;
   controls_.Buttons.CWButton4.Value = false;
   controls_.Buttons.CWButton4.Enabled = true;
   GiveButtonsBack();
-  Refused();
+  User->CaptureRefused();
   // It was away until a first ring; now there will be none.
-  if (recording && state_.TabChanges == tabChanges) controls_.Buttons.CWButton3.Visible = true;
+  if (recording && !visit.Over()) controls_.Buttons.CWButton3.Visible = true;
   services_.Dialogs.Show({"Attention",
                           std::string("Can't receive packets!") + Crlf + Crlf + "Reason:" + Crlf +
                               "- filter setup ('Packet filter condition') isn't correct",
@@ -187,10 +207,10 @@ Verdict CaptureSession::OnStartFailure(const Failure& failure) {
 void CaptureSession::GiveButtonsBack() {
   // The stop path of a button that is locked does not run, and a start that was refused brings no
   // frame to unlock it.
-  state_.LookingForValues = false;
-  state_.LookingForPhases = false;
+  run_.Clear("LookingForValues");
+  run_.Clear("LookingForPhases");
   controls_.Buttons.CWButton2.Value = false;
-  if (!controls_.Buttons.CWButton2.Enabled) controls_.Timers.Timer3.Enabled = true;
+  if (!controls_.Buttons.CWButton2.Enabled) run_.ReleaseButtons();
   controls_.Buttons.ShowIdleTips();
 }
 
@@ -213,7 +233,11 @@ void CaptureSession::StopBehindArrived() {
 bool CaptureSession::StopCapture() {
   const std::uint32_t starts = starts_;
   RunSteps(
-      services_.Program, &OnStopFailure, [&] { ShowIndicators(false); }, [&] { aPacketX().Stop(); },
+      services_.Program, &OnStopFailure,
+      [&] {
+        ShowIndicators(false);
+        aPacketX().Stop();
+      },
       [&] { services_.Events.Pump(); },
       [&] {
         if (!oPacketColl_) oPacketColl_ = layer_.NewPacketCollection();
@@ -221,9 +245,9 @@ bool CaptureSession::StopCapture() {
       },
       [&] { services_.Events.Pump(); },
       [&] {
-        if (starts_ == starts) state_.CaptureRunning = false;
+        if (starts_ == starts) run_.CaptureEnded();
       });
-  Stopped();
+  User->CaptureStopped();
   return starts_ == starts;
 }
 

@@ -3,15 +3,15 @@
 #include <cstdint>
 #include <memory>
 
+#include "base/plug.h"
 #include "base/trap.h"
 #include "capture/acquisition_state.h"
-#include "capture/consumers.h"
 #include "capture/modes.h"
+#include "capture/run_control.h"
 #include "config/settings.h"
 #include "forms/run_buttons.h"
 #include "forms/setup_controls.h"
 #include "forms/shared_controls.h"
-#include "forms/window_controls.h"
 #include "platform/services/capture_object.h"
 #include "platform/services/services.h"
 
@@ -25,21 +25,45 @@ inline constexpr std::int32_t RecordingBuffer = 33554432;
 struct CaptureControls {
   forms::SetupControls& Setup;
   forms::SharedControls& Shared;
-  forms::TimerControls& Timers;
   forms::RunButtons Buttons;
+};
+
+/// Whom the capture session serves.
+class CaptureUser {
+ public:
+  virtual ~CaptureUser() = default;
+  /// One received frame, on the program's thread.
+  virtual void aPacketX_OnPacket(const platform::CapturedFrame& pPacket) = 0;
+  /// Capture rests: a burst or a run has ended, or one is about to begin.
+  virtual void CaptureStopped() = 0;
+  /// The capture filter was refused: the button of a report is free again.
+  virtual void ReportEnded() = 0;
+  /// A start did not begin, because the capture filter was refused; the user has not been told yet.
+  virtual void CaptureRefused() = 0;
 };
 
 /// The program's one capture channel: lists the adapters, selects one, starts and stops reception
 /// and sets the acquisition mode. A live view starts and stops it several times a second.
 class CaptureSession {
  public:
-  /// `packets` gets every received frame, on the program's thread.
   CaptureSession(platform::CaptureLayer& layer, const CaptureControls& controls,
-                 config::Settings& settings, AcquisitionState& state, PacketConsumer& packets,
+                 config::Settings& settings, AcquisitionState& state, RunControl& run,
                  const platform::Services& services);
+
+  platform::Plug<CaptureUser> User;
 
   /// Creates the capture object and fills the adapter list; once, at start-up.
   void FillAdapterList();
+  /// The start of a run: measures the frame length anew, takes the adapter over and begins the
+  /// first burst. The wish is for the frames that the run meets.
+  void BeginRun(ModeName mode, const platform::FrameWish& wish = {});
+  /// The first half of it, for a run that is begun step by step.
+  void PrepareRun(std::int32_t buffSize, const platform::FrameWish& wish = {});
+  /// The blocks of the run count from 0.
+  void CountBlocksAnew();
+  /// The end of a run. False where another one has begun in its pumps.
+  bool EndRun(ModeName mode);
+
   /// Takes over the chosen adapter with a driver buffer of `buffSize` bytes and the capture filter.
   /// The wish holds for every start until the next setup.
   void SetupAdapter(std::int32_t buffSize, const platform::FrameWish& wish = {});
@@ -55,16 +79,11 @@ class CaptureSession {
   /// Whether the adapter in use is there to deliver; for times without frames.
   platform::Presence AdapterPresence();
 
-  /// Capture rests: a burst or a run has ended, or one is about to begin.
-  platform::Event<> Stopped;
-  /// A start did not begin, because the capture filter was refused; the user has not been told yet.
-  platform::Event<> Refused;
-
  private:
   void Begin();
-  void SetMode(const Mode* mode);
+  void SetMode(const Mode& mode);
   /// The mode that a start has set is off again; nothing is awaited for it any more.
-  bool TakenBack(const Mode* mode);
+  bool TakenBack(const Mode& mode);
   void ShowIndicators(bool visible);
   void GiveButtonsBack();
   std::string FilterExpression() const;
@@ -77,8 +96,9 @@ class CaptureSession {
   platform::CaptureLayer& layer_;
   CaptureControls controls_;
   config::Settings& settings_;
-  AcquisitionState& state_;
-  PacketConsumer& packets_;
+  const RunFields& state_;
+  StreamFields& streams_;
+  RunControl& run_;
   platform::Services services_;
   /// Counts the starts of the capture object.
   std::uint32_t starts_ = 0;

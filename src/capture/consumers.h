@@ -3,18 +3,11 @@
 #include <cstdint>
 #include <string>
 
+#include "base/plug.h"
 #include "capture/packet_bytes.h"
 #include "platform/services/capture_object.h"
 
 namespace packetroutines {
-
-/// What the capture session hands the received frames to.
-class PacketConsumer {
- public:
-  virtual ~PacketConsumer() = default;
-  /// One received frame, on the program's thread.
-  virtual void aPacketX_OnPacket(const platform::CapturedFrame& pPacket) = 0;
-};
 
 /// What the packet event asks of the live views when a block is complete.
 class BlockConsumers {
@@ -25,8 +18,6 @@ class BlockConsumers {
   virtual void CalculateValues() = 0;
   virtual void ClearValues() = 0;
   virtual void UpdatePhases() = 0;
-  /// A block has reached the user: a view shows it, or the recording went on by it.
-  virtual void BlockShown() = 0;
 };
 
 /// What the packet event asks of the recorder.
@@ -43,22 +34,37 @@ class ReportConsumer {
   virtual ~ReportConsumer() = default;
   /// Reads the frame into the report; the result is the frame's stream ID.
   virtual std::string ReportAnalyse(const PacketBytes& bytes) = 0;
+  /// A run has ended without a frame, and its button is free again.
+  virtual void ReportEnded() = 0;
 };
 
-/// What the packet event and the watchdog ask of the stream finder.
+/// What the acquisition asks of the stream finder.
 class FinderConsumer {
  public:
   virtual ~FinderConsumer() = default;
   virtual void AddStreamToList(const std::string& id) = 0;
   /// Closes the stream finder.
   virtual void UnloadIDlook() = 0;
+  /// Capture rests: a burst or a run has ended, or one is about to begin.
+  virtual void CaptureStopped() = 0;
+  /// A start did not begin, because the capture filter was refused; the user has not been told yet.
+  virtual void CaptureRefused() = 0;
 };
 
-/// What the watchdog asks of the shell.
+/// What the acquisition asks of the shell.
 class TabConsumer {
  public:
   virtual ~TabConsumer() = default;
   virtual void TabChange() = 0;
+};
+
+/// Where the upper folders plug themselves into the acquisition.
+struct Plugs {
+  platform::Plug<BlockConsumers> Views;
+  platform::Plug<RecordConsumer> Recorder;
+  platform::Plug<ReportConsumer> Report;
+  platform::Plug<FinderConsumer> Finder;
+  platform::Plug<TabConsumer> Tabs;
 };
 
 }  // namespace packetroutines

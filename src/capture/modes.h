@@ -21,46 +21,107 @@ enum class ModeKind {
   SingleFrame
 };
 
+/// What starts the next burst of a mode by itself, after the user's delay.
+enum class Restarts {
+  Never,
+  /// The events that came in during the delay are handled first.
+  BehindPump,
+  /// Nothing comes between the delay and the start.
+  AtOnce
+};
+
 /// All that belongs to a mode of the acquisition.
 struct Mode {
   std::string_view Name;
   ModeKind Kind;
-  bool AcquisitionState::*Flag;
+  bool RunFields::*Flag;
   /// How long a usable frame is awaited, in ms.
   std::int32_t TimeOut;
+  /// What the no-data dialog says in front of its own words.
+  std::string_view NoData;
+  Restarts Restart;
   /// The tab that the mode runs on.
   std::int16_t Tab;
   /// The button that starts it there; none for the stream finder, which has a window of its own.
   platform::CWButton& (*RunButton)(const forms::RunButtons& buttons);
   /// The line that tells what it waits for; `NoLine` where it has a dialog alone.
   std::size_t QuietLine;
+  /// A change of the tab switches its button off, on whatever tab it stands.
+  bool OffWithTab;
 };
 
 inline constexpr std::size_t NoLine = forms::quiet_line::Count;
 
-inline constexpr std::array<Mode, 6> Modes = {{
-    {"Report", ModeKind::SingleFrame, &AcquisitionState::ReportRequested, 4000, forms::tab::Report,
-     [](const forms::RunButtons& buttons) -> platform::CWButton& { return buttons.Command2; },
-     NoLine},
-    {"LookingForScope", ModeKind::LiveView, &AcquisitionState::LookingForScope, 2000,
-     forms::tab::Waveforms,
-     [](const forms::RunButtons& buttons) -> platform::CWButton& { return buttons.CWButton1; },
-     forms::quiet_line::Waveforms},
-    {"LookingForValues", ModeKind::LiveView, &AcquisitionState::LookingForValues, 2000,
-     forms::tab::Values,
-     [](const forms::RunButtons& buttons) -> platform::CWButton& { return buttons.CWButton4; },
-     forms::quiet_line::Values},
-    {"LookingForPhases", ModeKind::LiveView, &AcquisitionState::LookingForPhases, 2000,
-     forms::tab::Phasor,
-     [](const forms::RunButtons& buttons) -> platform::CWButton& { return buttons.CWButton2; },
-     forms::quiet_line::Phasor},
-    {"LookingForRecording", ModeKind::Recording, &AcquisitionState::LookingForRecording, 2000,
-     forms::tab::Recorder,
-     [](const forms::RunButtons& buttons) -> platform::CWButton& { return buttons.CWButton3; },
-     forms::quiet_line::Recorder},
-    {"LookingForID", ModeKind::SingleFrame, &AcquisitionState::LookingForID, 2000,
-     forms::tab::Setup, nullptr, NoLine},
-}};
+inline constexpr std::array<Mode, 6> Modes = {
+    {{.Name = "Report",
+      .Kind = ModeKind::SingleFrame,
+      .Flag = &RunFields::ReportRequested,
+      .TimeOut = 4000,
+      .NoData = "Building a report for required data isn't possible!",
+      .Restart = Restarts::Never,
+      .Tab = forms::tab::Report,
+      .RunButton = [](const forms::RunButtons& buttons) -> auto& {return buttons.Command2;
+}  // namespace packetroutines
+, .QuietLine = NoLine, .OffWithTab = false
+}
+, {.Name = "LookingForScope",
+   .Kind = ModeKind::LiveView,
+   .Flag = &RunFields::LookingForScope,
+   .TimeOut = 2000,
+   .NoData = "",
+   .Restart = Restarts::AtOnce,
+   .Tab = forms::tab::Waveforms,
+   .RunButton = [](const forms::RunButtons& buttons) -> auto& {return buttons.CWButton1;
+}
+, .QuietLine = forms::quiet_line::Waveforms, .OffWithTab = true
+}
+, {.Name = "LookingForValues",
+   .Kind = ModeKind::LiveView,
+   .Flag = &RunFields::LookingForValues,
+   .TimeOut = 2000,
+   .NoData = "",
+   .Restart = Restarts::BehindPump,
+   .Tab = forms::tab::Values,
+   .RunButton = [](const forms::RunButtons& buttons) -> auto& {return buttons.CWButton4;
+}
+, .QuietLine = forms::quiet_line::Values, .OffWithTab = true
+}
+, {.Name = "LookingForPhases",
+   .Kind = ModeKind::LiveView,
+   .Flag = &RunFields::LookingForPhases,
+   .TimeOut = 2000,
+   .NoData = "",
+   .Restart = Restarts::BehindPump,
+   .Tab = forms::tab::Phasor,
+   .RunButton = [](const forms::RunButtons& buttons) -> auto& {return buttons.CWButton2;
+}
+, .QuietLine = forms::quiet_line::Phasor, .OffWithTab = false
+}
+, {.Name = "LookingForRecording",
+   .Kind = ModeKind::Recording,
+   .Flag = &RunFields::LookingForRecording,
+   .TimeOut = 2000,
+   .NoData = "Recording isn't possible!",
+   .Restart = Restarts::Never,
+   .Tab = forms::tab::Recorder,
+   .RunButton = [](const forms::RunButtons& buttons) -> auto& {return buttons.CWButton3;
+}
+, .QuietLine = forms::quiet_line::Recorder, .OffWithTab = false
+}
+,
+    {.Name = "LookingForID",
+     .Kind = ModeKind::SingleFrame,
+     .Flag = &RunFields::LookingForID,
+     .TimeOut = 2000,
+     .NoData = "",
+     .Restart = Restarts::BehindPump,
+     .Tab = forms::tab::Setup,
+     .RunButton = nullptr,
+     .QuietLine = NoLine,
+     .OffWithTab = false},
+}
+}
+;
 
 /// The place of a mode in the table; its end where there is no mode of that name.
 constexpr std::size_t PlaceOfMode(std::string_view name) {
@@ -86,6 +147,8 @@ class ModeName {
   static ModeName Any(std::string_view text) { return ModeName(text); }
 
   constexpr std::string_view Text() const { return text_; }
+  /// The mode itself; none where there is no mode of that name.
+  const Mode* Find() const { return FindMode(text_); }
 
  private:
   explicit constexpr ModeName(std::string_view text) : text_(text) {}
@@ -93,9 +156,13 @@ class ModeName {
   std::string_view text_;
 };
 
+/// The live views in the order in which their buttons are switched off together.
+inline constexpr std::array<ModeName, 3> SwitchOffOrder = {"LookingForValues", "LookingForScope",
+                                                           "LookingForPhases"};
+
 /// True where `wanted(mode)` holds for a mode whose flag is set.
 template <typename Wanted>
-bool AnyModeSet(const AcquisitionState& state, Wanted wanted) {
+bool AnyModeSet(const RunFields& state, Wanted wanted) {
   for (const Mode& mode : Modes) {
     if (state.*mode.Flag && wanted(mode)) return true;
   }
@@ -109,11 +176,6 @@ inline bool IsLiveView(const Mode& mode) {
 /// The mode turns frames into rows of values.
 inline bool TakesSamples(const Mode& mode) {
   return mode.Kind != ModeKind::SingleFrame;
-}
-
-/// Clears the flags of all modes.
-inline void ClearModes(AcquisitionState& state) {
-  for (const Mode& mode : Modes) state.*mode.Flag = false;
 }
 
 }  // namespace packetroutines

@@ -18,19 +18,18 @@ constexpr std::int32_t DialogSeconds = 30;
 
 }  // namespace
 
-NoDataWatchdog::NoDataWatchdog(AcquisitionState& state, forms::TimerControls& timers,
-                               const forms::RunButtons& buttons, CaptureSession& capture,
-                               TabConsumer& tabs, FinderConsumer& finder,
+NoDataWatchdog::NoDataWatchdog(const RunFields& state, RunControl& run,
+                               forms::TimerControls& timers, const forms::RunButtons& buttons,
+                               CaptureSession& capture, const Plugs& upper,
                                const platform::Services& services)
     : state_(state),
-      timers_(timers),
+      control_(run),
       buttons_(buttons),
       capture_(capture),
-      tabs_(tabs),
-      finder_(finder),
+      upper_(upper),
       services_(services),
       run_(services.Program, [this](const Failure& failure, int) { return OnFailure(failure); }) {
-  timers_.Timer1.Elapsed = [this] { Timer1_Timer(); };
+  timers.Timer1.Elapsed = [this] { Timer1_Timer(); };
 }
 
 Verdict NoDataWatchdog::OnFailure(const Failure& failure) {
@@ -50,9 +49,9 @@ void NoDataWatchdog::Timer1_Timer() {
   } else if (state_.LookingForID) {
     EndFinder();
   } else if (AnyModeSet(state_, IsLiveView)) {
-    EndView();
+    EndViews();
   } else {
-    timers_.Timer1.Enabled = false;
+    control_.CallOffWatchdog();
   }
 }
 
@@ -61,45 +60,62 @@ Flow NoDataWatchdog::Stop() {
 }
 
 void NoDataWatchdog::EndReport() {
-  run_([&] { return Stop(); }, [&] { state_.ReportRequested = false; },
-       [&] { ShowNoDataDialog("Building a report for required data isn't possible!"); },
-       [&] { timers_.Timer1.Enabled = false; }, [&] { buttons_.Command2.Enabled = true; });
-}
-
-void NoDataWatchdog::EndRecording() {
-  run_([&] { return Stop(); }, [&] { state_.LookingForRecording = false; },
-       [&] { ShowNoDataDialog("Recording isn't possible!"); },
-       [&] { timers_.Timer1.Enabled = false; }, [&] { buttons_.CWButton3.Value = false; },
-       [&] { buttons_.CWButton3.Enabled = true; }, [&] { tabs_.TabChange(); });
-}
-
-void NoDataWatchdog::EndFinder() {
-  run_([&] { return Stop(); }, [&] { state_.LookingForID = false; },
-       [&] { timers_.Timer1.Enabled = false; }, [&] { ShowNoDataDialog(""); },
-       [&] { finder_.UnloadIDlook(); });
-}
-
-void NoDataWatchdog::EndView() {
-  // `LookingForPhases` falls in the stop path of its button.
-  run_([&] { return Stop(); }, [&] { state_.LookingForValues = false; },
-       [&] { state_.LookingForScope = false; }, [&] { ShowNoDataDialog(""); },
-       [&] { timers_.Timer1.Enabled = false; }, [&] { buttons_.CWButton1.Enabled = false; },
-       [&] { buttons_.CWButton4.Enabled = false; }, [&] { timers_.Timer3.Enabled = true; },
-       [&] { buttons_.CWButton4.Value = false; }, [&] { buttons_.CWButton1.Value = false; },
-       [&] { buttons_.CWButton2.Value = false; },
+  run_([&] { return Stop(); }, [&] { control_.Clear("Report"); },
+       [&] { ShowNoDataDialog("Report"); },
        [&] {
-         // The stop path of the scope has given its button back, and that of the phasors has not
-         // run where another view did; all three wait.
-         buttons_.CWButton1.Enabled = false;
-         buttons_.CWButton2.Enabled = false;
-         buttons_.ShowIdleTips();
+         control_.CallOffWatchdog();
+         buttons_.Command2.Enabled = true;
+         upper_.Report->ReportEnded();
        });
 }
 
-void NoDataWatchdog::ShowNoDataDialog(const std::string& prefix) {
-  const std::string text = prefix + " No data received!" + Crlf + Crlf + "Reasons:" + Crlf +
-                           "- check cable (crossed/straight network cable)" + Crlf +
-                           "- check your choice of the network adapter" + Crlf +
+void NoDataWatchdog::EndRecording() {
+  run_([&] { return Stop(); }, [&] { control_.Clear("LookingForRecording"); },
+       [&] { ShowNoDataDialog("LookingForRecording"); }, [&] { control_.CallOffWatchdog(); },
+       [&] { buttons_.CWButton3.Value = false; }, [&] { buttons_.CWButton3.Enabled = true; },
+       [&] { upper_.Tabs->TabChange(); });
+}
+
+void NoDataWatchdog::EndFinder() {
+  run_([&] { return Stop(); },
+       [&] {
+         control_.Clear("LookingForID");
+         control_.CallOffWatchdog();
+       },
+       [&] { ShowNoDataDialog("LookingForID"); }, [&] { upper_.Finder->UnloadIDlook(); });
+}
+
+void NoDataWatchdog::EndViews() {
+  const Flow stopped = run_([&] { return Stop(); },
+                            [&] {
+                              // `LookingForPhases` falls in the stop path of its button.
+                              control_.Clear("LookingForValues");
+                              control_.Clear("LookingForScope");
+                            },
+                            [&] { ShowNoDataDialog("LookingForValues"); });
+  if (stopped == Flow::Leave) return;
+  control_.CallOffWatchdog();
+  buttons_.CWButton1.Enabled = false;
+  buttons_.CWButton4.Enabled = false;
+  control_.ReleaseButtons();
+  for (const ModeName view : SwitchOffOrder) {
+    run_([&] { view.Find()->RunButton(buttons_).Value = false; });
+  }
+  LockViews();
+}
+
+void NoDataWatchdog::LockViews() {
+  // The stop path of the scope has given its button back, and that of the phasors has not run where
+  // another view did; all three wait.
+  buttons_.CWButton1.Enabled = false;
+  buttons_.CWButton2.Enabled = false;
+  buttons_.ShowIdleTips();
+}
+
+void NoDataWatchdog::ShowNoDataDialog(ModeName mode) {
+  const std::string text = std::string(mode.Find()->NoData) + " No data received!" + Crlf + Crlf +
+                           "Reasons:" + Crlf + "- check cable (crossed/straight network cable)" +
+                           Crlf + "- check your choice of the network adapter" + Crlf +
                            "- check setup of your network connection (half duplex!)" + Crlf +
                            "- check correct filter setup (filter condition, filter content)" +
                            Crlf + "- run 'Find streams' on tab 'Setup'" + Crlf + Crlf +

@@ -33,59 +33,77 @@ Flow LeaveAfter(bool wanted, Serve serve) {
 
 PacketDispatcher::PacketDispatcher(AcquisitionState& state, const config::Settings& settings,
                                    const config::RunSettings& present,
-                                   const PacketControls& controls, CaptureSession& capture,
-                                   SampleLocator& locator, SignalBuilder& builder,
-                                   PacketConsumers consumers, PacketServices services)
+                                   const PacketControls& controls, const PacketParts& parts,
+                                   const Plugs& upper, const PacketTexts& texts,
+                                   const platform::Services& services)
     : state_(state),
+      streams_(state),
       settings_(settings),
       present_(present),
       controls_(controls),
-      capture_(capture),
-      locator_(locator),
-      builder_(builder),
-      consumers_(consumers),
+      parts_(parts),
+      upper_(upper),
+      numbers_(texts.Numbers),
       services_(services),
       run_(services.Program,
            [this](const Failure& failure, int attempt) { return OnFailure(failure, attempt); }),
-      filters_{ContentFilter(services.Code), ContentFilter(services.Code)} {}
+      filters_{ContentFilter(texts.Code), ContentFilter(texts.Code)} {}
 
 void PacketDispatcher::aPacketX_OnPacket(const CapturedFrame& pPacket) {
   bool first = false;
   bool second = false;
-  run_([&] { bytes_.ClearText(); },
-       [&] { return state_.CaptureRunning ? Flow::Next : Flow::Leave; },
-       [&] { ++state_.Counters.Frames; },
-       [&] { return LeaveAfter(state_.PacketLengthPending, [&] { MeasureLength(pPacket); }); },
-       [&] { bytes_.Redim(state_.PacketLength); },
-       [&] { return LeaveAfter(state_.ReportRequested, [&] { ServeReport(pPacket); }); },
-       [&] { return CopyFrame(pPacket); },
-       [&] {
-         // A text at the very first byte, which is where an empty one is found, does not count.
-         first = filters_[0].Position(bytes_.Text(), settings_.FilterContent[0]) > 1;
-         second = filters_[1].Position(bytes_.Text(), settings_.FilterContent[1]) > 1;
-       },
-       [&] { return LeaveAfter(state_.LookingForID, [&] { ServeFinder(); }); },
-       [&] { return first ? FirstStream() : Flow::Next; },
-       [&] {
-         if (second) SecondStream();
-       });
+  run_(
+      [&] {
+        bytes_.ClearText();
+        if (!state_.CaptureRunning) return Flow::Leave;
+        ++streams_.Counters.Frames;
+        return LeaveAfter(state_.PacketLengthPending, [&] { MeasureLength(pPacket); });
+      },
+      [&] { bytes_.Redim(state_.PacketLength); },
+      [&] {
+        if (state_.ReportRequested) {
+          ServeReport(pPacket);
+          return Flow::Leave;
+        }
+        return CopyFrame(pPacket);
+      },
+      [&] {
+        // A text at the very first byte, which is where an empty one is found, does not count.
+        first = filters_[0].Position(bytes_.Text(), settings_.FilterContent[0]) > 1;
+        second = filters_[1].Position(bytes_.Text(), settings_.FilterContent[1]) > 1;
+      },
+      [&] { return LeaveAfter(state_.LookingForID, [&] { ServeFinder(); }); },
+      [&] { return first ? FirstStream() : Flow::Next; },
+      [&] {
+        if (second) SecondStream();
+      });
 }
 
 void PacketDispatcher::MeasureLength(const CapturedFrame& pPacket) {
-  run_([&] { bytes_.Redim(LengthFrameUpper); }, [&] { state_.PacketLengthPending = false; },
-       [&] { TakePacketLength(pPacket); },
-       [&] { CountUnsearched(pPacket, &StreamCounters::SetLength); });
+  run_(
+      [&] {
+        bytes_.Redim(LengthFrameUpper);
+        parts_.Run.LengthComes();
+        TakePacketLength(pPacket);
+      },
+      [&] { CountUnsearched(pPacket, &StreamCounters::SetLength); });
 }
 
 void PacketDispatcher::TakePacketLength(const CapturedFrame& pPacket) {
-  state_.PacketLength = platform::Narrow<std::int16_t>(pPacket.Length);
-  state_.PacketLengthPending = false;
+  parts_.Run.TakeLength(platform::Narrow<std::int16_t>(pPacket.Length));
+}
+
+Flow PacketDispatcher::StopCapture() {
+  return parts_.Capture.StopCapture() ? Flow::Next : Flow::Leave;
 }
 
 void PacketDispatcher::ServeReport(const CapturedFrame& pPacket) {
-  run_([&] { state_.ReportRequested = false; },
-       [&] { return capture_.StopCapture() ? Flow::Next : Flow::Leave; },
-       [&] { ReportFrame(pPacket); });
+  run_(
+      [&] {
+        parts_.Run.Clear("Report");
+        return StopCapture();
+      },
+      [&] { ReportFrame(pPacket); });
 }
 
 void PacketDispatcher::ReportFrame(const CapturedFrame& pPacket) {
@@ -94,7 +112,7 @@ void PacketDispatcher::ReportFrame(const CapturedFrame& pPacket) {
          if (LongerThanExpected(pPacket)) throw Failure(platform::failure::SubscriptOutOfRange);
          bytes_.Copy(pPacket.Bytes);
        },
-       [&] { consumers_.Report.ReportAnalyse(bytes_); },
+       [&] { upper_.Report->ReportAnalyse(bytes_); },
        [&] { controls_.Report.Command2.Visible = true; },
        [&] { controls_.Report.Command4.Enabled = true; });
 }
@@ -107,9 +125,9 @@ Flow PacketDispatcher::CopyFrame(const CapturedFrame& pPacket) {
   if (LongerThanExpected(pPacket)) {
     // It is dropped. What was expected of it is the text of the last frame, which a recording's log
     // reads at the stop.
-    ++state_.Counters.TooLong;
-    if (state_.LooksAtLonger > 0) {
-      --state_.LooksAtLonger;
+    ++streams_.Counters.TooLong;
+    if (streams_.LooksAtLonger > 0) {
+      --streams_.LooksAtLonger;
       CountUnsearched(pPacket, &StreamCounters::TooLong);
     }
     bytes_.Copy(pPacket.Bytes);
@@ -125,19 +143,20 @@ void PacketDispatcher::CountUnsearched(const CapturedFrame& pPacket,
                               pPacket.Bytes.size());
   for (std::size_t stream = 0; stream < filters_.size(); ++stream) {
     if (filters_[stream].Position(text, settings_.FilterContent[stream]) > 1) {
-      ++(state_.Counters.Streams[stream].*count);
+      ++(streams_.Counters.Streams[stream].*count);
     }
   }
 }
 
 void PacketDispatcher::ServeFinder() {
   std::string id;
-  run_([&] { return capture_.StopCapture() ? Flow::Next : Flow::Leave; },
-       [&] { controls_.Timers.Timer1.Enabled = false; },
-       [&] { controls_.Timers.Timer2.Interval = FinderPause; },
-       [&] { id = consumers_.Report.ReportAnalyse(bytes_); },
-       [&] { controls_.Timers.Timer2.Enabled = true; },
-       [&] { consumers_.Finder.AddStreamToList(id); });
+  run_([&] { return StopCapture(); },
+       [&] {
+         parts_.Run.CallOffWatchdog();
+         parts_.Run.RestartPause(FinderPause);
+       },
+       [&] { id = upper_.Report->ReportAnalyse(bytes_); }, [&] { parts_.Run.Restart(); },
+       [&] { upper_.Finder->AddStreamToList(id); });
 }
 
 Flow PacketDispatcher::FirstStream() {
@@ -153,7 +172,7 @@ Flow PacketDispatcher::FirstStream() {
 }
 
 void PacketDispatcher::Count(std::size_t stream) {
-  StreamCounters& counters = state_.Counters.Streams[stream];
+  StreamCounters& counters = streams_.Counters.Streams[stream];
   ++counters.HeldId;
   if (state_.SamplesLocated[stream] == 0) ++counters.NotLocated;
 }
@@ -161,30 +180,34 @@ void PacketDispatcher::Count(std::size_t stream) {
 void PacketDispatcher::FindDataOffsets(std::size_t stream) {
   // The cells tell how long the frame at hand may be: a block that was shown from within its event
   // may have begun a run with longer frames.
-  locator_.FindDataOffsets(bytes_, static_cast<std::int16_t>(bytes_.Upper()), stream);
+  parts_.Locator.FindDataOffsets(bytes_, static_cast<std::int16_t>(bytes_.Upper()), stream);
 }
 
 void PacketDispatcher::LocateFirst() {
-  run_([&] { FindDataOffsets(0); }, [&] { locator_.FindQualitySettings(bytes_, 0); },
-       [&] { frameIndex_[0] = 0; }, [&] { ringIndex_[0] = 0; },
-       [&] { state_.OffsetsKnown[0] = true; }, [&] { controls_.Timers.Timer1.Enabled = false; },
-       [&] { controls_.Timers.Timer3.Enabled = true; });
+  FindDataOffsets(0);
+  parts_.Locator.FindQualitySettings(bytes_, 0);
+  frameIndex_[0] = 0;
+  ringIndex_[0] = 0;
+  streams_.OffsetsKnown[0] = true;
+  parts_.Run.CallOffWatchdog();
+  parts_.Run.ReleaseButtons();
 }
 
 Flow PacketDispatcher::ExtractFirst(bool& signalOk) {
   if (AnyModeSet(state_, TakesSamples)) {
-    builder_.BuildingSignals(frameIndex_[0], bytes_, signalOk);
+    parts_.Builder.BuildingSignals(frameIndex_[0], bytes_, signalOk);
     Advance(frameIndex_[0]);
     if (state_.LookingForRecording) {
-      builder_.StoreRecordSample(ringIndex_[0], frameIndex_[0] - 1);
+      parts_.Builder.StoreRecordSample(ringIndex_[0], frameIndex_[0] - 1);
       ++ringIndex_[0];
     }
   }
   if (!state_.LookingForRecording || ringIndex_[0] != RecordRings::Cells) return Flow::Next;
   // The block that fills the ring is not counted, and the frame is not looked at for the second
   // stream; the recorder allows for both.
-  run_([&] { ringIndex_[0] = 0; }, [&] { frameIndex_[0] = 0; },
-       [&] { consumers_.Recorder.WriteRecordBlock(0); }, [&] { consumers_.Views.BlockShown(); });
+  ringIndex_[0] = 0;
+  frameIndex_[0] = 0;
+  run_([&] { upper_.Recorder->WriteRecordBlock(0); }, [&] { parts_.Waiting.BlockShown(); });
   return Flow::Leave;
 }
 
@@ -196,28 +219,33 @@ void PacketDispatcher::SecondStream() {
       [&] { Count(1); }, [&] { return state_.LookingForRecording ? ExtractSecond() : Flow::Next; },
       [&] {
         if (frameIndex_[1] != present_.BaseSamples) return;
-        run_([&] { frameIndex_[1] = 0; }, [&] { Advance(state_.BlockCount2); },
-             [&] { services_.Events.Pump(); });
+        frameIndex_[1] = 0;
+        Advance(streams_.BlockCount2);
+        run_([&] { services_.Events.Pump(); });
       });
 }
 
 void PacketDispatcher::LocateSecond() {
   // It is the first stream's row that starts again, so that the first stream's running block
   // restarts.
-  run_([&] { FindDataOffsets(1); }, [&] { locator_.FindQualitySettings(bytes_, 0); },
-       [&] { frameIndex_[0] = 0; }, [&] { ringIndex_[1] = 0; },
-       [&] { state_.OffsetsKnown[1] = true; }, [&] { controls_.Timers.Timer1.Enabled = false; });
+  FindDataOffsets(1);
+  parts_.Locator.FindQualitySettings(bytes_, 0);
+  frameIndex_[0] = 0;
+  ringIndex_[1] = 0;
+  streams_.OffsetsKnown[1] = true;
+  parts_.Run.CallOffWatchdog();
 }
 
 Flow PacketDispatcher::ExtractSecond() {
   bool signalOk = false;
-  builder_.BuildingSignals2(frameIndex_[1], bytes_, signalOk);
+  parts_.Builder.BuildingSignals2(frameIndex_[1], bytes_, signalOk);
   Advance(frameIndex_[1]);
-  builder_.StoreRecordSample2(ringIndex_[1], frameIndex_[1] - 1);
+  parts_.Builder.StoreRecordSample2(ringIndex_[1], frameIndex_[1] - 1);
   ++ringIndex_[1];
   if (ringIndex_[1] != RecordRings::Cells) return Flow::Next;
-  run_([&] { ringIndex_[1] = 0; }, [&] { frameIndex_[1] = 0; },
-       [&] { consumers_.Recorder.WriteRecordBlock(1); });
+  ringIndex_[1] = 0;
+  frameIndex_[1] = 0;
+  run_([&] { upper_.Recorder->WriteRecordBlock(1); });
   return Flow::Leave;
 }
 
@@ -232,7 +260,7 @@ Verdict PacketDispatcher::OnFailure(const Failure& failure, int attempt) {
                  "how the error occured." + Crlf + Crlf + "We apologise about this trouble!"});
     return Verdict::EndProgram;
   }
-  return services_.Trouble.Show(
+  return parts_.Retry.Show(
       {"unknown exception",
        std::string("unknown error") + Crlf + failure.Text() + "while 'onPacket' event",
        Icon::Critical},

@@ -5,7 +5,6 @@
 #include <string>
 
 #include "base/number_text.h"
-#include "base/program.h"
 #include "base/trap.h"
 #include "capture/acquisition_state.h"
 #include "capture/capture_session.h"
@@ -13,54 +12,51 @@
 #include "capture/content_filter.h"
 #include "capture/packet_bytes.h"
 #include "capture/retry_box.h"
+#include "capture/run_control.h"
 #include "capture/sample_locator.h"
 #include "capture/signal_builder.h"
+#include "capture/waiting_line.h"
 #include "config/settings.h"
 #include "forms/recorder_controls.h"
 #include "forms/report_controls.h"
-#include "forms/window_controls.h"
 #include "platform/services/capture_object.h"
 #include "platform/services/code_page.h"
-#include "platform/services/dialogs.h"
-#include "platform/services/event_queue.h"
+#include "platform/services/services.h"
 
 namespace packetroutines {
 
-/// The routines that the packet event calls.
-struct PacketConsumers {
-  BlockConsumers& Views;
-  RecordConsumer& Recorder;
-  ReportConsumer& Report;
-  FinderConsumer& Finder;
+/// The parts of the acquisition that the packet event works with.
+struct PacketParts {
+  RunControl& Run;
+  CaptureSession& Capture;
+  SampleLocator& Locator;
+  SignalBuilder& Builder;
+  RetryBox& Retry;
+  WaitingLine& Waiting;
 };
 
 /// What the packet event shows and switches on the form.
 struct PacketControls {
-  forms::TimerControls& Timers;
   forms::RecorderControls& Recorder;
   forms::ReportControls& Report;
 };
 
-/// What the platform lends to the packet event.
-struct PacketServices {
+/// How the packet event reads the texts of a frame, and writes numbers.
+struct PacketTexts {
   const platform::NumberText& Numbers;
   const platform::CodePage& Code;
-  platform::EventQueue& Events;
-  platform::Dialogs& Dialogs;
-  RetryBox& Trouble;
-  platform::Program& Program;
 };
 
 /// The packet event: decides for each received frame what it is for, extracts its values, counts
 /// blocks and hands them to the live view. Everything happens inside the event, frame by frame.
-class PacketDispatcher : public PacketConsumer {
+class PacketDispatcher {
  public:
   PacketDispatcher(AcquisitionState& state, const config::Settings& settings,
                    const config::RunSettings& present, const PacketControls& controls,
-                   CaptureSession& capture, SampleLocator& locator, SignalBuilder& builder,
-                   PacketConsumers consumers, PacketServices services);
+                   const PacketParts& parts, const Plugs& upper, const PacketTexts& texts,
+                   const platform::Services& services);
 
-  void aPacketX_OnPacket(const platform::CapturedFrame& pPacket) override;
+  void aPacketX_OnPacket(const platform::CapturedFrame& pPacket);
   /// The frame that came last.
   const PacketBytes& Bytes() const { return bytes_; }
 
@@ -77,6 +73,8 @@ class PacketDispatcher : public PacketConsumer {
   /// Counts a frame of a stream.
   void Count(std::size_t stream);
   void TakePacketLength(const platform::CapturedFrame& pPacket);
+  /// Stops capture; Leave where a newer run has begun in the pumps of the stop.
+  platform::Flow StopCapture();
   void ReportFrame(const platform::CapturedFrame& pPacket);
 
   platform::Flow FirstStream();
@@ -99,15 +97,15 @@ class PacketDispatcher : public PacketConsumer {
 
   platform::Verdict OnFailure(const platform::Failure& failure, int attempt);
 
-  AcquisitionState& state_;
+  const AcquisitionState& state_;
+  StreamFields& streams_;
   const config::Settings& settings_;
   const config::RunSettings& present_;
   PacketControls controls_;
-  CaptureSession& capture_;
-  SampleLocator& locator_;
-  SignalBuilder& builder_;
-  PacketConsumers consumers_;
-  PacketServices services_;
+  PacketParts parts_;
+  const Plugs& upper_;
+  const platform::NumberText& numbers_;
+  platform::Services services_;
   platform::Routine run_;
 
   PacketBytes bytes_;

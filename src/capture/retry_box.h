@@ -11,19 +11,19 @@ namespace packetroutines {
 /// ends the run as a change of tab does.
 class RetryBox {
  public:
-  RetryBox(platform::Dialogs& dialogs, TabConsumer& tabs) : dialogs_(dialogs), tabs_(tabs) {}
+  RetryBox(platform::Dialogs& dialogs, const Plugs& upper) : dialogs_(dialogs), upper_(upper) {}
 
   /// `attempt` is 1 where the step failed for the first time.
   platform::Verdict Show(platform::Message message, int attempt) {
     if (attempt > 1) message.BoxButtons = platform::Buttons::OkStop;
     if (dialogs_.Show(message) != platform::Answer::Stop) return platform::Verdict::RetryStep;
-    tabs_.TabChange();
+    upper_.Tabs->TabChange();
     return platform::Verdict::SkipStep;
   }
 
  private:
   platform::Dialogs& dialogs_;
-  TabConsumer& tabs_;
+  const Plugs& upper_;
 };
 
 }  // namespace packetroutines

@@ -25,11 +25,11 @@ void SampleLocator::FindDataOffsets(const PacketBytes& bytes, std::int16_t packe
   platform::RunSteps(
       program_,
       [this](const platform::Failure& failure, int attempt) {
-        return trouble_.Show({"unknown exception",
-                              std::string("unknown error") + platform::Crlf + failure.Text() +
-                                  platform::Crlf + "This happens while looking for data offsets",
-                              platform::Icon::Critical},
-                             attempt);
+        return retry_.Show({"unknown exception",
+                            std::string("unknown error") + platform::Crlf + failure.Text() +
+                                platform::Crlf + "This happens while looking for data offsets",
+                            platform::Icon::Critical},
+                           attempt);
       },
       [&] { Locate(bytes, packetLength, stream); });
 }
@@ -53,21 +53,21 @@ void SampleLocator::Locate(const PacketBytes& bytes, std::int32_t packetLength,
                            std::size_t stream) {
   Found found = Scan(bytes, std::min(bytes.FrameLength(), packetLength));
   if (found.Channels == 0) found = Scan(bytes, packetLength);
-  state_.SamplesLocated[stream] = found.Channels;
-  if (found.SampleCount != 0) state_.SampleCountOffset[stream] = found.SampleCount;
+  streams_.SamplesLocated[stream] = found.Channels;
+  if (found.SampleCount != 0) streams_.SampleCountOffset[stream] = found.SampleCount;
   if (found.Channels == 0) return;
-  state_.ValueOffset[stream] = found.Values;
-  state_.ChannelCount = found.Channels;
+  streams_.ValueOffset[stream] = found.Values;
+  streams_.ChannelCount = found.Channels;
 }
 
 void SampleLocator::FindQualitySettings(const PacketBytes&, std::size_t) {}
 
 void SampleLocator::Forget() {
-  state_.OffsetsKnown = {};
-  state_.SampleCountOffset = {};
-  state_.ValueOffset = {};
-  state_.SamplesLocated = {};
-  state_.ChannelCount = 0;
+  streams_.OffsetsKnown = {};
+  streams_.SampleCountOffset = {};
+  streams_.ValueOffset = {};
+  streams_.SamplesLocated = {};
+  streams_.ChannelCount = 0;
 }
 
 }  // namespace packetroutines

@@ -17,8 +17,8 @@ namespace packetroutines {
 /// goes on to the length that is expected only where it has met no seqData until there.
 class SampleLocator {
  public:
-  SampleLocator(AcquisitionState& state, RetryBox& trouble, platform::Program& program)
-      : state_(state), trouble_(trouble), program_(program) {}
+  SampleLocator(StreamFields& streams, RetryBox& retry, platform::Program& program)
+      : streams_(streams), retry_(retry), program_(program) {}
 
   /// `packetLength` is the expected length of a frame in bytes, `stream` 0 or 1.
   void FindDataOffsets(const PacketBytes& bytes, std::int16_t packetLength, std::size_t stream);
@@ -38,8 +38,8 @@ class SampleLocator {
   static Found Scan(const PacketBytes& bytes, std::int32_t frameLength);
   void Locate(const PacketBytes& bytes, std::int32_t packetLength, std::size_t stream);
 
-  AcquisitionState& state_;
-  RetryBox& trouble_;
+  StreamFields& streams_;
+  RetryBox& retry_;
   platform::Program& program_;
 };
 

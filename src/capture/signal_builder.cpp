@@ -41,7 +41,7 @@ std::int32_t CountAt(const PacketBytes& bytes, std::int32_t position) {
 
 SignalBuilder::SignalBuilder(AcquisitionState& state, BlockArrays& block, RecordRings& rings,
                              const config::RunSettings& present, forms::ValuesControls& values,
-                             const platform::NumberText& numbers, RetryBox& trouble,
+                             const platform::NumberText& numbers, RetryBox& retry,
                              platform::Program& program)
     : state_(state),
       block_(block),
@@ -49,7 +49,7 @@ SignalBuilder::SignalBuilder(AcquisitionState& state, BlockArrays& block, Record
       present_(present),
       values_(values),
       numbers_(numbers),
-      trouble_(trouble),
+      retry_(retry),
       program_(program) {}
 
 void SignalBuilder::BuildingSignals(std::int32_t row, const PacketBytes& bytes, bool& signalOk) {
@@ -59,12 +59,11 @@ void SignalBuilder::BuildingSignals(std::int32_t row, const PacketBytes& bytes, 
       ++state_.Counters.Unread;
       return Verdict::LeaveRoutine;
     }
-    return trouble_.Show(
-        {"unknown...",
-         std::string("unknown error in 'BuildingSignals'") + platform::Crlf + failure.Text() +
-             platform::Crlf + "this happens while building signals",
-         platform::Icon::Critical},
-        attempt);
+    return retry_.Show({"unknown...",
+                        std::string("unknown error in 'BuildingSignals'") + platform::Crlf +
+                            failure.Text() + platform::Crlf + "this happens while building signals",
+                        platform::Icon::Critical},
+                       attempt);
   };
   signalOk = true;
   platform::RunSteps(

@@ -21,7 +21,7 @@ class SignalBuilder {
  public:
   SignalBuilder(AcquisitionState& state, BlockArrays& block, RecordRings& rings,
                 const config::RunSettings& present, forms::ValuesControls& values,
-                const platform::NumberText& numbers, RetryBox& trouble, platform::Program& program);
+                const platform::NumberText& numbers, RetryBox& retry, platform::Program& program);
 
   /// Writes row `row` of the first stream. `signalOk` becomes False where the block is silent, that
   /// is where no cell of it reaches 0.1 in the chosen units; the level is looked at only in the row
@@ -46,7 +46,7 @@ class SignalBuilder {
   const config::RunSettings& present_;
   forms::ValuesControls& values_;
   const platform::NumberText& numbers_;
-  RetryBox& trouble_;
+  RetryBox& retry_;
   platform::Program& program_;
   platform::CWArray array_;
 };

@@ -18,11 +18,17 @@ class View {
   virtual const Mode* RunMode() const { return nullptr; }
   /// Brings up its first state, once, before anything is shown.
   virtual void Load() = 0;
+  /// The runs are about to be ended: takes what begins one from the screen.
+  virtual void Withdraw() {}
   /// The tab was entered: brings its controls to the screen. `run` runs steps under the trap of a
   /// tab change.
   virtual void Show(const platform::Routine& run) = 0;
   /// A tab is about to be entered: takes its controls from the screen.
   virtual void Hide() = 0;
+  /// The window has another size.
+  virtual void Resized() {}
+  /// A run is being begun or ended; in the pumps of that capture rests, and the run goes on.
+  virtual bool InHand() const { return false; }
 };
 
 }  // namespace packetroutines

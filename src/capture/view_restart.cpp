@@ -1,30 +1,34 @@
 #include "capture/view_restart.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 
 namespace packetroutines {
 
-ViewRestart::ViewRestart(AcquisitionState& state, const config::Settings& settings,
+namespace {
+
+constexpr std::array<ModeName, 4> RestartOrder = {"LookingForValues", "LookingForPhases",
+                                                  "LookingForScope", "LookingForID"};
+
+}  // namespace
+
+ViewRestart::ViewRestart(const RunFields& state, RunControl& run, const config::Settings& settings,
                          forms::TimerControls& timers, const forms::RunButtons& buttons,
                          CaptureSession& capture, platform::EventQueue& events)
     : state_(state),
+      run_(run),
       settings_(settings),
-      timers_(timers),
       buttons_(buttons),
       capture_(capture),
       events_(events) {
-  timers_.Timer2.Elapsed = [this] { Timer2_Timer(); };
+  timers.Timer2.Elapsed = [this] { Timer2_Timer(); };
 }
 
 void ViewRestart::Timer2_Timer() {
-  timers_.Timer2.Enabled = false;
+  run_.CallOffRestart();
   if (ViewEnded()) return;
-  // The scope alone takes no event between its wait and its start.
-  Restart("LookingForValues", true);
-  Restart("LookingForPhases", true);
-  Restart("LookingForScope", false);
-  Restart("LookingForID", true);
+  for (const ModeName name : RestartOrder) Restart(name);
 }
 
 bool ViewRestart::ViewEnded() const {
@@ -35,25 +39,24 @@ bool ViewRestart::Released(const Mode& mode) const {
   return IsLiveView(mode) && !mode.RunButton(buttons_).Value;
 }
 
-void ViewRestart::Restart(ModeName name, bool pump) {
-  const Mode& mode = *FindMode(name.Text());
+void ViewRestart::Restart(ModeName name) {
+  const Mode& mode = *name.Find();
   // Asked mode by mode: a pump of the one before may have ended this one.
   if (!(state_.*mode.Flag) || state_.Leaving > 0) return;
-  const std::uint32_t tabChanges = state_.TabChanges;
+  const PageVisit visit(state_);
   // A delay below 0 is none.
   events_.WaitMs(std::max<std::int16_t>(settings_.InternalDelay, 0));
-  if (pump) events_.Pump();
-  if (state_.TabChanges != tabChanges) return;
+  if (mode.Restart == Restarts::BehindPump) events_.Pump();
+  if (visit.Over()) return;
   capture_.StartCapture(name);
-  if (state_.*mode.Flag && Released(mode)) End(mode);
+  if (state_.*mode.Flag && Released(mode)) End(name);
 }
 
-void ViewRestart::End(const Mode& mode) {
+void ViewRestart::End(ModeName name) {
   // STOP came in with the pump, before the start, which has set the mode again. The view's own stop
   // is over by now, and nobody else would end this burst.
-  state_.*mode.Flag = false;
-  timers_.Timer1.Enabled = false;
-  capture_.StopCapture();
+  run_.CallOffWatchdog();
+  capture_.EndRun(name);
 }
 
 }  // namespace packetroutines

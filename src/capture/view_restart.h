@@ -2,6 +2,8 @@
 
 #include "capture/acquisition_state.h"
 #include "capture/capture_session.h"
+#include "capture/modes.h"
+#include "capture/run_control.h"
 #include "config/settings.h"
 #include "forms/run_buttons.h"
 #include "forms/window_controls.h"
@@ -12,7 +14,7 @@ namespace packetroutines {
 /// `Timer2`: starts the next burst of a live view or of the stream finder after its block.
 class ViewRestart {
  public:
-  ViewRestart(AcquisitionState& state, const config::Settings& settings,
+  ViewRestart(const RunFields& state, RunControl& run, const config::Settings& settings,
               forms::TimerControls& timers, const forms::RunButtons& buttons,
               CaptureSession& capture, platform::EventQueue& events);
 
@@ -23,13 +25,13 @@ class ViewRestart {
   /// The mode is a live view's, and its button is off.
   bool Released(const Mode& mode) const;
   /// Starts the next burst of a mode that is on, after the user's delay.
-  void Restart(ModeName name, bool pump);
+  void Restart(ModeName name);
   /// Ends a burst that has just begun for a view that was stopped before.
-  void End(const Mode& mode);
+  void End(ModeName name);
 
-  AcquisitionState& state_;
+  const RunFields& state_;
+  RunControl& run_;
   const config::Settings& settings_;
-  forms::TimerControls& timers_;
   forms::RunButtons buttons_;
   CaptureSession& capture_;
   platform::EventQueue& events_;

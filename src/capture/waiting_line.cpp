@@ -23,6 +23,7 @@ WaitingLine::WaitingLine(AcquisitionState& state, const config::Settings& settin
                          const forms::RunButtons& buttons, CaptureSession& capture,
                          platform::TimerQueue& timers, const platform::NumberText& numbers)
     : state_(state),
+      streamFields_(state),
       settings_(settings),
       shared_(shared),
       buttons_(buttons),
@@ -69,7 +70,7 @@ void WaitingLine::BeginAnew() {
   }
   shown_ = false;
   anyShown_ = false;
-  state_.LooksAtLonger = LooksAtLonger;
+  streamFields_.LooksAtLonger = LooksAtLonger;
   framesAtLook_ = state_.Counters.Frames;
   outage_ = platform::Presence::There;
   newsUntil_ = timers_.Now();
@@ -104,7 +105,7 @@ void WaitingLine::Timer_Timer() {
   LookAtSecondStream();
   LookAtLocations();
   LookAtAdapter();
-  state_.LooksAtLonger = LooksAtLonger;
+  streamFields_.LooksAtLonger = LooksAtLonger;
   Tell();
 }
 

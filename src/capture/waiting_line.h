@@ -65,7 +65,8 @@ class WaitingLine {
   std::string TextOf(std::size_t stream) const;
   bool IsAwaited(std::size_t stream) const;
 
-  AcquisitionState& state_;
+  const AcquisitionState& state_;
+  StreamFields& streamFields_;
   const config::Settings& settings_;
   forms::SharedControls& shared_;
   forms::RunButtons buttons_;

@@ -9,8 +9,8 @@
 namespace subroutines {
 
 AdapterChoice::AdapterChoice(forms::SetupControls& setup, config::Settings& settings,
-                             StoredSettings& file)
-    : setup_(setup), settings_(settings), file_(file) {
+                             StoredSettings& stored)
+    : setup_(setup), settings_(settings), stored_(stored) {
   setup_.Combo1.Click = [this] { Combo1_Click(); };
 }
 
@@ -31,7 +31,7 @@ void AdapterChoice::Combo1_Click() {
   settings_.AdapterIndex = platform::Narrow<std::int16_t>(setup_.Combo1.ListIndex + 1);
   // What the start selects is no choice of the user; only a store that knows no name takes one.
   if (!restoring_ || settings_.AdapterName.empty()) settings_.AdapterName = setup_.Combo1.Text();
-  file_.SaveSettings();
+  stored_.SaveSettings();
   if (!restoring_) ShowAdvice(adviceOfLayer_);
 }
 

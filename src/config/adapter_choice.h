@@ -16,7 +16,7 @@ namespace subroutines {
 /// adapter that is missing at the start keeps its name until the user makes another choice.
 class AdapterChoice {
  public:
-  AdapterChoice(forms::SetupControls& setup, config::Settings& settings, StoredSettings& file);
+  AdapterChoice(forms::SetupControls& setup, config::Settings& settings, StoredSettings& stored);
 
   /// Runs `fill`, which fills the list and selects by the number, and then goes by the name.
   void Restore(const std::function<void()>& fill);
@@ -30,7 +30,7 @@ class AdapterChoice {
 
   forms::SetupControls& setup_;
   config::Settings& settings_;
-  StoredSettings& file_;
+  StoredSettings& stored_;
   std::string adviceOfLayer_;
   bool restoring_ = false;
 };

@@ -13,13 +13,13 @@ using platform::Failure;
 using platform::Verdict;
 
 PrinterChoices::PrinterChoices(forms::SetupControls& setup, forms::WaveformsControls& scope,
-                               config::Settings& settings, StoredSettings& file,
+                               config::Settings& settings, StoredSettings& stored,
                                platform::Printers& printers, platform::Dialogs& dialogs,
                                platform::Program& program)
     : setup_(setup),
       scope_(scope),
       settings_(settings),
-      file_(file),
+      stored_(stored),
       printers_(printers),
       dialogs_(dialogs),
       program_(program) {
@@ -68,7 +68,7 @@ void PrinterChoices::SelectStored() {
 void PrinterChoices::Combo2_Click() {
   settings_.PrinterChoice = platform::Narrow<std::int16_t>(setup_.Combo2.ListIndex.Get());
   printers_.MakeCurrent(setup_.Combo2.ListIndex);
-  file_.SaveSettings();
+  stored_.SaveSettings();
 }
 
 }  // namespace subroutines

@@ -14,7 +14,7 @@ namespace subroutines {
 class PrinterChoices {
  public:
   PrinterChoices(forms::SetupControls& setup, forms::WaveformsControls& scope,
-                 config::Settings& settings, StoredSettings& file, platform::Printers& printers,
+                 config::Settings& settings, StoredSettings& stored, platform::Printers& printers,
                  platform::Dialogs& dialogs, platform::Program& program);
 
   /// Fills the list. The current printer is marked by "*" behind its name and selected, each where
@@ -31,7 +31,7 @@ class PrinterChoices {
   forms::SetupControls& setup_;
   forms::WaveformsControls& scope_;
   config::Settings& settings_;
-  StoredSettings& file_;
+  StoredSettings& stored_;
   platform::Printers& printers_;
   platform::Dialogs& dialogs_;
   platform::Program& program_;

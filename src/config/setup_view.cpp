@@ -29,15 +29,13 @@ bool PathExists(const platform::FileSystem& files, const std::string& path) {
 }
 
 SetupView::SetupView(const SetupParts& parts, config::Settings& settings,
-                     config::RunSettings& present, StoredSettings& file,
-                     const platform::NumberText& numbers, config::SetupConsumers& consumers,
-                     platform::FolderDialog& folders)
+                     config::RunSettings& present, StoredSettings& stored,
+                     const platform::NumberText& numbers, platform::FolderDialog& folders)
     : parts_(parts),
       settings_(settings),
       present_(present),
-      file_(file),
+      stored_(stored),
       numbers_(numbers),
-      consumers_(consumers),
       folders_(folders) {
   for (std::size_t field = 0; field < parts_.Setup.Text1.size(); ++field) {
     parts_.Setup.Text1[field].Change = [this, field] { Text1_Change(field); };
@@ -91,8 +89,8 @@ void SetupView::FillUnitLists() {
 
 void SetupView::Text1_Change(std::size_t field) {
   if (!TakeField(field, parts_.Setup.Text1[field].Text)) return;
-  file_.SaveSettings();
-  consumers_.RebuildBlockArrays(present_.BaseSamples);
+  stored_.SaveSettings();
+  Blocks->RebuildBlockArrays(present_.BaseSamples);
 }
 
 /// False where the change ends early: nothing is saved and no array is rebuilt.
@@ -122,7 +120,7 @@ bool SetupView::TakeField(std::size_t field, const std::string& text) {
     default:
       settings_.ChannelName[field - setup::FirstName] = text;
       parts_.Scope.Check2[field - setup::FirstName].Caption = text;
-      consumers_.ShowChannelNames();
+      Names->ShowChannelNames();
       break;
   }
   return true;
@@ -149,19 +147,19 @@ void SetupView::Command3_Click() {
   if (!folder) return;
   settings_.StoragePath = *folder;
   parts_.Setup.Text1[setup::StoragePath].Text = settings_.StoragePath;
-  file_.SaveSettings();
+  stored_.SaveSettings();
 }
 
 void SetupView::Combo4_Click(std::size_t index) {
   // The names come first: their captions read the unit from the lists, which hold it already.
-  consumers_.ShowChannelNames();
+  Names->ShowChannelNames();
   const auto chosen = platform::Narrow<std::int16_t>(parts_.Setup.Combo4[index].ListIndex.Get());
   (index == 0 ? settings_.UnitCurrent : settings_.UnitVoltage) = chosen;
   present_.CurrentUnitFactor =
       FactorOf(CurrentFactors, parts_.Setup.Combo4[forms::unit_list::Current]);
   present_.VoltageUnitFactor =
       FactorOf(VoltageFactors, parts_.Setup.Combo4[forms::unit_list::Voltage]);
-  file_.SaveSettings();
+  stored_.SaveSettings();
 }
 
 void SetupView::Option3_Click(std::size_t index) {
@@ -171,7 +169,7 @@ void SetupView::Option3_Click(std::size_t index) {
   settings_.FilterContent[second ? 1 : 0] = parts_.Setup.Text1[setup::Content1].Text;
   settings_.FilterContent[second ? 0 : 1] = parts_.Setup.Text1[setup::Content2].Text;
   present_.ActiveStream = second ? 2 : 1;
-  consumers_.StationChosen();
+  Blocks->StationChosen();
 }
 
 }  // namespace subroutines

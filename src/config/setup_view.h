@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/number_text.h"
+#include "base/plug.h"
 #include "config/settings.h"
 #include "config/stored_settings.h"
 #include "forms/setup_controls.h"
@@ -14,16 +15,22 @@
 
 namespace config {
 
-/// What a change on the Setup view asks of the folders above it.
-class SetupConsumers {
+/// What a change on the Setup view asks of those who gather blocks.
+class BlockUser {
  public:
-  virtual ~SetupConsumers() = default;
+  virtual ~BlockUser() = default;
   /// Makes the block arrays anew, empty, with `baseSamples` rows.
   virtual void RebuildBlockArrays(std::int32_t baseSamples) = 0;
-  /// Writes the channel names to the captions.
-  virtual void ShowChannelNames() = 0;
   /// The views show the other station from now on.
   virtual void StationChosen() = 0;
+};
+
+/// What it asks of those who show the channels.
+class NameUser {
+ public:
+  virtual ~NameUser() = default;
+  /// Writes the channel names to the captions.
+  virtual void ShowChannelNames() = 0;
 };
 
 /// The filter that an empty content field stands for: a text that is in no frame.
@@ -49,8 +56,11 @@ struct SetupParts {
 class SetupView {
  public:
   SetupView(const SetupParts& parts, config::Settings& settings, config::RunSettings& present,
-            StoredSettings& file, const platform::NumberText& numbers,
-            config::SetupConsumers& consumers, platform::FolderDialog& folders);
+            StoredSettings& stored, const platform::NumberText& numbers,
+            platform::FolderDialog& folders);
+
+  platform::Plug<config::BlockUser> Blocks;
+  platform::Plug<config::NameUser> Names;
 
   /// Brings up the samplings, which are the same at every start, and with them the block arrays;
   /// then the stored filter condition and path.
@@ -74,9 +84,8 @@ class SetupView {
   SetupParts parts_;
   config::Settings& settings_;
   config::RunSettings& present_;
-  StoredSettings& file_;
+  StoredSettings& stored_;
   const platform::NumberText& numbers_;
-  config::SetupConsumers& consumers_;
   platform::FolderDialog& folders_;
 };
 

@@ -99,7 +99,7 @@ void StoredSettings::SaveSettings() {
     store_.Set(config::Application, config::Section, key, ToText(numbers_, value));
   });
   store_.Set(config::Application, config::Section, "Number of samples", "3");
-  if (StatusUpdate) StatusUpdate();
+  if (Status) Status->StatusUpdate();
 }
 
 void StoredSettings::SaveActiveTab() {

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "base/failure.h"
 #include "base/number_text.h"
+#include "base/plug.h"
 #include "config/settings.h"
 #include "platform/services/settings_store.h"
 
@@ -21,6 +21,13 @@ inline constexpr const char* DefaultStoragePath = "c:\\StoredData";
 
 namespace subroutines {
 
+/// Who shows what the settings say.
+class StatusUser {
+ public:
+  virtual ~StatusUser() = default;
+  virtual void StatusUpdate() = 0;
+};
+
 /// Reads and writes the settings, each key in its order, as locale text.
 class StoredSettings {
  public:
@@ -36,8 +43,7 @@ class StoredSettings {
   /// A failure at the start that comes from the settings, so that it would come at every start:
   /// with its cause, and with the place where a user can mend them.
   platform::Failure WithWayOut(const platform::Failure& failure, const std::string& cause) const;
-  /// Refreshes the status bar.
-  std::function<void()> StatusUpdate;
+  platform::Plug<StatusUser> Status;
 
  private:
   platform::SettingsStore& store_;

@@ -34,10 +34,10 @@ DesktopProgram::DesktopProgram(const Sources& sources, platform::RunningProgram:
       application_({loop_.Timers, events_, dialogs_, program_, store_, sources.Capture,
                     sources.Code, numbers_, files_, links_, calendar_, &folders_, &printers_,
                     &surface_, &clipboard_, &pointer_, &screen_}),
-      window_({application_.Main, application_.Revisionhistory, application_.DebugWindow,
-               application_.IDlook},
+      window_({application_.Windows.Main, application_.Windows.Revisionhistory,
+               application_.Windows.DebugWindow, application_.Windows.IDlook},
               guard_, repaints_) {
-  surface_.DataPath = [this] { return application_.Settings.StoragePath; };
+  surface_.DataPath = [this] { return application_.Config.Settings.StoragePath; };
   dialogs_.SetOwner(&window_);
   folders_.SetOwner(&window_);
   loop_.AlsoHold(store_);

@@ -43,9 +43,10 @@ double PhiOf(double sine, double cosine, double substitute) {
 
 }  // namespace
 
-PhaseAnalysis::PhaseAnalysis(forms::PhasorControls& phasor, PhasorDiagram& diagram,
+PhaseAnalysis::PhaseAnalysis(forms::PhasorControls& phasor, forms::SharedControls& shared,
+                             PhasorDiagram& diagram, packetroutines::RecordFields& record,
                              const ViewContext& context)
-    : phasor_(phasor), diagram_(diagram), context_(context) {
+    : phasor_(phasor), shared_(shared), diagram_(diagram), record_(record), context_(context) {
   phasor_.CWButton2.ValueChanged = [this] { CWButton2_ValueChanged(); };
   phasor_.Check6.Click = [this] { Check6_Click(); };
 }
@@ -61,16 +62,35 @@ void PhaseAnalysis::Load() {
   for (platform::ComboBox& scale : phasor_.Combo5) scale.Enabled = false;
 }
 
+void PhaseAnalysis::Show(const platform::Routine& run) {
+  record_.RecorderBusy = true;
+  run([&] { phasor_.CWButton2.Value = false; },
+      [&] {
+        phasor_.Frame2.Visible = true;
+        shared_.Picture1[forms::logo::Phasor].Visible = true;
+        record_.RecorderBusy = false;
+        phasor_.Label17.Visible = true;
+        context_.Stations.Show(forms::station::Phasor);
+      });
+}
+
+void PhaseAnalysis::Hide() {
+  phasor_.Frame2.Visible = false;
+  phasor_.Label17.Visible = false;
+  context_.Stations.Hide(forms::station::Phasor);
+  shared_.Picture1[forms::logo::Phasor].Visible = false;
+}
+
 void PhaseAnalysis::UpdatePhases() {
   diagram_.DrawPhasorGrid();
   float peakCurrent = 0;
   float peakVoltage = 0;
-  for (std::size_t i = 0; i < context_.State.RmsValues.size(); ++i) {
+  for (std::size_t i = 0; i < context_.Readings.RmsValues.size(); ++i) {
     const auto column = array_.Column(context_.Block.SignalValues, i);
-    context_.State.RmsValues[i] = platform::CWDSP::AcDcEstimate(column).Ac;
+    context_.Readings.RmsValues[i] = platform::CWDSP::AcDcEstimate(column).Ac;
     float& peak = channels::IsCurrent(i) ? peakCurrent : peakVoltage;
-    if (static_cast<double>(peak) < context_.State.RmsValues[i]) {
-      peak = static_cast<float>(context_.State.RmsValues[i]);
+    if (static_cast<double>(peak) < context_.Readings.RmsValues[i]) {
+      peak = static_cast<float>(context_.Readings.RmsValues[i]);
     }
   }
   PhaseShifts shifts;
@@ -130,10 +150,10 @@ void PhaseAnalysis::BuildReference(std::vector<double>& sines, std::vector<doubl
 }
 
 void PhaseAnalysis::CWButton2_ValueChanged() {
-  const std::uint32_t tabChanges = context_.State.TabChanges;
+  const packetroutines::PageVisit visit(context_.State);
   context_.Events.Pump();
   // A view that is left by now keeps this button where it is, and must not start behind the other.
-  if (!phasor_.CWButton2.Enabled || context_.State.TabChanges != tabChanges) return;
+  if (!phasor_.CWButton2.Enabled || visit.Over()) return;
   if (phasor_.CWButton2.Value) {
     BeginRun();
   } else {
@@ -146,18 +166,15 @@ void PhaseAnalysis::BeginRun() {
   phasor_.CWButton2.Enabled = false;
   phasor_.Check6.Enabled = true;
   phasor_.CWButton2.ToolTipText = forms::StopTip;
-  context_.State.PacketLengthPending = true;
-  context_.Capture.SetupAdapter(packetroutines::LiveBuffer);
-  context_.Capture.StartCapture("LookingForPhases");
+  context_.Capture.BeginRun("LookingForPhases");
 }
 
 void PhaseAnalysis::EndRun() {
   phasor_.CWButton2.ToolTipText = forms::RunPhasesTip;
   phasor_.CWButton2.Enabled = false;
   EnableScales();
-  context_.Timers.Timer3.Enabled = true;
-  context_.State.LookingForPhases = false;
-  context_.Capture.StopCapture();
+  context_.Run.ReleaseButtons();
+  context_.Capture.EndRun("LookingForPhases");
 }
 
 void PhaseAnalysis::Check6_Click() {

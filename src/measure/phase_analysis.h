@@ -1,9 +1,12 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
+#include "capture/view.h"
 #include "forms/phasor_controls.h"
+#include "forms/shared_controls.h"
 #include "measure/phasor_diagram.h"
 #include "measure/view_context.h"
 #include "platform/analysis.h"
@@ -12,13 +15,21 @@ namespace subroutines {
 
 /// The measuring half of the Phasor view: magnitude and angle of all channels from one block, and
 /// the choice of the diagram's scales. Voltage A is the reference of everything shown.
-class PhaseAnalysis {
+class PhaseAnalysis : public packetroutines::View {
  public:
-  PhaseAnalysis(forms::PhasorControls& phasor, PhasorDiagram& diagram, const ViewContext& context);
+  /// `record` keeps the recorder's handlers still while the view comes up.
+  PhaseAnalysis(forms::PhasorControls& phasor, forms::SharedControls& shared,
+                PhasorDiagram& diagram, packetroutines::RecordFields& record,
+                const ViewContext& context);
+
+  std::int16_t Tab() const override { return forms::tab::Phasor; }
 
   /// Brings up the colours, the table's headings, and the full scales, which are automatic at
   /// first.
-  void Load();
+  void Load() override;
+  void Show(const platform::Routine& run) override;
+  void Hide() override;
+  void Resized() override { diagram_.DrawPhasorGrid(); }
   /// Computes and draws one block.
   void UpdatePhases();
   /// Degrees from -180 to 180 by which channel `other` lags channel `reference`, from the
@@ -34,7 +45,9 @@ class PhaseAnalysis {
   void EnableScales();
 
   forms::PhasorControls& phasor_;
+  forms::SharedControls& shared_;
   PhasorDiagram& diagram_;
+  packetroutines::RecordFields& record_;
   ViewContext context_;
   platform::CWArray array_;
   bool autoRange_ = true;

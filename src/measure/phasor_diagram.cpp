@@ -51,12 +51,12 @@ Point Polar(double degrees, double radius) {
 }  // namespace
 
 PhasorDiagram::PhasorDiagram(forms::PhasorControls& phasor,
-                             const packetroutines::AcquisitionState& state,
+                             const packetroutines::ReadingFields& readings,
                              const config::RunSettings& present,
                              const platform::NumberText& numbers)
     : phasor_(phasor),
       picture_(phasor.phasordiagram),
-      state_(state),
+      readings_(readings),
       present_(present),
       numbers_(numbers) {}
 
@@ -151,7 +151,7 @@ void PhasorDiagram::DrawPhasor(std::int16_t fullScale, double angle1, std::size_
   const bool current = channels::IsCurrent(channel);
   const Rgb colour = current ? LightRed : LightGreen;
   picture_.DrawWidth(current ? 5 : 3);
-  const Point tip = Polar(a, state_.RmsValues[channel] / fullScale * FullLength);
+  const Point tip = Polar(a, readings_.RmsValues[channel] / fullScale * FullLength);
   picture_.Line({0, 0}, tip, colour);
   if (!channels::IsNeutral(channel)) {
     picture_.DrawWidth(3);
@@ -160,7 +160,7 @@ void PhasorDiagram::DrawPhasor(std::int16_t fullScale, double angle1, std::size_
     picture_.Print((current ? "I" : "U") + std::to_string(channel % channels::OfAKind + 1));
   }
   auto& row = phasor_.Grid1.Cell[channel + 1];
-  row[1] = numbers_.Format(state_.RmsValues[channel], present_.UnitFormat);
+  row[1] = numbers_.Format(readings_.RmsValues[channel], present_.UnitFormat);
   row[2] = numbers_.Format(-a, "0.000");
 }
 

@@ -28,7 +28,7 @@ struct PhaseShifts {
 /// The circle diagram with eight vectors, and the table of magnitudes and angles beside it.
 class PhasorDiagram {
  public:
-  PhasorDiagram(forms::PhasorControls& phasor, const packetroutines::AcquisitionState& state,
+  PhasorDiagram(forms::PhasorControls& phasor, const packetroutines::ReadingFields& readings,
                 const config::RunSettings& present, const platform::NumberText& numbers);
 
   /// Sets the headings and the columns of the table.
@@ -50,7 +50,7 @@ class PhasorDiagram {
 
   forms::PhasorControls& phasor_;
   platform::DrawnPicture& picture_;
-  const packetroutines::AcquisitionState& state_;
+  const packetroutines::ReadingFields& readings_;
   const config::RunSettings& present_;
   const platform::NumberText& numbers_;
   /// Value of the outermost circle, in the chosen units.

@@ -26,9 +26,9 @@ void ScaleNow(const CWGraph& graph) {
 
 }  // namespace
 
-ScopeView::ScopeView(forms::WaveformsControls& scope, forms::RecorderControls& recorder,
-                     StoredSettings& stored, const ViewContext& context)
-    : scope_(scope), recorder_(recorder), stored_(stored), context_(context) {
+ScopeView::ScopeView(forms::WaveformsControls& scope, forms::SharedControls& shared,
+                     forms::RecorderControls& recorder, const ViewContext& context)
+    : scope_(scope), shared_(shared), recorder_(recorder), context_(context) {
   scope_.CWButton1.ValueChanged = [this] { CWButton1_ValueChanged(); };
   for (std::size_t i = 0; i < scope_.Check2.size(); ++i) {
     scope_.Check2[i].Click = [this, i] { Check2_Click(i); };
@@ -57,6 +57,20 @@ void ScopeView::Load() {
     scope_.Check2[i].ForeColor = plot.LineColor.Get();
   }
   scope_.CWGraph1.ScreenLook = true;
+}
+
+void ScopeView::Show(const platform::Routine&) {
+  scope_.CWGraph1.Visible = true;
+  scope_.Frame1.Visible = true;
+  shared_.Picture1[forms::logo::Waveforms].Visible = true;
+  context_.Stations.Show(forms::station::Waveforms);
+}
+
+void ScopeView::Hide() {
+  scope_.CWGraph1.Visible = false;
+  scope_.Frame1.Visible = false;
+  context_.Stations.Hide(forms::station::Waveforms);
+  shared_.Picture1[forms::logo::Waveforms].Visible = false;
 }
 
 void ScopeView::SelectPan() {
@@ -88,7 +102,7 @@ void ScopeView::Check2_Click(std::size_t channel) {
   // While the form loads the boxes get their stored values, and no format is set yet.
   if (!context_.Present.UnitFormat.empty()) PlotBlock("Auto");
   context_.Settings.SensorEnabled[channel] = scope_.Check2[channel].Value;
-  stored_.SaveSettings();
+  context_.Stored.SaveSettings();
 }
 
 void ScopeView::sevOption1_Click(std::size_t mode) {
@@ -126,22 +140,16 @@ void ScopeView::CWGraph2_MouseDown(std::int16_t button) {
 }
 
 void ScopeView::CWButton1_ValueChanged() {
-  const std::uint32_t tabChanges = context_.State.TabChanges;
+  const packetroutines::PageVisit visit(context_.State);
   context_.Events.Pump();
   if (scope_.CWButton1.Value) {
     scope_.CWButton1.Enabled = false;
     scope_.Command1.Enabled = false;
-    context_.State.PacketLengthPending = true;
-    context_.State.BlockCount = 0;
-    context_.State.BlockCount2 = 0;
-    context_.Capture.SetupAdapter(packetroutines::LiveBuffer);
-    context_.Capture.StartCapture("LookingForScope");
+    context_.Capture.CountBlocksAnew();
+    context_.Capture.BeginRun("LookingForScope");
   } else {
     // A view that is left by now was stopped by that, and what runs is another one.
-    if (context_.State.TabChanges == tabChanges) {
-      context_.State.LookingForScope = false;
-      context_.Capture.StopCapture();
-    }
+    if (!visit.Over()) context_.Capture.EndRun("LookingForScope");
     // RUN may have been pressed in the pumps of the stop.
     if (scope_.CWButton1.Value) return;
     scope_.CWButton1.Enabled = true;

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
-#include "config/stored_settings.h"
+#include "capture/view.h"
 #include "forms/recorder_controls.h"
+#include "forms/shared_controls.h"
 #include "forms/waveforms_controls.h"
 #include "measure/view_context.h"
 #include "platform/analysis.h"
@@ -12,14 +14,18 @@ namespace subroutines {
 
 /// The oscilloscope: the last block of the shown stream as eight curves, with pan, zoom and
 /// autoscaling, and the mouse behaviour of the recorder's graph.
-class ScopeView {
+class ScopeView : public packetroutines::View {
  public:
-  ScopeView(forms::WaveformsControls& scope, forms::RecorderControls& recorder,
-            StoredSettings& stored, const ViewContext& context);
+  ScopeView(forms::WaveformsControls& scope, forms::SharedControls& shared,
+            forms::RecorderControls& recorder, const ViewContext& context);
+
+  std::int16_t Tab() const override { return forms::tab::Waveforms; }
 
   /// Brings up the colours of the curves and which of them are stored as shown. It comes before the
   /// number formats: without one there is nothing to draw yet.
-  void Load();
+  void Load() override;
+  void Show(const platform::Routine& run) override;
+  void Hide() override;
   /// Pan is what the mouse does at first.
   void SelectPan();
   /// Draws the block; with the mode "Auto" both axes are scaled to it once, with "Manuell" they
@@ -37,9 +43,9 @@ class ScopeView {
   void CWGraph2_MouseDown(std::int16_t button);
 
   forms::WaveformsControls& scope_;
+  forms::SharedControls& shared_;
   /// The recorder's graph is of the same family.
   forms::RecorderControls& recorder_;
-  StoredSettings& stored_;
   ViewContext context_;
   platform::CWArray array_;
   /// Curves are shown as sample markers instead of lines.

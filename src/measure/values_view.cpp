@@ -23,10 +23,10 @@ constexpr const char* Formats[] = {"###,###,##0.0000",
 
 }  // namespace
 
-ValuesView::ValuesView(forms::ValuesControls& values, forms::SetupControls& names,
-                       forms::PhasorControls& table, StoredSettings& stored,
+ValuesView::ValuesView(forms::ValuesControls& values, forms::SharedControls& shared,
+                       forms::SetupControls& names, forms::PhasorControls& table,
                        const ViewContext& context)
-    : values_(values), setup_(names), table_(table), stored_(stored), context_(context) {
+    : values_(values), shared_(shared), setup_(names), table_(table), context_(context) {
   values_.CWButton4.ValueChanged = [this] { CWButton4_ValueChanged(); };
   values_.Check5.Click = [this] { Check5_Click(); };
   setup_.Check4.Click = [this] { Check4_Click(); };
@@ -41,6 +41,27 @@ void ValuesView::Load() {
   setup_.Check4.Value = context_.Settings.ACDC ? 1 : 0;
 }
 
+void ValuesView::Withdraw() {
+  values_.Check5.Visible = false;
+  values_.CWButton4.Visible = false;
+}
+
+void ValuesView::Show(const platform::Routine&) {
+  for (platform::Label& value : values_.Label5) value.Visible = true;
+  shared_.Picture1[forms::logo::Values].Visible = true;
+  values_.Check5.Visible = true;
+  values_.CWButton4.Visible = true;
+  values_.Label16.Visible = true;
+  context_.Stations.Show(forms::station::Values);
+}
+
+void ValuesView::Hide() {
+  values_.Label16.Visible = false;
+  context_.Stations.Hide(forms::station::Values);
+  for (platform::Label& value : values_.Label5) value.Visible = false;
+  shared_.Picture1[forms::logo::Values].Visible = false;
+}
+
 void ValuesView::ClearValues() {
   for (std::size_t i = 0; i < values_.Label5.size(); ++i) {
     values_.Label5[i].Caption = context_.Numbers.Format(0, context_.Present.UnitFormat);
@@ -52,12 +73,12 @@ void ValuesView::CalculateValues() {
   for (std::size_t i = 0; i < values_.Label5.size(); ++i) {
     const auto [ac, dc] =
         platform::CWDSP::AcDcEstimate(array_.Column(context_.Block.SignalValues, i));
-    context_.State.RmsValues[i] = ac;
+    context_.Readings.RmsValues[i] = ac;
     values_.Label12[i + forms::small_label::FirstDc].Caption =
         context_.Settings.ACDC ? "DC:" + context_.Numbers.Format(dc, context_.Present.UnitFormat)
                                : std::string();
     values_.Label5[i].Caption =
-        context_.Numbers.Format(context_.State.RmsValues[i], context_.Present.UnitFormat);
+        context_.Numbers.Format(context_.Readings.RmsValues[i], context_.Present.UnitFormat);
   }
 }
 
@@ -86,10 +107,10 @@ void ValuesView::ShowChannelNames() {
 }
 
 void ValuesView::CWButton4_ValueChanged() {
-  const std::uint32_t tabChanges = context_.State.TabChanges;
+  const packetroutines::PageVisit visit(context_.State);
   context_.Events.Pump();
   // A view that is left by now was stopped by that, and what runs is another one.
-  if (!values_.CWButton4.Enabled || context_.State.TabChanges != tabChanges) return;
+  if (!values_.CWButton4.Enabled || visit.Over()) return;
   if (values_.CWButton4.Value) {
     BeginRun();
   } else {
@@ -99,33 +120,29 @@ void ValuesView::CWButton4_ValueChanged() {
 
 void ValuesView::BeginRun() {
   ClearValues();
-  context_.State.BlockCount = 0;
-  context_.State.BlockCount2 = 0;
+  context_.Capture.CountBlocksAnew();
   values_.CWButton4.Enabled = false;
   values_.CWButton4.ToolTipText = forms::StopTip;
-  context_.State.PacketLengthPending = true;
-  context_.Capture.SetupAdapter(packetroutines::LiveBuffer);
-  context_.Capture.StartCapture("LookingForValues");
+  context_.Capture.BeginRun("LookingForValues");
 }
 
 void ValuesView::EndRun() {
   values_.CWButton4.ToolTipText = forms::RunValuesTip;
   values_.CWButton4.Enabled = false;
-  context_.Timers.Timer3.Enabled = true;
-  context_.State.LookingForValues = false;
-  context_.Capture.StopCapture();
+  context_.Run.ReleaseButtons();
+  context_.Capture.EndRun("LookingForValues");
 }
 
 void ValuesView::Check5_Click() {
   context_.Events.Pump();
   ClearValues();
-  if (values_.Check5.Value == 1) context_.State.RealTimeMode = true;
-  if (values_.Check5.Value == 0) context_.State.RealTimeMode = false;
+  if (values_.Check5.Value == 1) context_.Readings.RealTimeMode = true;
+  if (values_.Check5.Value == 0) context_.Readings.RealTimeMode = false;
   ShowLiveReading();
 }
 
 void ValuesView::Label5_Click(std::size_t channel) {
-  context_.State.RealTimeChannel = static_cast<std::int16_t>(channel + 1);
+  context_.Readings.RealTimeChannel = static_cast<std::int16_t>(channel + 1);
   if (context_.State.RealTimeMode) ClearValues();
   ShowLiveReading();
 }
@@ -139,13 +156,13 @@ void ValuesView::ShowLiveReading() {
 
 void ValuesView::Check4_Click() {
   context_.Settings.ACDC = setup_.Check4.Value != 0;
-  stored_.SaveSettings();
+  context_.Stored.SaveSettings();
 }
 
 void ValuesView::Combo3_Click() {
   context_.Settings.UnitResolution = platform::Narrow<std::int16_t>(setup_.Combo3.ListIndex.Get());
   context_.Present.UnitFormat = setup_.Combo3.Text();
-  stored_.SaveSettings();
+  context_.Stored.SaveSettings();
 }
 
 }  // namespace subroutines

@@ -1,8 +1,11 @@
 #pragma once
 
-#include "config/stored_settings.h"
+#include <cstdint>
+
+#include "capture/view.h"
 #include "forms/phasor_controls.h"
 #include "forms/setup_controls.h"
+#include "forms/shared_controls.h"
 #include "forms/values_controls.h"
 #include "measure/view_context.h"
 #include "platform/analysis.h"
@@ -12,15 +15,19 @@ namespace subroutines {
 /// The multimeter: RMS and DC of the eight channels of the shown stream, block by block, or one
 /// channel frame by frame in real-time mode. It also owns the list of number formats and the
 /// channel captions.
-class ValuesView {
+class ValuesView : public packetroutines::View {
  public:
   /// `names` are the fields of the channel names and the lists of units and formats; `table` shows
   /// the names on the Phasor view.
-  ValuesView(forms::ValuesControls& values, forms::SetupControls& names,
-             forms::PhasorControls& table, StoredSettings& stored, const ViewContext& context);
+  ValuesView(forms::ValuesControls& values, forms::SharedControls& shared,
+             forms::SetupControls& names, forms::PhasorControls& table, const ViewContext& context);
 
+  std::int16_t Tab() const override { return forms::tab::Values; }
   /// Brings up the colour of the run button and the stored choice of the DC labels.
-  void Load();
+  void Load() override;
+  void Withdraw() override;
+  void Show(const platform::Routine& run) override;
+  void Hide() override;
   /// Sets all numbers to the formatted 0 and empties the DC labels.
   void ClearValues();
   /// Computes one block and shows it on all eight channels.
@@ -42,9 +49,9 @@ class ValuesView {
   void Combo3_Click();
 
   forms::ValuesControls& values_;
+  forms::SharedControls& shared_;
   forms::SetupControls& setup_;
   forms::PhasorControls& table_;
-  StoredSettings& stored_;
   ViewContext context_;
   platform::CWArray array_;
   bool showingNames_ = false;

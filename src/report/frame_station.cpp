@@ -9,7 +9,7 @@ std::string FrameStation::Id(const platform::CapturedFrame& frame, std::int16_t 
   bytes_.Redim(expected);
   bytes_.Copy(frame.Bytes);
   digits_.Take(bytes_);
-  return digits_.StationId(digits_.StationTag(digits_.AsduCount()));
+  return code_.ToUtf8(digits_.StationId(digits_.StationTag(digits_.AsduCount())));
 }
 
 std::string_view TextOf(const platform::CapturedFrame& frame) {

@@ -4,10 +4,10 @@
 #include <string>
 #include <string_view>
 
+#include "capture/frame_digits.h"
 #include "capture/packet_bytes.h"
 #include "platform/services/capture_object.h"
 #include "platform/services/code_page.h"
-#include "report/frame_digits.h"
 
 namespace packetroutines {
 
@@ -15,12 +15,13 @@ namespace packetroutines {
 /// leaves the rows of the report alone.
 class FrameStation {
  public:
-  explicit FrameStation(const platform::CodePage& code) : digits_(code) {}
+  explicit FrameStation(const platform::CodePage& code) : code_(code) {}
 
   /// `expected` is the length that the frame is going to be read with.
   std::string Id(const platform::CapturedFrame& frame, std::int16_t expected);
 
  private:
+  const platform::CodePage& code_;
   PacketBytes bytes_;
   FrameDigits digits_;
 };

@@ -58,8 +58,7 @@ ReportAnalysis::ReportAnalysis(forms::ReportControls& report, const forms::Share
       present_(present),
       code_(code),
       services_(services),
-      run_(services.Program, [this](const Failure& failure, int) { return OnFailure(failure); }),
-      digits_(code) {}
+      run_(services.Program, [this](const Failure& failure, int) { return OnFailure(failure); }) {}
 
 Verdict ReportAnalysis::OnFailure(const Failure& failure) {
   if (failure.Number() == platform::failure::NoSuchControl) return Verdict::SkipStep;
@@ -79,17 +78,18 @@ const std::string& ReportAnalysis::ChosenStation() const {
 bool ReportAnalysis::ReportAnalyse(const PacketBytes& bytes, std::string& id) {
   // Each search begins where the one before it ended.
   std::size_t position = 0;
-  const Flow flow = run_(
-      [&] { ShowHead(false); }, [&] { digits_.Take(bytes); }, [&] { WriteHead(); },
-      [&] { position = digits_.AsduCount(); }, [&] { WriteLength(row::Sequence, position + 8); },
-      [&] { WriteLength(row::FirstAsdu, position + 12); },
-      [&] { position = digits_.StationTag(position); }, [&] { id += digits_.StationId(position); },
-      [&] {
-        const bool other = present_.StreamCount > 1 && ChosenStation() != id;
-        return other ? Flow::Leave : Flow::Next;
-      },
-      [&] { report_.Label8[row::StationId].Caption = id; }, [&] { ShowHead(true); },
-      [&] { WriteFields(position); });
+  const Flow flow = run_([&] { ShowHead(false); }, [&] { digits_.Take(bytes); },
+                         [&] { WriteHead(); }, [&] { position = digits_.AsduCount(); },
+                         [&] { WriteLength(row::Sequence, position + 8); },
+                         [&] { WriteLength(row::FirstAsdu, position + 12); },
+                         [&] { position = digits_.StationTag(position); },
+                         [&] { id += code_.ToUtf8(digits_.StationId(position)); },
+                         [&] {
+                           const bool other = present_.StreamCount > 1 && ChosenStation() != id;
+                           return other ? Flow::Leave : Flow::Next;
+                         },
+                         [&] { report_.Label8[row::StationId].Caption = id; },
+                         [&] { ShowHead(true); }, [&] { WriteFields(position); });
   return flow == Flow::Next;
 }
 

@@ -5,13 +5,13 @@
 #include <string_view>
 
 #include "base/trap.h"
+#include "capture/frame_digits.h"
 #include "capture/packet_bytes.h"
 #include "config/settings.h"
 #include "forms/report_controls.h"
 #include "forms/shared_controls.h"
 #include "platform/services/code_page.h"
 #include "platform/services/services.h"
-#include "report/frame_digits.h"
 
 namespace packetroutines {
 

@@ -54,7 +54,6 @@ ReportView::ReportView(const ReportParts& parts, platform::EventQueue& events,
       program_(program),
       wish_(parts.Code) {
   parts_.Report.Command2.ValueChanged = [this] { Command2_ValueChanged(); };
-  parts_.Report.Command2.Enabled.Observe([this] { FollowEnd(); });
 }
 
 void ReportView::Load() {
@@ -64,6 +63,20 @@ void ReportView::Load() {
   for (platform::Label& title : report.Label7) title.Caption = std::string();
   for (platform::Label& value : report.Label8) value.Caption = std::string();
   report.Label8[row::Filter].Caption = NothingYet;
+}
+
+void ReportView::Show(const platform::Routine& run) {
+  parts_.Report.Command2.Visible = true;
+  parts_.Report.Command4.Visible = true;
+  run([&] { parts_.Stations.Show(forms::station::Report); }, [&] { ReportLayout(); },
+      [&] { parts_.Shared.Picture1[forms::logo::Report].Visible = true; });
+}
+
+void ReportView::Hide() {
+  parts_.Report.Command2.Visible = false;
+  parts_.Report.Command4.Visible = false;
+  parts_.Stations.Hide(forms::station::Report);
+  parts_.Shared.Picture1[forms::logo::Report].Visible = false;
 }
 
 void ReportView::ReportLayout() {
@@ -116,15 +129,12 @@ void ReportView::Command2_ValueChanged() {
   line_.Say(HeadOfOther());
   running_ = true;
   parts_.Report.Command2.Visible = false;
-  parts_.State.PacketLengthPending = true;
-  parts_.Capture.SetupAdapter(packetroutines::LiveBuffer, wish_.For(AskedStation()));
-  parts_.Capture.StartCapture("Report");
+  parts_.Capture.BeginRun("Report", wish_.For(AskedStation()));
 }
 
-void ReportView::FollowEnd() {
+void ReportView::ReportEnded() {
   // Whoever ends a run without a frame gives the button back, but does not show it.
-  const platform::CWButton& button = parts_.Report.Command2;
-  if (!running_ || !button.Enabled || button.Visible) return;
+  if (!running_ || parts_.Report.Command2.Visible) return;
   running_ = false;
   const std::string other = HeadOfOther();
   line_.Say("There is no report. RUN comes back when this page is entered anew." +

@@ -8,6 +8,9 @@
 #include "base/program.h"
 #include "capture/acquisition_state.h"
 #include "capture/capture_session.h"
+#include "capture/consumers.h"
+#include "capture/view.h"
+#include "config/station_choice.h"
 #include "forms/report_controls.h"
 #include "forms/shared_controls.h"
 #include "platform/services/code_page.h"
@@ -21,7 +24,8 @@ namespace subroutines {
 struct ReportParts {
   forms::ReportControls& Report;
   forms::SharedControls& Shared;
-  packetroutines::AcquisitionState& State;
+  StationChoice& Stations;
+  const packetroutines::RunFields& State;
   packetroutines::CaptureSession& Capture;
   packetroutines::ReportAnalysis& Analysis;
   const platform::CodePage& Code;
@@ -29,16 +33,20 @@ struct ReportParts {
 
 /// The Report view: its rows, and a run that asks the bus for one frame. Its quiet line says where
 /// a run ended without a report, and why, and why rows are hidden for as long as they are.
-class ReportView {
+class ReportView : public packetroutines::View, public packetroutines::ReportConsumer {
  public:
   ReportView(const ReportParts& parts, platform::EventQueue& events, platform::Program& program);
 
+  std::int16_t Tab() const override { return forms::tab::Report; }
   /// Empties the rows, before the view is entered for the first time.
-  void Load();
+  void Load() override;
+  void Show(const platform::Routine& run) override;
+  void Hide() override;
   /// The view is entered: builds the rows, once in the life of the program.
   void ReportLayout();
   /// Reads a frame into the rows; the result is its station ID.
-  std::string ReportAnalyse(const packetroutines::PacketBytes& bytes);
+  std::string ReportAnalyse(const packetroutines::PacketBytes& bytes) override;
+  void ReportEnded() override;
   /// Why the first rows are hidden: they are of a frame that was not accepted, the others of an
   /// earlier one. Empty where all belong together.
   std::string HeadOfOther() const;
@@ -46,7 +54,6 @@ class ReportView {
  private:
   void Command2_ValueChanged();
   void Rest();
-  void FollowEnd();
   /// The station that a run asks for; empty where none is known.
   std::string AskedStation() const;
   /// Why the frame of this station is not the report that was asked for.

@@ -19,7 +19,7 @@ namespace packetroutines {
 class SenderWish {
  public:
   /// `seen` are the IDs met in the session.
-  SenderWish(const AcquisitionState& state, const SeenStreams& seen, const platform::CodePage& code)
+  SenderWish(const RunFields& state, const SeenStreams& seen, const platform::CodePage& code)
       : state_(state), seen_(seen), station_(code) {}
 
   /// A session begins.
@@ -31,7 +31,7 @@ class SenderWish {
   std::uint64_t TooLong() const { return tooLong_; }
 
  private:
-  const AcquisitionState& state_;
+  const RunFields& state_;
   const SeenStreams& seen_;
   FrameStation station_;
   std::set<std::string, std::less<>> sources_;

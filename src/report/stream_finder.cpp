@@ -25,7 +25,7 @@ constexpr const char* TabLeft =
 
 }  // namespace
 
-StreamFinder::StreamFinder(const FinderControls& controls, AcquisitionState& state,
+StreamFinder::StreamFinder(const FinderControls& controls, const RunFields& state, RunControl& run,
                            config::Settings& settings, subroutines::StoredSettings& stored,
                            CaptureSession& capture, const FinderFrames& frames,
                            const platform::Services& services)
@@ -33,6 +33,7 @@ StreamFinder::StreamFinder(const FinderControls& controls, AcquisitionState& sta
       controls_(controls),
       line_(controls.Shared.QuietLine[forms::quiet_line::Setup]),
       state_(state),
+      run_(run),
       settings_(settings),
       stored_(stored),
       capture_(capture),
@@ -40,9 +41,7 @@ StreamFinder::StreamFinder(const FinderControls& controls, AcquisitionState& sta
       read_(frames),
       wish_(state, seenStreams_, frames.Code) {
   controls_.Setup.Command7.Click = [this] { Command7_Click(); };
-  look_.Window.Loaded.Observe([this] {
-    if (look_.Window.Loaded) Load();
-  });
+  look_.Window.Load = [this] { Load(); };
   look_.Window.QueryUnload = [this] { CloseOnce(); };
   look_.Timer1.Elapsed = [this] { Timer1_Timer(); };
   look_.List1.Click = [this] { List1_Click(); };
@@ -142,13 +141,10 @@ void StreamFinder::CloseOnce() {
 
 void StreamFinder::TakeStreamChoice() {
   look_.Timer1.Enabled = false;
-  controls_.Timers.Timer1.Enabled = false;
-  controls_.Timers.Timer2.Enabled = false;
-  controls_.Timers.Timer3.Enabled = false;
-  state_.LookingForID = false;
+  run_.CallOffTimers();
   // A restart that waits in a pump, with this window closing inside of it, starts nothing any more.
-  ++state_.TabChanges;
-  capture_.StopCapture();
+  run_.LeavePage();
+  capture_.EndRun("LookingForID");
   auto& stations = controls_.Shared.Option3;
   std::size_t taken = 0;
   const std::vector<platform::CheckItem> items = look_.List1.Items;

@@ -5,13 +5,14 @@
 
 #include "capture/acquisition_state.h"
 #include "capture/capture_session.h"
+#include "capture/consumers.h"
 #include "capture/packet_bytes.h"
+#include "capture/run_control.h"
 #include "config/settings.h"
 #include "config/stored_settings.h"
 #include "forms/id_look.h"
 #include "forms/setup_controls.h"
 #include "forms/shared_controls.h"
-#include "forms/window_controls.h"
 #include "platform/services/code_page.h"
 #include "platform/services/services.h"
 #include "report/seen_streams.h"
@@ -20,12 +21,11 @@
 namespace packetroutines {
 
 /// What the stream finder shows and fills in: its own window, the fields of the Setup view, the
-/// choices of a station, and the timers that it stops.
+/// choices of a station.
 struct FinderControls {
   forms::IDlook& Look;
   forms::SetupControls& Setup;
   forms::SharedControls& Shared;
-  forms::TimerControls& Timers;
 };
 
 /// How the finder reads frames: the one that came last, and the code page of their texts.
@@ -36,20 +36,20 @@ struct FinderFrames {
 
 /// The window that listens to the bus, one frame at a time, and lists whoever sends. When it
 /// closes, the first two senders that are checked become the content filters.
-class StreamFinder {
+class StreamFinder : public FinderConsumer {
  public:
-  StreamFinder(const FinderControls& controls, AcquisitionState& state, config::Settings& settings,
-               subroutines::StoredSettings& stored, CaptureSession& capture,
-               const FinderFrames& frames, const platform::Services& services);
+  StreamFinder(const FinderControls& controls, const RunFields& state, RunControl& run,
+               config::Settings& settings, subroutines::StoredSettings& stored,
+               CaptureSession& capture, const FinderFrames& frames,
+               const platform::Services& services);
 
   /// Adds the ID of a frame to the list, unless it is part of what was met before.
-  void AddStreamToList(const std::string& id);
+  void AddStreamToList(const std::string& id) override;
   /// Closes the window, if it is open.
-  void Unload() { look_.Window.Unload(); }
-  /// Capture rests: a look has ended or begins, or a run of a view begins.
-  void CaptureStopped();
-  /// The filter of the capture was refused.
-  void CaptureRefused();
+  void UnloadIDlook() override { look_.Window.Unload(); }
+  /// A look has ended or begins, or a run of a view begins.
+  void CaptureStopped() override;
+  void CaptureRefused() override;
 
  private:
   void Command7_Click();
@@ -65,7 +65,8 @@ class StreamFinder {
   FinderControls controls_;
   /// What the Setup view tells of a search that is over.
   platform::QuietLine& line_;
-  AcquisitionState& state_;
+  const RunFields& state_;
+  RunControl& run_;
   config::Settings& settings_;
   subroutines::StoredSettings& stored_;
   CaptureSession& capture_;

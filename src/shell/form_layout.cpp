@@ -31,9 +31,9 @@ void Place(platform::Control& control, double left, double top) {
 
 }  // namespace
 
-FormLayout::FormLayout(forms::Main& main, const packetroutines::AcquisitionState& state,
-                       platform::Program& program)
-    : main_(main), state_(state), program_(program) {
+FormLayout::FormLayout(forms::Main& main, const packetroutines::RunFields& state,
+                       TabController& tabs, const Views& views, platform::Program& program)
+    : main_(main), state_(state), tabs_(tabs), views_(views), program_(program) {
   main_.Window.Resize = [this] { FormResize(); };
 }
 
@@ -59,12 +59,12 @@ void FormLayout::FormResize() {
       },
       [&] {
         changeTab = !RunActive();
-        if (changeTab) PassFirstTab();
+        if (changeTab) tabs_.PassFirstTab();
       },
       [&] { PlaceValues(); }, [&] { PlaceScope(); }, [&] { PlaceLogos(); }, [&] { PlacePhasor(); },
       [&] { PlaceInfo(); },
       [&] {
-        if (changeTab) ReturnToTab(tab);
+        if (changeTab) tabs_.ReturnToTab(tab);
       },
       [&] { main_.Window.Layouts = main_.Window.Layouts + 1; },
       [&] { main_.TabStrip1.Visible = true; });
@@ -81,7 +81,9 @@ void FormLayout::KeepMinimumHeight() {
 bool FormLayout::RunActive() const {
   // Between two blocks of a live view, and while a recording is started or finished, capture rests,
   // but the run goes on; a tab change would end it.
-  return state_.CaptureRunning || RecordingInHand() ||
+  return state_.CaptureRunning ||
+         std::any_of(views_.begin(), views_.end(),
+                     [](const packetroutines::View* view) { return view->InHand(); }) ||
          packetroutines::AnyModeSet(state_, [this](const packetroutines::Mode& mode) {
            return !packetroutines::IsLiveView(mode) || mode.RunButton(main_.Buttons()).Value;
          });
@@ -129,7 +131,7 @@ void FormLayout::PlacePhasor() {
   main_.phasordiagram.Width = side;
   main_.phasordiagram.Height = side;
   Place(main_.phasordiagram, 0.05 * main_.Frame2.Height, 0.05 * main_.Frame2.Height);
-  if (DrawPhasorGrid) DrawPhasorGrid();
+  for (packetroutines::View* view : views_) view->Resized();
 }
 
 void FormLayout::PlaceInfo() {

@@ -1,10 +1,11 @@
 #pragma once
 
-#include <functional>
+#include <cstdint>
 
 #include "base/program.h"
 #include "capture/acquisition_state.h"
 #include "forms/main_form.h"
+#include "shell/tab_controller.h"
 
 namespace formroutines {
 
@@ -12,18 +13,10 @@ namespace formroutines {
 /// Places are in twips from the upper left corner of the tab strip.
 class FormLayout {
  public:
-  FormLayout(forms::Main& main, const packetroutines::AcquisitionState& state,
-             platform::Program& program);
+  FormLayout(forms::Main& main, const packetroutines::RunFields& state, TabController& tabs,
+             const Views& views, platform::Program& program);
 
   void FormResize();
-
-  /// Selects the first tab for the time of the layout, and then the one before again.
-  std::function<void()> PassFirstTab;
-  std::function<void(std::int16_t)> ReturnToTab;
-  /// A recording is being started or finished.
-  std::function<bool()> RecordingInHand;
-  /// Draws the background of the phasor diagram anew.
-  std::function<void()> DrawPhasorGrid;
 
  private:
   void KeepMinimumWidth();
@@ -36,7 +29,9 @@ class FormLayout {
   bool RunActive() const;
 
   forms::Main& main_;
-  const packetroutines::AcquisitionState& state_;
+  const packetroutines::RunFields& state_;
+  TabController& tabs_;
+  const Views& views_;
   platform::Program& program_;
   double ratioX_ = 1;
   double ratioY_ = 1;

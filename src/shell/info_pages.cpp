@@ -64,17 +64,16 @@ std::string FirstCharacters(const std::string& text, std::size_t count) {
 }  // namespace
 
 InfoPages::InfoPages(const InfoParts& parts, forms::Revisionhistory& history,
-                     const config::Settings& settings, const config::RunSettings& present,
-                     const platform::NumberText& numbers, const platform::Printers& printers,
-                     platform::ShellLinks& links, platform::Program& program)
+                     config::Configuration& config, const Platform& platform)
     : parts_(parts),
       history_(history),
-      settings_(settings),
-      present_(present),
-      numbers_(numbers),
-      printers_(printers),
-      links_(links),
-      program_(program) {
+      settings_(config.Settings),
+      present_(config.Present),
+      numbers_(platform.Numbers),
+      printers_(platform::OrNone(platform.Printers)),
+      links_(platform.Links),
+      program_(platform.Program) {
+  config.Stored.Status = static_cast<subroutines::StatusUser&>(*this);
   parts_.Shared.Label3[forms::side_caption::Support].Caption = config::SupportAddress;
   parts_.Page.Label4.Click = [this] { OpenHistory(); };
   for (platform::Label& caption : parts_.Shared.Label3) {

@@ -2,13 +2,15 @@
 
 #include "base/number_text.h"
 #include "base/program.h"
-#include "config/settings.h"
+#include "capture/view.h"
+#include "config/configuration.h"
 #include "forms/information_controls.h"
 #include "forms/revision_history.h"
 #include "forms/setup_controls.h"
 #include "forms/shared_controls.h"
 #include "forms/window_controls.h"
 #include "platform/services/system_services.h"
+#include "shell/platform.h"
 
 namespace formroutines {
 
@@ -23,12 +25,15 @@ struct InfoParts {
 
 /// The static face of the program: the information page, the status bar, the revision history
 /// window and the links.
-class InfoPages {
+class InfoPages : public packetroutines::View, private subroutines::StatusUser {
  public:
-  InfoPages(const InfoParts& parts, forms::Revisionhistory& history,
-            const config::Settings& settings, const config::RunSettings& present,
-            const platform::NumberText& numbers, const platform::Printers& printers,
-            platform::ShellLinks& links, platform::Program& program);
+  InfoPages(const InfoParts& parts, forms::Revisionhistory& history, config::Configuration& config,
+            const Platform& platform);
+
+  std::int16_t Tab() const override { return forms::tab::Info; }
+  void Load() override {}
+  void Show(const platform::Routine&) override { parts_.Page.Picture4.Visible = true; }
+  void Hide() override { parts_.Page.Picture4.Visible = false; }
 
   /// Fills the information page, once at start.
   /// The titles of the window and of the Setup view.
@@ -36,10 +41,10 @@ class InfoPages {
   /// Empties the panel of the status bar that counts errors.
   void EmptyErrorCount();
   void InfoPage();
-  /// Writes the first three panels of the status bar.
-  void StatusUpdate();
 
  private:
+  /// Writes the first three panels of the status bar.
+  void StatusUpdate() override;
   void OpenHistory();
 
   InfoParts parts_;

@@ -8,11 +8,10 @@
 #include "platform/services/capture_object.h"
 #include "platform/services/clipboard.h"
 #include "platform/services/code_page.h"
-#include "platform/services/dialogs.h"
-#include "platform/services/event_queue.h"
 #include "platform/services/file_system.h"
 #include "platform/services/mouse_pointer.h"
 #include "platform/services/print_surface.h"
+#include "platform/services/services.h"
 #include "platform/services/settings_store.h"
 #include "platform/services/system_services.h"
 
@@ -39,6 +38,8 @@ struct Platform {
   platform::MousePointer* Pointer = nullptr;
   /// Where there is one, it must be large enough.
   const platform::Screen* Screen = nullptr;
+
+  platform::Services Usual() const { return {Events, Dialogs, Program}; }
 };
 
 }  // namespace formroutines

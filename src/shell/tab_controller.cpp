@@ -1,11 +1,12 @@
 #include "shell/tab_controller.h"
 
+#include <algorithm>
 #include <initializer_list>
 #include <string>
 #include <utility>
 
 #include "base/failure.h"
-#include "config/setup_view.h"
+#include "base/raised.h"
 
 namespace formroutines {
 
@@ -24,24 +25,22 @@ constexpr std::int32_t CaptureWait = 10;
 
 }  // namespace
 
-TabController::TabController(forms::Main& main, config::Settings& settings,
-                             const config::RunSettings& present,
-                             subroutines::StoredSettings& stored,
-                             packetroutines::AcquisitionState& state,
-                             packetroutines::CaptureSession& capture,
-                             const platform::Services& services, const platform::FileSystem& files,
-                             TabViews& views, platform::TimerQueue& timers)
-    : main_(main),
-      settings_(settings),
-      present_(present),
-      stored_(stored),
-      state_(state),
-      capture_(capture),
-      services_(services),
-      files_(files),
+TabController::TabController(forms::Windows& windows, config::Configuration& config,
+                             packetroutines::Acquisition& acquisition, const Views& views,
+                             const platform::Services& services, platform::TimerQueue& timers)
+    : windows_(windows),
+      main_(windows.Main),
+      buttons_(windows.Main.Buttons()),
+      settings_(config.Settings),
+      stored_(config.Stored),
+      state_(acquisition.State),
+      capture_(acquisition.Capture),
+      control_(acquisition.Run),
       views_(views),
+      services_(services),
       closeTimer_(timers),
       run_(services.Program, [this](const Failure& failure, int) { return OnFailure(failure); }) {
+  acquisition.Upper.Tabs = *this;
   main_.TabStrip1.Changed = [this] { TabChange(); };
   main_.Window.QueryUnload = [this] { CloseRequest(); };
   closeTimer_.Interval = CloseRetry;
@@ -99,9 +98,13 @@ void TabController::TabChange() {
        [&] {
          if (!forLayout) stored_.SaveActiveTab();
        },
-       [&] { ++state_.Leaving; }, [&] { capture_.StopCapture(); }, [&] { ClearModes(); },
-       [&] { StopButtons(); }, [&] { HideViews(); }, [&] { ShowView(); },
-       [&] { --state_.Leaving; });
+       [&] {
+         control_.Leave();
+         capture_.StopCapture();
+         LeavePage();
+         StopButtons();
+       },
+       [&] { ShowView(); }, [&] { control_.Left(); });
 }
 
 Verdict TabController::OnFailure(const Failure& failure) {
@@ -122,17 +125,26 @@ void TabController::Exit() {
         main_.TabStrip1.SelectedTab = settings_.MainActiveTab;
         return Flow::Leave;
       },
-      [&] { ++state_.Leaving; }, [&] { ++state_.TabChanges; }, [&] { capture_.StopCapture(); },
-      [&] { AwaitEndOfCapture(); }, [&] { ClearModes(); }, [&] { services_.Events.Pump(); },
-      [&] { exitInProgress_ = true; }, [&] { ShutdownForms(); }, [&] { services_.Events.Pump(); },
-      [&] { main_.Window.Unload(); });
+      [&] {
+        control_.Leave();
+        control_.LeavePage();
+        capture_.StopCapture();
+        AwaitEndOfCapture();
+        LeavePage();
+      },
+      [&] { services_.Events.Pump(); },
+      [&] {
+        exitInProgress_ = true;
+        ShutdownForms();
+      },
+      [&] { services_.Events.Pump(); }, [&] { main_.Window.Unload(); });
 }
 
 bool TabController::RunButtonLocked() const {
   for (const packetroutines::Mode& mode : packetroutines::Modes) {
     // A report does not hold up the end of the program.
     if (mode.Kind == packetroutines::ModeKind::SingleFrame) continue;
-    if (mode.Tab == settings_.MainActiveTab) return !mode.RunButton(main_.Buttons()).Enabled;
+    if (mode.Tab == settings_.MainActiveTab) return !mode.RunButton(buttons_).Enabled;
   }
   return false;
 }
@@ -148,16 +160,13 @@ void TabController::AwaitEndOfCapture() {
 
 void TabController::ShutdownForms() {
   if (shuttingDown_) return;
-  shuttingDown_ = true;
+  const platform::Raised shuttingDown(shuttingDown_);
   const auto skip = [](const Failure&) { return Verdict::SkipStep; };
-  platform::RunSteps(
-      services_.Program, skip, [&] { main_.Timer1.Enabled = false; },
-      [&] { main_.Timer2.Enabled = false; }, [&] { main_.Timer3.Enabled = false; });
-  for (platform::Window* form : OtherForms) {
-    platform::RunSteps(services_.Program, skip, [&] { form->Unload(); });
+  control_.CallOffTimers();
+  for (platform::Window* window : {&windows_.Revisionhistory.Window, &windows_.DebugWindow.Window,
+                                   &windows_.IDlook.Window, &main_.Window}) {
+    platform::RunSteps(services_.Program, skip, [&] { window->Unload(); });
   }
-  platform::RunSteps(services_.Program, skip, [&] { main_.Window.Unload(); });
-  shuttingDown_ = false;
 }
 
 void TabController::CloseRequest() {
@@ -173,30 +182,35 @@ void TabController::RetryClose() {
   CloseRequest();
 }
 
-void TabController::ClearModes() {
-  ++state_.TabChanges;
-  packetroutines::ClearModes(state_);
+void TabController::LeavePage() {
+  control_.LeavePage();
+  control_.ClearModes();
 }
 
 void TabController::StopButtons() {
-  main_.Check5.Visible = false;
-  main_.CWButton3.Visible = false;
-  main_.CWButton4.Visible = false;
-  run_([&] { main_.CWButton4.Value = false; }, [&] { main_.CWButton1.Value = false; },
-       [&] { GiveLockedButtonsBack(); });
+  for (packetroutines::View* view : views_) view->Withdraw();
+  for (const packetroutines::ModeName name : packetroutines::SwitchOffOrder) {
+    const packetroutines::Mode& mode = *name.Find();
+    if (mode.OffWithTab) run_([&] { mode.RunButton(buttons_).Value = false; });
+  }
+  GiveLockedButtonsBack();
 }
 
 void TabController::GiveLockedButtonsBack() {
   // A locked button does not run its stop path, and a run that is left before its first frame, or
   // whose stop path failed, would leave it locked for good.
-  const bool locked =
-      !main_.CWButton4.Enabled || !main_.CWButton2.Enabled || !main_.CWButton1.Enabled;
-  if (locked) main_.Timer3.Enabled = true;
-  main_.Buttons().ShowIdleTips();
+  const auto locked = [this](const packetroutines::Mode& mode) {
+    return packetroutines::IsLiveView(mode) && !mode.RunButton(buttons_).Enabled;
+  };
+  if (std::ranges::any_of(packetroutines::Modes, locked)) control_.ReleaseButtons();
+  buttons_.ShowIdleTips();
 }
 
-bool TabController::HasSecondStream() const {
-  return !main_.Text1[forms::setup_field::Content2].Text.Get().empty();
+void TabController::ShowView() {
+  for (packetroutines::View* view : views_) view->Hide();
+  for (packetroutines::View* view : views_) {
+    if (view->Tab() == main_.TabStrip1.SelectedTab) view->Show(run_);
+  }
 }
 
 }  // namespace formroutines

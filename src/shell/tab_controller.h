@@ -4,39 +4,28 @@
 #include <vector>
 
 #include "base/trap.h"
-#include "capture/acquisition_state.h"
-#include "capture/capture_session.h"
+#include "capture/acquisition.h"
 #include "capture/consumers.h"
-#include "capture/modes.h"
-#include "config/settings.h"
-#include "config/stored_settings.h"
-#include "forms/main_form.h"
+#include "capture/view.h"
+#include "config/configuration.h"
+#include "forms/windows.h"
 #include "platform/controls/window.h"
 #include "platform/loop/timer_queue.h"
-#include "platform/services/file_system.h"
 #include "platform/services/services.h"
 
 namespace formroutines {
 
-/// What a tab asks of views that other folders build.
-class TabViews {
- public:
-  virtual ~TabViews() = default;
-  /// Selects the recorder's format that is stored.
-  virtual void ShowFileFormat() = 0;
-  /// Builds the rows of the report, once.
-  virtual void ReportLayout() = 0;
-};
+/// The views of all tabs.
+using Views = std::vector<packetroutines::View*>;
 
 /// Changes the tab: every change stops the acquisition as a whole, clears the mode flags and brings
 /// up the controls of the tab. No view starts the acquisition by being entered. The last tab ends
 /// the program.
 class TabController : public packetroutines::TabConsumer {
  public:
-  TabController(forms::Main& main, config::Settings& settings, const config::RunSettings& present,
-                subroutines::StoredSettings& stored, packetroutines::AcquisitionState& state,
-                packetroutines::CaptureSession& capture, const platform::Services& services,
-                const platform::FileSystem& files, TabViews& views, platform::TimerQueue& timers);
+  TabController(forms::Windows& windows, config::Configuration& config,
+                packetroutines::Acquisition& acquisition, const Views& views,
+                const platform::Services& services, platform::TimerQueue& timers);
 
   /// Brings the strip up on the first tab, and hides what the other views show.
   void Load();
@@ -51,9 +40,6 @@ class TabController : public packetroutines::TabConsumer {
   /// Stops the timers and unloads every open form.
   void ShutdownForms();
 
-  /// The forms other than the main window.
-  std::vector<platform::Window*> OtherForms;
-
  private:
   platform::Verdict OnFailure(const platform::Failure& failure);
 
@@ -64,31 +50,21 @@ class TabController : public packetroutines::TabConsumer {
   void RetryClose();
 
   void SelectForLayout(std::int16_t tab);
-  void ClearModes();
+  void LeavePage();
   void StopButtons();
   void GiveLockedButtonsBack();
-  void HideViews();
   void ShowView();
-  void ShowValues();
-  void ShowPhasor();
-  void ShowWaveforms();
-  void ShowRecorder();
-  void ResetProgress();
-  void ShowRecorderPaths();
-  void RefuseStoragePath();
-  void ShowReport();
-  void ChooseStation(std::size_t first);
-  bool HasSecondStream() const;
 
+  forms::Windows& windows_;
   forms::Main& main_;
+  forms::RunButtons buttons_;
   config::Settings& settings_;
-  const config::RunSettings& present_;
   subroutines::StoredSettings& stored_;
-  packetroutines::AcquisitionState& state_;
+  const packetroutines::RunFields& state_;
   packetroutines::CaptureSession& capture_;
+  packetroutines::RunControl& control_;
+  const Views& views_;
   platform::Services services_;
-  const platform::FileSystem& files_;
-  TabViews& views_;
   platform::Timer closeTimer_;
   /// Runs steps under the trap of a tab change. A statement that lets events in is a step of its
   /// own, so that what fails in an event does not keep the statements behind it from running.

@@ -22,6 +22,20 @@ TEST_F(Windows1252, BringsEveryByteToTextAndBack) {
   EXPECT_EQ(page_.FromUtf8(page_.ToUtf8(bytes)), bytes);
 }
 
+TEST_F(Windows1252, HasItsOwnCharactersBelowThoseOfLatin1) {
+  EXPECT_EQ(page_.ToUtf8("\x80\x82\x83\x84\x85\x86\x87\x88\x89\x8A\x8B\x8C\x8E"), "€‚ƒ„…†‡ˆ‰Š‹ŒŽ");
+  EXPECT_EQ(page_.ToUtf8("\x91\x92\x93\x94\x95\x96\x97\x98\x99\x9A\x9B\x9C\x9E\x9F"),
+            "‘’“”•–—˜™š›œžŸ");
+}
+
+TEST_F(Windows1252, SharesTheUpperHalfWithLatin1) {
+  for (int byte = 0xA0; byte < 0x100; ++byte) {
+    const std::string text = {static_cast<char>(byte < 0xC0 ? 0xC2 : 0xC3),
+                              static_cast<char>(0x80 | (byte & 0x3F))};
+    EXPECT_EQ(page_.ToUtf8(std::string(1, static_cast<char>(byte))), text);
+  }
+}
+
 TEST_F(Windows1252, GivesTheFiveFreeBytesTheControlCharactersOfTheirNumber) {
   EXPECT_EQ(page_.ToUtf8("\x81\x8D\x8F\x90\x9D"), "\xC2\x81\xC2\x8D\xC2\x8F\xC2\x90\xC2\x9D");
 }
@@ -54,6 +68,7 @@ TEST_F(Windows1252, TellsCharactersOfEachLengthByTheirFirstByte) {
   EXPECT_EQ(page_.FromUtf8("\xEF\xBC\x9F."), "?.");
   EXPECT_EQ(page_.FromUtf8("\xF0\x9F\x98\x80."), "?.");
   EXPECT_EQ(page_.FromUtf8("\xF4\x8F\xBF\xBF."), "?.");
+  EXPECT_EQ(page_.FromUtf8("\xE0\x82\xA9."), "?.") << "a character in more bytes than it needs";
   EXPECT_EQ(page_.FromUtf8("\xF5\x80\x80\x80."), "????.");
 }
 

@@ -177,7 +177,7 @@ TEST_P(PumpOfTheStart, DropsTheStartWhereTheTabChangesInIt) {
   bench.Run("LookingForValues");
   bench.Journal.clear();
   bench.Events.AtPump(GetParam(), [&] {
-    ++bench.State.TabChanges;
+    ++bench.State.PagesLeft;
     bench.State.LookingForValues = false;
   });
 
@@ -208,7 +208,7 @@ INSTANTIATE_TEST_SUITE_P(StartCapture, PumpOfTheStart, testing::Values(1, 2));
 
 TEST(StartCapture, IsNotDroppedForATabChangeOfLongAgo) {
   CaptureBench bench;
-  bench.State.TabChanges = 7;
+  bench.State.PagesLeft = 7;
 
   bench.Acquisition.StartCapture("LookingForValues");
 
@@ -347,6 +347,7 @@ TEST(StartCapture, EndsTheProgramAtAnyOtherFailure) {
 class NoCaptureObject : public testing::Test {
  protected:
   NoCaptureObject() {
+    fresh.Upper.Finder = bench.Report;
     bench.Capture.CreateFailure = platform::Failure(429);
     bench.Dialogs.Answers = {platform::Answer::No};
     session.FillAdapterList();
@@ -355,10 +356,11 @@ class NoCaptureObject : public testing::Test {
   }
 
   CaptureBench bench;
-  packetroutines::CaptureSession session{
-      bench.Capture,    {bench.Main, bench.Main, bench.Main, bench.Main.Buttons()},
-      bench.Settings,   bench.State,
-      bench.Dispatcher, bench.Services};
+  packetroutines::Acquisition fresh{
+      bench.Main,
+      bench.Config,
+      {bench.Capture, bench.Timers, bench.Code, bench.Numbers, bench.Services}};
+  packetroutines::CaptureSession& session = fresh.Capture;
 };
 
 TEST_F(NoCaptureObject, ReportsTheSetupAndGoesOn) {

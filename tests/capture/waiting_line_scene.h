@@ -5,7 +5,6 @@
 #include <chrono>
 #include <string>
 
-#include "capture/waiting_line.h"
 #include "config/setup_view.h"
 #include "support/capture_bench.h"
 
@@ -22,10 +21,10 @@ class WaitingLineScene : public testing::Test {
  protected:
   WaitingLineScene() {
     bench.Settings.FilterContent[1] = config::NoContent;
-    bench.Acquisition.Stopped = [this] { waiting_.CaptureStopped(); };
-    ON_CALL(bench.Views, BlockShown).WillByDefault(testing::Invoke([this] {
-      waiting_.BlockShown();
-    }));
+    // A scene looks at the line for longer than any watchdog would let it, and restarts by hand.
+    for (platform::Timer* timer : {&bench.Main.Timer1, &bench.Main.Timer2, &bench.Main.Timer3}) {
+      timer->Elapsed = nullptr;
+    }
   }
 
   void Start(platform::CWButton& button, const char* mode) {
@@ -54,11 +53,6 @@ class WaitingLineScene : public testing::Test {
 
   support::CaptureBench bench;
   AcquisitionState& state = bench.State;
-
- private:
-  WaitingLine waiting_{state,        bench.Settings,       bench.Present,
-                       bench.Main,   bench.Main.Buttons(), bench.Acquisition,
-                       bench.Timers, bench.Numbers};
 };
 
 }  // namespace packetroutines

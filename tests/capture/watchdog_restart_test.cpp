@@ -177,7 +177,7 @@ TEST_P(TabChangeInTheRestart, EndsTheRun) {
   lookingFor = true;
   Events.AtPump(GetParam().Pump, [&] {
     Acquisition.StopCapture();
-    ++State.TabChanges;
+    ++State.PagesLeft;
     lookingFor = false;
   });
 
@@ -213,7 +213,7 @@ INSTANTIATE_TEST_SUITE_P(Modes, TabChangeInTheRestart,
 
 TEST_F(RestartTimer, ATabChangeInAnEarlierRestartDoesNotEndThisOne) {
   State.LookingForValues = true;
-  State.TabChanges = 3;
+  State.PagesLeft = 3;
 
   Restart();
 

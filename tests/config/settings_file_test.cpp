@@ -34,6 +34,18 @@ class WatchedStore : public support::FakeStore {
   mutable std::vector<std::string> Read;
 };
 
+/// A status bar that notes the key behind which it was refreshed.
+class StatusBar : public subroutines::StatusUser {
+ public:
+  explicit StatusBar(const support::FakeStore& store) : store_(store) {}
+  void StatusUpdate() override { LastKey = store_.Written.back(); }
+
+  std::string LastKey;
+
+ private:
+  const support::FakeStore& store_;
+};
+
 class StoredSettings : public testing::Test {
  protected:
   /// What loading does where a key holds this text.
@@ -235,24 +247,24 @@ TEST_F(StoredSettings, AFloatOfAnotherLocaleChangesItsValue) {
 }
 
 TEST_F(StoredSettings, ASaveRefreshesTheStatusBarAfterItsLastKey) {
-  std::string lastKey;
-  file.StatusUpdate = [&] { lastKey = store.Written.back(); };
+  StatusBar bar(store);
+  file.Status = bar;
 
   file.SaveSettings();
 
-  EXPECT_EQ(lastKey, "Number of samples");
+  EXPECT_EQ(bar.LastKey, "Number of samples");
 }
 
 TEST_F(StoredSettings, TheActiveTabCanBeStoredAlone) {
   settings.MainActiveTab = 7;
-  bool refreshed = false;
-  file.StatusUpdate = [&] { refreshed = true; };
+  StatusBar bar(store);
+  file.Status = bar;
 
   file.SaveActiveTab();
 
   EXPECT_THAT(store.Written, ElementsAre("MainActiveTab"));
   EXPECT_EQ(store.Texts["MainActiveTab"], "7");
-  EXPECT_FALSE(refreshed);
+  EXPECT_EQ(bar.LastKey, "");
 }
 
 }  // namespace

@@ -21,18 +21,18 @@ class WaveformsScene : public WindowScene {
   void RunToABlock() {
     GoWaveforms();
     Click("CWButton1");
-    ASSERT_TRUE(WaitFor([this] { return Program().State.BlockCount > 0; }));
+    ASSERT_TRUE(WaitFor([this] { return Program().Acquisition.State.BlockCount > 0; }));
   }
   /// The view with a block on its graph, stopped.
   void ShowBlock() {
     RunToABlock();
     ASSERT_TRUE(WaitFor([this] { return Find<QWidget>("CWButton1").isEnabled(); }));
     Click("CWButton1");
-    ASSERT_FALSE(Program().State.LookingForScope);
+    ASSERT_FALSE(Program().Acquisition.State.LookingForScope);
   }
   void WaitForTwoBlocks() {
-    const auto before = Program().State.BlockCount;
-    ASSERT_TRUE(WaitFor([&] { return Program().State.BlockCount > before + 1; }));
+    const auto before = Program().Acquisition.State.BlockCount;
+    ASSERT_TRUE(WaitFor([&] { return Program().Acquisition.State.BlockCount > before + 1; }));
   }
 
   GraphView& Graph() { return Find<GraphView>("CWGraph1"); }

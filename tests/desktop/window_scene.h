@@ -59,7 +59,7 @@ class WindowScene : public testing::Test {
   /// Works once on the next dialog that opens.
   void OnDialog(std::function<void(QDialog&)> work);
 
-  forms::Main& Form() { return program_->Application().Main; }
+  forms::Main& Form() { return program_->Application().Windows.Main; }
   formroutines::Application& Program() { return program_->Application(); }
 
   static std::vector<adapters::NetworkInterface> NoInterfaces() { return {}; }

@@ -50,19 +50,7 @@ class Phases : public ::testing::Test {
   }
 
   Scene scene;
-  subroutines::StoredSettings file{scene.Store, scene.Numbers, scene.Settings};
-  struct NoPackets : packetroutines::PacketConsumer {
-    void aPacketX_OnPacket(const platform::CapturedFrame&) override {}
-  } packets;
-  packetroutines::CaptureSession capture{
-      scene.Capture,  {scene.Main, scene.Main, scene.Main, scene.Main.Buttons()},
-      scene.Settings, scene.State,
-      packets,        {scene.Events, scene.Dialogs, scene.Runtime}};
-  subroutines::PhasorDiagram diagram{scene.Main, scene.State, scene.Present, scene.Numbers};
-  subroutines::PhaseAnalysis phases{scene.Main,
-                                    diagram,
-                                    {scene.Settings, scene.Present, scene.State, scene.Block,
-                                     capture, scene.Main, scene.Events, scene.Numbers}};
+  subroutines::PhaseAnalysis& phases = scene.App.LiveViews.Phases;
 };
 
 TEST_F(Phases, OfTwoIdenticalChannelsAreNotShifted) {

@@ -10,10 +10,10 @@ RecorderBench::RecorderBench(platform::FileSystem* files)
   Settings.FileFormat = "TXT";
   Settings.ChannelName = {"IA", "IB", "IC", "IN", "UA", "UB", "UC", "UN"};
   Settings.BaseFrequency = 50;
+  Session.Reader = Reader;
+  // The list of adapters is filled by now, which saves the choice.
+  Store.Written.clear();
   State.RecordFileName = Started + ".txt";
-  ON_CALL(Recorder, WriteRecordBlock).WillByDefault([this](std::int16_t selector) {
-    Samples.WriteRecordBlock(selector);
-  });
 }
 
 void RecorderBench::Run(const std::string& format) {
@@ -52,7 +52,7 @@ void RecorderBench::Fill(std::size_t stream, int first) {
 
 void RecorderBench::WriteRing(std::int16_t stream, std::int32_t blocks) {
   (stream == 0 ? State.BlockCount : State.BlockCount2) = blocks;
-  Samples.WriteRecordBlock(stream);
+  Writing.Samples.WriteRecordBlock(stream);
 }
 
 void RecorderBench::Frames(int count, const std::string& id, int first) {

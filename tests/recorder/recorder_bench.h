@@ -6,9 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "recorder/record_analysis.h"
-#include "recorder/recording_session.h"
-#include "recorder/sample_writer.h"
+#include "recorder/recorder.h"
 #include "support/capture_bench.h"
 #include "support/failing_files.h"
 
@@ -38,34 +36,28 @@ class NotedReader : public packetroutines::RecordReader {
   support::Journal& journal_;
 };
 
-/// The recorder on a bench: the acquisition core in front of it, files in memory behind it unless
-/// the test brings its own, and in
-/// the place of the log and the quick view notes in the journal. The contents "MU01" and "MU02"
-/// mark the two streams; only the first is recorded unless a test says so.
+/// The recorder on a bench: the acquisition in front of it, files in memory behind it unless the
+/// test brings its own, and in the place of the log and the quick view notes in the journal. The
+/// contents "MU01" and "MU02" mark the two streams; only the first is recorded unless a test says
+/// so.
 class RecorderBench : public support::CaptureBench {
  public:
   explicit RecorderBench(platform::FileSystem* files = nullptr);
 
   support::FailingFiles Disk;
-  packetroutines::FileNumbers Open{Disk};
-  packetroutines::RecordContext Context{Settings, Present, State, Rings, Disk, Open, Numbers, Code};
-  packetroutines::Worksheets Sheets{Open, Numbers, Code};
-  packetroutines::TextWriter Text{Context};
-  packetroutines::WorksheetWriter Sheet{Context, Sheets, Session};
-  packetroutines::ComtradeWriter Comtrade{Context};
-  packetroutines::DiskReport Report{Main, Disk, Calendar, Numbers};
-  packetroutines::RecordWriters Writers{Text, Sheet, Comtrade, Sheets, Report};
-  packetroutines::SampleWriter Samples{Context, Writers, Main, Session, Runtime};
+  subroutines::Recorder Recorder{Main,
+                                 Config,
+                                 Core,
+                                 {.Usual = Services,
+                                  .Code = Code,
+                                  .Numbers = Numbers,
+                                  .Files = Disk,
+                                  .Calendar = Calendar,
+                                  .Pointer = Pointer,
+                                  .Links = Links}};
+  packetroutines::Writing& Writing = Recorder.Writing;
+  subroutines::RecordingSession& Session = Recorder.Session;
   NotedReader Reader{Journal};
-  subroutines::StoredSettings Stored{Store, Numbers, Settings};
-  subroutines::RecordingSession Session{Main,
-                                        Main,
-                                        Settings,
-                                        Stored,
-                                        State,
-                                        Acquisition,
-                                        {Context, Writers, Samples, Reader},
-                                        {Services, Calendar}};
 
   /// Presses RUN in a format, with the first frame received, and begins the journal anew.
   void Run(const std::string& format);
@@ -101,14 +93,8 @@ class RecorderBench : public support::CaptureBench {
 class ReadingBench : public RecorderBench {
  public:
   explicit ReadingBench(platform::FileSystem* files = nullptr) : RecorderBench(files) {
-    Reader.Behind = &Analysis;
+    Reader.Behind = &Recorder.Reading;
   }
-
-  packetroutines::RecordAnalysis Analysis{
-      {Settings, Present, State.RecordFileName, Disk, State.LookingForRecording},
-      Dispatcher.Bytes(),
-      Main,
-      {Code, Numbers, Calendar, Pointer, Dialogs, Links, Runtime, Open}};
 };
 
 /// What `Fill` puts into a cell; different in each, and exact in decimal digits.

@@ -58,7 +58,7 @@ class FinderScene : public ::testing::Test {
 
   support::Scene scene;
   forms::Main& main = scene.Main;
-  forms::IDlook& look = scene.App.IDlook;
+  forms::IDlook& look = scene.App.Windows.IDlook;
 };
 
 }  // namespace report_tests

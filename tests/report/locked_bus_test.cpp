@@ -48,16 +48,17 @@ class AtALockedBus : public ::testing::TestWithParam<int> {
   }
   /// The stream finder is open while `use` runs.
   void Find(const std::function<void()>& use) {
-    App.IDlook.Window.ShowModal = [&] {
+    App.Windows.IDlook.Window.ShowModal = [&] {
       Bus.Senders->Starts = 0;
       use();
-      App.IDlook.Window.Unload();
+      App.Windows.IDlook.Window.Unload();
     };
     main.Command7.Click();
   }
   std::set<std::string> Listed() const {
     std::set<std::string> ids;
-    for (const platform::CheckItem& item : App.IDlook.List1.Items.Get()) ids.insert(item.Text);
+    for (const platform::CheckItem& item : App.Windows.IDlook.List1.Items.Get())
+      ids.insert(item.Text);
     return ids;
   }
   /// Listens until so many senders are listed; the number of looks.
@@ -73,7 +74,7 @@ class AtALockedBus : public ::testing::TestWithParam<int> {
        Platform.Code, Platform.Numbers, Platform.Files, Platform.Links, Platform.Calendar,
        &Platform.Folders, &Platform.Printers, &Platform.Surface, &Platform.Clipboard,
        &Platform.Pointer, &Platform.Screen}};
-  forms::Main& main = App.Main;
+  forms::Main& main = App.Windows.Main;
 };
 
 class FinderAtALockedBus : public AtALockedBus {};
@@ -107,7 +108,7 @@ TEST_F(FinderAtALockedBus, LeavesOutWhoseFramesAreLongerAndListsTheOthers) {
   Find([&] {
     EXPECT_LE(LooksUntil(7), 9);
     EXPECT_FALSE(Listed().contains("A LONGER NAME"));
-    const std::string line = App.IDlook.FrameCount.Caption;
+    const std::string line = App.Windows.IDlook.FrameCount.Caption;
     EXPECT_NE(line.find("longer than expected and left out: RUN on a view measures the length"),
               std::string::npos)
         << line;

@@ -299,10 +299,10 @@ TEST_F(RefusedFrame, IsExplainedBesideAPrintThatFailed) {
 TEST_F(RefusedFrame, OfTheStreamFinderIsExplainedToo) {
   Run(SvFrame("MU01").Bytes());
   ASSERT_EQ(Line(), "");
-  scene.App.IDlook.Window.ShowModal = [this] {
+  scene.App.Windows.IDlook.Window.ShowModal = [this] {
     scene.Elapse(100ms);
     scene.Receive(SvFrame("MU07").Bytes());
-    scene.App.IDlook.Window.Unload();
+    scene.App.Windows.IDlook.Window.Unload();
   };
   main.Command7.Click();
   Enter();
@@ -322,11 +322,11 @@ TEST_F(RefusedFrame, OfTheStreamFinderIsExplainedToo) {
 TEST_F(RefusedFrame, OfARunThatWasLeftIsNotTheOneThatTheStreamFinderMeets) {
   main.Command2.Value = true;
   scene.Select(forms::tab::Setup);
-  scene.App.IDlook.Window.ShowModal = [this] {
+  scene.App.Windows.IDlook.Window.ShowModal = [this] {
     scene.Elapse(100ms);
     if (scene.State.PacketLengthPending) scene.Receive(SvFrame("MU07").Bytes());
     scene.Receive(SvFrame("MU07").Bytes());
-    scene.App.IDlook.Window.Unload();
+    scene.App.Windows.IDlook.Window.Unload();
   };
   main.Command7.Click();
   Enter();
@@ -334,12 +334,12 @@ TEST_F(RefusedFrame, OfARunThatWasLeftIsNotTheOneThatTheStreamFinderMeets) {
 }
 
 TEST_F(RefusedFrame, ThatTheStreamFinderReplacedByOneOfTheStationIsForgotten) {
-  scene.App.IDlook.Window.ShowModal = [this] {
+  scene.App.Windows.IDlook.Window.ShowModal = [this] {
     scene.Elapse(100ms);
     // A lone stream takes any station.
     scene.Present.StreamCount = 1;
     scene.Receive(SvFrame("MU07").Bytes());
-    scene.App.IDlook.Window.Unload();
+    scene.App.Windows.IDlook.Window.Unload();
   };
   main.Command7.Click();
   Enter();

@@ -121,7 +121,7 @@ TEST_P(BrokenUse, ListsEachSenderOfTheFinderOnce) {
   Scene scene;
   scene.Start();
   scene.Select(forms::tab::Setup);
-  forms::IDlook& look = scene.App.IDlook;
+  forms::IDlook& look = scene.App.Windows.IDlook;
   std::multiset<std::string> listed;
   look.Window.ShowModal = [&] {
     scene.Elapse(100ms);

@@ -203,7 +203,7 @@ TEST(Links, OfThePictureOpenTheWebSite) {
 TEST(RevisionHistory, OpensWithItsTextAndClosesByItsButton) {
   Scene scene;
   scene.Start();
-  auto& history = scene.App.Revisionhistory;
+  auto& history = scene.App.Windows.Revisionhistory;
   std::string shown;
   history.Window.ShowModal = [&] {
     shown = history.Text1.Text;
@@ -223,10 +223,10 @@ TEST(RevisionHistory, OpensASecondTime) {
   Scene scene;
   scene.Start();
   int opened = 0;
-  scene.App.Revisionhistory.Window.ShowModal = [&] {
+  scene.App.Windows.Revisionhistory.Window.ShowModal = [&] {
     ++opened;
-    EXPECT_TRUE(scene.App.Revisionhistory.Window.Loaded);
-    scene.App.Revisionhistory.cmdOK.Click();
+    EXPECT_TRUE(scene.App.Windows.Revisionhistory.Window.Loaded);
+    scene.App.Windows.Revisionhistory.cmdOK.Click();
   };
 
   scene.Main.Label4.Click();
@@ -237,11 +237,11 @@ TEST(RevisionHistory, OpensASecondTime) {
 
 TEST(DebugWindow, IsEmptiedByADoubleClick) {
   Scene scene;
-  scene.App.DebugWindow.Text1.Text = "trace";
+  scene.App.Windows.DebugWindow.Text1.Text = "trace";
 
-  scene.App.DebugWindow.Text1.DblClick();
+  scene.App.Windows.DebugWindow.Text1.DblClick();
 
-  EXPECT_EQ(scene.App.DebugWindow.Text1.Text, "");
+  EXPECT_EQ(scene.App.Windows.DebugWindow.Text1.Text, "");
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "shell/tab_scene.h"
+#include "support/capture_bench.h"
 
 namespace {
 

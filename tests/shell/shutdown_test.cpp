@@ -143,8 +143,8 @@ TEST(ShutDown, UnloadsTheWindowOnce) {
 TEST(ShutDown, ClosesTheOtherFormsThatAreOpen) {
   Scene scene;
   scene.Start();
-  platform::Window& history = scene.App.Revisionhistory.Window;
-  platform::Window& debug = scene.App.DebugWindow.Window;
+  platform::Window& history = scene.App.Windows.Revisionhistory.Window;
+  platform::Window& debug = scene.App.Windows.DebugWindow.Window;
   debug.Visible = true;
   history.ShowModal = [&] { scene.Select(ExitTab); };
 
@@ -160,8 +160,8 @@ TEST(ShutDown, DoesNotAskFormsThatWereNeverOpened) {
   Scene scene;
   scene.Start();
   int asked = 0;
-  scene.App.Revisionhistory.Window.QueryUnload = [&] { ++asked; };
-  scene.App.DebugWindow.Window.QueryUnload = [&] { ++asked; };
+  scene.App.Windows.Revisionhistory.Window.QueryUnload = [&] { ++asked; };
+  scene.App.Windows.DebugWindow.Window.QueryUnload = [&] { ++asked; };
 
   scene.Select(ExitTab);
 
@@ -229,14 +229,14 @@ TEST(ShutDown, GoesItsStepsInOrder) {
   scene.Start();
   scene.RunValues();
   scene.Main.CWButton4.Enabled = true;
-  scene.App.Revisionhistory.Window.Visible = true;
+  scene.App.Windows.Revisionhistory.Window.Visible = true;
   for (auto* timer : {&scene.Main.Timer1, &scene.Main.Timer2, &scene.Main.Timer3}) {
     timer->Enabled = true;
   }
   Watch(scene.Journal, scene.Main.Timer1.Enabled, "Timer1");
   Watch(scene.Journal, scene.Main.Timer2.Enabled, "Timer2");
   Watch(scene.Journal, scene.Main.Timer3.Enabled, "Timer3");
-  Watch(scene.Journal, scene.App.Revisionhistory.Window.Loaded, "history");
+  Watch(scene.Journal, scene.App.Windows.Revisionhistory.Window.Loaded, "history");
   Watch(scene.Journal, scene.Main.Window.Loaded, "main window");
   scene.Journal.clear();
 
@@ -281,15 +281,15 @@ TEST(ShutDown, ServesACloseRequestThatComesBeforeItsFormsAreUnloaded) {
 }
 
 /// Two windows beside the main one, all of them open.
-class ShutdownForms : public shell_tests::TabBench {
+class ShutdownForms : public shell_tests::TabScene {
  protected:
   ShutdownForms() {
-    tabs.OtherForms = {&first, &second};
     for (platform::Window* window : {&first, &second, &main.Window}) window->Visible = true;
   }
 
-  platform::Window first;
-  platform::Window second;
+  formroutines::TabController& tabs = scene.App.Tabs;
+  platform::Window& first = scene.App.Windows.Revisionhistory.Window;
+  platform::Window& second = scene.App.Windows.DebugWindow.Window;
 };
 
 TEST_F(ShutdownForms, StopsTheTimersBeforeAnyFormIsUnloaded) {

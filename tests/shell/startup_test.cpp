@@ -182,7 +182,7 @@ TEST(StartUp, ReservesTheRingsAndTheLongerOnesOfTheTriggerTimes) {
 
   scene.App.Load();
 
-  auto& rings = scene.App.Rings;
+  auto& rings = scene.App.Acquisition.Rings;
   EXPECT_EQ(rings.RecordCount.Count(), 4000);
   EXPECT_EQ(rings.RecordCount2.Count(), 4000);
   for (const std::size_t k : {0U, 1U, 2U, 4U, 5U, 6U}) {
@@ -200,7 +200,8 @@ TEST(StartUp, ReservesASecondOfRingsForShorterTriggerTimes) {
 
   scene.App.Load();
 
-  for (const auto& channel : scene.App.Rings.RecordChannel) EXPECT_EQ(channel.Count(), 4000);
+  for (const auto& channel : scene.App.Acquisition.Rings.RecordChannel)
+    EXPECT_EQ(channel.Count(), 4000);
 }
 
 TEST(StartUp, WithTriggerTimesBeyondTheMemoryFails) {

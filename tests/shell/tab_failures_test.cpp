@@ -143,29 +143,30 @@ TEST_F(TabFailures, OfAnyOtherKindEndTheProgramFromTheStopOfAViewToo) {
   EXPECT_EQ(scene.LastBox().Title, "unknown...");
 }
 
-/// The views that other folders build, when they fail.
-class ForeignViewFailures : public shell_tests::TabBench {
- protected:
-  static void Fail() { throw Failure(HarmlessStop); }
-};
+TEST_F(TabFailures, InTheFormatDoNotLeaveTheRecorderBusy) {
+  scene.Settings.FileFormat = "EXCEL";
+  main.Option2[1].Value.Observe([] { throw Failure(HarmlessStop); });
+  main.Label10[3].Caption = std::string();
 
-TEST_F(ForeignViewFailures, InTheFormatDoNotLeaveTheRecorderBusy) {
-  AtFileFormat = Fail;
+  scene.Select(5);
 
-  main.TabStrip1.SelectedTab = 5;
-
-  EXPECT_FALSE(bench.State.RecorderBusy);
+  EXPECT_TRUE(main.Option2[1].Value);
+  EXPECT_FALSE(scene.State.RecorderBusy);
   EXPECT_EQ(main.Label10[3].Caption, "0s / 0 samples");
-  EXPECT_TRUE(bench.Dialogs.Shown.empty());
+  EXPECT_TRUE(scene.Dialogs.Shown.empty());
 }
 
-TEST_F(ForeignViewFailures, InTheReportDoNotKeepItsLogoBack) {
-  AtReportLayout = Fail;
+TEST_F(TabFailures, InTheReportDoNotKeepItsLogoBack) {
+  main.QuietLine[forms::quiet_line::Report].Caption.Observe([this] {
+    ++failures;
+    throw Failure(HarmlessStop);
+  });
 
-  main.TabStrip1.SelectedTab = 6;
+  scene.Select(6);
 
+  EXPECT_EQ(failures, 1);
   EXPECT_TRUE(main.Picture1[2].Visible);
-  EXPECT_TRUE(bench.Dialogs.Shown.empty());
+  EXPECT_TRUE(scene.Dialogs.Shown.empty());
 }
 
 }  // namespace

@@ -218,29 +218,27 @@ TEST_F(TabViews, KeepTheirNumbersWhenTheyAreLeft) {
   EXPECT_EQ(shown, "100.0000");
 }
 
-/// The views that other folders build.
-class ForeignViews : public shell_tests::TabBench {};
-
-TEST_F(ForeignViews, SelectTheFormatWhileTheRecorderIsBusyAndItsFormatsAreFree) {
+TEST_F(TabViews, SelectTheFormatWhileTheRecorderIsBusyAndItsFormatsAreFree) {
   std::vector<bool> states;
+  scene.Settings.FileFormat = "EXCEL";
   main.Option2[2].Enabled = false;
-  AtFileFormat = [&] {
-    states = {bench.State.RecorderBusy, main.Option2[2].Enabled, main.CWButton3.Visible};
-  };
+  main.Option2[1].Value.Observe([&] {
+    states = {scene.State.RecorderBusy, main.Option2[2].Enabled, main.CWButton3.Visible};
+  });
 
-  main.TabStrip1.SelectedTab = 5;
+  scene.Select(5);
 
   EXPECT_THAT(states, ::testing::ElementsAre(true, true, true));
-  EXPECT_FALSE(bench.State.RecorderBusy);
+  EXPECT_FALSE(scene.State.RecorderBusy);
 }
 
-TEST_F(ForeignViews, LayTheReportBehindItsButtonsAndBeforeItsLogo) {
+TEST_F(TabViews, LayTheReportBehindItsButtonsAndBeforeItsLogo) {
   std::vector<bool> states;
-  AtReportLayout = [&] {
+  main.QuietLine[forms::quiet_line::Report].Caption.Observe([&] {
     states = {main.Command2.Visible, main.Option3[6].Visible, main.Picture1[2].Visible};
-  };
+  });
 
-  main.TabStrip1.SelectedTab = 6;
+  scene.Select(6);
 
   EXPECT_THAT(states, ::testing::ElementsAre(true, true, false));
   EXPECT_TRUE(main.Picture1[2].Visible);

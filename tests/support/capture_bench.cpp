@@ -8,7 +8,12 @@ CaptureBench::CaptureBench() {
   Capture.AddAdapter("Bus");
   Settings.FilterContent = {"MU01", "MU02"};
   Present.UnitFormat = "0.00";
-  Main.Timer3.Interval = 1000;
+  Core.Upper.Views = Views;
+  Core.Upper.Recorder = Recorder;
+  Core.Upper.Report = Report;
+  Core.Upper.Finder = Report;
+  Core.Upper.Tabs = Tabs;
+  Core.Load();
   Block.Rebuild(Present.BaseSamples);
   Rings.Reserve(packetroutines::RecordRings::Cells);
   Acquisition.FillAdapterList();

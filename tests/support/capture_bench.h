@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "capture/capture_session.h"
-#include "capture/packet_dispatcher.h"
-#include "forms/main_form.h"
+#include "capture/acquisition.h"
+#include "config/configuration.h"
+#include "forms/windows.h"
 #include "support/fake_platform.h"
 #include "support/sv_frame.h"
 #include "support/watch.h"
@@ -22,7 +22,6 @@ class MockViews : public packetroutines::BlockConsumers {
   MOCK_METHOD(void, CalculateValues, (), (override));
   MOCK_METHOD(void, ClearValues, (), (override));
   MOCK_METHOD(void, UpdatePhases, (), (override));
-  MOCK_METHOD(void, BlockShown, (), (override));
 };
 
 class MockRecorder : public packetroutines::RecordConsumer {
@@ -33,8 +32,11 @@ class MockRecorder : public packetroutines::RecordConsumer {
 class MockReport : public packetroutines::ReportConsumer, public packetroutines::FinderConsumer {
  public:
   MOCK_METHOD(std::string, ReportAnalyse, (const packetroutines::PacketBytes& bytes), (override));
+  MOCK_METHOD(void, ReportEnded, (), (override));
   MOCK_METHOD(void, AddStreamToList, (const std::string& id), (override));
   MOCK_METHOD(void, UnloadIDlook, (), (override));
+  MOCK_METHOD(void, CaptureStopped, (), (override));
+  MOCK_METHOD(void, CaptureRefused, (), (override));
 };
 
 /// The tab controller's part in the core: a call is written into the journal.
@@ -52,39 +54,31 @@ class BenchTabs : public packetroutines::TabConsumer {
   Journal& journal_;
 };
 
-/// The acquisition core alone on a bench: a bus on one side, and in the place of the views, the
-/// recorder and the report mocks that write their calls into the journal. The timers run and do
-/// nothing. The contents "MU01" and "MU02" mark the two streams, and a block has 400 rows.
+/// The acquisition alone on a bench: a bus on one side, and in the place of the views, the recorder
+/// and the report mocks that write their calls into the journal. The contents "MU01" and "MU02"
+/// mark the two streams, and a block has 400 rows.
 class CaptureBench : public FakePlatform {
  public:
   CaptureBench();
 
-  forms::Main Main{Timers};
-  config::Settings Settings;
-  config::RunSettings Present;
-  packetroutines::AcquisitionState State;
-  packetroutines::BlockArrays Block;
-  packetroutines::RecordRings Rings;
+  forms::Windows Windows{Timers};
+  forms::Main& Main = Windows.Main;
+  config::Configuration Config{Main, {Store, Numbers, Folders, Printers, Dialogs, Runtime}};
+  config::Settings& Settings = Config.Settings;
+  config::RunSettings& Present = Config.Present;
+  platform::Services Services{Events, Dialogs, Runtime};
+  packetroutines::Acquisition Core{Main, Config, {Capture, Timers, Code, Numbers, Services}};
+  packetroutines::AcquisitionState& State = Core.State;
+  packetroutines::BlockArrays& Block = Core.Block;
+  packetroutines::RecordRings& Rings = Core.Rings;
+  packetroutines::CaptureSession& Acquisition = Core.Capture;
+  packetroutines::SampleLocator& Locator = Core.Locator;
+  packetroutines::SignalBuilder& Builder = Core.Builder;
+  packetroutines::PacketDispatcher& Dispatcher = Core.Packets;
   testing::NiceMock<MockViews> Views;
   testing::NiceMock<MockRecorder> Recorder;
   testing::NiceMock<MockReport> Report;
-  platform::Services Services{Events, Dialogs, Runtime};
-  packetroutines::CaptureSession Acquisition{
-      Capture, {Main, Main, Main, Main.Buttons()}, Settings, State, Dispatcher, Services};
   BenchTabs Tabs{Journal};
-  packetroutines::RetryBox Trouble{Dialogs, Tabs};
-  packetroutines::SampleLocator Locator{State, Trouble, Runtime};
-  packetroutines::SignalBuilder Builder{State, Block,   Rings,   Present,
-                                        Main,  Numbers, Trouble, Runtime};
-  packetroutines::PacketDispatcher Dispatcher{State,
-                                              Settings,
-                                              Present,
-                                              {Main, Main, Main},
-                                              Acquisition,
-                                              Locator,
-                                              Builder,
-                                              {Views, Recorder, Report, Report},
-                                              {Numbers, Code, Events, Dialogs, Trouble, Runtime}};
 
   /// The start path of a view: the next frame sets the frame length, the adapter is set up and
   /// capture starts in `mode`.

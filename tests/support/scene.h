@@ -27,12 +27,12 @@ class Scene : public FakePlatform {
   formroutines::Application App{{Timers, Events, Dialogs, Runtime, Store, Capture, Code, Numbers,
                                  Disk, Links, Calendar, &Folders, &Printers, &Surface, &Clipboard,
                                  &Pointer, &Screen}};
-  forms::Main& Main = App.Main;
+  forms::Main& Main = App.Windows.Main;
   RecordingCanvas PhasorPicture{Main.phasordiagram};
-  config::Settings& Settings = App.Settings;
-  config::RunSettings& Present = App.Present;
-  packetroutines::AcquisitionState& State = App.State;
-  packetroutines::BlockArrays& Block = App.Block;
+  config::Settings& Settings = App.Config.Settings;
+  config::RunSettings& Present = App.Config.Present;
+  packetroutines::AcquisitionState& State = App.Acquisition.State;
+  packetroutines::BlockArrays& Block = App.Acquisition.Block;
 
   /// Start-up, the Values tab, and the content filters "MU01" and none; the journal begins anew.
   void Start();

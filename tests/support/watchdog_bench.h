@@ -4,9 +4,6 @@
 #include <optional>
 #include <string>
 
-#include "capture/button_release.h"
-#include "capture/no_data_watchdog.h"
-#include "capture/view_restart.h"
 #include "support/capture_bench.h"
 
 namespace support {
@@ -16,6 +13,7 @@ namespace support {
 class WatchdogBench : public CaptureBench, public packetroutines::TabConsumer {
  public:
   WatchdogBench() {
+    Core.Upper.Tabs = *this;
     ON_CALL(Report, UnloadIDlook).WillByDefault([this] { Called("unload IDlook"); });
     Watch(Main.Timer1.Enabled, "Timer1.Enabled");
     Watch(Main.Timer2.Enabled, "Timer2.Enabled");
@@ -59,11 +57,6 @@ class WatchdogBench : public CaptureBench, public packetroutines::TabConsumer {
     Journal.emplace_back(line);
     if (ConsumerFailure) throw platform::Failure(*ConsumerFailure);
   }
-
-  packetroutines::NoDataWatchdog watchdog_{State, Main,   Main.Buttons(), Acquisition,
-                                           *this, Report, Services};
-  packetroutines::ViewRestart restart_{State, Settings, Main, Main.Buttons(), Acquisition, Events};
-  packetroutines::ButtonRelease release_{Main, Main.Buttons()};
 };
 
 }  // namespace support

@@ -73,7 +73,7 @@ class ProgramWithoutAWindow : public testing::Test {
 
 TEST_F(ProgramWithoutAWindow, MeasuresRecordsAndEnds) {
   Do([this] { app_.Load(); });
-  forms::Main& main = app_.Main;
+  forms::Main& main = app_.Windows.Main;
   EXPECT_TRUE(dialogs_.Shown.empty()) << "no screen is asked for, and no printer";
   Do([&] {
     main.Text1[12].Text = "VORNIK-SIM-1";
@@ -109,7 +109,7 @@ TEST_F(ProgramWithoutAWindow, MeasuresRecordsAndEnds) {
 
 TEST_F(ProgramWithoutAWindow, DoesNothingWithWhatItsFaceLacks) {
   Do([this] { app_.Load(); });
-  forms::Main& main = app_.Main;
+  forms::Main& main = app_.Windows.Main;
   EXPECT_FALSE(main.Command1.Enabled) << "there is nothing to print on";
   EXPECT_EQ(main.StatusBar1.Panels[forms::status_panel::Printer].Text, "Standard printer:  ");
 
@@ -117,7 +117,7 @@ TEST_F(ProgramWithoutAWindow, DoesNothingWithWhatItsFaceLacks) {
   Do([&] { main.Command3.Click(); });
 
   EXPECT_TRUE(dialogs_.Shown.empty()) << "nothing was copied, so nothing is said";
-  EXPECT_EQ(app_.Settings.StoragePath, folder_.Path());
+  EXPECT_EQ(app_.Config.Settings.StoragePath, folder_.Path());
   EXPECT_FALSE(exitCode_);
 }
 

@@ -34,7 +34,7 @@ class SimulatedBus : public FrameSource {
 
   struct Stream {
     SvFrameWriter Writer;
-    std::array<SvSample, platform::SamplesAPeriod> Period;
+    std::array<SvSample, platform::SamplesAPeriod> Period{};
   };
 
   /// Writes the frame at the present place and moves on to the next place.

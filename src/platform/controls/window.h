@@ -22,6 +22,8 @@ class Window {
   Property<bool> Visible;
   /// The window is open: from its load, which showing it brings along, to its unload.
   Property<bool> Loaded;
+  /// The window was closed and is open from now on; nothing shows it yet.
+  Event<> Load;
   /// The window has a new size.
   Event<> Resize;
   /// How often the layout rules went through for a size; whoever shows the window lays its views
@@ -42,7 +44,7 @@ class Window {
     size(Width);
     size(Height);
     Visible.OnAssign([this](bool visible) {
-      if (visible && !Loaded) Loaded = true;
+      if (visible && !Loaded) Open();
       Visible.Store(visible);
     });
   }
@@ -55,7 +57,7 @@ class Window {
   }
   /// Opens the window as a modal one and returns when it was unloaded.
   void OpenModal() {
-    Loaded = true;
+    Open();
     ShowModal();
   }
   /// Closes the window, if it is open.
@@ -64,6 +66,12 @@ class Window {
     QueryUnload();
     Visible = false;
     Loaded = false;
+  }
+
+ private:
+  void Open() {
+    Loaded = true;
+    Load();
   }
 };
 

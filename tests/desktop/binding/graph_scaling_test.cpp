@@ -138,7 +138,7 @@ TEST_F(GraphScaling, TheBlocksAfterTheFirstLeaveWhatTheUserPanned) {
 
   WaitForTwoBlocks();
 
-  EXPECT_TRUE(Program().State.LookingForScope);
+  EXPECT_TRUE(Program().Acquisition.State.LookingForScope);
   ExpectRanges(pannedX, pannedY);
 }
 

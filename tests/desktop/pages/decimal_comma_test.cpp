@@ -41,7 +41,7 @@ class DecimalComma : public WindowScene {
     Click("CWButton3");
   }
   QString Place(const QString& extension) {
-    const QString name = QString::fromStdString(Program().State.RecordFileName);
+    const QString name = QString::fromStdString(Program().Acquisition.State.RecordFileName);
     return home_.filePath("StoredData/" + name.chopped(4) + extension);
   }
   static QByteArray Bytes(const QString& place) {

@@ -164,7 +164,7 @@ TEST_F(Phasors, WithoutDataTheRunButtonsStayLockedForASecondAfterTheDialog) {
   }
   EXPECT_FALSE(Find<QWidget>("CWButton2").isEnabled());
   EXPECT_EQ(Find<QAbstractButton>("CWButton2").text(), "RUN");
-  EXPECT_FALSE(Program().State.CaptureRunning);
+  EXPECT_FALSE(Program().Acquisition.State.CaptureRunning);
 
   ASSERT_TRUE(WaitFor([&] { return Find<QWidget>("CWButton2").isEnabled(); }));
   EXPECT_GE(clock_.Now() - *closed, std::chrono::milliseconds(1000));

@@ -26,7 +26,7 @@ class PrintingWindow : public WindowScene {
   void StartWithData(int tab) {
     Start();
     ASSERT_TRUE(QDir(home_.path()).mkpath("data"));
-    Program().Settings.StoragePath = home_.filePath("data").toStdString();
+    Program().Config.Settings.StoragePath = home_.filePath("data").toStdString();
     // The last printer is the PDF file, whatever others the computer has.
     Form().Combo2.ListIndex = Form().Combo2.ListCount() - 1;
     ClickTab(tab);
@@ -98,7 +98,7 @@ TEST_F(PrintingWindow, TheNameOfAFileFitsTheStatusBarInEverySize) {
 TEST_F(PrintingWindow, APathThatIsMissingIsNamedOnTheQuietLineAndInNoBox) {
   StartWithData(ReportTab);
   RunReport();
-  Program().Settings.StoragePath = home_.filePath("gone").toStdString();
+  Program().Config.Settings.StoragePath = home_.filePath("gone").toStdString();
   Click("Command4");
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
   auto& line = Find<QuietLine>(Member("QuietLine", 4));

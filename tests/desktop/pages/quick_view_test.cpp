@@ -83,7 +83,7 @@ TEST_F(QuickViewPage, NamesEachCurveWithItsUnitInItsColour) {
   for (std::size_t i = 0; i < 8; ++i) {
     CurveName& name = *Names()[static_cast<int>(i)];
     EXPECT_EQ(name.text().toStdString(),
-              Program().Settings.ChannelName[i] + (i < 4 ? " / [A]" : " / [kV]"));
+              Program().Config.Settings.ChannelName[i] + (i < 4 ? " / [A]" : " / [kV]"));
     const QColor colour = look::ColourOf(Form().CWGraph2.Plots[i].LineColor);
     EXPECT_GT(Pixels(name.grab().toImage(), colour), 40) << i;
     EXPECT_LE(name.fontMetrics().horizontalAdvance(name.text()), name.width() - 30) << i;

@@ -11,7 +11,7 @@ namespace {
 class RecorderEnd : public WindowScene {
  protected:
   QByteArray EndOf(const QString& pattern) {
-    const QDir folder(QString::fromStdString(Program().Settings.StoragePath));
+    const QDir folder(QString::fromStdString(Program().Config.Settings.StoragePath));
     const QStringList files = folder.entryList({pattern}, QDir::Files);
     if (files.size() != 1) return {};
     QFile file(folder.filePath(files[0]));
@@ -82,7 +82,8 @@ TEST_F(RecorderEnd, LeavesTheProgramRunningWhereItsFolderIsGone) {
   Click("Option2(0)");
   Click("CWButton3");
   ASSERT_TRUE(WaitFor([this] { return Form().CWButton3.Visible.Get(); }));
-  ASSERT_TRUE(QDir(QString::fromStdString(Program().Settings.StoragePath)).removeRecursively());
+  ASSERT_TRUE(
+      QDir(QString::fromStdString(Program().Config.Settings.StoragePath)).removeRecursively());
 
   Click("CWButton3");
 

@@ -148,15 +148,15 @@ TEST_F(StationsOnScreen, WriteControlCharactersOutAndKeepTheFilterExact) {
   auto& field = Find<QWidget>(Member("Text1", 12));
   QTest::keyClick(&field, Qt::Key_End);
   QTest::keyClick(&field, Qt::Key_X);
-  EXPECT_EQ(Program().Settings.FilterContent[0], id + "x");
+  EXPECT_EQ(Program().Config.Settings.FilterContent[0], id + "x");
   QTest::keyClick(&field, Qt::Key_Backspace);
-  EXPECT_EQ(Program().Settings.FilterContent[0], id);
+  EXPECT_EQ(Program().Config.Settings.FilterContent[0], id);
   // The next program reads it from its file as it was.
   QTest::qWait(50);
   program_.reset();
   Build();
   program_->Load();
-  EXPECT_EQ(Program().Settings.FilterContent[0], id);
+  EXPECT_EQ(Program().Config.Settings.FilterContent[0], id);
 }
 
 class FinderOnScreen : public WindowScene {};
@@ -165,7 +165,7 @@ TEST_F(FinderOnScreen, WritesControlCharactersOutAndTakesTheExactId) {
   const std::string id("MU01\0\n", 6);
   Start();
   ClickTab(SetupTab);
-  auto& look = Program().IDlook;
+  auto& look = Program().Windows.IDlook;
   QString shown;
   OnDialog([&](QDialog& dialog) {
     look.List1.Items = std::vector<platform::CheckItem>{{id, true}};
@@ -174,7 +174,7 @@ TEST_F(FinderOnScreen, WritesControlCharactersOutAndTakesTheExactId) {
   });
   Click("Command7");
   EXPECT_EQ(shown, "MU01\\0\\n");
-  EXPECT_EQ(Program().Settings.FilterContent[0], id);
+  EXPECT_EQ(Program().Config.Settings.FilterContent[0], id);
 }
 
 TEST_F(FinderOnScreen, TheLineOfAPageWritesThemOutToo) {

@@ -37,7 +37,7 @@ TEST_F(SetupStore, EveryFieldGoesToTheFileAsItIsTyped) {
   for (int channel = 0; channel < 8; ++channel) {
     const QString name = QStringLiteral("Bay %1").arg(channel + 1);
     Type(Member("Text1", channel + 4), name);
-    EXPECT_EQ(Program().Settings.ChannelName[static_cast<std::size_t>(channel)],
+    EXPECT_EQ(Program().Config.Settings.ChannelName[static_cast<std::size_t>(channel)],
               name.toStdString());
     EXPECT_EQ(Find<QAbstractButton>(Member("Check2", channel)).text(), name);
     auto& caption = Find<QLabel>(Member("Label6", channel));
@@ -48,8 +48,8 @@ TEST_F(SetupStore, EveryFieldGoesToTheFileAsItIsTyped) {
 TEST_F(SetupStore, TheSamplingsMakeTheArraysAnewAndAreNotReadBack) {
   GoSetup();
   Type(Member("Text1", 2), "200");
-  EXPECT_EQ(Program().Present.BaseSamples, 200);
-  EXPECT_EQ(Program().Block.SignalValues.Rows(), 200);
+  EXPECT_EQ(Program().Config.Present.BaseSamples, 200);
+  EXPECT_EQ(Program().Acquisition.Block.SignalValues.Rows(), 200);
   program_.reset();
   Start();
   EXPECT_EQ(Find<QLineEdit>(Member("Text1", 2)).text(), "400");
@@ -73,12 +73,12 @@ TEST_F(SetupStore, EverySettingAndTheLastTabComeBack) {
   program_.reset();
   Start();
   EXPECT_EQ(Form().TabStrip1.SelectedTab, ValuesTab);
-  EXPECT_EQ(Program().Settings.FilterString, "and vlan 7");
-  EXPECT_EQ(Program().Settings.StoragePath, "d:\\records");
-  EXPECT_EQ(Program().Settings.FilterContent[0], "MU-7");
-  EXPECT_EQ(Program().Settings.FilterContent[1], "MU-8");
-  EXPECT_EQ(Program().Settings.InternalDelay, 250);
-  EXPECT_EQ(Program().Settings.ChannelName[7], "Bay 1 & 2");
+  EXPECT_EQ(Program().Config.Settings.FilterString, "and vlan 7");
+  EXPECT_EQ(Program().Config.Settings.StoragePath, "d:\\records");
+  EXPECT_EQ(Program().Config.Settings.FilterContent[0], "MU-7");
+  EXPECT_EQ(Program().Config.Settings.FilterContent[1], "MU-8");
+  EXPECT_EQ(Program().Config.Settings.InternalDelay, 250);
+  EXPECT_EQ(Program().Config.Settings.ChannelName[7], "Bay 1 & 2");
   EXPECT_EQ(Find<QComboBox>("Combo3").currentIndex(), 9);
   EXPECT_EQ(Find<QComboBox>("Combo4(0)").currentIndex(), 1);
   EXPECT_EQ(Find<QComboBox>("Combo4(1)").currentIndex(), 2);

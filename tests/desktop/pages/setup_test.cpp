@@ -19,7 +19,7 @@ class Setup : public WindowScene {
 TEST_F(Setup, TypingAFilterChangesTheSettingAndTheStationChoice) {
   GoSetup();
   Type(Member("Text1", 12), "MU-7");
-  EXPECT_EQ(Program().Settings.FilterContent[0], "MU-7");
+  EXPECT_EQ(Program().Config.Settings.FilterContent[0], "MU-7");
   EXPECT_EQ(Find<QAbstractButton>(Member("Option3", 0)).text(), "MU-7");
   EXPECT_TRUE(WaitFor([&] { return Stored("FilterContentString") == "MU-7"; }));
 }
@@ -29,7 +29,7 @@ TEST_F(Setup, ADoubleClickEmptiesAContentField) {
   Type(Member("Text1", 12), "MU-7");
   QTest::mouseDClick(&Field(12), Qt::LeftButton);
   EXPECT_EQ(Field(12).text(), "");
-  EXPECT_EQ(Program().Settings.FilterContent[0], "not yet determinated");
+  EXPECT_EQ(Program().Config.Settings.FilterContent[0], "not yet determinated");
 }
 
 TEST_F(Setup, ADoubleClickInAnotherFieldLeavesItsText) {
@@ -45,8 +45,8 @@ TEST_F(Setup, AChosenFormatIsTaken) {
   list.setFocus();
   QTest::keyClick(&list, Qt::Key_Down);
   QTest::keyClick(&list, Qt::Key_Down);
-  EXPECT_EQ(Program().Settings.UnitResolution, 2);
-  EXPECT_EQ(Program().Present.UnitFormat, "###,###,##0.00");
+  EXPECT_EQ(Program().Config.Settings.UnitResolution, 2);
+  EXPECT_EQ(Program().Config.Present.UnitFormat, "###,###,##0.00");
 }
 
 TEST_F(Setup, AChosenUnitShowsInTheCaptionsOfTheReadings) {
@@ -54,7 +54,7 @@ TEST_F(Setup, AChosenUnitShowsInTheCaptionsOfTheReadings) {
   auto& list = Find<QComboBox>(Member("Combo4", 0));
   list.setFocus();
   QTest::keyClick(&list, Qt::Key_End);
-  EXPECT_EQ(Program().Settings.UnitCurrent, 1);
+  EXPECT_EQ(Program().Config.Settings.UnitCurrent, 1);
   auto& caption = Find<QLabel>(Member("Label6", 0));
   EXPECT_TRUE(WaitFor([&] { return caption.text() == "Current Sensor A / [mA]"; }));
 }
@@ -76,14 +76,14 @@ TEST_F(Setup, TheWheelLeavesAListThatWasNotChosenFirst) {
   QWheelEvent turn(QPointF(5, 5), list.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
                    Qt::NoModifier, Qt::NoScrollPhase, false);
   QApplication::sendEvent(&list, &turn);
-  EXPECT_EQ(Program().Settings.UnitResolution, 0);
+  EXPECT_EQ(Program().Config.Settings.UnitResolution, 0);
 }
 
 TEST_F(Setup, TypingANameStopsAtItsLimit) {
   GoSetup();
   Type(Member("Text1", 4), "123456789012345678901234567890");
   EXPECT_EQ(Field(4).text(), "123456789012345678901");
-  EXPECT_EQ(Program().Settings.ChannelName[0], "123456789012345678901");
+  EXPECT_EQ(Program().Config.Settings.ChannelName[0], "123456789012345678901");
 }
 
 TEST_F(Setup, ALongerNameFromTheProgramIsShownWholeAndCanOnlyGetShorter) {
@@ -91,15 +91,15 @@ TEST_F(Setup, ALongerNameFromTheProgramIsShownWholeAndCanOnlyGetShorter) {
   const std::string name = "a stored name of more than 21 characters";
   Form().Text1[4].Text = name;
   EXPECT_EQ(Field(4).text().toStdString(), name);
-  EXPECT_EQ(Program().Settings.ChannelName[0], name);
+  EXPECT_EQ(Program().Config.Settings.ChannelName[0], name);
   Field(4).setFocus();
   Field(4).setCursorPosition(1);
   QTest::keyClicks(&Field(4), "x");
-  EXPECT_EQ(Program().Settings.ChannelName[0], name);
+  EXPECT_EQ(Program().Config.Settings.ChannelName[0], name);
   QTest::keyClick(&Field(4), Qt::Key_Delete);
-  EXPECT_EQ(Program().Settings.ChannelName[0], "astored name of more than 21 characters");
+  EXPECT_EQ(Program().Config.Settings.ChannelName[0], "astored name of more than 21 characters");
   QTest::keyClicks(&Field(4), "xy");
-  EXPECT_EQ(Program().Settings.ChannelName[0], "astored name of more than 21 characters");
+  EXPECT_EQ(Program().Config.Settings.ChannelName[0], "astored name of more than 21 characters");
   EXPECT_EQ(Field(4).cursorPosition(), 1);
 }
 
@@ -113,9 +113,9 @@ TEST_F(Setup, ACaptionsKeyFocusesItsField) {
 TEST_F(Setup, ACheckBoxSetsItsValue) {
   GoSetup();
   Click("Check4");
-  EXPECT_TRUE(Program().Settings.ACDC);
+  EXPECT_TRUE(Program().Config.Settings.ACDC);
   Click("Check4");
-  EXPECT_FALSE(Program().Settings.ACDC);
+  EXPECT_FALSE(Program().Config.Settings.ACDC);
 }
 
 TEST_F(Setup, TheAdviceStandsThereOnlyWithAText) {
@@ -135,7 +135,7 @@ TEST_F(Setup, SettingsComeBackAtTheNextStart) {
   program_.reset();
   Start();
   EXPECT_EQ(Field(12).text().toStdString(), "MU, \"7\" \\ \xC3\xA4");
-  EXPECT_EQ(Program().Settings.InternalDelay, 250);
+  EXPECT_EQ(Program().Config.Settings.InternalDelay, 250);
   EXPECT_EQ(Form().TabStrip1.SelectedTab, SetupTab);
 }
 
@@ -158,7 +158,7 @@ TEST_F(Setup, ATextThatIsNoNumberShowsTheRuntimesBoxAndEndsTheProgram) {
   EXPECT_EQ(title, "Vornik");
   EXPECT_EQ(text, "Run-time error '13':\n\nType mismatch");
   EXPECT_EQ(exitCode_, 1);
-  EXPECT_EQ(Program().Settings.FilterContent[0], "MU-7");
+  EXPECT_EQ(Program().Config.Settings.FilterContent[0], "MU-7");
 }
 
 }  // namespace

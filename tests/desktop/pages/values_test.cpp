@@ -33,7 +33,7 @@ TEST_F(Values, APressOnRunBringsTheNumbersAndStopEndsThem) {
   EXPECT_FALSE(Run().Position());
   EXPECT_EQ(Run().text(), "RUN");
   EXPECT_FALSE(CaptureShows());
-  EXPECT_FALSE(Program().State.CaptureRunning);
+  EXPECT_FALSE(Program().Acquisition.State.CaptureRunning);
 }
 
 TEST_F(Values, TheRunButtonIsLockedForASecondAroundEachChange) {
@@ -109,9 +109,9 @@ TEST_F(Values, AClickOnAReadingChoosesTheRealTimeChannel) {
   Start();
   GoMeasure();
   Click(Member("Label5", 5));
-  EXPECT_EQ(Program().State.RealTimeChannel, 6);
+  EXPECT_EQ(Program().Acquisition.State.RealTimeChannel, 6);
   QTest::keyClick(&Find<QWidget>(Member("Label5", 2)), Qt::Key_Space);
-  EXPECT_EQ(Program().State.RealTimeChannel, 3);
+  EXPECT_EQ(Program().Acquisition.State.RealTimeChannel, 3);
 }
 
 TEST_F(Values, InRealTimeModeTheChosenReadingFollowsTheStream) {

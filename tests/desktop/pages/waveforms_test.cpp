@@ -73,7 +73,7 @@ TEST_F(Waveforms, UntickingTheCurrentsScalesToTheVoltagesAtOnce) {
 
   EXPECT_FALSE(Graph().graph(0)->visible());
   EXPECT_LT(Y().upper, 63.509 * 1.41 * 1.2);
-  EXPECT_EQ(Program().Settings.SensorEnabled[3], 0);
+  EXPECT_EQ(Program().Config.Settings.SensorEnabled[3], 0);
 }
 
 TEST_F(Waveforms, UntickingRescalesDuringARunToo) {
@@ -81,7 +81,7 @@ TEST_F(Waveforms, UntickingRescalesDuringARunToo) {
 
   for (int i = 0; i < 4; ++i) Click(Member("Check2", i));
 
-  EXPECT_TRUE(Program().State.LookingForScope);
+  EXPECT_TRUE(Program().Acquisition.State.LookingForScope);
   EXPECT_LT(Y().upper, 63.509 * 1.41 * 1.2);
 }
 
@@ -162,16 +162,16 @@ TEST_F(Waveforms, ABlockIsDrawnOnce) {
   QObject::connect(&Graph(), &QCustomPlot::afterReplot, &Graph(), [&] { ++drawn; });
   QTest::qWait(100);
   drawn = 0;
-  auto before = Program().State.BlockCount;
+  auto before = Program().Acquisition.State.BlockCount;
   WaitForTwoBlocks();
-  EXPECT_EQ(drawn, Program().State.BlockCount - before);
+  EXPECT_EQ(drawn, Program().Acquisition.State.BlockCount - before);
 
   Click("sevOption1(2)");
   QTest::qWait(100);
   drawn = 0;
-  before = Program().State.BlockCount;
+  before = Program().Acquisition.State.BlockCount;
   WaitForTwoBlocks();
-  EXPECT_EQ(drawn, Program().State.BlockCount - before);
+  EXPECT_EQ(drawn, Program().Acquisition.State.BlockCount - before);
 }
 
 TEST_F(Waveforms, AChannelThatIsSwitchedOffIsDrawnOnceWithItsNewScale) {

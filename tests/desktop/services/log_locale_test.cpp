@@ -5,7 +5,7 @@
 
 #include "desktop/services/qt_calendar.h"
 #include "desktop/services/system_locale.h"
-#include "recorder/record_log.h"
+#include "recorder/reading/record_log.h"
 #include "support/fake_platform.h"
 #include "support/log_reading.h"
 #include "support/sv_frame.h"

@@ -31,7 +31,7 @@ class PdfText : public WindowScene {
   void StartWithData(int tab) {
     Start();
     ASSERT_TRUE(QDir(home_.path()).mkpath("data"));
-    Program().Settings.StoragePath = home_.filePath("data").toStdString();
+    Program().Config.Settings.StoragePath = home_.filePath("data").toStdString();
     // The last printer is the PDF file, whatever others the computer has.
     Form().Combo2.ListIndex = Form().Combo2.ListCount() - 1;
     ClickTab(tab);

@@ -29,7 +29,7 @@ class PrintedPage : public WindowScene {
   void PrintWaveforms() {
     Start();
     ASSERT_TRUE(QDir(home_.path()).mkpath("data"));
-    Program().Settings.StoragePath = home_.filePath("data").toStdString();
+    Program().Config.Settings.StoragePath = home_.filePath("data").toStdString();
     // The last printer is the PDF file, whatever others the computer has.
     Form().Combo2.ListIndex = Form().Combo2.ListCount() - 1;
     ClickTab(WaveformsTab);

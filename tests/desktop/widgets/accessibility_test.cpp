@@ -66,7 +66,7 @@ TEST_F(Accessibility, TheRealTimeValueCanBeReadAsItRuns) {
   EXPECT_EQ(NumberOf(4), "0.0000");
   Click("CWButton4");
   EXPECT_TRUE(WaitFor([this] { return NumberOf(4) == "63.5090"; }));
-  EXPECT_TRUE(Program().State.CaptureRunning);
+  EXPECT_TRUE(Program().Acquisition.State.CaptureRunning);
 }
 
 TEST_F(Accessibility, TheNumbersOfTheTableTellTheirChannelsAndUnits) {
@@ -104,18 +104,18 @@ TEST_F(Accessibility, ATextThatIsSetInAFieldOfTheSetupIsAChange) {
     Of(Member("Text1", i)).setText(QAccessible::Value, "60");
     EXPECT_EQ(Form().Text1[static_cast<std::size_t>(i)].Text, "60") << i;
   }
-  EXPECT_EQ(Program().Settings.BaseFrequency, 60.0F);
-  EXPECT_EQ(Program().Settings.FilterContent[1], "60");
+  EXPECT_EQ(Program().Config.Settings.BaseFrequency, 60.0F);
+  EXPECT_EQ(Program().Config.Settings.FilterContent[1], "60");
   EXPECT_TRUE(WaitFor([this] { return Stored("DataName A") == "60"; }));
 }
 
 TEST_F(Accessibility, ABoxThatIsTickedByAnAssistiveProgramIsAChange) {
   Start();
   ClickTab(SetupTab);
-  const bool before = Program().Settings.ACDC;
+  const bool before = Program().Config.Settings.ACDC;
 
   Of("Check4").actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
-  EXPECT_NE(Program().Settings.ACDC, before);
+  EXPECT_NE(Program().Config.Settings.ACDC, before);
 
   GoMeasure();
   Of(Member("Option3", 1)).actionInterface()->doAction(QAccessibleActionInterface::toggleAction());

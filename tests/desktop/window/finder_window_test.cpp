@@ -68,7 +68,7 @@ TEST_F(FinderWindow, IsUsedByKeysAloneWhileItsListGrows) {
   EXPECT_TRUE(checked.startsWith("VORNIK-SIM-")) << checked.toStdString();
   EXPECT_EQ(Find<QLineEdit>(Member("Text1", 12)).text(), checked);
   EXPECT_EQ(Find<QLineEdit>(Member("Text1", 14)).text(), "");
-  EXPECT_FALSE(Program().State.CaptureRunning);
+  EXPECT_FALSE(Program().Acquisition.State.CaptureRunning);
 }
 
 TEST_F(FinderWindow, TakesBothStationsByTheMouse) {
@@ -85,7 +85,7 @@ TEST_F(FinderWindow, TakesBothStationsByTheMouse) {
 TEST_F(FinderWindow, RefusesAThirdCheckWithABoxOnTopOfIt) {
   GoSetup();
   Search(0, [this](QDialog& dialog, QListWidget& list) {
-    Program().IDlook.List1.Items =
+    Program().Windows.IDlook.List1.Items =
         std::vector<platform::CheckItem>{{"A", true}, {"B", true}, {"C", false}};
     QString title;
     const QWidget* owner = nullptr;
@@ -113,8 +113,8 @@ TEST_F(FinderWindow, DoesNotHoldUpTheEndOfTheSession) {
     dialog.done(QDialog::Rejected);
   });
   EXPECT_EQ(exitCode_, 0);
-  EXPECT_FALSE(Program().State.CaptureRunning);
-  EXPECT_FALSE(Program().State.LookingForID);
+  EXPECT_FALSE(Program().Acquisition.State.CaptureRunning);
+  EXPECT_FALSE(Program().Acquisition.State.LookingForID);
 }
 
 }  // namespace

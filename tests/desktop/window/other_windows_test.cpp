@@ -53,7 +53,7 @@ TEST_F(OtherWindows, AFolderThatTheUserBrowsesToLandsInThePathField) {
   EXPECT_EQ(title, QString::fromUtf8("Bitte einen Ordner auswählen"));
   EXPECT_TRUE(foldersOnly);
   EXPECT_EQ(Find<QLineEdit>(Member("Text1", 3)).text(), folder);
-  EXPECT_EQ(Program().Settings.StoragePath, folder.toStdString());
+  EXPECT_EQ(Program().Config.Settings.StoragePath, folder.toStdString());
   EXPECT_TRUE(WaitFor([&] { return Stored("Path of stored data") == folder; }));
 }
 
@@ -71,7 +71,7 @@ TEST_F(OtherWindows, AFolderDialogThatIsCancelledChangesNothing) {
 
   EXPECT_TRUE(opened);
   EXPECT_EQ(Find<QLineEdit>(Member("Text1", 3)).text(), before);
-  EXPECT_EQ(Program().Settings.StoragePath, before.toStdString());
+  EXPECT_EQ(Program().Config.Settings.StoragePath, before.toStdString());
 }
 
 TEST_F(OtherWindows, TheRevisionHistoryOpensAndCloses) {
@@ -88,7 +88,7 @@ TEST_F(OtherWindows, TheRevisionHistoryOpensAndCloses) {
   EXPECT_TRUE(text.contains("\n- ")) << text.toStdString();
   EXPECT_TRUE(readOnly);
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
-  EXPECT_FALSE(Program().Revisionhistory.Window.Loaded);
+  EXPECT_FALSE(Program().Windows.Revisionhistory.Window.Loaded);
   bool again = false;
   OnDialog([&](QDialog& dialog) {
     again = true;
@@ -135,11 +135,11 @@ TEST_F(OtherWindows, TheRevisionHistoryOpensAtItsBeginningEachTime) {
 TEST_F(OtherWindows, TheDebugWindowStaysAwayAndADoubleClickEmptiesIt) {
   Start();
   EXPECT_EQ(DebugWindow(), nullptr);
-  Program().DebugWindow.Text1.Text = "trace";
-  Program().DebugWindow.Window.Visible = true;
+  Program().Windows.DebugWindow.Text1.Text = "trace";
+  Program().Windows.DebugWindow.Window.Visible = true;
   auto& area = Find<QAbstractScrollArea>("DebugWindow.Text1");
   QTest::mouseDClick(area.viewport(), Qt::LeftButton);
-  EXPECT_EQ(Program().DebugWindow.Text1.Text, "");
+  EXPECT_EQ(Program().Windows.DebugWindow.Text1.Text, "");
 }
 
 TEST_F(OtherWindows, TheDebugWindowIsNotBuiltForTheShutDown) {
@@ -151,10 +151,10 @@ TEST_F(OtherWindows, TheDebugWindowIsNotBuiltForTheShutDown) {
 
 TEST_F(OtherWindows, ADebugWindowThatWasLoadedButNeverShownIsUnloadedUnbuilt) {
   Start();
-  Program().DebugWindow.Window.Loaded = true;
+  Program().Windows.DebugWindow.Window.Loaded = true;
   ClickTab(ExitTab);
   EXPECT_TRUE(WaitFor([&] { return exitCode_ == 0; }));
-  EXPECT_FALSE(Program().DebugWindow.Window.Loaded);
+  EXPECT_FALSE(Program().Windows.DebugWindow.Window.Loaded);
   EXPECT_EQ(DebugWindow(), nullptr);
 }
 

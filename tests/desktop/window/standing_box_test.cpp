@@ -49,7 +49,7 @@ TEST_F(Boxes, NoFrameIsHandedOverAndNoTimerFiresBehindOne) {
   bool locked = false;
   RunIntoABox([&](QDialog& box) {
     EXPECT_EQ(box.windowTitle(), "unknown...");
-    EXPECT_TRUE(Program().State.CaptureRunning);
+    EXPECT_TRUE(Program().Acquisition.State.CaptureRunning);
     EXPECT_FALSE(Form().CWButton4.Enabled);
     EXPECT_TRUE(Form().Timer3.Enabled);
     const int before = readings_;
@@ -146,7 +146,7 @@ TEST_F(Boxes, ASignalFromBehindOneEndsTheProgramWithCaptureStopped) {
       EXPECT_TRUE(WaitFor([&] { return exitCode_.has_value(); })) << signal;
     });
     EXPECT_EQ(exitCode_, 0) << signal;
-    EXPECT_FALSE(Program().State.CaptureRunning) << signal;
+    EXPECT_FALSE(Program().Acquisition.State.CaptureRunning) << signal;
     program_.reset();
   }
 }
@@ -158,7 +158,7 @@ TEST_F(Boxes, TheEndOfTheSessionFromBehindOneEndsTheProgramWithCaptureStopped) {
     emit qGuiApp->commitDataRequest(*manager);
     EXPECT_EQ(exitCode_, 0);
   });
-  EXPECT_FALSE(Program().State.CaptureRunning);
+  EXPECT_FALSE(Program().Acquisition.State.CaptureRunning);
 }
 
 }  // namespace

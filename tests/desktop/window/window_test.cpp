@@ -83,7 +83,7 @@ TEST_F(Window, ClosingDuringARunningViewWaitsForItsButton) {
   Start();
   GoMeasure();
   Click("CWButton4");
-  ASSERT_TRUE(Program().State.CaptureRunning);
+  ASSERT_TRUE(Program().Acquisition.State.CaptureRunning);
   ASSERT_FALSE(Form().CWButton4.Enabled);
   const auto pressed = clock_.Now();
   program_->Window().close();
@@ -93,7 +93,7 @@ TEST_F(Window, ClosingDuringARunningViewWaitsForItsButton) {
   EXPECT_TRUE(WaitFor([&] { return exitCode_.has_value(); }));
   EXPECT_EQ(exitCode_, 0);
   EXPECT_GE(clock_.Now() - pressed, std::chrono::milliseconds(950));
-  EXPECT_FALSE(Program().State.CaptureRunning);
+  EXPECT_FALSE(Program().Acquisition.State.CaptureRunning);
 }
 
 TEST_F(Window, ARequestToTerminateStopsCaptureAndEndsTheProgram) {
@@ -103,11 +103,11 @@ TEST_F(Window, ARequestToTerminateStopsCaptureAndEndsTheProgram) {
     GoMeasure();
     const Termination termination([this] { program_->EndSession(); });
     Click("CWButton4");
-    ASSERT_TRUE(Program().State.CaptureRunning);
+    ASSERT_TRUE(Program().Acquisition.State.CaptureRunning);
     std::raise(signal);
     EXPECT_TRUE(WaitFor([&] { return exitCode_.has_value(); })) << signal;
     EXPECT_EQ(exitCode_, 0) << signal;
-    EXPECT_FALSE(Program().State.CaptureRunning) << signal;
+    EXPECT_FALSE(Program().Acquisition.State.CaptureRunning) << signal;
     program_.reset();
   }
 }
@@ -116,12 +116,12 @@ TEST_F(Window, TheEndOfTheSessionStopsCaptureAndEndsTheProgram) {
   Start();
   GoMeasure();
   Click("CWButton4");
-  ASSERT_TRUE(Program().State.CaptureRunning);
+  ASSERT_TRUE(Program().Acquisition.State.CaptureRunning);
   auto* manager = qGuiApp->findChild<QSessionManager*>();
   ASSERT_NE(manager, nullptr);
   emit qGuiApp->commitDataRequest(*manager);
   EXPECT_EQ(exitCode_, 0);
-  EXPECT_FALSE(Program().State.CaptureRunning);
+  EXPECT_FALSE(Program().Acquisition.State.CaptureRunning);
 }
 
 TEST_F(Window, EveryTabHasItsKey) {
@@ -161,7 +161,7 @@ TEST_F(Window, AResizeKeepsARunningView) {
   EXPECT_EQ(Form().Window.Width, 1300 * 15);
   EXPECT_EQ(Form().Window.Height, 900 * 15);
   EXPECT_EQ(Page(), ValuesTab);
-  EXPECT_TRUE(Program().State.LookingForValues);
+  EXPECT_TRUE(Program().Acquisition.State.LookingForValues);
   EXPECT_TRUE(Form().CWButton4.Value);
 }
 
@@ -244,7 +244,7 @@ TEST_F(Window, SettingsThatCannotBeSavedAreReportedOnce) {
   Type(Member("Text1", 12), "MU-7");
   QTest::qWait(200);
   EXPECT_EQ(boxes, 1);
-  EXPECT_EQ(Program().Settings.FilterContent[0], "MU-7");
+  EXPECT_EQ(Program().Config.Settings.FilterContent[0], "MU-7");
 }
 
 TEST_F(Window, AStoredSettingThatIsNoNumberEndsTheStartWithTheRuntimesBox) {

@@ -76,7 +76,7 @@ TEST_F(SixtySenders, BesideARecordingOfTwoStreams) {
   const double share = Share(RecordedMs);
   OnDialog([](QDialog& dialog) { dialog.reject(); });
   Press("CWButton3");
-  const QString name = QString::fromStdString(Program().State.RecordFileName);
+  const QString name = QString::fromStdString(Program().Acquisition.State.RecordFileName);
   const QString folder = home_.filePath("StoredData/");
   std::cout << "recording of two streams: " << share << " % of a core, "
             << LostIn(folder + "1_" + name) << " and " << LostIn(folder + "2_" + name)

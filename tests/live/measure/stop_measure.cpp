@@ -84,7 +84,8 @@ TEST_P(StopAtAnyMoment, LeavesNothingRunning) {
       ++stuck;
       std::cout << view.Name << ": no run at moment " << moment << ", the face says "
                 << (button.Position() ? "STOP" : "RUN") << (button.isEnabled() ? "" : ", locked")
-                << (Program().State.CaptureRunning ? ", capture runs" : "") << std::endl;
+                << (Program().Acquisition.State.CaptureRunning ? ", capture runs" : "")
+                << std::endl;
       continue;
     }
     {
@@ -92,7 +93,7 @@ TEST_P(StopAtAnyMoment, LeavesNothingRunning) {
       QTest::qWait(static_cast<int>(Cycle.count()));
     }
     QTest::qWait(SettleMs);
-    const bool running = Program().State.CaptureRunning || button.Position();
+    const bool running = Program().Acquisition.State.CaptureRunning || button.Position();
     if (!running) continue;
     ++left;
     std::cout << view.Name << ": still running behind the press at "

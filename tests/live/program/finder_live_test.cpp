@@ -114,9 +114,9 @@ TEST_F(FinderOnTheWire, IsClosedByTheDialogWhereNobodySends) {
   EXPECT_TRUE(words.contains("- run 'Find streams' on tab 'Setup'")) << words.toStdString();
   EXPECT_TRUE(lookedAt_.isEmpty());
   EXPECT_EQ(Field(12), "");
-  EXPECT_FALSE(Program().State.CaptureRunning);
-  EXPECT_FALSE(Program().State.LookingForID);
-  EXPECT_TRUE(Program().Settings.SetupDone);
+  EXPECT_FALSE(Program().Acquisition.State.CaptureRunning);
+  EXPECT_FALSE(Program().Acquisition.State.LookingForID);
+  EXPECT_TRUE(Program().Config.Settings.SetupDone);
 }
 
 TEST_F(FinderOnTheWire, KeepsWhatIsCheckedWhenTheBusFallsSilent) {
@@ -136,7 +136,7 @@ TEST_F(FinderOnTheWire, KeepsWhatIsCheckedWhenTheBusFallsSilent) {
   EXPECT_EQ(Field(14), "");
   // A lone stream stands in both choices of a view.
   for (int choice = 0; choice < 6; ++choice) EXPECT_EQ(Station(choice), "MU-A") << choice;
-  EXPECT_FALSE(Program().State.CaptureRunning);
+  EXPECT_FALSE(Program().Acquisition.State.CaptureRunning);
 }
 
 }  // namespace

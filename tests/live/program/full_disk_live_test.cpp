@@ -43,7 +43,7 @@ class FullDisk : public WindowScene {
 
   QString Folder() const { return home_.filePath("StoredData"); }
   QString Place(const QString& extension = {}) {
-    QString name = QString::fromStdString(Program().State.RecordFileName);
+    QString name = QString::fromStdString(Program().Acquisition.State.RecordFileName);
     if (!extension.isEmpty()) name = name.chopped(4) + extension;
     return Folder() + "/" + name;
   }
@@ -65,8 +65,8 @@ class FullDisk : public WindowScene {
     OnDialog([this](QDialog& dialog) {
       box_ = dialog.property("text").toString();
       title_ = dialog.windowTitle();
-      EXPECT_FALSE(Program().State.CaptureRunning);
-      EXPECT_FALSE(Program().State.LookingForRecording);
+      EXPECT_FALSE(Program().Acquisition.State.CaptureRunning);
+      EXPECT_FALSE(Program().Acquisition.State.LookingForRecording);
       EXPECT_FALSE(Form().Timer1.Enabled);
       EXPECT_TRUE(Button().Position()) << "the stop comes behind the box";
       OnDialog([this](QDialog& another) {
@@ -88,7 +88,7 @@ class FullDisk : public WindowScene {
     EXPECT_FALSE(Button().Position());
     EXPECT_TRUE(Button().isEnabled());
     EXPECT_TRUE(Button().isVisible());
-    EXPECT_FALSE(Program().State.CaptureRunning);
+    EXPECT_FALSE(Program().Acquisition.State.CaptureRunning);
   }
   /// The lines up to the one that the disk had no room for; each begins with its number.
   qsizetype WholeLines(const QByteArray& bytes, char separator) {

@@ -38,7 +38,7 @@ class MeasuringOnTheWire : public ProgramOnTheWire {
   /// Whether the frames in the block's rows came one after another. Frames that were handled while
   /// the block was being finished stand in its first rows already, hence the turn.
   bool BlockIsWhole() {
-    const auto& counts = Program().Block.SampleCount;
+    const auto& counts = Program().Acquisition.Block.SampleCount;
     const std::int32_t rows = counts.Count();
     int breaks = 0;
     for (std::int32_t row = 0; row < rows; ++row) {
@@ -97,7 +97,7 @@ TEST_F(MeasuringOnTheWire, ShowsEitherOfTwoStreamsOfDifferentLengthAtEachRun) {
       EXPECT_EQ(Number(0), 0) << "the readings of the last run are gone";
       ASSERT_TRUE(WaitForNumber(0, current)) << "choice " << choice << ", run " << run;
       Run();
-      EXPECT_FALSE(Program().State.CaptureRunning);
+      EXPECT_FALSE(Program().Acquisition.State.CaptureRunning);
     }
   }
 }
@@ -113,16 +113,16 @@ TEST_F(MeasuringOnTheWire, LosesNoFrameOfItsBlocks) {
   int judged = 0;
   bool wasRunning = true;
   qint64 longest = 0;
-  std::int32_t last = Program().State.BlockCount;
+  std::int32_t last = Program().Acquisition.State.BlockCount;
   QElapsedTimer sinceLook;
   sinceLook.start();
   QTimer look;
   look.callOnTimeout([&] {
     const qint64 stall = sinceLook.restart();
-    if (std::exchange(wasRunning, Program().State.CaptureRunning))
+    if (std::exchange(wasRunning, Program().Acquisition.State.CaptureRunning))
       longest = std::max(longest, stall);
-    if (Program().State.BlockCount == last) return;
-    last = Program().State.BlockCount;
+    if (Program().Acquisition.State.BlockCount == last) return;
+    last = Program().Acquisition.State.BlockCount;
     if (std::exchange(longest, 0) > 100) return;
     ++judged;
     EXPECT_TRUE(BlockIsWhole()) << "block " << last;
@@ -148,7 +148,7 @@ TEST_F(MeasuringOnTheWire, NoticesAStreamThatDied) {
   EXPECT_TRUE(words.contains("No data received!")) << words.toStdString();
   EXPECT_TRUE(WaitFor([this] { return Find<RunButton>("CWButton4").isEnabled(); }));
   EXPECT_FALSE(Find<RunButton>("CWButton4").Position());
-  EXPECT_FALSE(Program().State.CaptureRunning);
+  EXPECT_FALSE(Program().Acquisition.State.CaptureRunning);
 }
 
 TEST_F(MeasuringOnTheWire, OutlivesAStartWithItsInterfaceGone) {
@@ -172,7 +172,7 @@ TEST_F(MeasuringOnTheWire, OutlivesAStartWithItsInterfaceGone) {
       << boxes[0].toStdString();
   EXPECT_TRUE(boxes[1].contains("No data received!")) << boxes[1].toStdString();
   EXPECT_FALSE(exitCode_) << "the program ended";
-  EXPECT_FALSE(Program().State.CaptureRunning);
+  EXPECT_FALSE(Program().Acquisition.State.CaptureRunning);
 
   live::LayWire();
   const Publisher publisher(std::string("--duration 9 ") + TwoStreams);
@@ -186,7 +186,7 @@ TEST_F(MeasuringOnTheWire, GoesOnWhenAnInterfaceThatWasTakenAwayInABlockIsBack) 
   Type(Member("Text1", 2), "80000");
   ClickTab(ValuesTab);
   const auto line = [this] { return Find<QLabel>(Member("QuietLine", 0)).text(); };
-  const auto held = [this] { return Program().State.Counters.Streams[0].HeldId; };
+  const auto held = [this] { return Program().Acquisition.State.Counters.Streams[0].HeldId; };
   {
     const Publisher publisher(std::string("--duration 20 ") + TwoStreams + " 2>/dev/null");
     Run();
@@ -232,7 +232,7 @@ TEST_F(MeasuringOnTheWire, FollowsOneChannelFrameByFrame) {
   ASSERT_TRUE(WaitForNumber(0, 400));
   QTest::qWait(300);
 
-  EXPECT_TRUE(Program().State.CaptureRunning);
+  EXPECT_TRUE(Program().Acquisition.State.CaptureRunning);
   EXPECT_EQ(Reading(1), "0.0000");
 }
 
@@ -250,7 +250,7 @@ TEST_F(MeasuringOnTheWire, FollowsTheOtherStationWhoseSamplesStandElsewhere) {
   for (const auto& [choice, current] : {std::pair{0, 400.0}, {1, 150.0}, {0, 400.0}, {1, 150.0}}) {
     Click(Member("Option3", choice));
     ASSERT_TRUE(WaitForNumber(0, current)) << "choice " << choice << ": " << Number(0);
-    EXPECT_TRUE(Program().State.CaptureRunning);
+    EXPECT_TRUE(Program().Acquisition.State.CaptureRunning);
   }
 }
 

@@ -94,7 +94,7 @@ class RecordingOnTheWire : public WireScene {
   /// About how many frames of each of two streams came since RUN and were not handled yet.
   std::int64_t Waiting() {
     // Nine blocks are counted a ring.
-    const std::int64_t handled = std::int64_t{Program().State.BlockCount} * 4000 / 9;
+    const std::int64_t handled = std::int64_t{Program().Acquisition.State.BlockCount} * 4000 / 9;
     return (Arrived() - arrivedBefore_) / 2 - handled;
   }
   /// Whether this machine held the program up for longer than the buffer lasts, or all but, so that
@@ -129,7 +129,7 @@ class RecordingOnTheWire : public WireScene {
                      record + "' --to-the-end " + streams + " " + sent_);
   }
   void ExpectAllStored(const std::string& streams) {
-    name_ = Program().State.RecordFileName;
+    name_ = Program().Acquisition.State.RecordFileName;
     // A second worksheet is finished when the program ends.
     program_.reset();
     if (MachineWasBusy()) GTEST_SKIP() << "this machine held the program up";

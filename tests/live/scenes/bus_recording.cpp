@@ -72,8 +72,8 @@ void BusScene::Record(const std::string& first, const std::string& second) {
   tap.TakeAllTo(sent);
   ASSERT_EQ(tap.Missed(), 0U);
   const std::string folder = home_.filePath("StoredData").toStdString() + "/";
-  ExpectStored(Unit(first), sent, folder + "1_" + Program().State.RecordFileName);
-  ExpectStored(Unit(second), sent, folder + "2_" + Program().State.RecordFileName);
+  ExpectStored(Unit(first), sent, folder + "1_" + Program().Acquisition.State.RecordFileName);
+  ExpectStored(Unit(second), sent, folder + "2_" + Program().Acquisition.State.RecordFileName);
 }
 
 void BusScene::ExpectStored(const BusUnit& unit, const std::vector<Frame>& sent,

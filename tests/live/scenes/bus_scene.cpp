@@ -92,7 +92,7 @@ void BusScene::ExpectAllListed(QDialog& finder) {
   for (const QString& id : lookedAt_)
     EXPECT_TRUE(ids.contains(id)) << "no sender has " << Plain(id);
   std::vector<std::string> listed;
-  for (const platform::CheckItem& item : Program().IDlook.List1.Items.Get()) {
+  for (const platform::CheckItem& item : Program().Windows.IDlook.List1.Items.Get()) {
     listed.push_back(item.Text);
   }
   std::vector<std::string> expected;
@@ -102,7 +102,7 @@ void BusScene::ExpectAllListed(QDialog& finder) {
 }
 
 void BusScene::CheckBoth(QDialog& finder, std::string& first, std::string& second) {
-  const std::vector<platform::CheckItem> items = Program().IDlook.List1.Items;
+  const std::vector<platform::CheckItem> items = Program().Windows.IDlook.List1.Items;
   const auto rowOf = [&](const std::string& id) {
     const auto item =
         std::find_if(items.begin(), items.end(),
@@ -185,7 +185,7 @@ void BusScene::ShowValues(const std::string& first, const std::string& second) {
     EXPECT_TRUE(WaitForReadings(Unit(id))) << id << ": " << Readings();
   }
   Press("CWButton4");
-  EXPECT_FALSE(Program().State.CaptureRunning);
+  EXPECT_FALSE(Program().Acquisition.State.CaptureRunning);
 }
 
 void BusScene::ShowPhasor(const std::string& id) {
@@ -211,7 +211,7 @@ void BusScene::ShowPhasor(const std::string& id) {
   EXPECT_TRUE(WaitFor([&] { return std::all_of(channels.begin(), channels.end(), isShown); }))
       << id << ", current A: " << cell(0, 1) << " at " << cell(0, 2);
   Press("CWButton2");
-  ASSERT_TRUE(WaitFor([this] { return !Program().State.CaptureRunning; }));
+  ASSERT_TRUE(WaitFor([this] { return !Program().Acquisition.State.CaptureRunning; }));
 }
 
 void BusScene::ShowWaveforms(const std::string& id) {

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+
+#include "capture/acquisition_state.h"
+#include "config/settings.h"
+#include "recorder/writing/file_numbers.h"
+#include "recorder/writing/record_names.h"
+#include "recorder/writing/recorder_services.h"
+#include "recorder/writing/sample_formats.h"
+
+namespace packetroutines {
+
+/// The latest recording and what it is read back with: the settings that it was made with, where it
+/// lies, and what the program has open, worksheets too. The names are those of one stream; the
+/// files of two streams bear prefixes, and nothing here finds them.
+struct ReadingContext {
+  const config::Settings& Settings;
+  const config::RunSettings& Present;
+  const AcquisitionState& State;
+  const SampleFormats& Formats;
+  FileNumbers& Open;
+  RecorderServices Services;
+
+  std::string Path() const { return PathOf(State.RecordFileName); }
+  std::string LogPath() const { return PathOf("Errorlog " + State.RecordFileName); }
+
+ private:
+  std::string PathOf(const std::string& name) const {
+    return RecordPath(Services.Files, Settings, name);
+  }
+};
+
+}  // namespace packetroutines

@@ -1,0 +1,108 @@
+#include "recorder/recorder.h"
+
+#include <string>
+
+#include "base/raised.h"
+#include "capture/record_progress.h"
+#include "config/setup_view.h"
+
+namespace subroutines {
+
+using platform::Crlf;
+namespace line = forms::record_line;
+
+Recorder::Recorder(forms::Main& main, config::Configuration& config,
+                   packetroutines::Acquisition& acquisition,
+                   const packetroutines::RecorderServices& services)
+    : Writing(main, config.Settings, config.Present, acquisition.State, acquisition.Rings,
+              services),
+      Reading({config.Settings, config.Present, acquisition.State, Writing.Formats, Writing.Open,
+               services},
+              acquisition.Packets.Bytes(), main),
+      Session(main, acquisition.Run, config.Settings, config.Stored, acquisition.State,
+              acquisition.Capture, Writing, services),
+      Trigger(main, main, config.Settings, services.Numbers),
+      main_(main),
+      config_(config),
+      state_(acquisition.State),
+      upper_(acquisition.Upper),
+      services_(services) {
+  Writing.End = Session;
+  Session.Reader = Reading;
+  acquisition.Upper.Recorder = Writing.Samples;
+}
+
+void Recorder::Load() {
+  Session.Load();
+  Trigger.Load();
+}
+
+void Recorder::Withdraw() {
+  main_.CWButton3.Visible = false;
+}
+
+void Recorder::Hide() {
+  main_.Command9.Visible = false;
+  main_.CWGraph2.Visible = false;
+  main_.CWGraph2.TrackMode = platform::CWGraph::PanMode;
+  main_.Picture1[forms::logo::Recorder].Visible = false;
+}
+
+void Recorder::CloseFiles() {
+  for (packetroutines::SampleFormat* format : Writing.Formats) format->Finish();
+}
+
+void Recorder::Show(const platform::Routine& run) {
+  main_.Picture1[forms::logo::Recorder].Visible = true;
+  main_.CWButton3.Visible = true;
+  {
+    const platform::Raised busy(state_.RecorderBusy);
+    main_.CWButton3.Value = false;
+    for (platform::OptionButton& format : main_.Option2) format.Enabled = true;
+    Session.ShowFileFormat();
+  }
+  ResetProgress();
+  if (PathExists(services_.Files, config_.Settings.StoragePath)) {
+    ShowPaths();
+  } else {
+    RefusePath(run);
+  }
+}
+
+void Recorder::ResetProgress() {
+  main_.Label10[line::SecondPath].Visible = false;
+  platform::Label& progress = main_.Label10[line::Progress];
+  progress.ForeColor = platform::Rgb{0, 0, 0};
+  progress.FontBold = false;
+  progress.Caption = packetroutines::RecordProgress(services_.Numbers, 0);
+}
+
+void Recorder::RefusePath(const platform::Routine& run) {
+  run([&] { services_.Usual.Events.Pump(); },
+      [&] {
+        services_.Usual.Dialogs.Show(
+            {"Attention",
+             std::string("The given path under 'Setup' is not available!") + Crlf +
+                 "Please check the specified path for errors.",
+             platform::Icon::Exclamation});
+      },
+      [&] {
+        main_.Text1[forms::setup_field::StoragePath].SetFocus();
+        main_.TabStrip1.SelectedTab = forms::tab::Setup;
+      },
+      [&] { upper_.Tabs->TabChange(); });
+}
+
+void Recorder::ShowPaths() {
+  // The name that stands for a recording until its start, whatever the format is.
+  const std::string placeholder = packetroutines::RecordPlaceholder(Writing.Text.Facts.Extension);
+  if (state_.RecordFileName.empty()) state_.RecordFileName = placeholder;
+  const auto path = [&](const std::string& name) {
+    return packetroutines::RecordPath(services_.Files, config_.Settings, name);
+  };
+  main_.Label10[line::FirstPath].Caption = path(placeholder);
+  main_.Label10[line::SecondPath].Caption = path(packetroutines::SecondPrefix + placeholder);
+  if (config_.Stations.HasSecondStream()) main_.Label10[line::SecondPath].Visible = true;
+}
+
+}  // namespace subroutines

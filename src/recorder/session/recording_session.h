@@ -1,0 +1,97 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include "base/plug.h"
+#include "base/trap.h"
+#include "capture/acquisition_state.h"
+#include "capture/capture_session.h"
+#include "capture/run_control.h"
+#include "config/stored_settings.h"
+#include "forms/recorder_controls.h"
+#include "recorder/reading/record_reader.h"
+#include "recorder/session/session_files.h"
+#include "recorder/writing/recorder_services.h"
+#include "recorder/writing/recording_end.h"
+#include "recorder/writing/writing.h"
+
+namespace subroutines {
+
+/// A recording from RUN to STOP: the button, the choice of the format, the name of the files, and
+/// what is done in which order when a recording begins and ends. It always starts at once; nothing
+/// is written before the first ring is full.
+///
+/// A start and a stop pump, and are entered again by what comes in: the phase decides what a press
+/// means. What fails in them is told on the view's line, and the steps behind it are done all the
+/// same, so that a recording that has lost its disk ends like any other.
+class RecordingSession : public packetroutines::RecordingEnd {
+ public:
+  RecordingSession(forms::RecorderControls& recorder, packetroutines::RunControl& run,
+                   config::Settings& settings, StoredSettings& stored,
+                   packetroutines::AcquisitionState& state, packetroutines::CaptureSession& capture,
+                   packetroutines::Writing& writing,
+                   const packetroutines::RecorderServices& services);
+
+  /// What follows a recording.
+  platform::Plug<packetroutines::RecordReader> Reader;
+
+  /// The first state of the view's button.
+  void Load();
+  /// Selects the choice that matches the stored format; an unknown one selects nothing.
+  void ShowFileFormat();
+  /// A recording is being started or finished; in its pumps capture rests, and the run goes on.
+  bool InHand() const { return phase_ == Phase::Starting || phase_ == Phase::Stopping; }
+  void StopAtRowLimit() override { StopAt(0); }
+  void StopAtRowLimit2() override { StopAt(1); }
+  void StopOnFullDisk() override;
+
+ private:
+  /// `Recording` stands until the next press also where a change of the tab has ended the run.
+  enum class Phase { Idle, Starting, Recording, Stopping };
+  class Stopping;
+  /// What becomes of the frames that have arrived and wait: they are stored first, unless the ring
+  /// of one who ends the recording is not free for them.
+  enum class Arrived { Stored, Dropped };
+
+  void CWButton3_ValueChanged();
+  void Option2_Click(std::size_t index);
+
+  void Start();
+  platform::Flow Prepare();
+  void BeginProgress();
+  void LockFormats();
+  void NameFiles();
+  void DropStart();
+  void Stop(Arrived arrived);
+  void BuildLog(bool found);
+  void ShowRecorded(bool found);
+  void StopCapture(Arrived arrived);
+  void StopAt(std::size_t stream);
+  /// Another tab was entered since the press of RUN; its view is left alone.
+  bool Left() const { return visit_.Over(); }
+  /// The start may go on: its view is there, and its button was not pressed again.
+  bool GoesOn() const { return !Left() && recorder_.CWButton3.Value; }
+  /// What is recorded has a log and a quick view.
+  bool HasLog() const;
+  std::string PathOf(const std::string& name) const;
+  /// Sets the button without any step of a recording.
+  void SetQuietly(bool value);
+  void EnableFormats(bool enabled);
+  platform::Label& Line(std::size_t line) { return recorder_.Label10[line]; }
+
+  forms::RecorderControls& recorder_;
+  packetroutines::RunControl& run_;
+  config::Settings& settings_;
+  StoredSettings& stored_;
+  packetroutines::AcquisitionState& state_;
+  packetroutines::CaptureSession& capture_;
+  packetroutines::Writing& writing_;
+  packetroutines::RecorderServices services_;
+  packetroutines::SessionFiles files_;
+  Phase phase_ = Phase::Idle;
+  /// On the page, from the press of RUN on.
+  packetroutines::PageVisit visit_;
+};
+
+}  // namespace subroutines

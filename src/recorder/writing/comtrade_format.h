@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "base/failure.h"
+#include "recorder/writing/sample_format.h"
+
+namespace packetroutines {
+
+inline constexpr FormatFacts ComtradeFacts{"COMTRADE", ".dat", Sequel::Nothing};
+
+/// Pairs of ASCII files in the manner of IEEE C37.111-1999: a data file with a line a sample, and a
+/// configuration file that tells what the fields are. The configuration is begun with the first
+/// ring and ended by the stop of the recording.
+class ComtradeFormat : public SampleFormat {
+ public:
+  explicit ComtradeFormat(const WritingContext& context) : SampleFormat(ComtradeFacts, context) {}
+
+  /// In front of the first ring the configuration is begun. The lines of the second stream show the
+  /// ring of the first one, in numbers without fixed decimals.
+  bool Write(std::size_t stream) override;
+  /// Ends the configuration; a box tells where that failed.
+  void End() override;
+  /// Appends the last lines of the configuration: rate, start and form of the data. It has no
+  /// prefix, so beside two streams it is a third one.
+  void FinishComtradeConfig();
+
+ private:
+  std::string ConfigPath(const std::string& prefix) const;
+  void BeginConfig(std::size_t stream);
+  void WriteFile(const std::string& lines);
+  void AppendLine(std::size_t stream, std::int64_t number, std::int16_t cell);
+  void TellOfEnd(const platform::Failure& met) const;
+  std::string WhatOfTheSamples() const;
+
+  /// The lines of a ring; it keeps its room from ring to ring.
+  std::string lines_;
+};
+
+}  // namespace packetroutines

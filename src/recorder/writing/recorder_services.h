@@ -1,0 +1,25 @@
+#pragma once
+
+#include "base/number_text.h"
+#include "platform/services/calendar.h"
+#include "platform/services/code_page.h"
+#include "platform/services/file_system.h"
+#include "platform/services/mouse_pointer.h"
+#include "platform/services/services.h"
+#include "platform/services/system_services.h"
+
+namespace packetroutines {
+
+/// What the recorder asks of the platform: the writing of a recording, its end, and what reads it
+/// back.
+struct RecorderServices {
+  platform::Services Usual;
+  const platform::CodePage& Code;
+  const platform::NumberText& Numbers;
+  platform::FileSystem& Files;
+  const platform::Calendar& Calendar;
+  platform::MousePointer& Pointer;
+  platform::ShellLinks& Links;
+};
+
+}  // namespace packetroutines

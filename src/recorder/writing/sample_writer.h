@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "base/failure.h"
+#include "capture/consumers.h"
+#include "forms/recorder_controls.h"
+#include "recorder/writing/sample_formats.h"
+#include "recorder/writing/writing_context.h"
+
+namespace packetroutines {
+
+/// Moves a full ring to disk, within the packet event that filled it. A full disk ends the
+/// recording; whatever else fails costs the ring and is told on the view alone.
+class SampleWriter : public RecordConsumer {
+ public:
+  SampleWriter(const WritingContext& context, const SampleFormats& formats,
+               forms::RecorderControls& recorder)
+      : context_(context), formats_(formats), recorder_(recorder) {}
+
+  /// The ring of stream 0 or 1 is full.
+  void WriteRecordBlock(std::int16_t selector) override;
+
+ private:
+  void Write(std::size_t stream);
+  void OnFailure(std::size_t stream, const platform::Failure& failure);
+
+  WritingContext context_;
+  const SampleFormats& formats_;
+  forms::RecorderControls& recorder_;
+};
+
+}  // namespace packetroutines

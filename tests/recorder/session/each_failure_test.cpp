@@ -1,0 +1,93 @@
+// A short recording with its log and its quick view, of which each single work on a file fails
+// once.
+
+#include <tuple>
+
+#include "recorder/recorder_bench.h"
+
+namespace recorder_tests {
+namespace {
+
+using testing::IsEmpty;
+
+/// A kind of work on files: how often it was asked for, and the one that fails.
+struct Work {
+  const char* Name;
+  int support::FailingFiles::*Count;
+  int support::FailingFiles::*Failing;
+};
+constexpr Work Works[] = {
+    {"opening", &support::FailingFiles::Opens, &support::FailingFiles::FailingOpen},
+    {"closing", &support::FailingFiles::Closes, &support::FailingFiles::FailingClose},
+    {"reading", &support::FailingFiles::Reads, &support::FailingFiles::FailingRead},
+};
+
+class EachFailure : public testing::TestWithParam<std::tuple<const char*, bool, std::int32_t>> {
+ protected:
+  static const char* Format() { return std::get<0>(GetParam()); }
+  static bool Both() { return std::get<1>(GetParam()); }
+
+  /// RUN, two rings of the first stream around one of the second, STOP.
+  static void Record(ReadingBench& bench) {
+    if (Both()) bench.TakeBoth();
+    bench.Run(Format());
+    bench.Frames(1);
+    bench.Fill(0);
+    bench.Fill(1);
+    bench.WriteRing(0, 9);
+    if (Both() && bench.Main.CWButton3.Value) bench.WriteRing(1, 9);
+    if (bench.Main.CWButton3.Value) bench.WriteRing(0, 18);
+    bench.Stop();
+  }
+
+  static void ExpectRest(const ReadingBench& bench) {
+    EXPECT_FALSE(bench.Main.CWButton3.Value);
+    EXPECT_FALSE(bench.State.CaptureRunning);
+    EXPECT_FALSE(bench.State.RecorderBusy);
+    EXPECT_FALSE(bench.Writing.Open.IsOpen(packetroutines::TextFile));
+    EXPECT_FALSE(bench.Main.ProgressBar1.Visible);
+    EXPECT_FALSE(bench.Pointer.Hourglass);
+    for (const auto& format : bench.Main.Option2) EXPECT_TRUE(format.Enabled);
+    EXPECT_EQ(bench.Caption(forms::record_line::Progress).find("analysis"), std::string::npos);
+  }
+};
+
+TEST_P(EachFailure, IsToldOnceAndLeavesARecorderThatRecordsAgain) {
+  ReadingBench sound;
+  Record(sound);
+  ASSERT_THAT(sound.Dialogs.Shown, IsEmpty());
+  ASSERT_EQ(sound.Main.NotStored.Caption, "");
+  for (const Work& work : Works) {
+    for (int n = 1; n <= sound.Disk.*work.Count; ++n) {
+      SCOPED_TRACE(work.Name + std::string(" ") + std::to_string(n));
+      ReadingBench failing;
+      failing.Disk.*work.Failing = n;
+      failing.Disk.Number = std::get<2>(GetParam());
+      ASSERT_NO_THROW(Record(failing));
+      ExpectRest(failing);
+      EXPECT_LE(failing.Dialogs.Shown.size(), 1U);
+      for (const platform::Message& box : failing.Dialogs.Shown) {
+        EXPECT_NE(box.Title, "unknown exception");
+      }
+      failing.Files.Stored.clear();
+      failing.Dialogs.Shown.clear();
+      ASSERT_NO_THROW(Record(failing));
+      ExpectRest(failing);
+      EXPECT_EQ(failing.Main.NotStored.Caption, "");
+      EXPECT_THAT(failing.Dialogs.Shown, IsEmpty());
+      EXPECT_TRUE(failing.Files.Stored == sound.Files.Stored);
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Formats, EachFailure,
+                         testing::Combine(testing::Values("TXT", "EXCEL", "COMTRADE"),
+                                          testing::Bool(), testing::Values(61, 57)),
+                         [](const auto& scene) {
+                           return std::string(std::get<0>(scene.param)) +
+                                  (std::get<1>(scene.param) ? "Two" : "One") +
+                                  (std::get<2>(scene.param) == 61 ? "FullDisk" : "DeviceError");
+                         });
+
+}  // namespace
+}  // namespace recorder_tests
