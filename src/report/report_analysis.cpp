@@ -78,32 +78,39 @@ const std::string& ReportAnalysis::ChosenStation() const {
 bool ReportAnalysis::ReportAnalyse(const PacketBytes& bytes, std::string& id) {
   // Each search begins where the one before it ended.
   std::size_t position = 0;
-  const Flow flow = run_([&] { ShowHead(false); }, [&] { digits_.Take(bytes); },
-                         [&] { WriteHead(); }, [&] { position = digits_.AsduCount(); },
-                         [&] { WriteLength(row::Sequence, position + 8); },
-                         [&] { WriteLength(row::FirstAsdu, position + 12); },
-                         [&] { position = digits_.StationTag(position); },
-                         [&] { id += code_.ToUtf8(digits_.StationId(position)); },
-                         [&] {
-                           const bool other = present_.StreamCount > 1 && ChosenStation() != id;
-                           return other ? Flow::Leave : Flow::Next;
-                         },
-                         [&] { report_.Label8[row::StationId].Caption = id; },
-                         [&] { ShowHead(true); }, [&] { WriteFields(position); });
+  const Flow flow = run_(
+      [&] {
+        ShowHead(false);
+        digits_.Take(bytes);
+        position = digits_.AsduCount();
+      },
+      [&] { WriteHead(); }, [&] { WriteLength(row::Sequence, position + 8); },
+      [&] { WriteLength(row::FirstAsdu, position + 12); },
+      [&] {
+        position = digits_.StationTag(position);
+        id += code_.ToUtf8(digits_.StationId(position));
+        const bool other = present_.StreamCount > 1 && ChosenStation() != id;
+        return other ? Flow::Leave : Flow::Next;
+      },
+      [&] { report_.Label8[row::StationId].Caption = id; },
+      [&] {
+        ShowHead(true);
+        WriteFields(position);
+      });
   return flow == Flow::Next;
 }
 
 void ReportAnalysis::WriteFields(std::size_t position) {
+  // From here on a position is that of a length byte.
+  const std::size_t counter = digits_.Find("82", position + 2) + 2;
+  const std::size_t synchronisation = digits_.Find("85", counter + 2) + 2;
   run_(
-      // From here on the position is that of the length byte.
-      [&] { position = digits_.Find("82", position + 2) + 2; },
       [&] {
-        const std::int32_t count = HexPairValue(digits_.Pair(position + 2)) * 256 +
-                                   HexPairValue(digits_.Pair(position + 4));
+        const std::int32_t count =
+            HexPairValue(digits_.Pair(counter + 2)) * 256 + HexPairValue(digits_.Pair(counter + 4));
         report_.Label8[row::SampleCount].Caption = platform::NumberText::General(count);
       },
-      [&] { position = digits_.Find("85", position + 2) + 2; },
-      [&] { WriteSynchronisation(digits_.Pair(position + 2)); });
+      [&] { WriteSynchronisation(digits_.Pair(synchronisation + 2)); });
   for (std::size_t line = 0; line < row::DumpCount; ++line) {
     run_([&] { WriteDumpLine(line); });
   }

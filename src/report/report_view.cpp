@@ -87,7 +87,7 @@ void ReportView::ReportLayout() {
     for (platform::Label& title : parts_.Report.Label7) title.Visible = visible;
     for (platform::Label& value : parts_.Report.Label8) value.Visible = visible;
   };
-  platform::RunSteps(program_, skip, [&] { show(false); });
+  show(false);
   std::int32_t place = 0;
   for (std::size_t i = 0; i < Template.size(); ++i) {
     if (!platform::TakesPlace(Template[i])) continue;
@@ -95,7 +95,7 @@ void ReportView::ReportLayout() {
         program_, skip, [&] { LayRow(i, place); }, [&] { events_.Pump(); });
     ++place;
   }
-  platform::RunSteps(program_, skip, [&] { show(true); });
+  show(true);
   layoutDone_ = true;
 }
 

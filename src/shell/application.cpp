@@ -10,8 +10,7 @@ Application::Application(const Platform& platform)
       Acquisition(
           Windows.Main, Config,
           {platform.Capture, platform.Timers, platform.Code, platform.Numbers, platform.Usual()}),
-      LiveViews(Windows.Main, Config, Acquisition, platform.Events,
-                platform.Numbers),
+      LiveViews(Windows.Main, Config, Acquisition, platform.Events, platform.Numbers),
       Recorder(Windows.Main, Config, Acquisition,
                {platform.Usual(), platform.Code, platform.Numbers, platform.Files,
                 platform.Calendar, platform.Pointer, platform.Links}),

@@ -50,19 +50,20 @@ void FormLayout::FormResize() {
       [&] {
         ratioX_ = static_cast<double>(main_.Window.Width) / platform::MinimumWidth;
         ratioY_ = static_cast<double>(main_.Window.Height) / platform::MinimumHeight;
-      },
-      [&] {
         tab = main_.TabStrip1.SelectedTab;
         main_.TabStrip1.Visible = false;
         main_.TabStrip1.Width = main_.Window.Width.Get();
         main_.TabStrip1.Height = main_.Window.Height.Get();
-      },
-      [&] {
         changeTab = !RunActive();
         if (changeTab) tabs_.PassFirstTab();
       },
-      [&] { PlaceValues(); }, [&] { PlaceScope(); }, [&] { PlaceLogos(); }, [&] { PlacePhasor(); },
-      [&] { PlaceInfo(); },
+      [&] {
+        PlaceValues();
+        PlaceScope();
+        PlaceLogos();
+        PlacePhasor();
+        PlaceInfo();
+      },
       [&] {
         if (changeTab) tabs_.ReturnToTab(tab);
       },
