@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "base/raised.h"
 #include "capture/record_progress.h"
 #include "config/setup_view.h"
 
@@ -55,18 +54,21 @@ void Recorder::CloseFiles() {
 void Recorder::Show(const platform::Routine& run) {
   main_.Picture1[forms::logo::Recorder].Visible = true;
   main_.CWButton3.Visible = true;
-  {
-    const platform::Raised busy(state_.RecorderBusy);
-    main_.CWButton3.Value = false;
-    for (platform::OptionButton& format : main_.Option2) format.Enabled = true;
-    Session.ShowFileFormat();
-  }
-  ResetProgress();
-  if (PathExists(services_.Files, config_.Settings.StoragePath)) {
-    ShowPaths();
-  } else {
-    RefusePath(run);
-  }
+  state_.RecorderBusy = true;
+  run([&] { main_.CWButton3.Value = false; },
+      [&] {
+        for (platform::OptionButton& format : main_.Option2) format.Enabled = true;
+        Session.ShowFileFormat();
+      },
+      [&] {
+        state_.RecorderBusy = false;
+        ResetProgress();
+        if (PathExists(services_.Files, config_.Settings.StoragePath)) {
+          ShowPaths();
+        } else {
+          RefusePath(run);
+        }
+      });
 }
 
 void Recorder::ResetProgress() {

@@ -15,8 +15,11 @@ class SampleFormats {
  public:
   using Table = std::array<SampleFormat*, forms::record_format::Count>;
 
-  SampleFormats(const config::Settings& settings, const Table& byChoice)
-      : settings_(settings), byChoice_(byChoice) {}
+  template <typename... Formats>
+  explicit SampleFormats(const config::Settings& settings, Formats&... byChoice)
+      : settings_(settings), byChoice_{&byChoice...} {
+    static_assert(sizeof...(Formats) == forms::record_format::Count, "each choice has a format");
+  }
 
   /// The format that is set; null where the stored name is none of theirs.
   SampleFormat* Chosen() const;

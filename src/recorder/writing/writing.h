@@ -27,7 +27,7 @@ struct Writing {
       : Open(services.Files),
         Report(recorder, services.Files, services.Calendar, services.Numbers),
         Context{settings, present, state, rings, services, Open, Report, End},
-        Formats(settings, {&Text, &Worksheet, &Comtrade}),
+        Formats(settings, Text, Worksheet, Comtrade),
         Samples(Context, Formats, recorder) {}
 
   FileNumbers Open;
