@@ -7,6 +7,7 @@
 #include "base/trap.h"
 #include "config/program_facts.h"
 #include "platform/rich_row.h"
+#include "platform/services/absent.h"
 #include "shell/history.h"
 
 namespace formroutines {
