@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/failure.h"
+#include "base/raised.h"
 #include "config/setup_view.h"
 
 namespace formroutines {
@@ -148,7 +149,7 @@ void TabController::AwaitEndOfCapture() {
 
 void TabController::ShutdownForms() {
   if (shuttingDown_) return;
-  shuttingDown_ = true;
+  const platform::Raised shuttingDown(shuttingDown_);
   const auto skip = [](const Failure&) { return Verdict::SkipStep; };
   platform::RunSteps(
       services_.Program, skip, [&] { main_.Timer1.Enabled = false; },
@@ -157,7 +158,6 @@ void TabController::ShutdownForms() {
     platform::RunSteps(services_.Program, skip, [&] { form->Unload(); });
   }
   platform::RunSteps(services_.Program, skip, [&] { main_.Window.Unload(); });
-  shuttingDown_ = false;
 }
 
 void TabController::CloseRequest() {
