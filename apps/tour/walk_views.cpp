@@ -15,8 +15,6 @@ namespace {
 constexpr int PatienceMs = 8000;
 /// A picture that was asked for is on the screen by then.
 constexpr int DrawMs = 60;
-constexpr int PhasorTab = 3;
-constexpr int WaveformsTab = 4;
 constexpr int MagnitudeColumn = 1;
 constexpr int AngleColumn = 2;
 
@@ -32,7 +30,7 @@ void Walk::AwaitButton(const QString& button) {
 }
 
 void Walk::MeasurePhasors() {
-  hand_.ClickTab(PhasorTab);
+  hand_.ClickTab(forms::tab::Phasor);
   AwaitButton("CWButton2");
   hand_.Click("CWButton2");
   record_.Step("the first phasors",
@@ -58,7 +56,7 @@ void Walk::MeasurePhasors() {
 }
 
 void Walk::WatchWaveforms() {
-  hand_.ClickTab(WaveformsTab);
+  hand_.ClickTab(forms::tab::Waveforms);
   auto& graph = dynamic_cast<desktop::GraphView&>(hand_.Find("CWGraph1"));
   AwaitButton("CWButton1");
   hand_.Click("CWButton1");
