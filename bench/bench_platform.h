@@ -207,7 +207,7 @@ struct BenchScene {
         App({Timers, Events, Dialogs, Program, Store, Capture, Code, Numbers, Files, Services,
              Services, Paper, Paper, Services, Services, Services, Screen, Picture}) {
     App.Load();
-    App.Main.TabStrip1.SelectedTab = 2;
+    App.Main.TabStrip1.SelectedTab = forms::tab::Values;
     App.Main.Text1[14].Text = second;
     App.Main.Text1[12].Text = first;
     App.Main.Combo3.ListIndex = 2;

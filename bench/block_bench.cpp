@@ -17,7 +17,7 @@ void BlockComplete(benchmark::State& state) {
   for (std::int32_t row = 0; row < app.Block.SignalValues.Rows(); ++row) {
     for (double& cell : app.Block.SignalValues.Row(row)) cell = 0.37 * row - 60;
   }
-  for (auto _ : state) values.CalculateValues();
+  for ([[maybe_unused]] auto _ : state) values.CalculateValues();
 }
 BENCHMARK(BlockComplete);
 
@@ -30,7 +30,7 @@ void Keystroke(benchmark::State& state) {
   const auto fill = [](platform::BlockMatrix& block) {
     for (std::int32_t row = 0; row < block.Rows(); ++row) block.Row(row)[0] = row;
   };
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     if (state.range(1) != 0) {
       state.PauseTiming();
       fill(app.Block.SignalValues);

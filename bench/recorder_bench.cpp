@@ -61,7 +61,7 @@ constexpr std::int64_t MostBytes = 32'000'000;
 void Text(benchmark::State& state) {
   WriterScene scene;
   packetroutines::TextWriter writer(scene.Context);
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     writer.Write(0);
     scene.KeepSmall(MostBytes);
   }
@@ -72,7 +72,7 @@ void Comtrade(benchmark::State& state) {
   WriterScene scene;
   scene.State.BlockCount = 18;
   packetroutines::ComtradeWriter writer(scene.Context);
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     writer.Write(0);
     scene.KeepSmall(MostBytes);
   }
@@ -93,7 +93,7 @@ void Worksheet(benchmark::State& state) {
   packetroutines::Worksheets sheets(scene.Open, scene.Numbers, scene.Code);
   packetroutines::WorksheetWriter writer(scene.Context, sheets, limits);
   int ring = 0;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     writer.Write(0);
     if (++ring % RingsOfSheet != 0) continue;
     sheets.ExcelOut[0].CloseFile();

@@ -18,7 +18,7 @@ void ReportAnalyse(benchmark::State& state) {
   packetroutines::PacketBytes bytes;
   bytes.Redim(static_cast<std::int16_t>(frame.size()));
   bytes.Copy(frame);
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     std::string id;
     benchmark::DoNotOptimize(analysis.ReportAnalyse(bytes, id));
   }

@@ -48,7 +48,7 @@ void Plot(benchmark::State& state) {
   bench::ViewParts parts(scene);
   subroutines::ScopeView scope(app.Main, app.Main, parts.Stored, parts.Context);
   Fill(app.Block.SignalValues);
-  for (auto _ : state) scope.PlotBlock("Auto");
+  for ([[maybe_unused]] auto _ : state) scope.PlotBlock("Auto");
 }
 BENCHMARK(Plot)->Name("PlotBlock")->Arg(400)->Unit(benchmark::kMillisecond);
 BENCHMARK(Plot)->Name("PlotBlock/Large")->Arg(100000)->Unit(benchmark::kMillisecond);
@@ -64,7 +64,7 @@ void UpdatePhases(benchmark::State& state) {
   subroutines::PhasorDiagram diagram(app.Main, pad, app.State, app.Present, scene.Numbers);
   subroutines::PhaseAnalysis phases(app.Main, diagram, parts.Context);
   Fill(app.Block.SignalValues);
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     phases.UpdatePhases();
     pad.repaint();
   }

@@ -12,7 +12,7 @@ namespace packetroutines {
 
 namespace {
 
-constexpr std::size_t PieceSize = 256 * 1024;
+constexpr std::size_t PieceSize = std::size_t{256} * 1024;
 constexpr char CarriageReturn = '\r';
 
 /// Counts in bytes side by side, which the processor adds many at a time; each is emptied before it

@@ -37,7 +37,7 @@ class LineReader {
   }
 
  private:
-  static constexpr std::size_t PieceSize = 256 * 1024;
+  static constexpr std::size_t PieceSize = std::size_t{256} * 1024;
   static constexpr char CarriageReturn = '\r';
   static constexpr char LineFeed = '\n';
   static constexpr std::int32_t InputPastEnd = 62;

@@ -44,7 +44,7 @@ class ShownHourglass {
 
 QuickView::QuickView(const packetroutines::RecordedFile& file, forms::RecorderControls& recorder,
                      packetroutines::AnalysisServices services)
-    : file_(file), recorder_(recorder), services_(std::move(services)) {}
+    : file_(file), recorder_(recorder), services_(services) {}
 
 void QuickView::ViewRecording() {
   if (!file_.Exists()) return;

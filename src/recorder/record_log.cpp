@@ -58,7 +58,7 @@ std::int32_t RampOf(std::string_view line) {
 
 RecordLog::RecordLog(const RecordedFile& file, const PacketBytes& frame, platform::ProgressBar& bar,
                      AnalysisServices services)
-    : file_(file), frame_(frame), bar_(bar), services_(std::move(services)) {}
+    : file_(file), frame_(frame), bar_(bar), services_(services) {}
 
 void RecordLog::BuildRecordLog(bool& nothingToRead) {
   const ShownProgress shown(bar_);

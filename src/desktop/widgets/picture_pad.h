@@ -71,7 +71,7 @@ class PicturePad : public QWidget, public platform::Canvas {
     bool NamesArrow = false;
   };
   struct PlacedText {
-    const Text* Source;
+    const Text* Source = nullptr;
     QRectF Box;
   };
 
