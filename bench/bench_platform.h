@@ -187,7 +187,7 @@ struct BenchScene {
       : App({Timers, Events, Dialogs, Program, Store, Capture, Code, Numbers, Files, Services,
              Services, &Services, &Services, &Paper, &Paper, &Services, &Screen}) {
     App.Load();
-    App.Windows.Main.TabStrip1.SelectedTab = 2;
+    App.Windows.Main.TabStrip1.SelectedTab = forms::tab::Values;
     App.Windows.Main.Text1[14].Text = second;
     App.Windows.Main.Text1[12].Text = first;
     App.Windows.Main.Combo3.ListIndex = 2;
@@ -201,24 +201,6 @@ struct BenchScene {
       Timers.FireDue();
     }
   }
-};
-
-/// Everything that a view of the benchmark's own needs besides the program.
-struct ViewParts : packetroutines::PacketConsumer {
-  explicit ViewParts(BenchScene& scene)
-      : Stored(scene.Store, scene.Numbers, scene.App.Config.Settings),
-        Capture(scene.Capture,
-                {scene.App.Windows.Main, scene.App.Windows.Main, scene.App.Windows.Main, scene.App.Windows.Main.Buttons()},
-                scene.App.Config.Settings, scene.App.Acquisition.State, *this,
-                {scene.Events, scene.Dialogs, scene.Program}),
-        Context{scene.App.Config.Settings, scene.App.Config.Present, scene.App.Acquisition.State, scene.App.Acquisition.Block, Capture,
-                scene.App.Windows.Main,     scene.Events,      scene.Numbers} {}
-
-  void aPacketX_OnPacket(const platform::CapturedFrame&) override {}
-
-  subroutines::StoredSettings Stored;
-  packetroutines::CaptureSession Capture;
-  subroutines::ViewContext Context;
 };
 
 }  // namespace bench

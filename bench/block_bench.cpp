@@ -3,7 +3,6 @@
 #include <string>
 
 #include "bench_platform.h"
-#include "measure/values_view.h"
 
 namespace {
 
@@ -11,13 +10,11 @@ namespace {
 void BlockComplete(benchmark::State& state) {
   bench::BenchScene scene("MU_ALPHA", "");
   formroutines::Application& app = scene.App;
-  bench::ViewParts parts(scene);
-  subroutines::ValuesView values(app.Main, app.Main, app.Main, parts.Stored, parts.Context);
-  app.Settings.ACDC = true;
-  for (std::int32_t row = 0; row < app.Block.SignalValues.Rows(); ++row) {
-    for (double& cell : app.Block.SignalValues.Row(row)) cell = 0.37 * row - 60;
+  app.Config.Settings.ACDC = true;
+  for (std::int32_t row = 0; row < app.Acquisition.Block.SignalValues.Rows(); ++row) {
+    for (double& cell : app.Acquisition.Block.SignalValues.Row(row)) cell = 0.37 * row - 60;
   }
-  for (auto _ : state) values.CalculateValues();
+  for ([[maybe_unused]] auto _ : state) app.LiveViews.Values.CalculateValues();
 }
 BENCHMARK(BlockComplete);
 
@@ -26,21 +23,21 @@ BENCHMARK(BlockComplete);
 void Keystroke(benchmark::State& state) {
   bench::BenchScene scene("MU_ALPHA", "");
   formroutines::Application& app = scene.App;
-  app.Main.Text1[forms::setup_field::Samplings].Text = std::to_string(state.range(0));
+  app.Windows.Main.Text1[forms::setup_field::Samplings].Text = std::to_string(state.range(0));
   const auto fill = [](platform::BlockMatrix& block) {
     for (std::int32_t row = 0; row < block.Rows(); ++row) block.Row(row)[0] = row;
   };
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     if (state.range(1) != 0) {
       state.PauseTiming();
-      fill(app.Block.SignalValues);
-      fill(app.Block.SignalValues2);
-      for (std::int32_t row = 0; row < app.Block.SampleCount.Count(); ++row) {
-        app.Block.SampleCount(row) = row;
+      fill(app.Acquisition.Block.SignalValues);
+      fill(app.Acquisition.Block.SignalValues2);
+      for (std::int32_t row = 0; row < app.Acquisition.Block.SampleCount.Count(); ++row) {
+        app.Acquisition.Block.SampleCount(row) = row;
       }
       state.ResumeTiming();
     }
-    app.Main.Text1[forms::setup_field::FilterCondition].Text = std::string("and vlan 7");
+    app.Windows.Main.Text1[forms::setup_field::FilterCondition].Text = std::string("and vlan 7");
   }
 }
 BENCHMARK(Keystroke)

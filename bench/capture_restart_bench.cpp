@@ -20,7 +20,7 @@ void CaptureRestart(benchmark::State& state) {
   try {
     source.Prepare({static_cast<std::int32_t>(state.range(0)), true, "ether proto 0x88ba"});
     source.Start();
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
       source.Stop();
       source.Start();
     }

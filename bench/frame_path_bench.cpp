@@ -53,7 +53,7 @@ const Frames& BothStreams() {
 
 void Feed(benchmark::State& state, bench::BenchScene& scene, const Frames& frames) {
   std::size_t next = 0;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     scene.Receive(frames[next]);
     if (++next == frames.size()) next = 0;
   }
@@ -84,7 +84,7 @@ void Record(benchmark::State& state, const char* format, const Frames& frames) {
   scene.App.Windows.Main.CWButton3.Value = true;
   std::size_t next = 0;
   std::size_t received = 0;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     scene.Receive(frames[next]);
     if (++next == frames.size()) next = 0;
     if (++received % FramesOfFile == 0) scene.Files.EmptyFolder();

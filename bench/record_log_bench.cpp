@@ -108,7 +108,7 @@ Recording& RecordingOf(std::int64_t lines) {
 }
 
 std::int64_t CountLineFeeds(const std::string& path) {
-  std::array<char, 256 * 1024> piece{};
+  std::array<char, std::size_t{256} * 1024> piece{};
   std::int64_t count = 0;
   const int file = ::open(path.c_str(), O_RDONLY);
   for (ssize_t bytes = 0; (bytes = ::read(file, piece.data(), piece.size())) > 0;) {
@@ -132,7 +132,7 @@ void Tell(benchmark::State& state, const Recording& recording) {
 
 void LineFeeds(benchmark::State& state) {
   const Recording& recording = RecordingOf(state.range(0));
-  for (auto _ : state) benchmark::DoNotOptimize(CountLineFeeds(recording.Path()));
+  for ([[maybe_unused]] auto _ : state) benchmark::DoNotOptimize(CountLineFeeds(recording.Path()));
   Tell(state, recording);
 }
 
@@ -140,19 +140,19 @@ void LineFeeds(benchmark::State& state) {
 void WordCount(benchmark::State& state) {
   const Recording& recording = RecordingOf(state.range(0));
   const std::string command = "wc -l '" + recording.Path() + "' > /dev/null";
-  for (auto _ : state) benchmark::DoNotOptimize(std::system(command.c_str()));
+  for ([[maybe_unused]] auto _ : state) benchmark::DoNotOptimize(std::system(command.c_str()));
   Tell(state, recording);
 }
 
 void Log(benchmark::State& state) {
   Recording& recording = RecordingOf(state.range(0));
-  for (auto _ : state) recording.BuildRecordLog();
+  for ([[maybe_unused]] auto _ : state) recording.BuildRecordLog();
   Tell(state, recording);
 }
 
 void QuickView(benchmark::State& state) {
   Recording& recording = RecordingOf(state.range(0));
-  for (auto _ : state) recording.ViewRecording();
+  for ([[maybe_unused]] auto _ : state) recording.ViewRecording();
   Tell(state, recording);
 }
 

@@ -71,7 +71,7 @@ constexpr std::int64_t MostBytes = 32'000'000;
 
 void Text(benchmark::State& state) {
   WriterScene scene;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     scene.Writing.Text.Write(0);
     scene.KeepSmall(MostBytes);
   }
@@ -81,7 +81,7 @@ BENCHMARK(Text)->Name("RecordRing/Text")->Unit(benchmark::kMillisecond);
 void Comtrade(benchmark::State& state) {
   WriterScene scene;
   scene.State.BlockCount = 18;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     scene.Writing.Comtrade.Write(0);
     scene.KeepSmall(MostBytes);
   }
@@ -93,7 +93,7 @@ void Worksheet(benchmark::State& state) {
   WriterScene scene;
   packetroutines::WorksheetFormat& sheet = scene.Writing.Worksheet;
   int ring = 0;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     sheet.Write(0);
     if (++ring % RingsOfSheet != 0) continue;
     sheet.End();

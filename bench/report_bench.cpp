@@ -11,14 +11,15 @@ namespace {
 void ReportAnalyse(benchmark::State& state) {
   bench::BenchScene scene("MU_ALPHA", "");
   formroutines::Application& app = scene.App;
-  packetroutines::ReportAnalysis analysis(app.Main, app.Main, app.Settings, app.Present, scene.Code,
+  packetroutines::ReportAnalysis analysis(app.Windows.Main, app.Windows.Main, app.Config.Settings,
+                                          app.Config.Present, scene.Code,
                                           {scene.Events, scene.Dialogs, scene.Program});
   support::FrameBytes frame = support::SvFrame("MU_ALPHA").Bytes();
   frame.resize(static_cast<std::size_t>(state.range(0)), 0x11);
   packetroutines::PacketBytes bytes;
   bytes.Redim(static_cast<std::int16_t>(frame.size()));
   bytes.Copy(frame);
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     std::string id;
     benchmark::DoNotOptimize(analysis.ReportAnalyse(bytes, id));
   }

@@ -38,16 +38,14 @@ void Plot(benchmark::State& state) {
   NeedWindowSystem();
   bench::BenchScene scene("MU_ALPHA", "");
   formroutines::Application& app = scene.App;
-  app.Main.Text1[2].Text = std::to_string(state.range(0));
+  app.Windows.Main.Text1[2].Text = std::to_string(state.range(0));
   platform::RunningProgram program([] {}, [](int) {});
   platform::Guard guard(scene.Dialogs, program);
-  desktop::GraphView graph(app.Main.CWGraph1, guard, nullptr);
+  desktop::GraphView graph(app.Windows.Main.CWGraph1, guard, nullptr);
   graph.resize(820, 620);
   graph.show();
-  bench::ViewParts parts(scene);
-  subroutines::ScopeView scope(app.Main, app.Main, parts.Stored, parts.Context);
-  Fill(app.Block.SignalValues);
-  for (auto _ : state) scope.PlotBlock("Auto");
+  Fill(app.Acquisition.Block.SignalValues);
+  for ([[maybe_unused]] auto _ : state) app.LiveViews.Scope.PlotBlock("Auto");
 }
 BENCHMARK(Plot)->Name("PlotBlock")->Arg(400)->Unit(benchmark::kMillisecond);
 BENCHMARK(Plot)->Name("PlotBlock/Large")->Arg(100000)->Unit(benchmark::kMillisecond);
@@ -56,15 +54,12 @@ void UpdatePhases(benchmark::State& state) {
   NeedWindowSystem();
   bench::BenchScene scene("MU_ALPHA", "");
   formroutines::Application& app = scene.App;
-  desktop::PicturePad pad(app.Main.phasordiagram, nullptr);
+  desktop::PicturePad pad(app.Windows.Main.phasordiagram, nullptr);
   pad.Place({0, 0}, 430);
   pad.show();
-  bench::ViewParts parts(scene);
-  subroutines::PhasorDiagram diagram(app.Main, app.State, app.Present, scene.Numbers);
-  subroutines::PhaseAnalysis phases(app.Main, diagram, parts.Context);
-  Fill(app.Block.SignalValues);
-  for (auto _ : state) {
-    phases.UpdatePhases();
+  Fill(app.Acquisition.Block.SignalValues);
+  for ([[maybe_unused]] auto _ : state) {
+    app.LiveViews.Phases.UpdatePhases();
     pad.repaint();
   }
 }

@@ -1,7 +1,8 @@
 # Gives a test program one CTest entry a suite: a start of the program for each of its two thousand
 # scenes would cost more than the scenes.
 #
-#   discover_suites(<target> [PREFIX text] [FILTER gtest filter] [LIST name] PROPERTIES ...)
+#   discover_suites(<target> [PREFIX text] [FILTER gtest filter] [LIST name] [LAUNCHER program]
+#                   PROPERTIES ...)
 #
 # The suites are asked for when the program has been built. A suite of which a scene could not run
 # here ends with SkipCode, and is reported as skipped; one that fails does so whatever it skips.
@@ -18,7 +19,7 @@ if(CMAKE_SCRIPT_MODE_FILE)
   foreach(suite IN LISTS suites)
     string(REGEX REPLACE "^\n|\\.$" "" suite "${suite}")
     string(APPEND script
-           "add_test([==[${PREFIX}${suite}]==] [==[${PROGRAM}]==] [==[--gtest_filter=${suite}.*]==])\n"
+           "add_test([==[${PREFIX}${suite}]==] ${LAUNCHER} [==[${PROGRAM}]==] [==[--gtest_filter=${suite}.*]==])\n"
            "set_tests_properties([==[${PREFIX}${suite}]==] PROPERTIES ${PROPERTIES})\n")
   endforeach()
   file(WRITE "${SCRIPT}" "${script}")
@@ -28,7 +29,7 @@ endif()
 set(discover_suites_script ${CMAKE_CURRENT_LIST_FILE})
 
 function(discover_suites target)
-  cmake_parse_arguments(PARSE_ARGV 1 given "" "PREFIX;FILTER;LIST" "PROPERTIES")
+  cmake_parse_arguments(PARSE_ARGV 1 given "" "PREFIX;FILTER;LIST;LAUNCHER" "PROPERTIES")
   if(NOT given_FILTER)
     set(given_FILTER "*")
   endif()
@@ -40,10 +41,14 @@ function(discover_suites target)
   foreach(property IN LISTS given_PROPERTIES)
     string(APPEND properties " [==[${property}]==]")
   endforeach()
+  set(launcher "")
+  if(given_LAUNCHER)
+    set(launcher "[==[${given_LAUNCHER}]==]")
+  endif()
   add_custom_command(
     TARGET ${target} POST_BUILD
     COMMAND ${CMAKE_COMMAND} "-DPROGRAM=$<TARGET_FILE:${target}>" "-DFILTER=${given_FILTER}"
-            "-DPREFIX=${given_PREFIX}" "-DPROPERTIES=${properties}" "-DSCRIPT=${script}"
+            "-DPREFIX=${given_PREFIX}" "-DLAUNCHER=${launcher}" "-DPROPERTIES=${properties}" "-DSCRIPT=${script}"
             -P ${discover_suites_script}
     BYPRODUCTS ${script}
     VERBATIM)

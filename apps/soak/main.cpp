@@ -24,7 +24,6 @@ namespace soak {
 
 namespace {
 
-constexpr std::int16_t RecorderTab = 5;
 constexpr int LookMs = 20;
 constexpr int StartMs = 500;
 /// A reading of what the recording takes begins when its first ring is written.
@@ -81,7 +80,7 @@ class Soak {
     ChooseAdapter();
     main_.Text1[forms::setup_field::Content1].Text = plan_.First;
     main_.Text1[forms::setup_field::Content2].Text = plan_.Second;
-    main_.TabStrip1.SelectedTab = RecorderTab;
+    main_.TabStrip1.SelectedTab = forms::tab::Recorder;
     main_.Option2[plan_.Format].Value = true;
     Start();
   }

@@ -6,44 +6,41 @@
 #include <QTabBar>
 #include <QTest>
 #include <QTimer>
-#include <stdexcept>
 #include <utility>
 
 namespace tour {
 
 namespace {
 
-constexpr int DialogPollMs = 50;
+constexpr int DialogPollMs = 20;
 
 }  // namespace
 
-QWidget& Hand::Find(const QString& name) const {
-  auto* widget = window_.findChild<QWidget*>(name);
-  if (widget == nullptr) throw std::runtime_error("no control " + name.toStdString());
-  return *widget;
-}
-
 void Hand::Click(const QString& name) const {
-  QWidget& widget = Find(name);
+  auto& widget = Find(name);
   // Check boxes and choices react on their mark and text, which stand at the left.
   QTest::mouseClick(&widget, Qt::LeftButton, {}, QPoint(12, widget.height() / 2));
 }
 
 void Hand::ClickTab(int tab) const {
-  auto& tabs = dynamic_cast<QTabBar&>(Find(QStringLiteral("TabStrip1")));
+  auto& tabs = Find<QTabBar>(QStringLiteral("TabStrip1"));
   QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(tab - 1).center());
 }
 
 void Hand::Type(const QString& field, const QString& text) const {
-  QWidget& widget = Find(field);
-  QTest::mouseClick(&widget, Qt::LeftButton);
+  QTest::mouseClick(&Find(field), Qt::LeftButton);
+  Retype(field, text);
+}
+
+void Hand::Retype(const QString& field, const QString& text) const {
+  auto& widget = Find(field);
   QTest::keyClick(&widget, Qt::Key_A, Qt::ControlModifier);
   QTest::keyClick(&widget, Qt::Key_Delete);
   QTest::keyClicks(&widget, text);
 }
 
 void Hand::Choose(const QString& list, Qt::Key key) const {
-  auto& box = dynamic_cast<QComboBox&>(Find(list));
+  auto& box = Find<QComboBox>(list);
   QTest::mouseClick(&box, Qt::LeftButton);
   QTest::keyClick(box.view(), key);
   QTest::keyClick(box.view(), Qt::Key_Return);

@@ -4,21 +4,29 @@
 #include <QString>
 #include <QWidget>
 #include <functional>
+#include <stdexcept>
 
 namespace tour {
 
 /// A user's hand at the window: it finds controls by their names and works them with mouse and keys
-/// only.
+/// only. The scenes of the window's tests work with the same hand.
 class Hand {
  public:
   explicit Hand(QWidget& window) : window_(window) {}
 
-  /// The control of this name; throws where the window has none.
-  QWidget& Find(const QString& name) const;
+  /// The control of this name and kind; throws where the window has none.
+  template <typename Widget = QWidget>
+  Widget& Find(const QString& name) const {
+    auto* widget = dynamic_cast<Widget*>(window_.findChild<QWidget*>(name));
+    if (widget == nullptr) throw std::runtime_error("no control " + name.toStdString());
+    return *widget;
+  }
   void Click(const QString& name) const;
   void ClickTab(int tab) const;
-  /// Replaces the text of a field by typing.
+  /// Replaces the text of a field by typing, behind a click into it.
   void Type(const QString& field, const QString& text) const;
+  /// Replaces it by keys alone, whoever has the keyboard's focus.
+  void Retype(const QString& field, const QString& text) const;
   /// Opens the list and takes its first or its last entry.
   void ChooseFirst(const QString& list) const { Choose(list, Qt::Key_Home); }
   void ChooseLast(const QString& list) const { Choose(list, Qt::Key_End); }

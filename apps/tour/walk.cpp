@@ -14,9 +14,6 @@ namespace tour {
 
 namespace {
 
-constexpr int SetupTab = 7;
-constexpr int ValuesTab = 2;
-constexpr int ExitTab = 8;
 constexpr int PatienceMs = 8000;
 
 // What the two units of the simulated bus send.
@@ -109,7 +106,7 @@ void Walk::VisitTabs() {
 }
 
 void Walk::SetUp() {
-  hand_.ClickTab(SetupTab);
+  hand_.ClickTab(forms::tab::Setup);
   record_.Picture(program_.Window(), "setup_empty");
   hand_.ChooseFirst("Combo1");
   FindStreams();
@@ -125,7 +122,7 @@ void Walk::SetUp() {
 }
 
 void Walk::MeasureFirstStation() {
-  hand_.ClickTab(ValuesTab);
+  hand_.ClickTab(forms::tab::Values);
   record_.Picture(program_.Window(), "values_idle");
   PressRun();
   record_.Step("the run button is locked after the press", IsLocked());
@@ -172,10 +169,10 @@ void Walk::Stop() {
 }
 
 void Walk::MeetNoData() {
-  hand_.ClickTab(SetupTab);
+  hand_.ClickTab(forms::tab::Setup);
   hand_.Type(Member("Text1", 12), "NOBODY");
   hand_.Type(Member("Text1", 14), "NOBODY ELSE");
-  hand_.ClickTab(ValuesTab);
+  hand_.ClickTab(forms::tab::Values);
   bool shown = false;
   hand_.OnDialog([this, &shown](QDialog& dialog) {
     auto* text = dialog.findChild<QLabel*>("Text");
@@ -191,7 +188,7 @@ void Walk::MeetNoData() {
 }
 
 void Walk::Exit() {
-  hand_.ClickTab(ExitTab);
+  hand_.ClickTab(forms::tab::Exit);
   record_.Step("the program ends without an error",
                Hand::WaitFor([this] { return exitCode_ == 0; }, PatienceMs));
 }

@@ -16,10 +16,6 @@ namespace {
 constexpr int PatienceMs = 8000;
 /// A ring is a second of a stream, and the files of two of them are written and read back.
 constexpr int RecordingMs = 30'000;
-constexpr int RecorderTab = 5;
-constexpr int ReportTab = 6;
-constexpr int WaveformsTab = 4;
-constexpr int SetupTab = 7;
 constexpr int DrawMs = 250;
 
 }  // namespace
@@ -53,12 +49,12 @@ void Walk::FindStreams() {
 
 void Walk::RecordInAllFormats() {
   // One stream alone has a log and a quick view; the field that was written last counts.
-  hand_.ClickTab(SetupTab);
+  hand_.ClickTab(forms::tab::Setup);
   hand_.Type("Text1(14)", "");
   hand_.Type("Text1(12)", "VORNIK-SIM-1");
-  hand_.ClickTab(RecorderTab);
+  hand_.ClickTab(forms::tab::Recorder);
   for (const char* format : {"comtrade", "worksheet", "text"}) RecordAs(format);
-  hand_.ClickTab(SetupTab);
+  hand_.ClickTab(forms::tab::Setup);
   hand_.Type("Text1(14)", "VORNIK-SIM-2");
 }
 
@@ -110,7 +106,7 @@ void Walk::KeepFiles(const QString& what) {
 }
 
 void Walk::MakeReports() {
-  hand_.ClickTab(ReportTab);
+  hand_.ClickTab(forms::tab::Report);
   auto& main = program_.Application().Windows.Main;
   for (int station = 0; station < 2; ++station) {
     hand_.Click(QStringLiteral("Option3(%1)").arg(6 + station));
@@ -128,7 +124,7 @@ void Walk::PrintPages() {
   hand_.Click("Command4");
   QTest::qWait(DrawMs);
   record_.Picture(program_.Window(), "report_printed");
-  hand_.ClickTab(WaveformsTab);
+  hand_.ClickTab(forms::tab::Waveforms);
   AwaitButton("Command1");
   hand_.Click("Command1");
   const QStringList pages = DataFolder().entryList({"*.pdf"}, QDir::Files);

@@ -15,8 +15,6 @@ namespace {
 constexpr int PatienceMs = 8000;
 /// A picture that was asked for is on the screen by then.
 constexpr int DrawMs = 60;
-constexpr int PhasorTab = 3;
-constexpr int WaveformsTab = 4;
 constexpr int MagnitudeColumn = 1;
 constexpr int AngleColumn = 2;
 
@@ -32,7 +30,7 @@ void Walk::AwaitButton(const QString& button) {
 }
 
 void Walk::MeasurePhasors() {
-  hand_.ClickTab(PhasorTab);
+  hand_.ClickTab(forms::tab::Phasor);
   AwaitButton("CWButton2");
   hand_.Click("CWButton2");
   record_.Step("the first phasors",
@@ -58,13 +56,14 @@ void Walk::MeasurePhasors() {
 }
 
 void Walk::WatchWaveforms() {
-  hand_.ClickTab(WaveformsTab);
+  hand_.ClickTab(forms::tab::Waveforms);
   auto& graph = dynamic_cast<desktop::GraphView&>(hand_.Find("CWGraph1"));
   AwaitButton("CWButton1");
   hand_.Click("CWButton1");
   record_.Step(
       "the first curves",
-      Hand::WaitFor([this] { return program_.Application().Acquisition.State.BlockCount > 0; }, PatienceMs));
+      Hand::WaitFor([this] { return program_.Application().Acquisition.State.BlockCount > 0; },
+                    PatienceMs));
   record_.Picture(program_.Window(), "waveforms_running");
   AwaitButton("CWButton1");
   hand_.Click("CWButton1");
@@ -75,10 +74,10 @@ void Walk::WatchWaveforms() {
   QTest::mouseMove(&graph, middle);
   QTest::mouseMove(&graph, middle + QPoint(20, 60));
   QTest::mouseRelease(&graph, Qt::LeftButton, {}, middle + QPoint(20, 60));
-  record_.Step(
-      "a zoom falls back to pan",
-      Hand::WaitFor([this] { return program_.Application().Windows.Main.sevOption1[0].Value.Get(); },
-                    PatienceMs));
+  record_.Step("a zoom falls back to pan",
+               Hand::WaitFor(
+                   [this] { return program_.Application().Windows.Main.sevOption1[0].Value.Get(); },
+                   PatienceMs));
   QTest::qWait(DrawMs);
   record_.Picture(program_.Window(), "waveforms_zoomed");
 

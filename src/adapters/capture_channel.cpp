@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/failure.h"
+#include "base/raised.h"
 
 namespace adapters {
 
@@ -14,18 +15,6 @@ namespace {
 
 /// The longest frame without fragments of an offload; longer ones make a buffer grow once.
 constexpr std::size_t UsualFrameBytes = 1522;
-
-/// Counts a handler that is under way, also where it leaves by an exception.
-class DepthGuard {
- public:
-  explicit DepthGuard(std::size_t& depth) : depth_(depth) { ++depth_; }
-  DepthGuard(const DepthGuard&) = delete;
-  DepthGuard& operator=(const DepthGuard&) = delete;
-  ~DepthGuard() { --depth_; }
-
- private:
-  std::size_t& depth_;
-};
 
 }  // namespace
 
@@ -117,7 +106,7 @@ bool CaptureChannel::DeliverOne() {
   if (!frame) return false;
   std::vector<std::uint8_t>& buffer = BufferAt(depth_);
   buffer.assign(frame->Bytes.begin(), frame->Bytes.end());
-  const DepthGuard guard(depth_);
+  const platform::Counted guard(depth_);
   if (OnPacket) OnPacket(platform::CapturedFrame{buffer, frame->Length});
   return true;
 }

@@ -64,6 +64,8 @@ constexpr double FirstLongValue = 1e10;
 /// digit: all three show the decimal number.
 std::optional<Decimal> AsParts(double magnitude) {
   if (!(magnitude < FirstLongValue)) return std::nullopt;
+  // A wrong rounding is found below; the right one is a call that a recording would pay for.
+  // NOLINTNEXTLINE(bugprone-incorrect-roundings)
   const auto parts = static_cast<std::int64_t>(magnitude * PartsOfUnit + 0.5);
   if (parts == 0) return std::nullopt;
   const auto nearest = std::bit_cast<std::int64_t>(static_cast<double>(parts) / PartsOfUnit);

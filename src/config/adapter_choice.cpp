@@ -5,6 +5,7 @@
 
 #include "base/failure.h"
 #include "base/number_text.h"
+#include "base/raised.h"
 
 namespace subroutines {
 
@@ -15,11 +16,10 @@ AdapterChoice::AdapterChoice(forms::SetupControls& setup, config::Settings& sett
 }
 
 void AdapterChoice::Restore(const std::function<void()>& fill) {
-  restoring_ = true;
+  const platform::Raised restoring(restoring_);
   fill();
   const auto place = PlaceOfName();
   if (place && *place != setup_.Combo1.ListIndex) setup_.Combo1.ListIndex = *place;
-  restoring_ = false;
 }
 
 void AdapterChoice::ShowAdvice(const std::string& ofLayer) {

@@ -15,7 +15,8 @@ namespace subroutines {
 class LiveViews : private packetroutines::BlockConsumers, private config::NameUser {
  public:
   LiveViews(forms::Main& main, config::Configuration& config,
-            packetroutines::Acquisition& acquisition, platform::EventQueue& events, const platform::NumberText& numbers)
+            packetroutines::Acquisition& acquisition, platform::EventQueue& events,
+            const platform::NumberText& numbers)
       : context_{config.Settings,
                  config.Present,
                  config.Stored,

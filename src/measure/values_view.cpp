@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "base/raised.h"
 #include "forms/run_tips.h"
 #include "platform/stream_format.h"
 
@@ -94,7 +95,7 @@ void ValuesView::FillFormatList() {
 void ValuesView::ShowChannelNames() {
   // Writing a name field raises its change event, which asks for the names again.
   if (showingNames_) return;
-  showingNames_ = true;
+  const platform::Raised showing(showingNames_);
   for (std::size_t i = 0; i < values_.Label6.size(); ++i) {
     setup_.Text1[i + forms::setup_field::FirstName].Text = context_.Settings.ChannelName[i];
     const std::size_t list =
@@ -103,7 +104,6 @@ void ValuesView::ShowChannelNames() {
     values_.Label6[i].Caption = context_.Settings.ChannelName[i] + " / [" + unit + "]";
     table_.Grid1.Cell[i + 1][0] = context_.Settings.ChannelName[i];
   }
-  showingNames_ = false;
 }
 
 void ValuesView::CWButton4_ValueChanged() {

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/failure.h"
+#include "base/raised.h"
 #include "base/trap.h"
 
 namespace subroutines {
@@ -38,7 +39,6 @@ void PrintOut::Print(platform::PageOrientation orientation, const std::function<
   platform::RunSteps(
       parts_.Program,
       [this](const Failure& failure) {
-        sending_ = false;
         SayFailed(failure.Text());
         return Verdict::LeaveRoutine;
       },
@@ -54,9 +54,8 @@ void PrintOut::Print(platform::PageOrientation orientation, const std::function<
       [&] { page(); },
       [&] {
         const std::string printer = parts_.Printers.Current();
-        sending_ = true;
+        const platform::Raised sending(sending_);
         surface.EndDoc([this, printer](const platform::SentPage& sent) { Take(sent, printer); });
-        sending_ = false;
       },
       [&] { surface.Colours(platform::ColourMode::Monochrome); });
 }

@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "base/raised.h"
+
 namespace packetroutines {
 
 namespace {
@@ -133,10 +135,10 @@ void StreamFinder::List1_Click() {
 
 void StreamFinder::CloseOnce() {
   // The end has pumps, in which the window may be closed once more.
-  if (std::exchange(closing_, true)) return;
+  if (closing_) return;
+  const platform::Raised closing(closing_);
   TakeStreamChoice();
   line_.Say(LeftOut());
-  closing_ = false;
 }
 
 void StreamFinder::TakeStreamChoice() {

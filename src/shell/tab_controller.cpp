@@ -101,6 +101,8 @@ void TabController::TabChange() {
        [&] {
          control_.Leave();
          capture_.StopCapture();
+       },
+       [&] {
          LeavePage();
          StopButtons();
        },

@@ -1,5 +1,5 @@
-// A million frames of each kind that no merging unit sends, in every mode and with changes of the
-// tab between. A count of the test's own tells which blocks must be complete.
+// Frames of each kind that no merging unit sends, in every mode and with changes of the tab
+// between. A count of the test's own tells which blocks must be complete.
 
 #include <gtest/gtest.h>
 
@@ -24,8 +24,7 @@ using support::SceneEnded;
 using std::chrono_literals::operator""s;
 using std::chrono_literals::operator""us;
 
-constexpr int FramesAKind = 1'000'000;
-constexpr std::uint64_t Seed = 61850;
+constexpr int FramesAKind = 100'000;
 
 /// What the frames of a run are for.
 enum class Use { Views, Recording, Other };
@@ -106,14 +105,17 @@ using State = packetroutines::AcquisitionState;
 
 /// What has no button yet is switched on behind a start of the Values view.
 constexpr std::array<Mode, 8> Modes = {{
-    {"values", 2, &Main::CWButton4, &State::LookingForValues, Use::Views, 4000},
-    {"real-time value", 2, &Main::CWButton4, &State::LookingForValues, Use::Views, 100},
-    {"phasors", 3, &Main::CWButton2, &State::LookingForPhases, Use::Views, 3000},
-    {"fixed scales", 3, &Main::CWButton2, &State::LookingForPhases, Use::Views, 3000},
-    {"scope", 4, &Main::CWButton1, &State::LookingForScope, Use::Views, 4000},
-    {"recording", 2, &Main::CWButton4, &State::LookingForRecording, Use::Recording, 9000},
-    {"report", 2, &Main::CWButton4, &State::ReportRequested, Use::Other, 3},
-    {"finder", 2, &Main::CWButton4, &State::LookingForID, Use::Other, 20},
+    {"values", forms::tab::Values, &Main::CWButton4, &State::LookingForValues, Use::Views, 4000},
+    {"real-time value", forms::tab::Values, &Main::CWButton4, &State::LookingForValues, Use::Views,
+     100},
+    {"phasors", forms::tab::Phasor, &Main::CWButton2, &State::LookingForPhases, Use::Views, 3000},
+    {"fixed scales", forms::tab::Phasor, &Main::CWButton2, &State::LookingForPhases, Use::Views,
+     3000},
+    {"scope", forms::tab::Waveforms, &Main::CWButton1, &State::LookingForScope, Use::Views, 4000},
+    {"recording", forms::tab::Values, &Main::CWButton4, &State::LookingForRecording, Use::Recording,
+     9000},
+    {"report", forms::tab::Values, &Main::CWButton4, &State::ReportRequested, Use::Other, 3},
+    {"finder", forms::tab::Values, &Main::CWButton4, &State::LookingForID, Use::Other, 20},
 }};
 
 /// A program that gets broken frames until they are used up: a run of each mode in turn.
@@ -261,7 +263,7 @@ class BrokenFrames : public testing::Test {
     for (const double value : scene_->State.RmsValues) EXPECT_TRUE(std::isfinite(value));
   }
 
-  Dice dice_{Seed};
+  Dice dice_ = support::FreshDice(61850);
   BrokenBus bus_{dice_};
   std::unique_ptr<Scene> scene_;
   BlockTally tally_;
@@ -276,19 +278,19 @@ class BrokenFrames : public testing::Test {
   std::array<int, Modes.size()> blocks_{};
 };
 
-TEST_F(BrokenFrames, AMillionThatEndTooEarly) {
+TEST_F(BrokenFrames, ThatEndTooEarly) {
   Receive(&BrokenBus::Cut);
 }
 
-TEST_F(BrokenFrames, AMillionThatAreTooLong) {
+TEST_F(BrokenFrames, ThatAreTooLong) {
   Receive(&BrokenBus::Overlong);
 }
 
-TEST_F(BrokenFrames, AMillionWithBitsTurnedRound) {
+TEST_F(BrokenFrames, WithBitsTurnedRound) {
   Receive(&BrokenBus::Flipped);
 }
 
-TEST_F(BrokenFrames, AMillionOfNoise) {
+TEST_F(BrokenFrames, OfNoise) {
   Receive(&BrokenBus::Random);
 }
 

@@ -166,7 +166,7 @@ TEST_F(ValuesBlock, EndsItsStopOnceMoreBehindAStopInIt) {
 // The tabs.
 
 TEST_F(ValuesBlock, IsNotShownWhereTheUserLeavesTheTabInItsFirstPump) {
-  At(BlockComplete, [&] { scene.Main.TabStrip1.SelectedTab = 1; });
+  At(BlockComplete, [&] { scene.Main.TabStrip1.SelectedTab = forms::tab::Info; });
 
   Complete();
 
@@ -178,7 +178,7 @@ class ExitTab : public ValuesBlock {};
 
 TEST_P(ExitTab, ClosesTheWindowOutOfThePump) {
   scene.Main.CWButton4.Enabled = true;
-  At(GetParam(), [&] { scene.Main.TabStrip1.SelectedTab = 8; });
+  At(GetParam(), [&] { scene.Main.TabStrip1.SelectedTab = forms::tab::Exit; });
 
   Complete();
 

@@ -186,7 +186,7 @@ TEST(SignalBuilder, ShowsAnyOtherFailureAndTriesAgain) {
   bench.State.LookingForValues = true;
   bench.State.RealTimeMode = true;
   int writes = 0;
-  bench.Main.Label5[0].Caption.OnAssign([&](std::string) {
+  bench.Main.Label5[0].Caption.OnAssign([&](const std::string&) {
     if (++writes < 3) throw platform::Failure(6);
   });
 

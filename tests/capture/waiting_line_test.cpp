@@ -115,7 +115,7 @@ TEST_F(WaitingLineScene, StandsOnTheViewThatRuns) {
     Start(run.Button, run.Mode);
     bench.Elapse(seconds(2));
     for (std::size_t view = 0; view < bench.Main.QuietLine.size(); ++view) {
-      EXPECT_EQ(Line(view) != "", view == run.View) << run.Mode << " " << view;
+      EXPECT_EQ(!Line(view).empty(), view == run.View) << run.Mode << " " << view;
     }
     run.Button.Value = false;
     state.*run.Flag = false;

@@ -10,12 +10,10 @@ namespace desktop {
 /// Scenes on the Waveforms view with the simulated bus.
 class WaveformsScene : public WindowScene {
  protected:
-  static constexpr int WaveformsTab = 4;
-
   void GoWaveforms() {
     Start();
     GoMeasure();
-    ClickTab(WaveformsTab);
+    ClickTab(forms::tab::Waveforms);
   }
   /// Runs the view up to its first block.
   void RunToABlock() {

@@ -1,9 +1,6 @@
 #include "window_scene.h"
 
-#include <QApplication>
 #include <QSettings>
-#include <QTabBar>
-#include <QTimer>
 #include <utility>
 
 #include "desktop/widgets/reading_field.h"
@@ -51,43 +48,14 @@ void WindowScene::Store(const QString& key, const QString& text) {
 }
 
 void WindowScene::GoMeasure(const char* firstFilter) {
-  ClickTab(SetupTab);
+  ClickTab(forms::tab::Setup);
   Type(Member("Text1", 12), firstFilter);
   Type(Member("Text1", 14), "VORNIK-SIM-2");
-  ClickTab(ValuesTab);
+  ClickTab(forms::tab::Values);
 }
 
 QString WindowScene::Reading(int channel) {
   return Find<ReadingField>(Member("Label5", channel)).Text();
-}
-
-void WindowScene::Click(const QString& name) {
-  auto& widget = Find<QWidget>(name);
-  QTest::mouseClick(&widget, Qt::LeftButton, {}, QPoint(12, widget.height() / 2));
-}
-
-void WindowScene::ClickTab(int tab) {
-  auto& tabs = Find<QTabBar>("TabStrip1");
-  QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(tab - 1).center());
-}
-
-void WindowScene::Type(const QString& field, const QString& text) {
-  auto& widget = Find<QWidget>(field);
-  QTest::keyClick(&widget, Qt::Key_A, Qt::ControlModifier);
-  QTest::keyClick(&widget, Qt::Key_Delete);
-  QTest::keyClicks(&widget, text);
-}
-
-void WindowScene::OnDialog(std::function<void(QDialog&)> work) {
-  auto* poll = new QTimer(&program_->Window());
-  QObject::connect(poll, &QTimer::timeout, poll, [poll, work = std::move(work)] {
-    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    if (dialog == nullptr || !dialog->isVisible()) return;
-    poll->stop();
-    poll->deleteLater();
-    work(*dialog);
-  });
-  poll->start(20);
 }
 
 }  // namespace desktop

@@ -8,11 +8,13 @@
 #include <QTest>
 #include <functional>
 #include <optional>
+#include <utility>
 
 #include "adapters/steady_clock.h"
 #include "adapters/system_capture_layer.h"
 #include "adapters/windows1252.h"
 #include "desktop/desktop_program.h"
+#include "hand.h"
 
 namespace desktop {
 
@@ -21,11 +23,6 @@ namespace desktop {
 class WindowScene : public testing::Test {
  protected:
   static constexpr int PatienceMs = 8000;
-  static constexpr int InfoTab = 1;
-  static constexpr int ValuesTab = 2;
-  static constexpr int RecorderTab = 5;
-  static constexpr int SetupTab = 7;
-  static constexpr int ExitTab = 8;
 
   /// `interfaces` lists the network interfaces of the scene; by default there are none.
   explicit WindowScene(adapters::SystemCaptureLayer::InterfaceLister interfaces = NoInterfaces);
@@ -39,25 +36,24 @@ class WindowScene : public testing::Test {
   /// Sets the two content filters of the simulated bus and goes to the Values view.
   void GoMeasure(const char* firstFilter = "VORNIK-SIM-1");
 
+  tour::Hand Hand() { return tour::Hand(program_->Window()); }
   template <typename Widget>
   Widget& Find(const QString& name) {
-    auto* widget = dynamic_cast<Widget*>(program_->Window().findChild<QWidget*>(name));
-    if (widget == nullptr) throw std::runtime_error("no widget " + name.toStdString());
-    return *widget;
+    return Hand().Find<Widget>(name);
   }
   QString Reading(int channel);
-  void Click(const QString& name);
-  void ClickTab(int tab);
-  void Type(const QString& field, const QString& text);
+  void Click(const QString& name) { Hand().Click(name); }
+  void ClickTab(int tab) { Hand().ClickTab(tab); }
+  void Type(const QString& field, const QString& text) { Hand().Retype(field, text); }
   static bool WaitFor(const std::function<bool()>& condition) {
-    return QTest::qWaitFor(condition, PatienceMs);
+    return tour::Hand::WaitFor(condition, PatienceMs);
   }
   /// The text that the settings file holds under a key.
   QString Stored(const QString& key);
   /// Writes a text to the settings file, for a program that is yet to be built.
   void Store(const QString& key, const QString& text);
   /// Works once on the next dialog that opens.
-  void OnDialog(std::function<void(QDialog&)> work);
+  void OnDialog(std::function<void(QDialog&)> work) { Hand().OnDialog(std::move(work)); }
 
   forms::Main& Form() { return program_->Application().Windows.Main; }
   formroutines::Application& Program() { return program_->Application(); }

@@ -19,7 +19,7 @@ class PhasorView : public ::testing::Test {
   PhasorView() {
     scene.Start();
     scene.Main.Combo3.ListIndex = 2;
-    scene.Select(3);
+    scene.Select(forms::tab::Phasor);
     scene.Journal.clear();
     scene.PhasorPicture.Calls.clear();
   }

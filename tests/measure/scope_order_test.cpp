@@ -16,7 +16,7 @@ class ScopeOrder : public ::testing::Test {
  protected:
   ScopeOrder() {
     scene.Start();
-    scene.Select(4);
+    scene.Select(forms::tab::Waveforms);
     scene.Journal.clear();
   }
 

@@ -16,7 +16,7 @@ class ScopeTick : public ::testing::Test {
  protected:
   ScopeTick() {
     scene.Start();
-    scene.Select(4);
+    scene.Select(forms::tab::Waveforms);
   }
 
   void Run() {
@@ -67,7 +67,7 @@ TEST_F(ScopeTick, BehindAPhasorRunWithoutDataAndAChoiceOfStationPlotsThatBlockTo
   Block(100, 10);
   main.CWButton1.Value = false;
   const auto before = Curve(0);
-  scene.Select(3);
+  scene.Select(forms::tab::Phasor);
   scene.Elapse(std::chrono::seconds(1));
   main.CWButton2.Value = true;
   ASSERT_TRUE(scene.State.CaptureRunning);
@@ -76,7 +76,7 @@ TEST_F(ScopeTick, BehindAPhasorRunWithoutDataAndAChoiceOfStationPlotsThatBlockTo
   ASSERT_TRUE(scene.State.LookingForPhases);
 
   main.Option3[3].Value = true;
-  scene.Select(4);
+  scene.Select(forms::tab::Waveforms);
   main.Check2[1].Value = 0;
 
   EXPECT_EQ(Curve(0), before);
@@ -107,13 +107,13 @@ TEST_F(ScopeTick, InTheMidstOfABurstShowsABlockOfMixedAge) {
 }
 
 TEST_F(ScopeTick, PlotsTheBlockOfTheViewThatRanLast) {
-  scene.Select(2);
+  scene.Select(forms::tab::Values);
   main.CWButton4.Value = true;
   scene.Receive(SineFrame(0, 100, 10));
   Block(100, 10);
   scene.Elapse(milliseconds(100));
   scene.Receive(200, [](int i) { return SineFrame(i, 900, 90); });
-  scene.Select(4);
+  scene.Select(forms::tab::Waveforms);
 
   main.Check2[1].Value = 0;
 

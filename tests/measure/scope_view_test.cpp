@@ -20,7 +20,7 @@ class Scope : public ::testing::Test {
  protected:
   Scope() {
     scene.Start();
-    scene.Select(4);
+    scene.Select(forms::tab::Waveforms);
     main.CWGraph1.XAxis.ScaleNow = [this] { asked.push_back("x"); };
     main.CWGraph1.YAxis.ScaleNow = [this] { asked.push_back("y"); };
     main.CWGraph1.Refresh = [this] { asked.push_back("refresh"); };

@@ -71,7 +71,7 @@ const std::vector<std::string> ReadingsOfSecond = {"300", "300", "300", "300",
                                                    "30",  "30",  "30",  "30"};
 
 TEST_F(StationChoice, InABlockBeginsTheBlockAnew) {
-  Run(2, main.CWButton4);
+  Run(forms::tab::Values, main.CWButton4);
   scene.Receive(200, OfFirst);
   main.Option3[1].Value = true;
 
@@ -83,7 +83,7 @@ TEST_F(StationChoice, InABlockBeginsTheBlockAnew) {
 }
 
 TEST_F(StationChoice, InABlockOfThePhasorsBeginsTheBlockAnew) {
-  Run(3, main.CWButton2);
+  Run(forms::tab::Phasor, main.CWButton2);
   scene.Receive(200, OfFirst);
   main.Option3[5].Value = true;
 
@@ -95,7 +95,7 @@ TEST_F(StationChoice, InABlockOfThePhasorsBeginsTheBlockAnew) {
 }
 
 TEST_F(StationChoice, InABlockOfTheScopeBeginsTheBlockAnew) {
-  Run(4, main.CWButton1);
+  Run(forms::tab::Waveforms, main.CWButton1);
   scene.Receive(200, OfFirst);
   main.Option3[3].Value = true;
 
@@ -108,7 +108,7 @@ TEST_F(StationChoice, InABlockOfTheScopeBeginsTheBlockAnew) {
 
 TEST_F(StationChoice, InRealTimeModeReadsNoValueAtTheOtherStationsPlace) {
   main.Check5.Value = 1;
-  Run(2, main.CWButton4);
+  Run(forms::tab::Values, main.CWButton4);
   scene.Receive(450, OfFirst);
   ASSERT_EQ(main.Label5[0].Caption, "100");
   main.Option3[1].Value = true;
@@ -127,7 +127,7 @@ TEST_F(StationChoice, InRealTimeModeReadsNoValueAtTheOtherStationsPlace) {
 }
 
 TEST_F(StationChoice, LeavesNoVoltagesOfTheOtherStationBehindCurrentsAlone) {
-  Run(2, main.CWButton4);
+  Run(forms::tab::Values, main.CWButton4);
   scene.Receive(400, OfFirst);
   scene.Elapse(100ms);
   scene.Receive(200, OfFirst);
@@ -139,7 +139,7 @@ TEST_F(StationChoice, LeavesNoVoltagesOfTheOtherStationBehindCurrentsAlone) {
 }
 
 TEST_F(StationChoice, OfOneThatCannotBeLocatedReadsAsSilent) {
-  Run(2, main.CWButton4);
+  Run(forms::tab::Values, main.CWButton4);
   scene.Receive(200, OfFirst);
   main.Option3[1].Value = true;
   EXPECT_EQ(scene.State.ChannelCount, 0);
@@ -152,7 +152,7 @@ TEST_F(StationChoice, OfOneThatCannotBeLocatedReadsAsSilent) {
 }
 
 TEST_F(StationChoice, BetweenTwoBurstsLeavesNothingOfTheOther) {
-  Run(2, main.CWButton4);
+  Run(forms::tab::Values, main.CWButton4);
   scene.Receive(400, OfFirst);
   ASSERT_FALSE(scene.State.CaptureRunning);
   main.Option3[1].Value = true;
@@ -164,7 +164,7 @@ TEST_F(StationChoice, BetweenTwoBurstsLeavesNothingOfTheOther) {
 }
 
 TEST_F(StationChoice, BetweenTwoBurstsOfOneThatCannotBeLocatedKeepsTheReadings) {
-  Run(2, main.CWButton4);
+  Run(forms::tab::Values, main.CWButton4);
   scene.Receive(400, OfFirst);
   main.Option3[1].Value = true;
   scene.Elapse(100ms);
@@ -176,7 +176,7 @@ TEST_F(StationChoice, BetweenTwoBurstsOfOneThatCannotBeLocatedKeepsTheReadings) 
 }
 
 TEST_F(StationChoice, InThePumpOfACompleteBlockDropsTheBlock) {
-  Run(2, main.CWButton4);
+  Run(forms::tab::Values, main.CWButton4);
   scene.Receive(399, OfFirst);
   scene.Events.AtPump(1, [&] {
     main.Option3[1].Value = true;
@@ -192,7 +192,7 @@ TEST_F(StationChoice, InThePumpOfACompleteBlockDropsTheBlock) {
 }
 
 TEST_F(StationChoice, InThePumpOfTheStopDropsTheBlock) {
-  Run(2, main.CWButton4);
+  Run(forms::tab::Values, main.CWButton4);
   scene.Receive(399, OfFirst);
   scene.Events.AtPump(2, [&] { main.Option3[1].Value = true; });
 
@@ -202,7 +202,7 @@ TEST_F(StationChoice, InThePumpOfTheStopDropsTheBlock) {
 }
 
 TEST_F(StationChoice, WithoutARunKeepsTheLastBlock) {
-  Run(2, main.CWButton4);
+  Run(forms::tab::Values, main.CWButton4);
   scene.Receive(400, OfFirst);
   scene.Elapse(1000ms);
   main.CWButton4.Value = false;

@@ -104,7 +104,7 @@ TEST_F(ReportRows, AreNotTouchedByAnotherEntry) {
   Run(SvFrame("MU01").Count(12).Bytes());
   std::vector<std::string> before;
   for (std::size_t i = 0; i < row::Count; ++i) before.push_back(Value(i));
-  scene.Select(1);
+  scene.Select(forms::tab::Info);
   Enter();
   for (std::size_t i = 0; i < row::Count; ++i) EXPECT_EQ(Value(i), before[i]);
   EXPECT_EQ(Value(row::SampleCount), "12");
@@ -207,7 +207,7 @@ TEST_F(ReportRun, SaysNothingWhileTheDialogStands) {
 TEST_F(ReportRun, ComesBackWithRunWhenThePageIsEnteredAnew) {
   main.Command2.Value = true;
   scene.Elapse(4s);
-  scene.Select(1);
+  scene.Select(forms::tab::Info);
   Enter();
   EXPECT_TRUE(main.Command2.Visible);
   EXPECT_FALSE(main.Command2.Value);
@@ -232,7 +232,7 @@ TEST_F(ReportRun, SaysNothingWhereAnotherViewsFilterIsRefused) {
 
 TEST_F(ReportRun, LeftByATabSaysNothing) {
   main.Command2.Value = true;
-  scene.Select(1);
+  scene.Select(forms::tab::Info);
   scene.Elapse(5s);
   EXPECT_TRUE(scene.Dialogs.TimedShown.empty());
   EXPECT_EQ(Line(), "");
@@ -267,7 +267,7 @@ class RefusedFrame : public ReportRun {
 
 TEST_F(RefusedFrame, IsExplainedAsLongAsItsRowsAreHidden) {
   EXPECT_EQ(Line(), Reason);
-  scene.Select(1);
+  scene.Select(forms::tab::Info);
   Enter();
   EXPECT_EQ(Line(), Reason) << "behind another entry";
   main.Window.TakeSize(1200 * 15, 900 * 15);

@@ -149,32 +149,32 @@ TEST_F(Layout, EndsTheSmallLabelsAtTheSameShareOfTheWidth) {
 }
 
 TEST_F(Layout, IsLeftSilentlyByAnyOtherFailure) {
-  scene.Select(7);
+  scene.Select(forms::tab::Setup);
   main.Label5[0].FontSize.Observe([] { throw platform::Failure(platform::failure::Overflow); });
   const auto boxes = scene.Dialogs.Shown.size();
 
   Resize(20000, 15000);
 
   EXPECT_FALSE(main.TabStrip1.Visible);
-  EXPECT_EQ(main.TabStrip1.SelectedTab, 1);
+  EXPECT_EQ(main.TabStrip1.SelectedTab, forms::tab::Info);
   EXPECT_EQ(main.Label5[0].Width, 5332);
   EXPECT_NE(main.Label5[7].Width, 5332);
   EXPECT_EQ(scene.Dialogs.Shown.size(), boxes);
 }
 
 TEST_F(Layout, ComesBackToTheTab) {
-  scene.Select(7);
+  scene.Select(forms::tab::Setup);
 
   Resize(20000, 15000);
 
-  EXPECT_EQ(main.TabStrip1.SelectedTab, 7);
+  EXPECT_EQ(main.TabStrip1.SelectedTab, forms::tab::Setup);
   EXPECT_EQ(main.TabStrip1.Width, 20000);
   EXPECT_EQ(main.TabStrip1.Height, 15000);
   EXPECT_TRUE(main.TabStrip1.Visible);
 }
 
 TEST_F(Layout, SelectsTheFirstTabForItsTime) {
-  scene.Select(7);
+  scene.Select(forms::tab::Setup);
   std::vector<int> tabs;
   main.TabStrip1.SelectedTab.Observe([&] { tabs.push_back(main.TabStrip1.SelectedTab); });
 
@@ -184,7 +184,7 @@ TEST_F(Layout, SelectsTheFirstTabForItsTime) {
 }
 
 TEST_F(Layout, StoresNothing) {
-  scene.Select(7);
+  scene.Select(forms::tab::Setup);
   scene.Store.Written.clear();
 
   Resize(20000, 15000);
@@ -193,7 +193,7 @@ TEST_F(Layout, StoresNothing) {
 }
 
 TEST_F(Layout, LeavesTheTabInUseAsItIs) {
-  scene.Select(7);
+  scene.Select(forms::tab::Setup);
   std::vector<int> inUse;
   main.TabStrip1.SelectedTab.Observe([&] {
     // Pumps before and behind the place where a change takes the tab over.
@@ -209,8 +209,8 @@ TEST_F(Layout, LeavesTheTabInUseAsItIs) {
 
 TEST_F(Layout, KnowsTheTabInUseWhereAnotherIsChosenInItsMidst) {
   for (const int pump : {1, 2, 3, 4}) {
-    scene.Select(7);
-    scene.Events.AtPump(pump, [this] { scene.Select(4); });
+    scene.Select(forms::tab::Setup);
+    scene.Events.AtPump(pump, [this] { scene.Select(forms::tab::Waveforms); });
 
     Resize(20000 + pump, 15000);
 
@@ -226,7 +226,7 @@ TEST_F(Layout, LeavesTheTabAloneWhileCaptureRuns) {
 
   Resize(20000, 15000);
 
-  EXPECT_EQ(main.TabStrip1.SelectedTab, 2);
+  EXPECT_EQ(main.TabStrip1.SelectedTab, forms::tab::Values);
   EXPECT_TRUE(scene.Capture.Running);
   EXPECT_TRUE(scene.State.LookingForValues);
   EXPECT_EQ(main.Label5[0].Width, 5332);

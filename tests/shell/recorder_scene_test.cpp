@@ -14,7 +14,7 @@ namespace line = forms::record_line;
 class Recorder : public shell_tests::TabScene {
  protected:
   Recorder() {
-    scene.Select(5);
+    scene.Select(forms::tab::Recorder);
     scene.Journal.clear();
   }
   void Run() {
@@ -119,17 +119,17 @@ TEST_F(Recorder, OnADiskThatIsFullAtOnceHasNoButtonUntilItsTabIsEnteredAgain) {
   ASSERT_THAT(scene.Dialogs.Shown, SizeIs(1));
   EXPECT_FALSE(main.CWButton3.Visible);
   EXPECT_FALSE(main.CWButton3.Value);
-  scene.Select(5);
+  scene.Select(forms::tab::Recorder);
   EXPECT_TRUE(main.CWButton3.Visible);
 }
 
 TEST_F(Recorder, IsEndedByAChangeOfTheTabWithoutALog) {
   Run();
   Frames(8000);
-  scene.Select(2);
+  scene.Select(forms::tab::Values);
   EXPECT_FALSE(scene.State.LookingForRecording);
   EXPECT_FALSE(main.Command9.Visible);
-  scene.Select(5);
+  scene.Select(forms::tab::Recorder);
   EXPECT_FALSE(main.CWButton3.Value);
   scene.Files.Stored.clear();
   Run();
@@ -144,8 +144,8 @@ TEST_F(Recorder, WaitsWithoutAButtonForAStreamThatFellSilent) {
   EXPECT_FALSE(main.CWButton3.Visible);
   EXPECT_TRUE(scene.State.LookingForRecording);
   EXPECT_THAT(scene.Dialogs.TimedShown, IsEmpty());
-  scene.Select(2);
-  scene.Select(5);
+  scene.Select(forms::tab::Values);
+  scene.Select(forms::tab::Recorder);
   EXPECT_TRUE(main.CWButton3.Visible);
   for (const auto& format : main.Option2) EXPECT_TRUE(format.Enabled);
 }

@@ -12,13 +12,12 @@ using testing::StartsWith;
 using std::chrono_literals::operator""s;
 namespace format = forms::record_format;
 
-constexpr std::int16_t RecorderTab = 5;
 constexpr const char* TooManyErrors = "To much errors in the captured sequence";
 
 /// What stands on disk behind a recording, as docs/recordings.md tells it.
 class Leaves : public shell_tests::TabScene {
  protected:
-  Leaves() { scene.Select(RecorderTab); }
+  Leaves() { scene.Select(forms::tab::Recorder); }
 
   void TakeBoth() { main.Text1[forms::setup_field::Content2].Text = "MU02"; }
   void Choose(std::size_t chosen) { main.Option2[chosen].Value = true; }
@@ -155,10 +154,10 @@ TEST_F(Leaves, TheSecondFilesNumbersInStepsOf3600) {
 TEST_F(Leaves, NumbersThatGoOnBehindAChangeOfTheTab) {
   Run();
   Seconds(2);
-  scene.Select(2);
+  scene.Select(forms::tab::Values);
   EXPECT_THAT(Names(), ElementsAre(text_));
 
-  scene.Select(RecorderTab);
+  scene.Select(forms::tab::Recorder);
   scene.Files.Stored.clear();
   Run();
   Seconds(1);
@@ -174,7 +173,7 @@ TEST_F(Leaves, HalfAConfigurationBehindAChangeOfTheTab) {
   Choose(format::Comtrade);
   Run();
   Seconds(1);
-  scene.Select(2);
+  scene.Select(forms::tab::Values);
   EXPECT_THAT(Names(), ElementsAre(config_, data_));
   EXPECT_THAT(LinesOf(Content(config_)), SizeIs(12));
 }
@@ -183,7 +182,7 @@ TEST_F(Leaves, ASheetWithItsRowsBehindAChangeOfTheTab) {
   Choose(format::Worksheet);
   Run();
   Seconds(1);
-  scene.Select(2);
+  scene.Select(forms::tab::Values);
   EXPECT_THAT(Names(), ElementsAre(sheet_));
   EXPECT_GT(Content(sheet_).size(), 4000U * 9 * 19);
 }

@@ -9,14 +9,12 @@ using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::SizeIs;
 
-constexpr int RecorderTab = 5;
-
 /// A recording in text format from the press of RUN to what follows its stop.
 class Recording : public ::testing::Test, public support::Scene {
  protected:
   Recording() {
     Start();
-    Select(RecorderTab);
+    Select(forms::tab::Recorder);
     Calendar.Present = {2024, 3, 9, 14, 5, 7};
     Main.CWButton3.Value = true;
     Receive(SineFrame(0, 1, 1));
@@ -69,7 +67,7 @@ TEST_F(Recording, LeavesAloneAViewThatBeginsAmongTheFramesThatHadArrived) {
   for (int i = 0; i < 800; ++i) Capture.Arrive(SineFrame(i, 1, 1));
   Events.AtPump(2, [this] {
     ASSERT_TRUE(State.LookingForRecording) << "which the frames are still delivered to";
-    Select(2);
+    Select(forms::tab::Values);
     Main.CWButton4.Value = true;
   });
 
@@ -103,7 +101,7 @@ TEST_P(RecordingResized, EndsWithItsLogAndItsQuickView) {
 
   ASSERT_TRUE(resized);
   EXPECT_EQ(Main.Label5[0].Width, 5332) << "the layout is done";
-  EXPECT_EQ(Main.TabStrip1.SelectedTab, RecorderTab);
+  EXPECT_EQ(Main.TabStrip1.SelectedTab, forms::tab::Recorder);
   EXPECT_TRUE(Files.FileExists(Log));
   EXPECT_TRUE(Main.Command9.Visible);
   EXPECT_TRUE(Main.CWGraph2.Visible);

@@ -9,13 +9,11 @@ using support::Scene;
 using support::SvFrame;
 using support::Watch;
 
-constexpr std::int16_t ExitTab = 8;
-
 TEST(ShutDown, EndsFromAViewThatDoesNotRun) {
   Scene scene;
   scene.Start();
 
-  scene.Select(ExitTab);
+  scene.Select(forms::tab::Exit);
 
   EXPECT_FALSE(scene.Main.Window.Loaded);
   EXPECT_FALSE(scene.Main.Window.Visible);
@@ -32,7 +30,7 @@ TEST(ShutDown, StopsCaptureAndTheTimers) {
     timer->Enabled = true;
   }
 
-  scene.Select(ExitTab);
+  scene.Select(forms::tab::Exit);
 
   EXPECT_FALSE(scene.Capture.Running);
   EXPECT_FALSE(scene.State.CaptureRunning);
@@ -49,13 +47,13 @@ TEST(ShutDown, ByTheTabReturnsToTheViewWhileItsButtonIsLocked) {
   scene.Receive(SvFrame().Bytes());
   ASSERT_FALSE(scene.Main.CWButton4.Enabled);
 
-  scene.Select(ExitTab);
+  scene.Select(forms::tab::Exit);
 
   EXPECT_TRUE(scene.Main.Window.Loaded);
-  EXPECT_EQ(scene.Main.TabStrip1.SelectedTab, 2);
+  EXPECT_EQ(scene.Main.TabStrip1.SelectedTab, forms::tab::Values);
 
   scene.Elapse(milliseconds(1000));
-  scene.Select(ExitTab);
+  scene.Select(forms::tab::Exit);
 
   EXPECT_FALSE(scene.Main.Window.Loaded);
 }
@@ -82,7 +80,7 @@ TEST(ShutDown, LooksAtTheButtonOfTheViewInUse) {
     scene.Select(view.Tab);
     view.Button.Enabled = false;
 
-    scene.Select(ExitTab);
+    scene.Select(forms::tab::Exit);
 
     EXPECT_TRUE(scene.Main.Window.Loaded) << view.Tab;
     EXPECT_EQ(scene.Main.TabStrip1.SelectedTab, view.Tab);
@@ -93,10 +91,10 @@ TEST(ShutDown, LooksAtTheButtonOfTheViewInUse) {
 TEST(ShutDown, DoesNotWaitForAButtonOfAnotherView) {
   Scene scene;
   scene.Start();
-  scene.Select(7);
+  scene.Select(forms::tab::Setup);
   scene.Main.CWButton4.Enabled = false;
 
-  scene.Select(ExitTab);
+  scene.Select(forms::tab::Exit);
 
   EXPECT_FALSE(scene.Main.Window.Loaded);
 }
@@ -134,7 +132,7 @@ TEST(ShutDown, UnloadsTheWindowOnce) {
     if (!scene.Main.Window.Loaded) ++unloaded;
   });
 
-  scene.Select(ExitTab);
+  scene.Select(forms::tab::Exit);
   scene.Main.Window.QueryUnload();
 
   EXPECT_EQ(unloaded, 1);
@@ -146,7 +144,7 @@ TEST(ShutDown, ClosesTheOtherFormsThatAreOpen) {
   platform::Window& history = scene.App.Windows.Revisionhistory.Window;
   platform::Window& debug = scene.App.Windows.DebugWindow.Window;
   debug.Visible = true;
-  history.ShowModal = [&] { scene.Select(ExitTab); };
+  history.ShowModal = [&] { scene.Select(forms::tab::Exit); };
 
   scene.Main.Label4.Click();
 
@@ -163,7 +161,7 @@ TEST(ShutDown, DoesNotAskFormsThatWereNeverOpened) {
   scene.App.Windows.Revisionhistory.Window.QueryUnload = [&] { ++asked; };
   scene.App.Windows.DebugWindow.Window.QueryUnload = [&] { ++asked; };
 
-  scene.Select(ExitTab);
+  scene.Select(forms::tab::Exit);
 
   EXPECT_EQ(asked, 0);
   EXPECT_FALSE(scene.Main.Window.Loaded);
@@ -174,7 +172,7 @@ TEST(ShutDown, WritesNoSettings) {
   scene.Start();
   scene.Store.Written.clear();
 
-  scene.Select(ExitTab);
+  scene.Select(forms::tab::Exit);
 
   EXPECT_TRUE(scene.Store.Written.empty());
 }
@@ -185,7 +183,7 @@ TEST(ShutDown, GoesOnOverFailures) {
   scene.Capture.StopFailure = platform::Failure(57);
   scene.Events.AtPump(1, [] { throw platform::Failure(5); });
 
-  scene.Select(ExitTab);
+  scene.Select(forms::tab::Exit);
 
   EXPECT_FALSE(scene.Main.Window.Loaded);
 }
@@ -198,7 +196,7 @@ TEST(ShutDown, DoesNotHangWhereCaptureCannotBeStopped) {
   scene.Elapse(milliseconds(1000));
   scene.Capture.StopFailure = platform::Failure(57);
 
-  scene.Select(ExitTab);
+  scene.Select(forms::tab::Exit);
 
   EXPECT_FALSE(scene.Main.Window.Loaded);
 }
@@ -216,7 +214,7 @@ TEST(ShutDown, StopsCaptureAgainUntilItStops) {
   });
   scene.Journal.clear();
 
-  scene.Select(ExitTab);
+  scene.Select(forms::tab::Exit);
 
   EXPECT_THAT(scene.Journal, testing::ElementsAre("stop", "wait 10", "stop", "wait 10",  //
                                                   "stop", "pump", "clear", "pump",       //
@@ -240,7 +238,7 @@ TEST(ShutDown, GoesItsStepsInOrder) {
   Watch(scene.Journal, scene.Main.Window.Loaded, "main window");
   scene.Journal.clear();
 
-  scene.Select(ExitTab);
+  scene.Select(forms::tab::Exit);
 
   EXPECT_THAT(scene.Journal,
               testing::ElementsAre("stop", "pump", "clear", "pump",                 // capture
@@ -261,7 +259,7 @@ TEST(ShutDown, UnloadsTheWindowAtLastWhereThatFailedBefore) {
   });
   Watch(scene.Journal, scene.Main.Window.Loaded, "main window");
 
-  scene.Select(ExitTab);
+  scene.Select(forms::tab::Exit);
 
   EXPECT_TRUE(failed);
   EXPECT_EQ(scene.Journal.back(), "main window false") << "behind the last pump";
@@ -274,7 +272,7 @@ TEST(ShutDown, ServesACloseRequestThatComesBeforeItsFormsAreUnloaded) {
   scene.Main.TabStrip1.SelectedTab.Observe([&] { ++exits; });
   scene.Events.AtPump(3, [&] { scene.Main.Window.QueryUnload(); });
 
-  scene.Select(ExitTab);
+  scene.Select(forms::tab::Exit);
 
   EXPECT_EQ(exits, 2);
   EXPECT_FALSE(scene.Main.Window.Loaded);

@@ -70,8 +70,8 @@ TEST(StartUp, OnTheRecorderWithoutItsFolderSaysSoOnceAndLandsOnTheSetup) {
   EXPECT_EQ(scene.LastBox().Text,
             "The given path under 'Setup' is not available!\r\n"
             "Please check the specified path for errors.");
-  EXPECT_EQ(scene.Main.TabStrip1.SelectedTab, 7);
-  EXPECT_EQ(scene.Settings.MainActiveTab, 7);
+  EXPECT_EQ(scene.Main.TabStrip1.SelectedTab, forms::tab::Setup);
+  EXPECT_EQ(scene.Settings.MainActiveTab, forms::tab::Setup);
   EXPECT_EQ(scene.Store.Texts["MainActiveTab"], "7");
   EXPECT_EQ(focused, 1);
   EXPECT_THAT(scene.Files.Made, IsEmpty());
@@ -95,7 +95,7 @@ TEST(StoredData, OfANewUserLiesInTheHomeAndIsMade) {
   scene.Files.LeaveWindows();
 
   scene.App.Load();
-  scene.Select(5);
+  scene.Select(forms::tab::Recorder);
 
   EXPECT_THAT(scene.Files.Made, ElementsAre("/home/user/StoredData"));
   EXPECT_THAT(scene.Dialogs.Shown, IsEmpty());
@@ -144,7 +144,7 @@ TEST(StoredData, ShowsOnTheRecorderInTheWritingOfThePlatform) {
   scene.Store.Texts["Path of stored data"] = "d:\\records";
   scene.App.Load();
 
-  scene.Select(5);
+  scene.Select(forms::tab::Recorder);
 
   EXPECT_EQ(scene.Main.Label10[1].Caption,
             "/home/user/records/SV record dd.mm.yyyy hh-MM-ss.txt (after 'RUN')");

@@ -56,7 +56,7 @@ TEST(StartUp, OpensOnTheFirstTabOnAFirstStart) {
 
   scene.App.Load();
 
-  EXPECT_EQ(scene.Main.TabStrip1.SelectedTab, 1);
+  EXPECT_EQ(scene.Main.TabStrip1.SelectedTab, forms::tab::Info);
   EXPECT_TRUE(scene.Main.Picture4.Visible);
 }
 
@@ -66,8 +66,8 @@ TEST(StartUp, BringsTheLastTabBack) {
 
   scene.App.Load();
 
-  EXPECT_EQ(scene.Main.TabStrip1.SelectedTab, 6);
-  EXPECT_EQ(scene.Settings.MainActiveTab, 6);
+  EXPECT_EQ(scene.Main.TabStrip1.SelectedTab, forms::tab::Report);
+  EXPECT_EQ(scene.Settings.MainActiveTab, forms::tab::Report);
   EXPECT_EQ(scene.Store.Texts["MainActiveTab"], "6");
 }
 
@@ -77,7 +77,7 @@ TEST(StartUp, AfterAnExitOpensOnTheFirstTab) {
 
   scene.App.Load();
 
-  EXPECT_EQ(scene.Main.TabStrip1.SelectedTab, 1);
+  EXPECT_EQ(scene.Main.TabStrip1.SelectedTab, forms::tab::Info);
   EXPECT_TRUE(scene.Main.Window.Loaded);
 }
 
@@ -88,7 +88,7 @@ TEST(StartUp, WithATabThatDoesNotExistOpensOnTheFirst) {
 
     scene.App.Load();
 
-    EXPECT_EQ(scene.Main.TabStrip1.SelectedTab, 1) << tab;
+    EXPECT_EQ(scene.Main.TabStrip1.SelectedTab, forms::tab::Info) << tab;
   }
 }
 

@@ -269,7 +269,7 @@ INSTANTIATE_TEST_SUITE_P(Views, TabAndRunBehindARestart, testing::ValuesIn(Nexts
 class TabAndRunBehindARecording : public LiveView, public testing::WithParamInterface<int> {};
 
 TEST_P(TabAndRunBehindARecording, Runs) {
-  scene.Select(5);
+  scene.Select(forms::tab::Recorder);
   main.CWButton3.Value = true;
   scene.Receive(Signal(0));
   scene.Receive(4100, Signal);

@@ -8,7 +8,7 @@ using ::testing::ElementsAre;
 using TabChanges = shell_tests::TabScene;
 
 TEST_F(TabChanges, StopTheAcquisitionAsAWhole) {
-  scene.Select(2);
+  scene.Select(forms::tab::Values);
   scene.RunValues();
   scene.State.LookingForPhases = true;
   scene.State.LookingForScope = true;
@@ -16,7 +16,7 @@ TEST_F(TabChanges, StopTheAcquisitionAsAWhole) {
   scene.State.LookingForID = true;
   scene.State.ReportRequested = true;
 
-  scene.Select(7);
+  scene.Select(forms::tab::Setup);
 
   EXPECT_FALSE(scene.Capture.Running);
   EXPECT_FALSE(scene.State.CaptureRunning);
@@ -39,7 +39,7 @@ TEST_F(TabChanges, PumpBeforeAndAfterTheTabIsTakenAndStopBehindTheStore) {
   // The stop begins with the indicators.
   main.Shape12[0].Visible.Observe(tell);
 
-  scene.Select(7);
+  scene.Select(forms::tab::Setup);
 
   EXPECT_THAT(scene.Journal, ElementsAre("pump", "in use 1, stored 1", "pump", "in use 7, stored 1",
                                          "in use 7, stored 7", "stop", "pump", "clear", "pump"));
@@ -48,31 +48,31 @@ TEST_F(TabChanges, PumpBeforeAndAfterTheTabIsTakenAndStopBehindTheStore) {
 TEST_F(TabChanges, StoreTheTabAtOnce) {
   scene.Store.Written.clear();
 
-  scene.Select(6);
+  scene.Select(forms::tab::Report);
 
   EXPECT_THAT(scene.Store.Written, ElementsAre("MainActiveTab"));
   EXPECT_EQ(scene.Store.Texts["MainActiveTab"], "6");
-  EXPECT_EQ(scene.Settings.MainActiveTab, 6);
+  EXPECT_EQ(scene.Settings.MainActiveTab, forms::tab::Report);
 }
 
 TEST_F(TabChanges, ToTheSameTabRepeatAllSteps) {
-  scene.Select(6);
+  scene.Select(forms::tab::Report);
   scene.Store.Texts["MainActiveTab"] = "overwritten";
   scene.State.ReportRequested = true;
 
-  scene.Select(6);
+  scene.Select(forms::tab::Report);
 
   EXPECT_EQ(scene.Store.Texts["MainActiveTab"], "6");
   EXPECT_FALSE(scene.State.ReportRequested);
 }
 
 TEST_F(TabChanges, StillHandleAFrameThatComesBeforeTheStop) {
-  scene.Select(2);
+  scene.Select(forms::tab::Values);
   scene.RunValues();
   const int before = scene.Block.SampleCount(0);
   scene.Events.AtPump(1, [&] { scene.Receive(SvFrame().Count(77).Bytes()); });
 
-  scene.Select(7);
+  scene.Select(forms::tab::Setup);
 
   EXPECT_NE(before, 77);
   EXPECT_EQ(scene.Block.SampleCount(0), 77);
@@ -82,29 +82,29 @@ TEST_F(TabChanges, TurnTheValuesAndTheScopeOff) {
   main.CWButton4.Value = true;
   main.CWButton1.Value = true;
 
-  scene.Select(7);
+  scene.Select(forms::tab::Setup);
 
   EXPECT_FALSE(main.CWButton4.Value);
   EXPECT_FALSE(main.CWButton1.Value);
 }
 
 TEST_F(TabChanges, TurnThePhasorsOffOnlyWhenTheirViewIsEntered) {
-  scene.Select(3);
+  scene.Select(forms::tab::Phasor);
   main.CWButton2.Value = true;
 
-  scene.Select(7);
+  scene.Select(forms::tab::Setup);
   EXPECT_TRUE(main.CWButton2.Value);
 
-  scene.Select(3);
+  scene.Select(forms::tab::Phasor);
   EXPECT_FALSE(main.CWButton2.Value);
 }
 
 TEST_F(TabChanges, GiveALockedRunButtonBackAfterASecond) {
-  scene.Select(2);
+  scene.Select(forms::tab::Values);
   main.CWButton4.Value = true;
   ASSERT_FALSE(main.CWButton4.Enabled);
 
-  scene.Select(7);
+  scene.Select(forms::tab::Setup);
   scene.Elapse(std::chrono::milliseconds(1000));
 
   EXPECT_TRUE(main.CWButton4.Enabled);
@@ -116,7 +116,7 @@ TEST_F(TabChanges, ToTheRecorderWithoutAStorageFolderLandOnSetup) {
   int focused = 0;
   main.Text1[3].SetFocus = [&] { ++focused; };
 
-  scene.Select(5);
+  scene.Select(forms::tab::Recorder);
 
   ASSERT_EQ(scene.Dialogs.Shown.size(), 1U);
   EXPECT_EQ(scene.LastBox().Title, "Attention");
@@ -125,8 +125,8 @@ TEST_F(TabChanges, ToTheRecorderWithoutAStorageFolderLandOnSetup) {
             "Please check the specified path for errors.");
   EXPECT_EQ(scene.LastBox().BoxIcon, platform::Icon::Exclamation);
   EXPECT_EQ(focused, 1);
-  EXPECT_EQ(main.TabStrip1.SelectedTab, 7);
-  EXPECT_EQ(scene.Settings.MainActiveTab, 7);
+  EXPECT_EQ(main.TabStrip1.SelectedTab, forms::tab::Setup);
+  EXPECT_EQ(scene.Settings.MainActiveTab, forms::tab::Setup);
   EXPECT_EQ(scene.Store.Texts["MainActiveTab"], "7");
   EXPECT_TRUE(main.Picture1[3].Visible);
 }

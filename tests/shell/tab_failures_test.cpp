@@ -29,11 +29,11 @@ TEST_F(TabFailures, OfAHarmlessStopAreSkippedInItsOwnPumps) {
   FailAtPump(1, HarmlessStop);
   FailAtPump(2, HarmlessStop);
 
-  scene.Select(6);
+  scene.Select(forms::tab::Report);
 
   EXPECT_EQ(failures, 2);
   EXPECT_TRUE(scene.Dialogs.Shown.empty());
-  EXPECT_EQ(scene.Settings.MainActiveTab, 6);
+  EXPECT_EQ(scene.Settings.MainActiveTab, forms::tab::Report);
   EXPECT_EQ(scene.Store.Texts["MainActiveTab"], "6");
   EXPECT_TRUE(main.Command2.Visible);
 }
@@ -44,7 +44,7 @@ TEST_F(TabFailures, InTheStopOfTheValuesStillTurnTheScopeOff) {
   ASSERT_FALSE(main.Timer3.Enabled);
   FailBehind(main.CWButton4.Value, HarmlessStop);
 
-  scene.Select(7);
+  scene.Select(forms::tab::Setup);
 
   EXPECT_EQ(failures, 1);
   EXPECT_FALSE(main.CWButton4.Value);
@@ -58,7 +58,7 @@ TEST_F(TabFailures, InTheStopOfTheScopeStillGiveTheValuesButtonBack) {
   main.CWButton1.Value = true;
   FailBehind(main.CWButton1.Value, HarmlessStop);
 
-  scene.Select(7);
+  scene.Select(forms::tab::Setup);
   scene.Elapse(milliseconds(1000));
 
   EXPECT_EQ(failures, 1);
@@ -69,7 +69,7 @@ TEST_F(TabFailures, InTheStopOfTheScopeGiveItsOwnButtonBackToo) {
   main.CWButton1.Value = true;
   FailBehind(main.CWButton1.Value, HarmlessStop);
 
-  scene.Select(7);
+  scene.Select(forms::tab::Setup);
 
   EXPECT_EQ(failures, 1);
   EXPECT_FALSE(main.CWButton1.Enabled);
@@ -83,7 +83,7 @@ TEST_F(TabFailures, InTheStopOfThePhasorsStillBringThemUp) {
   main.CWButton2.Value = true;
   FailBehind(main.CWButton2.Value, HarmlessStop);
 
-  scene.Select(3);
+  scene.Select(forms::tab::Phasor);
 
   EXPECT_EQ(failures, 1);
   EXPECT_FALSE(main.CWButton2.Value);
@@ -100,7 +100,7 @@ TEST_F(TabFailures, InTheStopOfTheRecorderStillBringItUp) {
   main.Option2[1].Enabled = false;
   FailBehind(main.CWButton3.Value, HarmlessStop);
 
-  scene.Select(5);
+  scene.Select(forms::tab::Recorder);
 
   EXPECT_EQ(failures, 1);
   EXPECT_TRUE(main.Option2[1].Enabled);
@@ -114,18 +114,18 @@ TEST_F(TabFailures, BeforeTheRefusalOfAStorageFolderDoNotKeepItBack) {
   // The last that changes before the refusal pumps.
   FailBehind(main.Label10[3].Caption, HarmlessStop);
 
-  scene.Select(5);
+  scene.Select(forms::tab::Recorder);
 
   EXPECT_EQ(failures, 1);
   ASSERT_EQ(scene.Dialogs.Shown.size(), 1U);
   EXPECT_EQ(scene.LastBox().Title, "Attention");
-  EXPECT_EQ(main.TabStrip1.SelectedTab, 7);
+  EXPECT_EQ(main.TabStrip1.SelectedTab, forms::tab::Setup);
 }
 
 TEST_F(TabFailures, OfAnyOtherKindAreReportedAndEndTheProgram) {
   scene.Events.AtPump(2, [] { throw Failure(75, "Path/File access error"); });
 
-  EXPECT_THROW(scene.Select(6), support::SceneEnded);
+  EXPECT_THROW(scene.Select(forms::tab::Report), support::SceneEnded);
 
   EXPECT_EQ(scene.LastBox(), (platform::Message{"unknown...",
                                                 "unknown error. \r\nPath/File access error\r\n"
@@ -137,7 +137,7 @@ TEST_F(TabFailures, OfAnyOtherKindEndTheProgramFromTheStopOfAViewToo) {
   main.CWButton2.Value = true;
   FailBehind(main.CWButton2.Value, platform::failure::DeviceIo);
 
-  EXPECT_THROW(scene.Select(3), support::SceneEnded);
+  EXPECT_THROW(scene.Select(forms::tab::Phasor), support::SceneEnded);
 
   ASSERT_EQ(scene.Dialogs.Shown.size(), 1U);
   EXPECT_EQ(scene.LastBox().Title, "unknown...");
@@ -148,7 +148,7 @@ TEST_F(TabFailures, InTheFormatDoNotLeaveTheRecorderBusy) {
   main.Option2[1].Value.Observe([] { throw Failure(HarmlessStop); });
   main.Label10[3].Caption = std::string();
 
-  scene.Select(5);
+  scene.Select(forms::tab::Recorder);
 
   EXPECT_TRUE(main.Option2[1].Value);
   EXPECT_FALSE(scene.State.RecorderBusy);
@@ -162,7 +162,7 @@ TEST_F(TabFailures, InTheReportDoNotKeepItsLogoBack) {
     throw Failure(HarmlessStop);
   });
 
-  scene.Select(6);
+  scene.Select(forms::tab::Report);
 
   EXPECT_EQ(failures, 1);
   EXPECT_TRUE(main.Picture1[2].Visible);

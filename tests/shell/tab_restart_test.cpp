@@ -89,7 +89,7 @@ TEST_F(TabRestart, StartsNothingBehindTheEndOfTheProgram) {
   RunABlock(2, main.CWButton4);
   scene.Elapse(1000ms);
   scene.Receive(400, Signal);
-  scene.Events.AtPump(1, [&] { scene.Select(8); });
+  scene.Events.AtPump(1, [&] { scene.Select(forms::tab::Exit); });
 
   scene.Elapse(100ms);
 
@@ -120,7 +120,7 @@ TEST_P(PauseThatEndsOnTheWayOut, StartsNothingBehindAChangeOfTab) {
   RunTheView();
   LetThePauseEndInThePump();
 
-  scene.Select(7);
+  scene.Select(forms::tab::Setup);
 
   ASSERT_TRUE(ended_);
   ExpectNoRun();
@@ -133,7 +133,7 @@ TEST_P(PauseThatEndsOnTheWayOut, StartsNothingBehindTheExit) {
   LetThePauseEndInThePump();
   scene.Journal.clear();
 
-  scene.Select(8);
+  scene.Select(forms::tab::Exit);
 
   ASSERT_TRUE(ended_);
   ExpectNothingRuns();
@@ -158,8 +158,8 @@ INSTANTIATE_TEST_SUITE_P(Views, PauseThatEndsOnTheWayOut,
                          testing::Combine(testing::Values(2, 3, 4), testing::Values(1, 2, 3, 4)));
 
 TEST_F(TabRestart, StartsNothingForAPressThatAChangeOfTabOvertakes) {
-  scene.Select(3);
-  scene.Events.AtPump(1, [&] { scene.Select(7); });
+  scene.Select(forms::tab::Phasor);
+  scene.Events.AtPump(1, [&] { scene.Select(forms::tab::Setup); });
 
   main.CWButton2.Value = true;
 
@@ -167,13 +167,13 @@ TEST_F(TabRestart, StartsNothingForAPressThatAChangeOfTabOvertakes) {
 }
 
 TEST_F(TabRestart, StartsNothingForAPressInsideAChangeOfTab) {
-  scene.Select(4);
+  scene.Select(forms::tab::Waveforms);
   scene.Events.AtPump(4, [&] { main.CWButton1.Value = true; });
 
-  scene.Select(7);
+  scene.Select(forms::tab::Setup);
 
   ExpectNoRun();
-  scene.Select(4);
+  scene.Select(forms::tab::Waveforms);
   scene.Elapse(1000ms);
   EXPECT_FALSE(main.CWButton1.Value);
   EXPECT_TRUE(main.CWButton1.Enabled);
@@ -189,7 +189,7 @@ TEST_F(TabRestart, StartsNothingForAPressInTheStopPathOfTheViewThatIsLeft) {
     main.CWButton1.Value = true;
   });
 
-  scene.Select(7);
+  scene.Select(forms::tab::Setup);
 
   ASSERT_TRUE(pressed);
   ExpectNoRun();
@@ -197,7 +197,7 @@ TEST_F(TabRestart, StartsNothingForAPressInTheStopPathOfTheViewThatIsLeft) {
 
 TEST_F(TabRestart, LetsARunStartBehindAChangeOfTab) {
   RunABlock(3, main.CWButton2);
-  scene.Select(2);
+  scene.Select(forms::tab::Values);
   scene.Elapse(1000ms);
 
   Run(main.CWButton4);

@@ -11,7 +11,7 @@ class TabScene : public ::testing::Test {
  protected:
   TabScene() {
     scene.Start();
-    scene.Select(1);
+    scene.Select(forms::tab::Info);
   }
 
   support::Scene scene;

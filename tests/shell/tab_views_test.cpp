@@ -105,7 +105,7 @@ TEST_F(TabViews, BeginTheRecorderAnew) {
   main.Label10[4].Visible = true;
   for (auto& format : main.Option2) format.Enabled = false;
 
-  scene.Select(5);
+  scene.Select(forms::tab::Recorder);
 
   EXPECT_FALSE(main.CWButton3.Value);
   for (const auto& format : main.Option2) EXPECT_TRUE(format.Enabled);
@@ -123,7 +123,7 @@ TEST_F(TabViews, BeginTheRecorderAnew) {
 TEST_F(TabViews, KeepTheNameOfARecordingButShowTheFixedText) {
   scene.State.RecordFileName = "SV record 21.11.2026 10-00-00.txt";
 
-  scene.Select(5);
+  scene.Select(forms::tab::Recorder);
 
   EXPECT_EQ(scene.State.RecordFileName, "SV record 21.11.2026 10-00-00.txt");
   EXPECT_EQ(main.Label10[1].Caption,
@@ -135,7 +135,7 @@ TEST_F(TabViews, KeepTheRecorderBusyWhileItsControlsChange) {
   NoteBusy(main.CWButton3.Value);
   for (auto& format : main.Option2) NoteBusy(format.Enabled);
 
-  scene.Select(5);
+  scene.Select(forms::tab::Recorder);
 
   EXPECT_EQ(busy.size(), 4U);
   EXPECT_THAT(busy, Each(IsTrue()));
@@ -149,7 +149,7 @@ TEST_F(TabViews, KeepTheRecorderBusyWhileThePhasorsComeUp) {
     if (main.Frame2.Visible) busy.push_back(scene.State.RecorderBusy);
   });
 
-  scene.Select(3);
+  scene.Select(forms::tab::Phasor);
 
   EXPECT_EQ(busy.size(), 2U);
   EXPECT_THAT(busy, Each(IsTrue()));
@@ -159,40 +159,40 @@ TEST_F(TabViews, KeepTheRecorderBusyWhileThePhasorsComeUp) {
 TEST_F(TabViews, ShowTheSecondStationWhereItHasAContent) {
   main.Text1[14].Text = "MU02";
 
-  scene.Select(2);
+  scene.Select(forms::tab::Values);
   EXPECT_TRUE(main.Option3[1].Visible);
-  scene.Select(3);
+  scene.Select(forms::tab::Phasor);
   EXPECT_TRUE(main.Option3[5].Visible);
   EXPECT_FALSE(main.Option3[1].Visible);
-  scene.Select(4);
+  scene.Select(forms::tab::Waveforms);
   EXPECT_TRUE(main.Option3[3].Visible);
-  scene.Select(5);
+  scene.Select(forms::tab::Recorder);
   EXPECT_TRUE(main.Label10[4].Visible);
-  scene.Select(6);
+  scene.Select(forms::tab::Report);
   EXPECT_TRUE(main.Option3[7].Visible);
 }
 
 TEST_F(TabViews, CarryTheChosenStationFromViewToView) {
   main.Text1[14].Text = "MU02";
-  scene.Select(2);
+  scene.Select(forms::tab::Values);
   main.Option3[1].Value = true;
 
-  scene.Select(3);
+  scene.Select(forms::tab::Phasor);
   EXPECT_TRUE(main.Option3[5].Value);
-  scene.Select(4);
+  scene.Select(forms::tab::Waveforms);
   EXPECT_TRUE(main.Option3[3].Value);
-  scene.Select(6);
+  scene.Select(forms::tab::Report);
   EXPECT_TRUE(main.Option3[7].Value);
   EXPECT_EQ(scene.Settings.FilterContent[0], "MU02");
 
-  scene.Select(3);
+  scene.Select(forms::tab::Phasor);
   main.Option3[4].Value = true;
 
-  scene.Select(2);
+  scene.Select(forms::tab::Values);
   EXPECT_TRUE(main.Option3[0].Value);
-  scene.Select(4);
+  scene.Select(forms::tab::Waveforms);
   EXPECT_TRUE(main.Option3[2].Value);
-  scene.Select(6);
+  scene.Select(forms::tab::Report);
   EXPECT_TRUE(main.Option3[6].Value);
   EXPECT_EQ(scene.Settings.FilterContent[0], "MU01");
 }
@@ -200,19 +200,19 @@ TEST_F(TabViews, CarryTheChosenStationFromViewToView) {
 TEST_F(TabViews, SetTheRecordersGraphToPan) {
   main.CWGraph2.TrackMode = platform::CWGraph::ZoomMode;
 
-  scene.Select(4);
+  scene.Select(forms::tab::Waveforms);
 
   EXPECT_EQ(main.CWGraph2.TrackMode, platform::CWGraph::PanMode);
 }
 
 TEST_F(TabViews, KeepTheirNumbersWhenTheyAreLeft) {
-  scene.Select(2);
+  scene.Select(forms::tab::Values);
   scene.RunValues();
   scene.ReceiveBlock([](int i) { return support::SineFrame(i, 100, 10); });
   const std::string shown = main.Label5[0].Caption;
 
-  scene.Select(7);
-  scene.Select(2);
+  scene.Select(forms::tab::Setup);
+  scene.Select(forms::tab::Values);
 
   EXPECT_EQ(main.Label5[0].Caption, shown);
   EXPECT_EQ(shown, "100.0000");
@@ -226,7 +226,7 @@ TEST_F(TabViews, SelectTheFormatWhileTheRecorderIsBusyAndItsFormatsAreFree) {
     states = {scene.State.RecorderBusy, main.Option2[2].Enabled, main.CWButton3.Visible};
   });
 
-  scene.Select(5);
+  scene.Select(forms::tab::Recorder);
 
   EXPECT_THAT(states, ::testing::ElementsAre(true, true, true));
   EXPECT_FALSE(scene.State.RecorderBusy);
@@ -238,7 +238,7 @@ TEST_F(TabViews, LayTheReportBehindItsButtonsAndBeforeItsLogo) {
     states = {main.Command2.Visible, main.Option3[6].Visible, main.Picture1[2].Visible};
   });
 
-  scene.Select(6);
+  scene.Select(forms::tab::Report);
 
   EXPECT_THAT(states, ::testing::ElementsAre(true, true, false));
   EXPECT_TRUE(main.Picture1[2].Visible);

@@ -40,14 +40,14 @@ TEST_F(WaitingView, NamesTheMissingStationUntilItsBlockIsShown) {
     EXPECT_EQ(Line(view.View), Missing);
     scene.Receive(400, [](int i) { return SineFrame(i, 100, 10); });
     EXPECT_EQ(Line(view.View), "") << view.Tab;
-    scene.Select(1);
+    scene.Select(forms::tab::Info);
     scene.Elapse(1s);
   }
 }
 
 TEST_F(WaitingView, IsQuietWhileBlocksComeWithTheLongestPause) {
   scene.Settings.InternalDelay = 32767;
-  scene.Select(2);
+  scene.Select(forms::tab::Values);
   main.CWButton4.Value = true;
   scene.Receive(PlainFrame(0));
   for (int block = 0; block < 3; ++block) {
@@ -61,7 +61,7 @@ TEST_F(WaitingView, IsQuietWhileBlocksComeWithTheLongestPause) {
 }
 
 TEST_F(WaitingView, SaysThatTheSignalIsSilentAfterBlocksWereShown) {
-  scene.Select(2);
+  scene.Select(forms::tab::Values);
   main.CWButton4.Value = true;
   scene.Receive(PlainFrame(0));
   scene.ReceiveBlock([](int i) { return SineFrame(i, 100, 10); });
@@ -81,7 +81,7 @@ TEST_F(WaitingView, IsGoneAtOnceWithAStopAndWithAChangeOfTab) {
   scene.Elapse(1s);
   RunWithoutTheFirst(2, main.CWButton4);
   ASSERT_EQ(Line(forms::quiet_line::Values), Missing);
-  scene.Select(7);
+  scene.Select(forms::tab::Setup);
   EXPECT_EQ(Line(forms::quiet_line::Values), "");
 }
 
@@ -117,14 +117,14 @@ TEST_F(WaitingView, AsksForAStationWhereTheFirstFilterIsEmpty) {
 }
 
 TEST_F(WaitingView, NamesTheChoiceWhereTheSecondStationWasChosenAndOneIsLeft) {
-  scene.Select(2);
+  scene.Select(forms::tab::Values);
   main.Option3[1].Value = true;
   // A search that finds one station fills the first filter alone.
-  scene.Select(7);
+  scene.Select(forms::tab::Setup);
   main.Text1[forms::setup_field::Content1].Text = "";
   main.Text1[forms::setup_field::Content2].Text = "";
   main.Text1[forms::setup_field::Content1].Text = "MU03";
-  scene.Select(4);
+  scene.Select(forms::tab::Waveforms);
   main.CWButton1.Value = true;
   scene.Receive(3, [](int i) { return PlainFrame(i, "MU03"); });
   scene.Elapse(2s);
@@ -133,7 +133,7 @@ TEST_F(WaitingView, NamesTheChoiceWhereTheSecondStationWasChosenAndOneIsLeft) {
 }
 
 TEST_F(WaitingView, NamesTheSamplesOfAChosenStationThatCannotBeLocated) {
-  scene.Select(2);
+  scene.Select(forms::tab::Values);
   main.CWButton4.Value = true;
   scene.Receive(PlainFrame(0));
   scene.ReceiveBlock([](int i) { return SineFrame(i, 100, 10); });
@@ -148,7 +148,7 @@ TEST_F(WaitingView, NamesTheSamplesOfAChosenStationThatCannotBeLocated) {
 }
 
 TEST_F(WaitingView, NamesTheInterfaceThatWentAwayInTheMidstOfABlock) {
-  scene.Select(2);
+  scene.Select(forms::tab::Values);
   main.CWButton4.Value = true;
   scene.Receive(8, [](int i) { return PlainFrame(i); });
   scene.Elapse(1s);

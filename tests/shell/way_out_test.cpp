@@ -42,7 +42,7 @@ class WayOut : public shell_tests::TabScene {
 // A failure that comes back.
 
 TEST_F(WayOut, OfAFaultCurrentAboveTheLadderIsOfferedFromTheSecondBoxOn) {
-  Run(3, main.CWButton2);
+  Run(forms::tab::Phasor, main.CWButton2);
   scene.Dialogs.Answers = {Answer::Ok, Answer::Ok, Answer::Stop};
 
   scene.Receive(400, [](int i) { return PhasorFrame(i, 63000, 10, 30); });
@@ -60,13 +60,13 @@ TEST_F(WayOut, OfAFaultCurrentAboveTheLadderIsOfferedFromTheSecondBoxOn) {
 }
 
 TEST_F(WayOut, OfAFailureLeavesTheViewToRunAgain) {
-  Run(3, main.CWButton2);
+  Run(forms::tab::Phasor, main.CWButton2);
   scene.Dialogs.Answers = {Answer::Ok, Answer::Stop};
   scene.Receive(400, [](int i) { return PhasorFrame(i, 63000, 10, 30); });
   scene.Elapse(1000ms);
   scene.Dialogs.Shown.clear();
 
-  Run(3, main.CWButton2);
+  Run(forms::tab::Phasor, main.CWButton2);
   scene.Receive(400, [](int i) { return PhasorFrame(i, 400, 10, 30); });
 
   EXPECT_TRUE(scene.Dialogs.Shown.empty());
@@ -76,8 +76,8 @@ TEST_F(WayOut, OfAFailureLeavesTheViewToRunAgain) {
 
 TEST_F(WayOut, OfAFailureOfTheRealTimeValueEndsTheRun) {
   main.Check5.Value = 1;
-  Run(2, main.CWButton4);
-  main.Label5[0].Caption.OnAssign([&](std::string) { throw platform::Failure(6); });
+  Run(forms::tab::Values, main.CWButton4);
+  main.Label5[0].Caption.OnAssign([&](const std::string&) { throw platform::Failure(6); });
   scene.Dialogs.Answers = {Answer::Ok, Answer::Stop};
 
   scene.Receive(SineFrame(0, 100, 10));
@@ -91,7 +91,7 @@ TEST_F(WayOut, OfAFailureOfTheRealTimeValueEndsTheRun) {
 }
 
 TEST_F(WayOut, OfAFrameThatIsTooLongToCountEndsTheRunOfTheScope) {
-  scene.Select(4);
+  scene.Select(forms::tab::Waveforms);
   main.CWButton1.Value = true;
   scene.Dialogs.Answers = {Answer::Ok, Answer::Stop};
 
@@ -151,11 +151,13 @@ TEST_P(ViewWithoutData, GivesItsButtonTheTipOfAnIdleOne) {
 
   scene.Elapse(2000ms);
 
-  const std::string values =
-      GetParam().Tab == 2 ? "'Run' starts aquiring samples to calculate RMS" : RunTip;
+  const std::string values = GetParam().Tab == forms::tab::Values
+                                 ? "'Run' starts aquiring samples to calculate RMS"
+                                 : RunTip;
   EXPECT_EQ(main.CWButton4.ToolTipText.Get(), values);
-  const std::string phases =
-      GetParam().Tab == 3 ? "'Run' starts aquiring samples estimate phase values" : RunTip;
+  const std::string phases = GetParam().Tab == forms::tab::Phasor
+                                 ? "'Run' starts aquiring samples estimate phase values"
+                                 : RunTip;
   EXPECT_EQ(main.CWButton2.ToolTipText.Get(), phases);
   EXPECT_EQ(main.CWButton1.ToolTipText.Get(), before);
 }
@@ -176,10 +178,10 @@ INSTANTIATE_TEST_SUITE_P(Views, ViewWithoutData,
                                          View{4, "Waveforms"}));
 
 TEST_F(WayOut, OfAViewLeftBeforeItsFirstFrameGivesItsButtonTheTipOfAnIdleOne) {
-  scene.Select(2);
+  scene.Select(forms::tab::Values);
   main.CWButton4.Value = true;
 
-  scene.Select(7);
+  scene.Select(forms::tab::Setup);
 
   EXPECT_EQ(main.CWButton4.ToolTipText.Get(), "'Run' starts aquiring samples to calculate RMS");
 }
@@ -211,7 +213,7 @@ TEST_P(ViewWithARefusedFilter, GetsItsButtonBack) {
 
 TEST_F(WayOut, OfARecordingWithARefusedFilterIsItsButton) {
   scene.Capture.StartFailure = platform::Failure(platform::failure::FilterRefused);
-  scene.Select(5);
+  scene.Select(forms::tab::Recorder);
 
   main.CWButton3.Value = true;
 

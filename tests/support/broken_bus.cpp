@@ -1,5 +1,7 @@
 #include "support/broken_bus.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <string_view>
 
@@ -14,6 +16,10 @@ constexpr std::size_t NoiseBytes = 1U << 16U;
 constexpr int MarkCount = 60;
 
 }  // namespace
+
+Dice FreshDice(std::uint64_t seed) {
+  return Dice(seed + static_cast<std::uint64_t>(testing::UnitTest::GetInstance()->random_seed()));
+}
 
 BrokenBus::BrokenBus(Dice& dice) : dice_(dice), memory_(Longest), noise_(NoiseBytes) {
   for (const char* id : {"MU01", "MU02", "MU01 and MU02", "MU77"}) {

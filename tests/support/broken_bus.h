@@ -24,6 +24,10 @@ class Dice {
   std::uint64_t state_;
 };
 
+/// Dice of this seed. Where the tests are shuffled their seed counts too, so that a repeated run
+/// meets other frames each time.
+Dice FreshDice(std::uint64_t seed);
+
 /// A frame as a source hands it over, valid until the next one.
 struct BrokenFrame {
   std::span<const std::uint8_t> Bytes;

@@ -13,7 +13,7 @@ Scene::~Scene() = default;
 
 void Scene::Start() {
   App.Load();
-  Main.TabStrip1.SelectedTab = 2;
+  Main.TabStrip1.SelectedTab = forms::tab::Values;
   Main.Text1[12].Text = "MU01";
   Journal.clear();
 }

@@ -4,6 +4,7 @@
 #include <QPicture>
 #include <algorithm>
 
+#include "base/raised.h"
 #include "desktop/binding/seconds_ticker.h"
 #include "desktop/look/look.h"
 #include "desktop/look/picture.h"
@@ -107,9 +108,10 @@ void GraphView::FollowAxis(platform::Axis& axis, QCPAxis& shown) {
     if (axis.Maximum <= axis.Minimum)
       range = QCPRange(axis.Minimum - PointReach, axis.Minimum + PointReach);
     // The program's own ends stand: what is shown meanwhile is none of them.
-    telling_ = true;
-    shown.setRange(range);
-    telling_ = false;
+    {
+      const platform::Raised telling(telling_);
+      shown.setRange(range);
+    }
     DrawSoon();
   };
   axis.Minimum.Observe(ends);
@@ -162,10 +164,9 @@ void GraphView::FollowGraph() {
 void GraphView::TellRange(platform::Axis& control, const QCPAxis& axis) {
   const auto tell = [this, &control](const QCPRange& range) {
     if (telling_) return;
-    telling_ = true;
+    const platform::Raised telling(telling_);
     control.Minimum = range.lower;
     control.Maximum = range.upper;
-    telling_ = false;
   };
   connect(&axis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this, tell);
   tell(axis.range());

@@ -32,7 +32,7 @@ template <typename Read>
 Numbers DesignOf(QObject& object, Read read) {
   const QVariant known = object.property(Design);
   if (known.isValid()) return known.toList();
-  const Numbers numbers = read();
+  Numbers numbers = read();
   object.setProperty(Design, numbers);
   return numbers;
 }

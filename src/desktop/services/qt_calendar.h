@@ -9,7 +9,7 @@ namespace desktop {
 /// The date of this computer in the writing of a locale.
 class QtCalendar : public host::Calendar {
  public:
-  explicit QtCalendar(QLocale locale) : locale_(std::move(locale)) {}
+  explicit QtCalendar(const QLocale& locale) : locale_(locale) {}
 
   /// The locale's short date and its time with seconds. The year has all its digits and the time no
   /// zone, whatever the locale leaves out or adds.

@@ -102,7 +102,7 @@ void QtPrintSurface::EndDoc(PrintJob::Told told) {
     auto job = std::make_unique<PrintJob>(order, std::move(told), &jobs_);
     job->Start(Pdf(page, paper));
     // From here on it goes by itself, at the latest with the surface.
-    job.release();
+    static_cast<void>(job.release());
   } else {
     PrintDirectly(printer, page, paper);
     told({});

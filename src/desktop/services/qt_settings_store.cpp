@@ -51,7 +51,7 @@ std::string QtSettingsStore::Get(const std::string& application, const std::stri
   if (!value.isValid()) return fallback;
   // A text with a comma that somebody wrote into the file without quotes comes back as a list.
   const bool list = value.typeId() == QMetaType::QStringList;
-  const std::string text = FromQt(list ? value.toStringList().join(u',') : value.toString());
+  std::string text = FromQt(list ? value.toStringList().join(u',') : value.toString());
   known_[application][path] = text;
   return text;
 }

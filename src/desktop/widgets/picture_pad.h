@@ -60,7 +60,7 @@ class PicturePad : public QWidget {
     bool NamesArrow = false;
   };
   struct PlacedText {
-    const Text* Source;
+    const Text* Source = nullptr;
     QRectF Box;
   };
 

@@ -2,6 +2,8 @@
 
 #include <QEvent>
 
+#include "base/raised.h"
+
 namespace desktop {
 
 WholeTip::WholeTip(QWidget& widget) : QObject(&widget), widget_(widget), given_(widget.toolTip()) {
@@ -16,9 +18,8 @@ void WholeTip::Tell(const QString& whole) {
 
 void WholeTip::Show() {
   const QString gap = given_.isEmpty() || whole_.isEmpty() ? QString() : QStringLiteral("\n");
-  showing_ = true;
+  const platform::Raised showing(showing_);
   widget_.setToolTip(given_ + gap + whole_);
-  showing_ = false;
 }
 
 bool WholeTip::eventFilter(QObject* watched, QEvent* event) {

@@ -4,6 +4,7 @@
 #include <QScreen>
 #include <QTimer>
 
+#include "base/raised.h"
 #include "desktop/look/text.h"
 #include "desktop/look/twips.h"
 
@@ -44,7 +45,8 @@ void WindowFrame::KeepMinimum() {
 
 void WindowFrame::ShowState() {
   if (showing_) return;
-  showing_ = true;
+  // A window that starts minimised is not shown before it is complete.
+  const platform::Raised showing(showing_);
   if (!window_.Visible) {
     widget_.hide();
   } else if (window_.State == platform::WindowState::Maximized) {
@@ -54,17 +56,14 @@ void WindowFrame::ShowState() {
   } else if (widget_.isVisible()) {
     widget_.showMinimized();
   }
-  // A window that starts minimised is not shown before it is complete.
-  showing_ = false;
 }
 
 void WindowFrame::TakeState() {
   if (showing_) return;
-  showing_ = true;
+  const platform::Raised showing(showing_);
   window_.State.Store(widget_.isMinimized()   ? platform::WindowState::Minimized
                       : widget_.isMaximized() ? platform::WindowState::Maximized
                                               : platform::WindowState::Normal);
-  showing_ = false;
 }
 
 void WindowFrame::Follow(std::int32_t twips, int present, bool wide) {
@@ -77,14 +76,13 @@ void WindowFrame::Follow(std::int32_t twips, int present, bool wide) {
 
 void WindowFrame::TakeSize() {
   if (telling_ || !widget_.isVisible() || widget_.isMinimized()) return;
-  telling_ = true;
+  const platform::Raised telling(telling_);
   // The layout lets events in, and another size may be among them.
   while (FrameSize() != taken_ && !guard_.Closed()) {
     taken_ = FrameSize();
     if (Sized) Sized(taken_);
     guard_([this] { window_.TakeSize(twips::Of(taken_.width()), twips::Of(taken_.height())); });
   }
-  telling_ = false;
 }
 
 bool WindowFrame::eventFilter(QObject* watched, QEvent* event) {

@@ -33,9 +33,9 @@ class CheckList : public Control {
     ListIndex = -1;
     Items = std::vector<CheckItem>();
   }
-  void AddItem(std::string text) {
+  void AddItem(const std::string& text) {
     std::vector<CheckItem> items = Items;
-    items.push_back({std::move(text)});
+    items.push_back({text});
     Items = std::move(items);
   }
   void SetChecked(std::int32_t index, bool checked) {

@@ -97,7 +97,7 @@ class ExcelFile::Record {
   }
 
   /// The longest is a number's.
-  std::array<char, NumberLength + 4> bytes_;
+  std::array<char, NumberLength + 4> bytes_{};
   std::size_t size_ = 0;
 };
 
@@ -197,7 +197,7 @@ std::int16_t ExcelFile::SetColumnWidth(std::uint8_t firstColumn, std::uint8_t la
     Put(Record(opcode::ColumnWidth, 4)
             .Byte(Narrow<std::uint8_t>(firstColumn - 1))
             .Byte(Narrow<std::uint8_t>(lastColumn - 1))
-            .Word(SignedWord(widthValue * WidthUnits)));
+            .Word(SignedWord(std::int64_t{widthValue} * WidthUnits)));
   });
 }
 
@@ -207,7 +207,7 @@ std::int16_t ExcelFile::SetFont(const std::string& fontName, std::int16_t fontHe
     const std::string name = code_.FromUtf8(fontName);
     const std::uint8_t length = LengthByte(name);
     Put(Record(opcode::Font, length + std::size_t{5})
-            .Word(SignedWord(fontHeight * HeightUnits))
+            .Word(SignedWord(std::int64_t{fontHeight} * HeightUnits))
             .Byte(AttributeByte(fontFormat))
             .Byte(0)
             .Byte(length),

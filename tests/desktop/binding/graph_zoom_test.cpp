@@ -86,7 +86,7 @@ TEST_F(GraphZoom, AClickInZoomModeIsNoZoom) {
 
 TEST_F(GraphZoom, OnTheRecordersGraphTheRightButtonSwitchesBetweenZoomAndPan) {
   Start();
-  ClickTab(RecorderTab);
+  ClickTab(forms::tab::Recorder);
   Form().CWGraph2.Plots[0].Y = {0, 10, -10, 5};
   Form().CWGraph2.Visible = true;
   auto& graph = Find<GraphView>("CWGraph2");

@@ -8,8 +8,6 @@
 namespace desktop {
 namespace {
 
-constexpr int PhasorTab = 3;
-constexpr int ReportTab = 6;
 const QColor FrameGround(248, 251, 254);
 
 /// What a view looks like on the screen.
@@ -59,10 +57,10 @@ TEST_F(Colours, EveryRunButtonHasItsFace) {
     const char* Name;
     QColor Colour;
   };
-  for (const Face& face :
-       {Face{ValuesTab, "CWButton4", {204, 229, 254}}, Face{PhasorTab, "CWButton2", FrameGround},
-        Face{RecorderTab, "CWButton3", {237, 246, 240}},
-        Face{ReportTab, "Command2", {237, 246, 254}}}) {
+  for (const Face& face : {Face{forms::tab::Values, "CWButton4", {204, 229, 254}},
+                           Face{forms::tab::Phasor, "CWButton2", FrameGround},
+                           Face{forms::tab::Recorder, "CWButton3", {237, 246, 240}},
+                           Face{forms::tab::Report, "Command2", {237, 246, 254}}}) {
     ClickTab(face.Tab);
     ASSERT_TRUE(Find<QWidget>(face.Name).isEnabled()) << face.Name;
     ExpectNear(FaceOf(face.Name), face.Colour, 5, face.Name);
@@ -71,7 +69,7 @@ TEST_F(Colours, EveryRunButtonHasItsFace) {
 
 TEST_F(Colours, ARunButtonFollowsTheColourOfItsControl) {
   Start();
-  ClickTab(ValuesTab);
+  ClickTab(forms::tab::Values);
   Form().CWButton4.BackColor = platform::Rgb{120, 200, 90};
   ExpectNear(FaceOf("CWButton4"), QColor(120, 200, 90), 8, "CWButton4");
 }
@@ -88,7 +86,7 @@ TEST_F(Colours, TheRowOfTabsRunsFromWhiteToBlue) {
 
 TEST_F(Colours, TheFramesOfThePhasorViewAndWhatStandsInThemShareOneGround) {
   Start();
-  ClickTab(PhasorTab);
+  ClickTab(forms::tab::Phasor);
   auto& frame = Find<QWidget>("Frame2");
   EXPECT_EQ(Pixel(frame, -12, -12), FrameGround);
   EXPECT_EQ(Pixel(Find<QWidget>("Frame3"), -6, -6), FrameGround);
@@ -103,7 +101,7 @@ TEST_F(Colours, TheFramesOfThePhasorViewAndWhatStandsInThemShareOneGround) {
 
 TEST_F(Colours, TheFramesFollowTheColoursOfTheirControls) {
   Start();
-  ClickTab(PhasorTab);
+  ClickTab(forms::tab::Phasor);
   Form().Frame3.BackColor = platform::Rgb{200, 240, 250};
   EXPECT_EQ(Pixel(Find<QWidget>("Frame3"), -6, -6), QColor(200, 240, 250));
   Form().Frame2.BackColor = platform::Rgb{250, 240, 200};
@@ -112,7 +110,7 @@ TEST_F(Colours, TheFramesFollowTheColoursOfTheirControls) {
 
 TEST_F(Colours, TheTableHasABlueHeadAndBlackNumbersOnTheGroundOfItsFrame) {
   Start();
-  ClickTab(PhasorTab);
+  ClickTab(forms::tab::Phasor);
   Form().Grid1.Cell[3][1] = "400.0000";
   const QColor blue(0, 0, 255);
   const QColor black(0, 0, 0);

@@ -29,7 +29,7 @@ class DarkDesktop : public WindowScene {
 
 TEST_F(DarkDesktop, LeavesEveryPageLight) {
   Start();
-  for (int tab = InfoTab; tab < ExitTab; ++tab) {
+  for (int tab = forms::tab::Info; tab < forms::tab::Exit; ++tab) {
     ClickTab(tab);
     QTest::qWait(20);
     EXPECT_GT(Lightness(), 215) << tab;

@@ -129,7 +129,7 @@ TEST_F(WindowCaptions, TheCaptionsOfTheFiltersHaveTipsOfTheirOwn) {
 
 TEST_F(WindowCaptions, ALongTipKeepsItsDoubleBlanksOnTheScreen) {
   Start();
-  ClickTab(SetupTab);
+  ClickTab(forms::tab::Setup);
 
   QTextDocument shown;
   shown.setHtml(TipShownOn(Member("Text1", 14)));
@@ -141,7 +141,7 @@ TEST_F(WindowCaptions, ALongTipKeepsItsDoubleBlanksOnTheScreen) {
 
 TEST_F(WindowCaptions, TheSignsOfALongTipAreNoMarkup) {
   Start();
-  ClickTab(SetupTab);
+  ClickTab(forms::tab::Setup);
   const std::string tip =
       "a tip of more than sixty characters with <b>signs</b> & \"quotes\" in it";
   Form().Text1[0].ToolTipText = tip;
@@ -154,7 +154,7 @@ TEST_F(WindowCaptions, TheSignsOfALongTipAreNoMarkup) {
 
 TEST_F(WindowCaptions, AShortTipStandsAsItIs) {
   Start();
-  ClickTab(SetupTab);
+  ClickTab(forms::tab::Setup);
 
   EXPECT_EQ(TipShownOn(Member("Text1", 1)), "base frequency of phase shift calculation");
 }

@@ -26,9 +26,9 @@ class DecimalComma : public WindowScene {
       GTEST_SKIP() << "not started with LC_ALL=de_DE.UTF-8";
     }
     Start();
-    ClickTab(SetupTab);
+    ClickTab(forms::tab::Setup);
     Type(Member("Text1", 12), "VORNIK-SIM-1");
-    ClickTab(RecorderTab);
+    ClickTab(forms::tab::Recorder);
   }
 
   /// Records until the first ring is on disk.

@@ -21,7 +21,7 @@ TEST_P(Fit, NothingIsCutCoveredOrOutOfSight) {
   Form().Text1[12].Text = "VORNIK-SIM-1";
   Form().Text1[14].Text = "VORNIK-SIM-2";
   ResizeFrame(GetParam());
-  for (int tab = InfoTab; tab < ExitTab; ++tab) {
+  for (int tab = forms::tab::Info; tab < forms::tab::Exit; ++tab) {
     ClickTab(tab);
     QTest::qWait(30);
     ExpectNoMisfits(QString("tab %1").arg(tab));
@@ -31,7 +31,7 @@ TEST_P(Fit, NothingIsCutCoveredOrOutOfSight) {
 TEST_P(Fit, ARecordingThatIsNotStoredSaysSoUncut) {
   Start();
   ResizeFrame(GetParam());
-  ClickTab(RecorderTab);
+  ClickTab(forms::tab::Recorder);
   for (auto& stored : Form().OnDisk) stored.Caption = "stream 1: 86,400 whole rings, 26,697,600 kB";
   Form().NotStored.Say(
       "stream 1: stored again since 21 Nov 2026 18:15:57; 86,400 rings lost: Path/File access "
@@ -50,7 +50,7 @@ TEST_P(Fit, ARecordingThatIsNotStoredSaysSoUncut) {
 TEST_P(Fit, TheLongestMagnitudeStandsUncutInTheTable) {
   Start();
   ResizeFrame(GetParam());
-  ClickTab(3);
+  ClickTab(forms::tab::Phasor);
   for (std::size_t row = 1; row <= 8; ++row) {
     Form().Grid1.Cell[row][1] = "63,509,000.0000";
     Form().Grid1.Cell[row][2] = "-179.999";
@@ -74,7 +74,7 @@ TEST_F(Scaling, TextsFieldsButtonsTheStripAndTheStatusBarGrowAlike) {
   const QStringList names = {"Text1(0)", "Combo1", "CWButton4", "CWButton2", "Command7"};
   const auto heights = [&] {
     // A view that is not shown is laid out when it is.
-    for (int tab = InfoTab; tab < ExitTab; ++tab) {
+    for (int tab = forms::tab::Info; tab < forms::tab::Exit; ++tab) {
       ClickTab(tab);
       QTest::qWait(10);
     }
@@ -99,9 +99,9 @@ TEST_F(Scaling, TextsFieldsButtonsTheStripAndTheStatusBarGrowAlike) {
 
 TEST_F(Scaling, TheProgressOfARecordingGrowsWithItsPage) {
   Start();
-  ClickTab(5);
+  ClickTab(forms::tab::Recorder);
   ResizeFrame({1920, 1080});
-  ClickTab(5);
+  ClickTab(forms::tab::Recorder);
   QTest::qWait(30);
   EXPECT_EQ(Find<QWidget>("Label10(3)").fontInfo().pixelSize(), QApplication::font().pixelSize());
 }

@@ -124,7 +124,7 @@ TEST_F(Pages, NothingOfAViewReachesBeyondItsPage) {
         if (!named || !widget->isVisible()) continue;
         QRect place(widget->mapTo(Page(tab), QPoint(0, 0)), widget->size());
         // The Setup view scrolls up and down.
-        if (tab == SetupTab) place.moveTop(0);
+        if (tab == forms::tab::Setup) place.moveTop(0);
         EXPECT_TRUE(Page(tab)->rect().contains(place))
             << widget->objectName().toStdString() << " at " << size.width();
       }
@@ -166,7 +166,7 @@ TEST_F(Pages, ALabelShowsTheColourAndTheWeightThatTheProgramGives) {
 
 TEST_F(Pages, TheCaptionsOfTheRecorderTakeAClick) {
   Start();
-  ClickTab(RecorderTab);
+  ClickTab(forms::tab::Recorder);
   for (const int caption : {5, 6, 9, 22, 23, 24, 28}) {
     int clicks = 0;
     Form().Label3[static_cast<std::size_t>(caption)].Click = [&] { ++clicks; };

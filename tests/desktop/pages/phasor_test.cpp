@@ -14,7 +14,6 @@ namespace {
 
 class Phasors : public WindowScene {
  protected:
-  static constexpr int PhasorTab = 3;
   /// Half the side of the picture in units; a full-scale vector is 1000 units long.
   static constexpr double Edge = 1005;
   static constexpr double FullLength = 1000;
@@ -28,7 +27,7 @@ class Phasors : public WindowScene {
   void RunToABlock() {
     Start();
     GoMeasure();
-    ClickTab(PhasorTab);
+    ClickTab(forms::tab::Phasor);
     Click("CWButton2");
     ASSERT_TRUE(WaitFor([this] { return !Cell(1, 1).isEmpty(); }));
   }
@@ -112,7 +111,7 @@ TEST_F(Phasors, StandOnTheBackgroundAloneAfterAResize) {
 
 TEST_F(Phasors, GiveTheScalesFreeWhereTheyAreNotAutomatic) {
   Start();
-  ClickTab(PhasorTab);
+  ClickTab(forms::tab::Phasor);
   EXPECT_FALSE(Find<ChoiceBox>("Combo5(0)").isEnabled());
 
   Click("Check6");
@@ -123,7 +122,7 @@ TEST_F(Phasors, GiveTheScalesFreeWhereTheyAreNotAutomatic) {
 
 TEST_F(Phasors, KeepThePictureSquareAndInsideItsFrame) {
   Start();
-  ClickTab(PhasorTab);
+  ClickTab(forms::tab::Phasor);
   for (const QSize size : {QSize(1024, 768), QSize(1366, 768), QSize(1600, 1000)}) {
     ResizeFrame(size);
     QTest::qWait(50);
@@ -146,7 +145,7 @@ TEST_F(Phasors, WithoutDataTheRunButtonsStayLockedForASecondAfterTheDialog) {
   Start();
   GoMeasure("NOBODY");
   Type(Member("Text1", 14), "");
-  ClickTab(PhasorTab);
+  ClickTab(forms::tab::Phasor);
   std::optional<std::chrono::nanoseconds> closed;
   OnDialog([&](QDialog& dialog) {
     closed = clock_.Now();

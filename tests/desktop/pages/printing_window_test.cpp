@@ -17,9 +17,6 @@
 namespace desktop {
 namespace {
 
-constexpr int WaveformsTab = 4;
-constexpr int ReportTab = 6;
-
 /// Prints of the window that go to a PDF file in the data path.
 class PrintingWindow : public WindowScene {
  protected:
@@ -71,7 +68,7 @@ class PrintingWindow : public WindowScene {
 };
 
 TEST_F(PrintingWindow, AReportBecomesAFileThatTheStatusBarNames) {
-  StartWithData(ReportTab);
+  StartWithData(forms::tab::Report);
   RunReport();
   Click("Command4");
   ASSERT_EQ(Files().size(), 1);
@@ -83,7 +80,7 @@ TEST_F(PrintingWindow, AReportBecomesAFileThatTheStatusBarNames) {
 }
 
 TEST_F(PrintingWindow, TheNameOfAFileFitsTheStatusBarInEverySize) {
-  StartWithData(WaveformsTab);
+  StartWithData(forms::tab::Waveforms);
   Click("Command1");
   auto& panel = Find<QLabel>(Member("StatusBar1.Panels", 2));
   ASSERT_TRUE(WaitFor([&] { return panel.text().startsWith("Printed to SV waveforms "); }));
@@ -96,7 +93,7 @@ TEST_F(PrintingWindow, TheNameOfAFileFitsTheStatusBarInEverySize) {
 }
 
 TEST_F(PrintingWindow, APathThatIsMissingIsNamedOnTheQuietLineAndInNoBox) {
-  StartWithData(ReportTab);
+  StartWithData(forms::tab::Report);
   RunReport();
   Program().Config.Settings.StoragePath = home_.filePath("gone").toStdString();
   Click("Command4");
@@ -109,7 +106,7 @@ TEST_F(PrintingWindow, APathThatIsMissingIsNamedOnTheQuietLineAndInNoBox) {
 }
 
 TEST_F(PrintingWindow, TheGraphStandsOnWhiteForThePageAlone) {
-  StartWithData(WaveformsTab);
+  StartWithData(forms::tab::Waveforms);
   Click("Command1");
   ASSERT_EQ(Files().size(), 1);
   EXPECT_TRUE(Files()[0].startsWith("SV waveforms "));
@@ -124,7 +121,7 @@ TEST_F(PrintingWindow, TheGraphStandsOnWhiteForThePageAlone) {
 }
 
 TEST_F(PrintingWindow, TheGraphIsPrintedAlikeFromEveryWindow) {
-  StartWithData(WaveformsTab);
+  StartWithData(forms::tab::Waveforms);
   std::vector<QRect> inks;
   for (const QSize size : {QSize(1024, 768), QSize(2048, 1536)}) {
     ResizeFrame(size);
@@ -147,7 +144,7 @@ TEST_F(PrintingWindow, TheGraphIsPrintedAlikeFromEveryWindow) {
 }
 
 TEST_F(PrintingWindow, TheGraphOnTheScreenIsTheSameBehindAPrint) {
-  StartWithData(WaveformsTab);
+  StartWithData(forms::tab::Waveforms);
   ResizeFrame({1600, 1200});
   QTest::qWait(100);
   const QImage before = Find<GraphView>("CWGraph1").grab().toImage();
@@ -158,7 +155,7 @@ TEST_F(PrintingWindow, TheGraphOnTheScreenIsTheSameBehindAPrint) {
 }
 
 TEST_F(PrintingWindow, TheRangeOfTheTimeAxisIsToldToTheProgram) {
-  StartWithData(WaveformsTab);
+  StartWithData(forms::tab::Waveforms);
   Find<GraphView>("CWGraph1").xAxis->setRange(12.5, 300);
   EXPECT_EQ(Form().CWGraph1.XAxis.Minimum.Get(), 12.5);
   EXPECT_EQ(Form().CWGraph1.XAxis.Maximum.Get(), 300.0);
@@ -177,7 +174,7 @@ class CopiedGraph : public PrintingWindow {
 };
 
 TEST_F(CopiedGraph, IsOnTheClipboardAfterAPressOfTheRightButton) {
-  StartWithData(WaveformsTab);
+  StartWithData(forms::tab::Waveforms);
   CloseBox();
   QTest::mouseClick(&Find<QPushButton>("Command1"), Qt::RightButton);
   EXPECT_EQ(title_, "Success");
@@ -189,7 +186,7 @@ TEST_F(CopiedGraph, IsOnTheClipboardAfterAPressOfTheRightButton) {
 }
 
 TEST_F(CopiedGraph, IsOnTheClipboardByTheMenuKeyToo) {
-  StartWithData(WaveformsTab);
+  StartWithData(forms::tab::Waveforms);
   QApplication::clipboard()->clear();
   CloseBox();
   auto& print = Find<QPushButton>("Command1");
@@ -199,7 +196,7 @@ TEST_F(CopiedGraph, IsOnTheClipboardByTheMenuKeyToo) {
 }
 
 TEST_F(CopiedGraph, IsNotMadeWhileTheButtonIsLocked) {
-  StartWithData(WaveformsTab);
+  StartWithData(forms::tab::Waveforms);
   QApplication::clipboard()->clear();
   Form().Command1.Enabled = false;
   QTest::mouseClick(&Find<QPushButton>("Command1"), Qt::RightButton);

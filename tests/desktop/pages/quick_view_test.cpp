@@ -15,7 +15,7 @@ class QuickViewPage : public WindowScene {
   /// Each curve has these points, a step above those of the one before; the axis ends at the last.
   void Show(const std::vector<double>& points) {
     Start();
-    ClickTab(RecorderTab);
+    ClickTab(forms::tab::Recorder);
     platform::CWGraph& graph = Form().CWGraph2;
     double step = 0;
     for (platform::Plot& plot : graph.Plots) {

@@ -13,7 +13,7 @@ namespace {
 /// The quiet lines on their pages.
 class QuietLines : public WindowScene {
  protected:
-  static constexpr int FirstTab = 2;
+  static constexpr int FirstTab = forms::tab::Values;
   /// A recording waits for two streams.
   static constexpr const char* Long =
       "Waiting for \"VORNIK-SIM-1\": 80120 frames came in, none held this ID. Waiting for "
@@ -79,7 +79,7 @@ TEST_F(QuietLines, OfTheFinderStandsOnSetupAndMovesNothing) {
   Start();
   for (const QSize size : {QSize(1024, 768), QSize(1920, 1080)}) {
     ResizeFrame(size);
-    ClickTab(7);
+    ClickTab(forms::tab::Setup);
     QTest::qWait(50);
     QuietLine& line = Line(5);
     EXPECT_FALSE(line.isVisible());
@@ -124,7 +124,7 @@ TEST_F(QuietLines, BreakAWordThatIsLongerThanTheLine) {
 
 TEST_F(QuietLines, TellAScreenReaderTheirWords) {
   Start();
-  ClickTab(ValuesTab);
+  ClickTab(forms::tab::Values);
   Form().QuietLine[0].Say("Waiting for \"A & B\".");
   ASSERT_TRUE(WaitFor([&] { return !Line(0).text().isEmpty(); }));
   const QAccessibleInterface* line = QAccessible::queryAccessibleInterface(&Line(0));
@@ -141,8 +141,8 @@ TEST_F(QuietLines, TellWhatARunWithoutItsStationWaitsFor) {
       << Line(0).text().toStdString();
   EXPECT_TRUE(Line(0).text().endsWith(" frames came in, none held this ID."))
       << Line(0).text().toStdString();
-  ClickTab(SetupTab);
-  ClickTab(ValuesTab);
+  ClickTab(forms::tab::Setup);
+  ClickTab(forms::tab::Values);
   EXPECT_FALSE(Line(0).isVisible());
 }
 

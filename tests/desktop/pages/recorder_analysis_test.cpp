@@ -13,7 +13,7 @@ class RecorderAnalysis : public WindowScene {
  protected:
   void StartAtRecorder() {
     Start();
-    ClickTab(RecorderTab);
+    ClickTab(forms::tab::Recorder);
   }
 };
 

@@ -23,7 +23,7 @@ class RecorderEnd : public WindowScene {
 TEST_F(RecorderEnd, IsPressedByTheKeyThatPressedRun) {
   Start();
   GoMeasure();
-  ClickTab(RecorderTab);
+  ClickTab(forms::tab::Recorder);
   auto& button = Find<QAbstractButton>("CWButton3");
   button.setFocus();
   const auto pressSpace = [this] {
@@ -46,7 +46,7 @@ TEST_F(RecorderEnd, IsPressedByTheKeyThatPressedRun) {
 
 TEST_F(RecorderEnd, LeavesTheFocusWhereTheUserHasPutItMeanwhile) {
   Start();
-  ClickTab(RecorderTab);
+  ClickTab(forms::tab::Recorder);
   Find<QWidget>("CWButton3").setFocus();
   Form().CWButton3.Visible = false;
   auto& field = Find<QWidget>(Member("Text3", 2));
@@ -60,7 +60,7 @@ TEST_F(RecorderEnd, LeavesTheFocusWhereTheUserHasPutItMeanwhile) {
 TEST_F(RecorderEnd, FinishesTheSheetsThatAreStillOpen) {
   Start();
   GoMeasure();
-  ClickTab(RecorderTab);
+  ClickTab(forms::tab::Recorder);
   Click("Option2(1)");
   Click("CWButton3");
   ASSERT_TRUE(WaitFor([this] {
@@ -78,7 +78,7 @@ TEST_F(RecorderEnd, FinishesTheSheetsThatAreStillOpen) {
 TEST_F(RecorderEnd, LeavesTheProgramRunningWhereItsFolderIsGone) {
   Start();
   GoMeasure();
-  ClickTab(RecorderTab);
+  ClickTab(forms::tab::Recorder);
   Click("Option2(0)");
   Click("CWButton3");
   ASSERT_TRUE(WaitFor([this] { return Form().CWButton3.Visible.Get(); }));
@@ -93,8 +93,9 @@ TEST_F(RecorderEnd, LeavesTheProgramRunningWhereItsFolderIsGone) {
   EXPECT_NE(line.find("Log and quick view are left out: Path not found."), std::string::npos)
       << line;
   EXPECT_FALSE(Form().CWButton3.Value);
-  ClickTab(ValuesTab);
-  EXPECT_EQ(Form().TabStrip1.SelectedTab, ValuesTab) << "no box stands, and the program goes on";
+  ClickTab(forms::tab::Values);
+  EXPECT_EQ(Form().TabStrip1.SelectedTab, forms::tab::Values)
+      << "no box stands, and the program goes on";
 }
 
 }  // namespace

@@ -13,14 +13,13 @@
 namespace desktop {
 namespace {
 
-constexpr int ReportTab = 6;
 namespace row = forms::report_row;
 
 class ReportRowsOnScreen : public WindowScene {
  protected:
   void RunReport() {
     Start();
-    ClickTab(ReportTab);
+    ClickTab(forms::tab::Report);
     Click("Command2");
     ASSERT_TRUE(WaitFor([&] { return Form().Command4.Enabled.Get(); }));
   }
@@ -60,7 +59,7 @@ TEST_F(ReportRowsOnScreen, ShowWhatTheFrameHeld) {
 TEST_F(ReportRowsOnScreen, HideWithTheirLineWhereTheFrameWasTheOtherStations) {
   Start();
   GoMeasure("NOBODY");
-  ClickTab(ReportTab);
+  ClickTab(forms::tab::Report);
   Click("Command2");
   ASSERT_TRUE(WaitFor([&] { return Form().Command4.Enabled.Get(); }));
   auto& line = Find<QuietLine>(Member("QuietLine", 4));
@@ -70,8 +69,8 @@ TEST_F(ReportRowsOnScreen, HideWithTheirLineWhereTheFrameWasTheOtherStations) {
     EXPECT_FALSE(Value(row::Source).isVisible());
     EXPECT_TRUE(Value(row::StationId).isVisible());
     ResizeFrame(entry == 0 ? QSize(1280, 900) : QSize(1024, 768));
-    ClickTab(SetupTab);
-    ClickTab(ReportTab);
+    ClickTab(forms::tab::Setup);
+    ClickTab(forms::tab::Report);
   }
 }
 
@@ -114,13 +113,13 @@ class StationsOnScreen : public ReportRowsOnScreen {
 
 TEST_F(StationsOnScreen, DifferWhereTheUnitsOfABayDo) {
   Start();
-  ClickTab(ValuesTab);
+  ClickTab(forms::tab::Values);
   const std::string bay(33, 'B');
   Form().Text1[12].Text = bay + "1";
   Form().Text1[14].Text = bay + "2";
-  ClickTab(ReportTab);
+  ClickTab(forms::tab::Report);
   for (int view : {0, 6}) {
-    ClickTab(view == 0 ? ValuesTab : ReportTab);
+    ClickTab(view == 0 ? forms::tab::Values : forms::tab::Report);
     QTest::qWait(50);
     const QImage first = Pixels(Station(view));
     Form().Option3[static_cast<std::size_t>(view)].Caption = bay + "2";
@@ -133,7 +132,7 @@ TEST_F(StationsOnScreen, DifferWhereTheUnitsOfABayDo) {
 TEST_F(StationsOnScreen, HaveTheirOwnTipAloneWhereTheIdIsWhole) {
   Start();
   Form().Text1[12].Text = "MU01";
-  ClickTab(ReportTab);
+  ClickTab(forms::tab::Report);
   QTest::qWait(50);
   EXPECT_EQ(Station(6).toolTip(), Tip);
 }
@@ -141,7 +140,7 @@ TEST_F(StationsOnScreen, HaveTheirOwnTipAloneWhereTheIdIsWhole) {
 TEST_F(StationsOnScreen, WriteControlCharactersOutAndKeepTheFilterExact) {
   const std::string id("MU01\0\n\x01&", 8);
   Start();
-  ClickTab(SetupTab);
+  ClickTab(forms::tab::Setup);
   Form().Text1[12].Text = id;
   EXPECT_EQ(Station(6).text(), "MU01\\0\\n\\x01&&");
   // A keystroke in the field takes nothing from what cannot be seen there.
@@ -164,7 +163,7 @@ class FinderOnScreen : public WindowScene {};
 TEST_F(FinderOnScreen, WritesControlCharactersOutAndTakesTheExactId) {
   const std::string id("MU01\0\n", 6);
   Start();
-  ClickTab(SetupTab);
+  ClickTab(forms::tab::Setup);
   auto& look = Program().Windows.IDlook;
   QString shown;
   OnDialog([&](QDialog& dialog) {
@@ -179,7 +178,7 @@ TEST_F(FinderOnScreen, WritesControlCharactersOutAndTakesTheExactId) {
 
 TEST_F(FinderOnScreen, TheLineOfAPageWritesThemOutToo) {
   Start();
-  ClickTab(ValuesTab);
+  ClickTab(forms::tab::Values);
   Form().QuietLine[0].Say(std::string("Waiting for \"MU01\0\n\".", 21));
   auto& line = Find<QuietLine>(Member("QuietLine", 0));
   EXPECT_TRUE(WaitFor([&] { return line.text() == "Waiting for \"MU01\\0\\n\"."; }));

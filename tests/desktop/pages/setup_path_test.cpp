@@ -29,9 +29,9 @@ class DataPath : public WindowScene {
 
 TEST_F(DataPath, OfANewUserOpensTheRecorderAtTheFirstClick) {
   Start();
-  ClickTab(RecorderTab);
+  ClickTab(forms::tab::Recorder);
 
-  EXPECT_EQ(Form().TabStrip1.SelectedTab, RecorderTab);
+  EXPECT_EQ(Form().TabStrip1.SelectedTab, forms::tab::Recorder);
   const QString folder = home_.filePath("StoredData");
   EXPECT_TRUE(QDir(folder).exists());
   auto& shown = Find<QLabel>(Member("Label10", 1));
@@ -54,7 +54,7 @@ TEST_F(DataPath, OpensTheDialogForFolders) {
   ASSERT_TRUE(QDir(home_.path()).mkpath("records/bay 1"));
   Store("Path of stored data", home_.filePath("records/bay 1"));
   Start();
-  ClickTab(SetupTab);
+  ClickTab(forms::tab::Setup);
 
   EXPECT_EQ(FolderOfTheDialog(), home_.filePath("records/bay 1"));
 }
@@ -62,7 +62,7 @@ TEST_F(DataPath, OpensTheDialogForFolders) {
 TEST_F(DataPath, ThatIsMissingOpensTheDialogInTheHome) {
   Store("Path of stored data", home_.filePath("gone"));
   Start();
-  ClickTab(SetupTab);
+  ClickTab(forms::tab::Setup);
 
   EXPECT_EQ(FolderOfTheDialog(), home_.path());
 }
@@ -71,7 +71,7 @@ TEST_F(DataPath, ThatIsLongShowsItsEndUntilItIsEdited) {
   const QString path = "/" + QString(300, 'a') + "/records";
   Store("Path of stored data", path);
   Start();
-  ClickTab(SetupTab);
+  ClickTab(forms::tab::Setup);
   ASSERT_GT(Field().fontMetrics().horizontalAdvance(path), Field().width());
 
   EXPECT_EQ(Field().cursorPosition(), path.size());
@@ -86,7 +86,7 @@ TEST_F(DataPath, IsToldWholeInTheTip) {
   const QString path = "/" + QString(300, 'a') + "/records";
   Store("Path of stored data", path);
   Start();
-  ClickTab(SetupTab);
+  ClickTab(forms::tab::Setup);
 
   const QString hint = "hint: use content of clipboard to get exact path";
   EXPECT_EQ(Field().toolTip(), hint + "\n" + path);

@@ -12,7 +12,7 @@ class SetupStore : public WindowScene {
  protected:
   void GoSetup() {
     Start();
-    ClickTab(SetupTab);
+    ClickTab(forms::tab::Setup);
   }
   void ExpectStored(const QString& key, const QString& text) {
     EXPECT_TRUE(WaitFor([&] { return Stored(key) == text; }))
@@ -69,10 +69,10 @@ TEST_F(SetupStore, EverySettingAndTheLastTabComeBack) {
     QTest::keyClick(&box, Qt::Key_End);
   }
   Click("Check4");
-  ClickTab(ValuesTab);
+  ClickTab(forms::tab::Values);
   program_.reset();
   Start();
-  EXPECT_EQ(Form().TabStrip1.SelectedTab, ValuesTab);
+  EXPECT_EQ(Form().TabStrip1.SelectedTab, forms::tab::Values);
   EXPECT_EQ(Program().Config.Settings.FilterString, "and vlan 7");
   EXPECT_EQ(Program().Config.Settings.StoragePath, "d:\\records");
   EXPECT_EQ(Program().Config.Settings.FilterContent[0], "MU-7");

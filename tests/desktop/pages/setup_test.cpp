@@ -11,7 +11,7 @@ class Setup : public WindowScene {
  protected:
   void GoSetup() {
     Start();
-    ClickTab(SetupTab);
+    ClickTab(forms::tab::Setup);
   }
   QLineEdit& Field(int index) { return Find<QLineEdit>(Member("Text1", index)); }
 };
@@ -136,7 +136,7 @@ TEST_F(Setup, SettingsComeBackAtTheNextStart) {
   Start();
   EXPECT_EQ(Field(12).text().toStdString(), "MU, \"7\" \\ \xC3\xA4");
   EXPECT_EQ(Program().Config.Settings.InternalDelay, 250);
-  EXPECT_EQ(Form().TabStrip1.SelectedTab, SetupTab);
+  EXPECT_EQ(Form().TabStrip1.SelectedTab, forms::tab::Setup);
 }
 
 TEST_F(Setup, ATextThatIsNoNumberShowsTheRuntimesBoxAndEndsTheProgram) {

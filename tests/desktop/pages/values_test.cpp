@@ -176,7 +176,7 @@ TEST_F(Values, WithoutDataTheDialogComesAndTheButtonFallsBack) {
   Start();
   GoMeasure("NOBODY");
   Type(Member("Text1", 14), "");
-  ClickTab(ValuesTab);
+  ClickTab(forms::tab::Values);
   QString text;
   OnDialog([&](QDialog& dialog) {
     text = dialog.findChild<QLabel*>("Text")->text();

@@ -107,7 +107,7 @@ TEST_F(Waveforms, AnAmpersandInAChannelsNameIsALetterOfItsLegend) {
   EXPECT_TRUE(legend.shortcut().isEmpty()) << legend.shortcut().toString().toStdString();
   QTest::keyClick(&program_->Window(), Qt::Key_V, Qt::AltModifier);
   EXPECT_TRUE(legend.isChecked());
-  EXPECT_EQ(Form().TabStrip1.SelectedTab, ValuesTab);
+  EXPECT_EQ(Form().TabStrip1.SelectedTab, forms::tab::Values);
 }
 
 TEST_F(Waveforms, TheLegendNamesItsCurveBesideASwatchOfItsColour) {
@@ -191,9 +191,9 @@ TEST_F(Waveforms, AChannelThatIsSwitchedOffIsDrawnOnceWithItsNewScale) {
 
 TEST_F(Waveforms, ARefusedFilterIsToldAndGivesTheButtonsBack) {
   Start();
-  ClickTab(SetupTab);
+  ClickTab(forms::tab::Setup);
   Type(Member("Text1", 0), "and nonsense here");
-  ClickTab(WaveformsTab);
+  ClickTab(forms::tab::Waveforms);
   QString text;
   OnDialog([&](QDialog& dialog) {
     text = dialog.property("text").toString();

@@ -14,7 +14,6 @@
 namespace desktop {
 namespace {
 
-constexpr int WaveformsTab = 4;
 /// Dots of the drawn page to a millimetre.
 constexpr int Dots = 10;
 
@@ -32,7 +31,7 @@ class PrintedPage : public WindowScene {
     Program().Config.Settings.StoragePath = home_.filePath("data").toStdString();
     // The last printer is the PDF file, whatever others the computer has.
     Form().Combo2.ListIndex = Form().Combo2.ListCount() - 1;
-    ClickTab(WaveformsTab);
+    ClickTab(forms::tab::Waveforms);
     Click("Command1");
     const QDir folder(home_.filePath("data"));
     const QStringList files = folder.entryList({"*.pdf"}, QDir::Files);

@@ -230,7 +230,7 @@ struct Instance {
 TEST(TwoInstances, OnOneFileKeepEachOthersChanges) {
   const QTemporaryDir home;
   const auto link = [&](const char* name) {
-    const QString path = home.filePath(name);
+    QString path = home.filePath(name);
     EXPECT_TRUE(QFile::link(home.filePath("real"), path));
     return path;
   };

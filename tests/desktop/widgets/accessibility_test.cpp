@@ -73,7 +73,7 @@ TEST_F(Accessibility, TheNumbersOfTheTableTellTheirChannelsAndUnits) {
   Start();
   Form().Combo4[0].ListIndex = 1;
   Form().Text1[5].Text = "Bay B";
-  ClickTab(3);
+  ClickTab(forms::tab::Phasor);
   Form().Grid1.Cell[2][1] = "7.5";
   Form().Grid1.Cell[2][2] = "-120.000";
   QAccessibleTableInterface* table = Of("Grid1").tableInterface();
@@ -88,7 +88,7 @@ TEST_F(Accessibility, TheNumbersOfTheTableTellTheirChannelsAndUnits) {
 
 TEST_F(Accessibility, TheProgressOfTheRecorderTellsWhatItCounts) {
   Start();
-  ClickTab(RecorderTab);
+  ClickTab(forms::tab::Recorder);
   Form().Label10[3].Caption = "12 s / 48000 samples";
   const QAccessibleInterface& counter = Of(Member("Label10", 3));
   EXPECT_TRUE(WaitFor([&] { return counter.text(QAccessible::Name) == "12 s / 48000 samples"; }));
@@ -99,7 +99,7 @@ TEST_F(Accessibility, TheProgressOfTheRecorderTellsWhatItCounts) {
 
 TEST_F(Accessibility, ATextThatIsSetInAFieldOfTheSetupIsAChange) {
   Start();
-  ClickTab(SetupTab);
+  ClickTab(forms::tab::Setup);
   for (int i = 0; i < 15; ++i) {
     Of(Member("Text1", i)).setText(QAccessible::Value, "60");
     EXPECT_EQ(Form().Text1[static_cast<std::size_t>(i)].Text, "60") << i;
@@ -111,7 +111,7 @@ TEST_F(Accessibility, ATextThatIsSetInAFieldOfTheSetupIsAChange) {
 
 TEST_F(Accessibility, ABoxThatIsTickedByAnAssistiveProgramIsAChange) {
   Start();
-  ClickTab(SetupTab);
+  ClickTab(forms::tab::Setup);
   const bool before = Program().Config.Settings.ACDC;
 
   Of("Check4").actionInterface()->doAction(QAccessibleActionInterface::toggleAction());

@@ -214,7 +214,10 @@ TEST_F(Picture, TheThinLinesOfTheBackgroundKeepAwayFromATextAndTheVectorsDoNot) 
   const auto touches = [this](std::int16_t width) {
     Lay(Side);
     drawn.DrawWidth(width);
-    for (float y = 0; y < 70; y += 5) drawn.Line({-100, y}, {200, y}, Red);
+    for (int line = 0; line < 14; ++line) {
+      const auto y = static_cast<float>(5 * line);
+      drawn.Line({-100, y}, {200, y}, Red);
+    }
     drawn.MoveTo({0, 0});
     drawn.Print("U3");
     const QImage picture = Shown();
@@ -296,7 +299,8 @@ TEST_F(Picture, TheScaleLinesLeaveTheOuterCircleWhole) {
     const double middle = side / 2.0;
     const double radius = middle * 1000 / static_cast<double>(Edge);
     for (const QRectF& text : pad.TextAreas()) {
-      for (double degrees = 0; degrees < 360; degrees += 0.5) {
+      for (int half = 0; half < 720; ++half) {
+        const double degrees = half / 2.0;
         const double turn = degrees / 180 * std::numbers::pi;
         const QPointF rim(middle + std::cos(turn) * radius, middle + std::sin(turn) * radius);
         // The upper part of a text's box is room for accents.

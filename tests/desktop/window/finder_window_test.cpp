@@ -16,7 +16,7 @@ class FinderWindow : public WindowScene {
   void GoSetup() {
     Store("Internal Delay", "0");
     Start();
-    ClickTab(SetupTab);
+    ClickTab(forms::tab::Setup);
   }
   /// Opens the finder and works in it once it lists as many senders.
   void Search(int senders, std::function<void(QDialog&, QListWidget&)> work) {

@@ -34,7 +34,7 @@ class OtherWindows : public WindowScene {
 
 TEST_F(OtherWindows, AFolderThatTheUserBrowsesToLandsInThePathField) {
   Start();
-  ClickTab(SetupTab);
+  ClickTab(forms::tab::Setup);
   ASSERT_TRUE(QDir(home_.path()).mkdir("records"));
   const QString folder = home_.filePath("records");
   QString title;
@@ -59,7 +59,7 @@ TEST_F(OtherWindows, AFolderThatTheUserBrowsesToLandsInThePathField) {
 
 TEST_F(OtherWindows, AFolderDialogThatIsCancelledChangesNothing) {
   Start();
-  ClickTab(SetupTab);
+  ClickTab(forms::tab::Setup);
   const QString before = Find<QLineEdit>(Member("Text1", 3)).text();
   bool opened = false;
   OnFolderDialog([&](QFileDialog& dialog) {
@@ -144,7 +144,7 @@ TEST_F(OtherWindows, TheDebugWindowStaysAwayAndADoubleClickEmptiesIt) {
 
 TEST_F(OtherWindows, TheDebugWindowIsNotBuiltForTheShutDown) {
   Start();
-  ClickTab(ExitTab);
+  ClickTab(forms::tab::Exit);
   EXPECT_TRUE(WaitFor([&] { return exitCode_ == 0; }));
   EXPECT_EQ(DebugWindow(), nullptr);
 }
@@ -152,7 +152,7 @@ TEST_F(OtherWindows, TheDebugWindowIsNotBuiltForTheShutDown) {
 TEST_F(OtherWindows, ADebugWindowThatWasLoadedButNeverShownIsUnloadedUnbuilt) {
   Start();
   Program().Windows.DebugWindow.Window.Loaded = true;
-  ClickTab(ExitTab);
+  ClickTab(forms::tab::Exit);
   EXPECT_TRUE(WaitFor([&] { return exitCode_ == 0; }));
   EXPECT_FALSE(Program().Windows.DebugWindow.Window.Loaded);
   EXPECT_EQ(DebugWindow(), nullptr);

@@ -92,7 +92,7 @@ TEST_F(Boxes, TheNoDataDialogCountsDownAndHoldsTheProgramsTimers) {
 
 TEST_F(Boxes, TheFolderDialogHoldsTheProgramToo) {
   Start();
-  ClickTab(SetupTab);
+  ClickTab(forms::tab::Setup);
   bool fired = false;
   bool firedBehind = true;
   Form().Timer3.Interval = 50;
@@ -128,7 +128,7 @@ TEST_F(Boxes, SettingsThatCannotBeSavedAreReportedWhenTheBoxIsGone) {
     close(dialog);
     OnDialog(close);
   });
-  ClickTab(RecorderTab);
+  ClickTab(forms::tab::Recorder);
   ASSERT_TRUE(WaitFor([&] { return texts.size() == 2; }));
   EXPECT_TRUE(texts.first().startsWith("The given path"));
   EXPECT_TRUE(texts.last().startsWith("The settings can't be saved!"));

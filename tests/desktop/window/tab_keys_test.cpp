@@ -83,15 +83,16 @@ TEST_F(TabKeysScene, ALetterThatIsUnderlinedOnThePageStaysOnIt) {
       for (auto same = begin; same != end; ++same) same->second->disconnect(&Page());
     }
   }
-  EXPECT_EQ(underlined[ValuesTab], "A");
-  EXPECT_EQ(underlined[RecorderTab], "ADGLMNWX");
+  EXPECT_EQ(underlined[forms::tab::Values], "A");
+  EXPECT_EQ(underlined[forms::tab::Recorder], "ADGLMNWX");
   EXPECT_EQ(underlined[6], "P");
-  EXPECT_EQ(underlined[SetupTab], "12ABDFGINOQSU");
+  EXPECT_EQ(underlined[forms::tab::Setup], "12ABDFGINOQSU");
 }
 
 TEST_F(TabKeysScene, EveryOtherLetterOfATabSelectsItFromEveryPage) {
   StartWithStorage();
-  const std::map<int, std::string> taken = {{RecorderTab, "WX"}, {6, "P"}, {SetupTab, "IS"}};
+  const std::map<int, std::string> taken = {
+      {forms::tab::Recorder, "WX"}, {6, "P"}, {forms::tab::Setup, "IS"}};
   for (int from = 1; from <= Views; ++from) {
     for (int to = 1; to <= Views; ++to) {
       ClickTab(from);
@@ -110,26 +111,26 @@ TEST_F(TabKeysScene, EveryOtherLetterOfATabSelectsItFromEveryPage) {
 
 TEST_F(TabKeysScene, TheKeyOfTheExcelFormatDoesNotEndTheProgram) {
   StartWithStorage();
-  ClickTab(RecorderTab);
+  ClickTab(forms::tab::Recorder);
 
   Alt('X');
 
   EXPECT_TRUE(WaitFor([&] { return Form().Option2[1].Value.Get(); }));
-  EXPECT_EQ(Tab(), RecorderTab);
+  EXPECT_EQ(Tab(), forms::tab::Recorder);
   Form().Option2[1].Enabled = false;
   Alt('X');
-  EXPECT_EQ(Tab(), RecorderTab);
+  EXPECT_EQ(Tab(), forms::tab::Recorder);
   EXPECT_FALSE(exitCode_);
-  ClickTab(ValuesTab);
+  ClickTab(forms::tab::Values);
   Alt('X');
   EXPECT_TRUE(WaitFor([&] { return exitCode_ == 0; }));
 }
 
 TEST_F(TabKeysScene, TheLetterOfAControlThatIsHiddenGoesBackToItsTab) {
   StartWithStorage();
-  ClickTab(RecorderTab);
+  ClickTab(forms::tab::Recorder);
   Alt('W');
-  EXPECT_EQ(Tab(), RecorderTab);
+  EXPECT_EQ(Tab(), forms::tab::Recorder);
 
   Form().Shape9.Visible = false;
   Alt('W');
@@ -148,7 +149,7 @@ TEST_F(TabKeysScene, EveryTabHasItsNumber) {
     }
   }
   int changes = 0;
-  ClickTab(ValuesTab);
+  ClickTab(forms::tab::Values);
   Form().TabStrip1.Changed = [&] { ++changes; };
   Ctrl(Qt::Key_2);
   EXPECT_EQ(changes, 1);
@@ -173,7 +174,7 @@ TEST_F(TabKeysScene, TheOtherKeysGoRoundTheViewsAndNeverEndTheProgram) {
                         {Qt::Key_Backtab, Qt::ShiftModifier, -1},
                         {Qt::Key_PageUp, {}, -1}};
   for (const Step& step : steps) {
-    ClickTab(InfoTab);
+    ClickTab(forms::tab::Info);
     for (int i = 1; i <= 2 * Views; ++i) {
       Ctrl(step.Key, step.Also);
       ASSERT_EQ(Tab(), ((i * step.Way) % Views + Views) % Views + 1) << step.Key;
@@ -185,7 +186,7 @@ TEST_F(TabKeysScene, TheOtherKeysGoRoundTheViewsAndNeverEndTheProgram) {
 TEST_F(TabKeysScene, TheCaptionsKeepTheirUnderlinedLettersOnEveryPage) {
   StartWithStorage();
   auto& strip = Find<QTabBar>("TabStrip1");
-  ClickTab(RecorderTab);
+  ClickTab(forms::tab::Recorder);
   Find<QWidget>(Member("Text3", 2)).setFocus();
   const QImage before = strip.grab().toImage();
 

@@ -28,12 +28,12 @@ TEST_F(Window, AClickOnATabSelectsItAndBringsItsPageUp) {
 
 TEST_F(Window, AClickOnTheSelectedTabSelectsItAgain) {
   Start();
-  ClickTab(ValuesTab);
+  ClickTab(forms::tab::Values);
   int changes = 0;
   Form().TabStrip1.Changed = [&] { ++changes; };
-  ClickTab(ValuesTab);
+  ClickTab(forms::tab::Values);
   EXPECT_EQ(changes, 1);
-  ClickTab(SetupTab);
+  ClickTab(forms::tab::Setup);
   EXPECT_EQ(changes, 2);
 }
 
@@ -42,7 +42,7 @@ TEST_F(Window, ATabsKeySelectsItAlsoWhenItIsSelectedAlready) {
   int changes = 0;
   Form().TabStrip1.Changed = [&] { ++changes; };
   QTest::keyClick(&program_->Window(), Qt::Key_V, Qt::AltModifier);
-  EXPECT_EQ(Form().TabStrip1.SelectedTab, ValuesTab);
+  EXPECT_EQ(Form().TabStrip1.SelectedTab, forms::tab::Values);
   EXPECT_EQ(changes, 1);
   QTest::keyClick(&program_->Window(), Qt::Key_V, Qt::AltModifier);
   EXPECT_EQ(changes, 2);
@@ -52,22 +52,22 @@ TEST_F(Window, TheArrowKeysStopBeforeTheTabThatEndsTheProgram) {
   Start();
   Tabs().setFocus();
   for (int i = 0; i < 10; ++i) QTest::keyClick(&Tabs(), Qt::Key_Right);
-  EXPECT_EQ(Form().TabStrip1.SelectedTab, SetupTab);
+  EXPECT_EQ(Form().TabStrip1.SelectedTab, forms::tab::Setup);
   QTest::keyClick(&Tabs(), Qt::Key_End);
-  EXPECT_EQ(Form().TabStrip1.SelectedTab, SetupTab);
+  EXPECT_EQ(Form().TabStrip1.SelectedTab, forms::tab::Setup);
   EXPECT_FALSE(exitCode_);
 }
 
 TEST_F(Window, ATabSelectedByTheProgramShowsInTheStrip) {
   Start();
-  Form().TabStrip1.SelectedTab = 4;
+  Form().TabStrip1.SelectedTab = forms::tab::Waveforms;
   EXPECT_EQ(Tabs().currentIndex(), 3);
   EXPECT_EQ(Page(), 4);
 }
 
 TEST_F(Window, TheExitTabEndsTheProgram) {
   Start();
-  ClickTab(ExitTab);
+  ClickTab(forms::tab::Exit);
   EXPECT_TRUE(WaitFor([&] { return exitCode_ == 0; }));
   EXPECT_FALSE(program_->Window().isVisible());
 }
@@ -89,7 +89,7 @@ TEST_F(Window, ClosingDuringARunningViewWaitsForItsButton) {
   program_->Window().close();
   EXPECT_TRUE(program_->Window().isVisible());
   EXPECT_FALSE(exitCode_);
-  EXPECT_EQ(Form().TabStrip1.SelectedTab, ValuesTab);
+  EXPECT_EQ(Form().TabStrip1.SelectedTab, forms::tab::Values);
   EXPECT_TRUE(WaitFor([&] { return exitCode_.has_value(); }));
   EXPECT_EQ(exitCode_, 0);
   EXPECT_GE(clock_.Now() - pressed, std::chrono::milliseconds(950));
@@ -129,17 +129,17 @@ TEST_F(Window, EveryTabHasItsKey) {
   const std::pair<int, Qt::Key> keys[] = {
       {2, Qt::Key_V}, {3, Qt::Key_P}, {4, Qt::Key_W}, {6, Qt::Key_E}, {7, Qt::Key_S}};
   for (const auto& [tab, key] : keys) {
-    ClickTab(InfoTab);
+    ClickTab(forms::tab::Info);
     QTest::keyClick(&program_->Window(), key, Qt::AltModifier);
     EXPECT_EQ(Form().TabStrip1.SelectedTab, tab);
     EXPECT_EQ(Page(), tab);
   }
-  ClickTab(ValuesTab);
+  ClickTab(forms::tab::Values);
   QTest::keyClick(&program_->Window(), Qt::Key_I, Qt::AltModifier);
-  EXPECT_EQ(Form().TabStrip1.SelectedTab, InfoTab);
+  EXPECT_EQ(Form().TabStrip1.SelectedTab, forms::tab::Info);
   QTest::keyClick(&program_->Window(), Qt::Key_R, Qt::AltModifier);
-  EXPECT_EQ(Form().TabStrip1.SelectedTab, RecorderTab);
-  ClickTab(InfoTab);
+  EXPECT_EQ(Form().TabStrip1.SelectedTab, forms::tab::Recorder);
+  ClickTab(forms::tab::Info);
   QTest::keyClick(&program_->Window(), Qt::Key_X, Qt::AltModifier);
   EXPECT_TRUE(WaitFor([&] { return exitCode_ == 0; }));
 }
@@ -160,18 +160,18 @@ TEST_F(Window, AResizeKeepsARunningView) {
   ResizeFrame({1300, 900});
   EXPECT_EQ(Form().Window.Width, 1300 * 15);
   EXPECT_EQ(Form().Window.Height, 900 * 15);
-  EXPECT_EQ(Page(), ValuesTab);
+  EXPECT_EQ(Page(), forms::tab::Values);
   EXPECT_TRUE(Program().Acquisition.State.LookingForValues);
   EXPECT_TRUE(Form().CWButton4.Value);
 }
 
 TEST_F(Window, AResizeKeepsTheViewAndItsFocus) {
   Start();
-  ClickTab(SetupTab);
+  ClickTab(forms::tab::Setup);
   auto& field = Find<QWidget>(Member("Text1", 12));
   field.setFocus();
   ResizeFrame({1300, 900});
-  EXPECT_EQ(Page(), SetupTab);
+  EXPECT_EQ(Page(), forms::tab::Setup);
   EXPECT_TRUE(field.hasFocus());
 }
 
@@ -183,17 +183,17 @@ TEST_F(Window, TheRecorderWithoutItsFolderAsksAndGoesToTheField) {
     text = dialog.property("text").toString();
     dialog.accept();
   });
-  ClickTab(RecorderTab);
+  ClickTab(forms::tab::Recorder);
   EXPECT_EQ(text,
             "The given path under 'Setup' is not available!\nPlease check the specified path for "
             "errors.");
-  EXPECT_EQ(Page(), SetupTab);
+  EXPECT_EQ(Page(), forms::tab::Setup);
   // Nothing activates the window again after a box here, so its own record of the focus counts.
   auto* field = &Find<QWidget>(Member("Text1", 3));
   EXPECT_TRUE(WaitFor([&] { return program_->Window().focusWidget() == field; }));
   Type(Member("Text1", 3), home_.path());
-  ClickTab(RecorderTab);
-  EXPECT_EQ(Page(), RecorderTab);
+  ClickTab(forms::tab::Recorder);
+  EXPECT_EQ(Page(), forms::tab::Recorder);
   auto& path = Find<QLabel>(Member("Label10", 1));
   EXPECT_TRUE(WaitFor([&] { return path.text().startsWith(home_.path() + "/SV record"); }));
 }
@@ -240,7 +240,7 @@ TEST_F(Window, SettingsThatCannotBeSavedAreReportedOnce) {
   program_->Load();
   ASSERT_TRUE(WaitFor([&] { return boxes > 0; }));
   EXPECT_TRUE(text.startsWith("The settings can't be saved!")) << text.toStdString();
-  ClickTab(SetupTab);
+  ClickTab(forms::tab::Setup);
   Type(Member("Text1", 12), "MU-7");
   QTest::qWait(200);
   EXPECT_EQ(boxes, 1);

@@ -48,7 +48,7 @@ Bytes TextBytes(const std::string& text) {
 /// A raw sample: currents in mA, voltages in 10 mV.
 std::int64_t Raw(int number, int channel, int place) {
   constexpr double Angles[] = {0, -120, 120, 0, 30, -90, 150, 0};
-  if (channel >= 2 * Currents) return 100 * channel;
+  if (channel >= 2 * Currents) return std::int64_t{100} * channel;
   const bool current = channel < Currents;
   const int phase = channel % Currents;
   const double amperes = 100 + 10 * number + phase;

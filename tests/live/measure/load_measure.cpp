@@ -21,7 +21,7 @@ class SixtySenders : public BusScene {
     BusScene::SetUp();
     if (IsSkipped()) return;
     ASSERT_NO_FATAL_FAILURE(Play("locked", 60));
-    ClickTab(SetupTab);
+    ClickTab(forms::tab::Setup);
     // As a new user has it.
     Type(Member("Text1", static_cast<int>(forms::setup_field::Interval)), "500");
     TypeStations("BAY-20", "BAY-40");
@@ -55,9 +55,9 @@ TEST_F(SixtySenders, BesideTheLiveViews) {
     const char* Name;
     int Tab;
     const char* Button;
-  } views[] = {{"Values", ValuesTab, "CWButton4"},
-               {"Phasor", PhasorTab, "CWButton2"},
-               {"Waveforms", WaveformsTab, "CWButton1"}};
+  } views[] = {{"Values", forms::tab::Values, "CWButton4"},
+               {"Phasor", forms::tab::Phasor, "CWButton2"},
+               {"Waveforms", forms::tab::Waveforms, "CWButton1"}};
   for (const auto& view : views) {
     ClickTab(view.Tab);
     Press(view.Button);
@@ -69,7 +69,7 @@ TEST_F(SixtySenders, BesideTheLiveViews) {
 }
 
 TEST_F(SixtySenders, BesideARecordingOfTwoStreams) {
-  ClickTab(RecorderTab);
+  ClickTab(forms::tab::Recorder);
   Click(Member("Option2", static_cast<int>(forms::record_format::Text)));
   Press("CWButton3");
   ASSERT_TRUE(WaitFor([this] { return Find<RunButton>("CWButton3").isVisible(); }));

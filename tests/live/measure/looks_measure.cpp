@@ -54,7 +54,7 @@ TEST_P(LockedSenders, AreReported) {
   for (int number = 2; number <= ReportedSenders; ++number) {
     const std::string id = "BAY-0" + std::to_string(number);
     TypeStations("BAY-01", id);
-    ClickTab(ReportTab);
+    ClickTab(forms::tab::Report);
     std::cout << "report, " << GetParam() << " senders: ";
     for (const auto& [choice, station] : {std::pair{7, id}, {6, std::string("BAY-01")}}) {
       Click(Member("Option3", choice));

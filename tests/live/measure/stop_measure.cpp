@@ -29,9 +29,9 @@ struct View {
 
 /// A hand that presses when its moment has come, whatever the program is at. The press waits in the
 /// queue and is handled in the next pump.
-class Hand {
+class PressingHand {
  public:
-  Hand(QWidget& button, milliseconds after)
+  PressingHand(QWidget& button, milliseconds after)
       : press_([&button, after] {
           std::this_thread::sleep_for(after);
           const QPointF at(12, button.height() / 2.0);
@@ -42,7 +42,7 @@ class Hand {
                                          down ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier));
           }
         }) {}
-  ~Hand() { press_.join(); }
+  ~PressingHand() { press_.join(); }
 
  private:
   std::thread press_;
@@ -75,7 +75,7 @@ TEST_P(StopAtAnyMoment, LeavesNothingRunning) {
   int left = 0;
   int stuck = 0;
   for (int moment = 0; moment < Moments; ++moment) {
-    ClickTab(InfoTab);
+    ClickTab(forms::tab::Info);
     ClickTab(view.Tab);
     auto& button = Find<RunButton>(view.Button);
     Press(view.Button);
@@ -89,7 +89,7 @@ TEST_P(StopAtAnyMoment, LeavesNothingRunning) {
       continue;
     }
     {
-      const Hand hand(button, Cycle * moment / Moments);
+      const PressingHand hand(button, Cycle * moment / Moments);
       QTest::qWait(static_cast<int>(Cycle.count()));
     }
     QTest::qWait(SettleMs);
@@ -104,9 +104,9 @@ TEST_P(StopAtAnyMoment, LeavesNothingRunning) {
 }
 
 INSTANTIATE_TEST_SUITE_P(On, StopAtAnyMoment,
-                         testing::Values(View{"Values", 2, "CWButton4"},
-                                         View{"Phasor", 3, "CWButton2"},
-                                         View{"Waveforms", 4, "CWButton1"}));
+                         testing::Values(View{"Values", forms::tab::Values, "CWButton4"},
+                                         View{"Phasor", forms::tab::Phasor, "CWButton2"},
+                                         View{"Waveforms", forms::tab::Waveforms, "CWButton1"}));
 
 }  // namespace
 }  // namespace desktop

@@ -63,7 +63,7 @@ TEST_F(BusProfile, ChannelsOfAllCounts) {
   Play("channels", 4);
   EXPECT_FALSE(Unit("BAY-04").Place()) << "twenty channels are never located";
   TypeStations("BAY-04", "");
-  ClickTab(ValuesTab);
+  ClickTab(forms::tab::Values);
   Press("CWButton4");
   EXPECT_TRUE(WaitFor([this] {
     return WaitingLine().find("could not be located") != std::string::npos;
@@ -71,13 +71,13 @@ TEST_F(BusProfile, ChannelsOfAllCounts) {
   Press("CWButton4");
 
   TypeStations("BAY-01", "");
-  ClickTab(ValuesTab);
+  ClickTab(forms::tab::Values);
   Press("CWButton4");
   EXPECT_TRUE(WaitForReadings(Unit("BAY-01"))) << Readings();
   EXPECT_EQ(Number(4), 0) << "four channels have no voltages";
   Press("CWButton4");
 
-  ClickTab(SetupTab);
+  ClickTab(forms::tab::Setup);
   GoThroughAllViews("BAY-03", "BAY-02");
 }
 

@@ -99,7 +99,7 @@ TEST_F(FinderOnTheWire, ListsSevenSendersAndRunShowsTheFirstOneChecked) {
     EXPECT_EQ(Station(view + 1), checked[1]);
   }
 
-  ClickTab(ValuesTab);
+  ClickTab(forms::tab::Values);
   Run();
   const bool feederFirst = checked[0] == "FEEDER-10";
   EXPECT_TRUE(WaitForNumber(0, feederFirst ? 400 : 150)) << Number(0);

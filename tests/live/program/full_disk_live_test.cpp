@@ -32,9 +32,9 @@ class FullDisk : public WindowScene {
     other.write(QByteArray(1'300'000, 'x'));
     other.close();
     Start();
-    ClickTab(SetupTab);
+    ClickTab(forms::tab::Setup);
     Type(Member("Text1", 12), "VORNIK-SIM-1");
-    ClickTab(RecorderTab);
+    ClickTab(forms::tab::Recorder);
   }
   void TearDown() override {
     program_.reset();

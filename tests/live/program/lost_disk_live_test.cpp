@@ -21,7 +21,7 @@ class LostDisk : public WindowScene {
     mounted_ = true;
     Start();
     GoMeasure();
-    ClickTab(RecorderTab);
+    ClickTab(forms::tab::Recorder);
   }
   void TearDown() override {
     program_.reset();
@@ -59,8 +59,8 @@ TEST_F(LostDisk, ThatBecameReadOnlyLeavesTheProgramRunning) {
   Stop();
   EXPECT_NE(Line().find("Log and quick view are left out: Permission denied."), std::string::npos)
       << Line();
-  ClickTab(ValuesTab);
-  EXPECT_EQ(Form().TabStrip1.SelectedTab, ValuesTab);
+  ClickTab(forms::tab::Values);
+  EXPECT_EQ(Form().TabStrip1.SelectedTab, forms::tab::Values);
 }
 
 TEST_F(LostDisk, ThatIsPulledOutIsToldForAWorksheet) {

@@ -20,15 +20,13 @@ using live::Publisher;
 /// The program with both of its streams typed in, on the Values view.
 class MeasuringOnTheWire : public ProgramOnTheWire {
  protected:
-  static constexpr int PhasorTab = 3;
-
   void SetUp() override {
     ProgramOnTheWire::SetUp();
     if (IsSkipped()) return;
     Type(Member("Text1", 12), "MU-A");
     Type(Member("Text1", 14), "MU-B");
     Click("Check4");
-    ClickTab(ValuesTab);
+    ClickTab(forms::tab::Values);
   }
 
   double Dc(int channel) {
@@ -181,10 +179,10 @@ TEST_F(MeasuringOnTheWire, OutlivesAStartWithItsInterfaceGone) {
 }
 
 TEST_F(MeasuringOnTheWire, GoesOnWhenAnInterfaceThatWasTakenAwayInABlockIsBack) {
-  ClickTab(SetupTab);
+  ClickTab(forms::tab::Setup);
   // A block of twenty seconds.
   Type(Member("Text1", 2), "80000");
-  ClickTab(ValuesTab);
+  ClickTab(forms::tab::Values);
   const auto line = [this] { return Find<QLabel>(Member("QuietLine", 0)).text(); };
   const auto held = [this] { return Program().Acquisition.State.Counters.Streams[0].HeldId; };
   {
@@ -209,7 +207,7 @@ TEST_F(MeasuringOnTheWire, ReadsTheKnownAngles) {
   const Publisher publisher(
       "--duration 7 --stream id=MU-A,tag=4:0,currents=400:410:420:2,"
       "voltages=63509:63600:63700:80,angles=-23.4:-150:97.25:12:10:-110:130.5:-45");
-  ClickTab(PhasorTab);
+  ClickTab(forms::tab::Phasor);
   Click("CWButton2");
   auto& table = Find<QTableWidget>("Grid1");
   ASSERT_TRUE(WaitFor([&] { return !table.item(1, 1)->text().isEmpty(); }));
@@ -238,12 +236,12 @@ TEST_F(MeasuringOnTheWire, FollowsOneChannelFrameByFrame) {
 
 TEST_F(MeasuringOnTheWire, FollowsTheOtherStationWhoseSamplesStandElsewhere) {
   // IDs and tags of different length: the samples of one stand where the other one has none.
-  ClickTab(SetupTab);
+  ClickTab(forms::tab::Setup);
   Type(Member("Text1", 14), "MU-OF-A-LONGER-NAME");
   const Publisher publisher(
       "--duration 20 --stream id=MU-A,currents=400:410:420:2 "
       "--stream id=MU-OF-A-LONGER-NAME,tag=4:0,currents=150:151:152:1");
-  ClickTab(ValuesTab);
+  ClickTab(forms::tab::Values);
   // Frame by frame no burst ends, and no start has the samples located anew.
   Click("Check5");
   Run();

@@ -59,7 +59,7 @@ class RecordingOnTheWire : public WireScene {
     publisher_.emplace(sent_);
     sentFor_.start();
     freeMs_ = static_cast<qint64>(seconds * 1000) - HoldUp.count() + StartOfPublisherMs;
-    ClickTab(RecorderTab);
+    ClickTab(forms::tab::Recorder);
     Click(Member("Option2", static_cast<int>(format)));
     ASSERT_TRUE(WaitFor([] { return Arrived() > 0; }));
     sinceLook_.start();

@@ -20,7 +20,7 @@ class WireScene : public WindowScene {
     if (!reason.empty()) GTEST_SKIP() << reason;
     live::LayWire();
     Start();
-    ClickTab(SetupTab);
+    ClickTab(forms::tab::Setup);
     ChooseAdapter(live::NearEnd);
   }
   void TearDown() override {

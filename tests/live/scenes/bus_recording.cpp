@@ -55,7 +55,7 @@ std::size_t LinesThatTell(const std::vector<Line>& lines, const std::vector<live
 }  // namespace
 
 void BusScene::Record(const std::string& first, const std::string& second) {
-  ClickTab(RecorderTab);
+  ClickTab(forms::tab::Recorder);
   Click(Member("Option2", static_cast<int>(forms::record_format::Text)));
   const std::string filter = "ether src " + Unit(first).Reader().Address(6) + " or ether src " +
                              Unit(second).Reader().Address(6);

@@ -118,13 +118,13 @@ void BusScene::CheckBoth(QDialog& finder, std::string& first, std::string& secon
 }
 
 void BusScene::TypeStations(const std::string& first, const std::string& second) {
-  ClickTab(SetupTab);
+  ClickTab(forms::tab::Setup);
   Type(Member("Text1", 12), QString::fromStdString(first));
   Type(Member("Text1", 14), QString::fromStdString(second));
 }
 
 void BusScene::ReportBoth(const std::string& first, const std::string& second) {
-  ClickTab(ReportTab);
+  ClickTab(forms::tab::Report);
   for (const auto& [choice, id] : {std::pair{6, first}, {7, second}, {6, first}}) {
     Click(Member("Option3", choice));
     ExpectReported(Unit(id));
@@ -178,7 +178,7 @@ bool BusScene::WaitForReadings(const BusUnit& unit) {
 }
 
 void BusScene::ShowValues(const std::string& first, const std::string& second) {
-  ClickTab(ValuesTab);
+  ClickTab(forms::tab::Values);
   Press("CWButton4");
   for (const auto& [choice, id] : {std::pair{0, first}, {1, second}, {0, first}}) {
     Click(Member("Option3", choice));
@@ -191,7 +191,7 @@ void BusScene::ShowValues(const std::string& first, const std::string& second) {
 void BusScene::ShowPhasor(const std::string& id) {
   const BusUnit& unit = Unit(id);
   const std::vector<std::size_t> channels = unit.Channels();
-  ClickTab(PhasorTab);
+  ClickTab(forms::tab::Phasor);
   Press("CWButton2");
   auto& table = Find<QTableWidget>("Grid1");
   const auto cell = [&](std::size_t channel, int column) {
@@ -216,7 +216,7 @@ void BusScene::ShowPhasor(const std::string& id) {
 
 void BusScene::ShowWaveforms(const std::string& id) {
   const BusUnit& unit = Unit(id);
-  ClickTab(WaveformsTab);
+  ClickTab(forms::tab::Waveforms);
   Press("CWButton1");
   EXPECT_TRUE(WaitFor([&] {
     std::array<std::vector<double>, 8> curves;

@@ -14,10 +14,6 @@ namespace desktop {
 /// second time; each step demands of the program what stands there.
 class BusScene : public FinderScene {
  protected:
-  static constexpr int PhasorTab = 3;
-  static constexpr int WaveformsTab = 4;
-  static constexpr int ReportTab = 6;
-
   void TearDown() override {
     // The bus goes before its wire does.
     bus_.reset();

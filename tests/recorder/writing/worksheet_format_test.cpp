@@ -143,7 +143,7 @@ TEST_P(WorksheetBacklog, LeavesNoRowOfTheSecondStreamTwice) {
     bench.Frames(4000, "MU02");
   });
   bench.WriteRing(1, 9 * 17);
-  EXPECT_EQ(Read("2_" + name).Cells, 9U * (16 * 4000 + 1534));
+  EXPECT_EQ(Read("2_" + name).Cells, std::size_t{9} * (16 * 4000 + 1534));
 }
 
 INSTANTIATE_TEST_SUITE_P(Pumps, WorksheetBacklog, testing::Values(1, 3));
@@ -180,7 +180,7 @@ TEST_F(WorksheetFile, OfTheSecondStreamEndsByItsOwnCounter) {
   EXPECT_TRUE(sheet.Codes.ends_with(" 3 10 "));
   const std::size_t heading = bench.Content("2_" + name).find("Ramp") - 12;
   const std::size_t cells = content.size() - heading - 4 - (16 + 8 * 14);
-  EXPECT_EQ(cells / 19, 9U * (16 * 4000 + 1534));
+  EXPECT_EQ(cells / 19, std::size_t{9} * (16 * 4000 + 1534));
 }
 
 TEST_F(WorksheetFile, LeavesOutTheOneRowThatHasNoNumber) {

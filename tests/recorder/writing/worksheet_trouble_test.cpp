@@ -42,7 +42,7 @@ TEST_F(WorksheetFile, TellsThatRingsAreStoredAgain) {
             "stream 1: stored again since 09.03.2024 14:05:07; 1 ring lost: Disk full.");
   bench.Stop();
   EXPECT_TRUE(Read(name).Whole);
-  EXPECT_EQ(Read(name).Cells, 9U * 8000U);
+  EXPECT_EQ(Read(name).Cells, std::size_t{9} * 8000);
 }
 
 TEST_F(WorksheetFile, IsNotStoredAgainBehindAPartOfARecord) {
