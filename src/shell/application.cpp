@@ -23,9 +23,7 @@ Application::Application(const Platform& platform)
                platform.Clipboard}),
       Pages(Windows, Config, LiveViews, Recorder, Reports, platform),
       Tabs(Windows, Config, Acquisition, Pages.All, platform.Usual(), platform.Timers),
-      Layout(Windows.Main, Acquisition.State, Tabs, Pages.All, platform.Program) {
-  Windows.Main.Command8.Click = [this] { platform_.Program.End(); };
-}
+      Layout(Windows.Main, Acquisition.State, Tabs, Pages.All, platform.Program) {}
 
 void Application::EndSession() {
   Acquisition.End();

@@ -42,6 +42,7 @@ TabController::TabController(forms::Windows& windows, config::Configuration& con
       run_(services.Program, [this](const Failure& failure, int) { return OnFailure(failure); }) {
   acquisition.Upper.Tabs = *this;
   main_.TabStrip1.Changed = [this] { TabChange(); };
+  main_.Command8.Click = [this] { services_.Program.End(); };
   main_.Window.QueryUnload = [this] { CloseRequest(); };
   closeTimer_.Interval = CloseRetry;
   closeTimer_.Elapsed = [this] { RetryClose(); };

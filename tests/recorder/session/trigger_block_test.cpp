@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "forms/main_form.h"
+#include "platform/loop/timer_queue.h"
 #include "support/manual_clock.h"
 
 namespace {
