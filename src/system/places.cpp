@@ -62,7 +62,7 @@ std::filesystem::path DataFolder() {
   return Home() / "Library" / "Application Support";
 #else
   const std::filesystem::path data = Named("XDG_DATA_HOME");
-  return data.is_absolute() ? data : Home() / ".local" / "share";
+  return data.empty() ? Home() / ".local" / "share" : data;
 #endif
 }
 

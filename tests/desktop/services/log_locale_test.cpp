@@ -6,6 +6,7 @@
 #include "desktop/services/qt_calendar.h"
 #include "desktop/services/system_locale.h"
 #include "recorder/reading/record_log.h"
+#include "recorder/writing/writing.h"
 #include "support/fake_platform.h"
 #include "support/log_reading.h"
 #include "support/sv_frame.h"
@@ -17,7 +18,9 @@ namespace {
 class LogOfLocale : public support::FakePlatform {
  public:
   explicit LogOfLocale(const QLocale& locale)
-      : Calendar(locale), Numbers(SeparatorsOf(locale)), log_(LogOf()) {}
+      : Calendar(locale), Numbers(SeparatorsOf(locale)), log_(LogOf()) {
+    state_.RecordFileName = "SV record 21.11.2026 18-04-09.txt";
+  }
 
   /// The lines without their ends.
   std::vector<std::string> Lines() {
@@ -25,10 +28,11 @@ class LogOfLocale : public support::FakePlatform {
     frame_.Redim(static_cast<std::int16_t>(frame.size()));
     frame_.Copy(frame);
     settings_.StoragePath = "c:\\StoredData";
-    Files.Stored["c:\\StoredData\\" + name_] = "0;0;1;1;1;1;1;1;1;1\r\n1;3;1;1;1;1;1;1;1;1\r\n";
+    Files.Stored["c:\\StoredData\\" + state_.RecordFileName] =
+        "0;0;1;1;1;1;1;1;1;1\r\n1;3;1;1;1;1;1;1;1;1\r\n";
     bool nothing = false;
     log_.BuildRecordLog(nothing);
-    const std::string& log = Files.Stored.at("c:\\StoredData\\Errorlog " + name_);
+    const std::string& log = Files.Stored.at("c:\\StoredData\\Errorlog " + state_.RecordFileName);
     std::vector<std::string> lines;
     for (std::size_t begin = 0, end; (end = log.find("\r\n", begin)) != std::string::npos;) {
       lines.push_back(log.substr(begin, end - begin));
@@ -42,19 +46,25 @@ class LogOfLocale : public support::FakePlatform {
 
  private:
   packetroutines::RecordLog LogOf() {
-    return {{settings_, present_, name_, Files, recording_},
-            frame_,
-            bar_,
-            {Code, Numbers, Calendar, Pointer, Dialogs, Links, Runtime, open_}};
+    return {
+        {settings_, present_, state_, writing_.Formats, writing_.Open, services_}, frame_, bar_};
   }
 
   config::Settings settings_;
   config::RunSettings present_;
-  std::string name_ = "SV record 21.11.2026 18-04-09.txt";
-  bool recording_ = false;
+  packetroutines::AcquisitionState state_;
+  packetroutines::RecordRings rings_;
+  forms::RecorderControls recorder_;
+  packetroutines::RecorderServices services_{.Usual = {Events, Dialogs, Runtime},
+                                             .Code = Code,
+                                             .Numbers = Numbers,
+                                             .Files = Files,
+                                             .Calendar = Calendar,
+                                             .Pointer = Pointer,
+                                             .Links = Links};
+  packetroutines::Writing writing_{recorder_, settings_, present_, state_, rings_, services_};
   packetroutines::PacketBytes frame_;
   platform::ProgressBar bar_;
-  packetroutines::FileNumbers open_{Files};
   packetroutines::RecordLog log_;
 };
 
