@@ -7,7 +7,7 @@ using platform::CWGraph;
 
 /// A drag from one corner of a rectangle to the opposite one.
 struct Gesture {
-  const char* Name;
+  const char* Name = nullptr;
   QPoint From;
   QPoint To;
 };

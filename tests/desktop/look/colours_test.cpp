@@ -53,8 +53,8 @@ class Colours : public WindowScene {
 TEST_F(Colours, EveryRunButtonHasItsFace) {
   Start();
   struct Face {
-    int Tab;
-    const char* Name;
+    int Tab = 0;
+    const char* Name = nullptr;
     QColor Colour;
   };
   for (const Face& face : {Face{forms::tab::Values, "CWButton4", {204, 229, 254}},

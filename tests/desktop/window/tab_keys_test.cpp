@@ -164,9 +164,9 @@ TEST_F(TabKeysScene, TheNumberOfTheLastTabEndsTheProgram) {
 TEST_F(TabKeysScene, TheOtherKeysGoRoundTheViewsAndNeverEndTheProgram) {
   StartWithStorage();
   struct Step {
-    int Key;
+    int Key = 0;
     Qt::KeyboardModifiers Also;
-    int Way;
+    int Way = 0;
   };
   const Step steps[] = {{Qt::Key_Tab, {}, 1},
                         {Qt::Key_PageDown, {}, 1},

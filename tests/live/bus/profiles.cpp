@@ -137,9 +137,9 @@ Sender Redundant(int number) {
 
 /// How a profile is told: its senders, how many show all of it, and what else is special.
 struct Kind {
-  const char* Name;
-  Sender (*Make)(int number);
-  int Senders;
+  const char* Name = nullptr;
+  Sender (*Make)(int number) = nullptr;
+  int Senders = 0;
   int Rate = 4000;
   bool Swapped = false;
   bool Others = false;
