@@ -6,59 +6,22 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <functional>
 #include <memory>
-#include <optional>
+#include <span>
 #include <string>
-#include <vector>
 
-#include "adapters/windows1252.h"
-#include "platform/loop/timer_queue.h"
 #include "shell/application.h"
+#include "support/fake_platform.h"
 #include "system/computer_files.h"
 
 namespace bench {
 
-/// Time that moves only where a benchmark moves it.
-class BenchClock : public platform::Clock {
- public:
-  std::chrono::nanoseconds Now() const override { return Time; }
-  std::chrono::nanoseconds Time{0};
-};
-
+/// The event queue and the capture of a measured path: they keep no journal, which would be most of
+/// what is measured.
 class BenchEvents : public platform::EventQueue {
  public:
   void Pump() override {}
   void WaitMs(std::int32_t) override {}
-};
-
-/// A benchmark that meets a box went wrong.
-class BenchDialogs : public platform::Dialogs {
- public:
-  platform::Answer Show(const platform::Message& message) override { Abort(message.Text); }
-  void ShowTimed(const platform::TimedMessage& message) override { Abort(message.Text); }
-
- private:
-  [[noreturn]] static void Abort(const std::string& text) {
-    std::fprintf(stderr, "unexpected box: %s\n", text.c_str());
-    std::abort();
-  }
-};
-
-class BenchProgram : public platform::Program {
- public:
-  [[noreturn]] void End() override { std::abort(); }
-};
-
-class BenchStore : public platform::SettingsStore {
- public:
-  std::string Get(const std::string&, const std::string&, const std::string&,
-                  const std::string& fallback) const override {
-    return fallback;
-  }
-  void Set(const std::string&, const std::string&, const std::string&,
-           const std::string&) override {}
-  std::string Place(const std::string&) const override { return {}; }
 };
 
 /// One adapter that takes every setting; the benchmark hands the frames over itself.
@@ -120,86 +83,41 @@ class BenchFiles : public host::ComputerFiles {
   QTemporaryDir folder_;
 };
 
-class BenchServices : public platform::FolderDialog,
-                      public platform::Printers,
-                      public platform::ShellLinks,
-                      public platform::Calendar,
-                      public platform::MousePointer {
+/// The platform that the tests play; a benchmark that meets a box went wrong.
+class BenchPlatform : public support::FakePlatform {
  public:
-  std::optional<std::string> Browse(const std::string&, const std::string&) override {
-    return std::nullopt;
+  BenchPlatform() {
+    Dialogs.WhileOpen = [this] {
+      std::fprintf(stderr, "unexpected box: %s\n", Journal.back().c_str());
+      std::abort();
+    };
   }
-  std::vector<std::string> Names() const override { return {"Bench"}; }
-  std::string Current() const override { return "Bench"; }
-  void MakeCurrent(std::int32_t) override {}
-  void Open(const std::string&) override {}
-  void OpenFile(const std::string&, Told told) override { told(platform::open_code::Opened); }
-  platform::LocalTime Now() const override { return {2024, 3, 9, 14, 5, 7}; }
-  std::string GeneralText(const platform::LocalTime& moment) const override {
-    return platform::DottedText(moment);
-  }
-  std::string MonthName(std::int32_t) const override { return "Mar"; }
-  void ShowHourglass() override {}
-  void ShowNormal() override {}
+
+  BenchEvents Quiet;
+  BenchCapture Bus;
+  BenchFiles Disk;
 };
 
-/// Paper that takes everything and shows nothing, and a clipboard like it.
-class BenchPaper : public platform::PrintSurface, public platform::Clipboard {
- public:
-  void Orientation(platform::PageOrientation) override {}
-  void Colours(platform::ColourMode) override {}
-  void DocumentName(const std::string&) override {}
-  void FontName(const std::string&) override {}
-  void FontSize(float) override {}
-  void FontBold(bool) override {}
-  void FontUnderline(bool) override {}
-  void ForeColor(platform::Rgb) override {}
-  void CurrentX(double) override {}
-  void CurrentY(double) override {}
-  void Print(const std::string&) override {}
-  void PrintLine(const std::string&) override {}
-  double TextWidth(const std::string&) const override { return 0; }
-  void PaintPicture(const platform::Picture&, double, double, double, double) override {}
-  void EndDoc(std::function<void(const platform::SentPage&)> told) override { told({}); }
-  void Clear() override {}
-  void SetPicture(const platform::Picture&) override {}
-};
-
-/// The whole program on a platform that costs nothing.
-struct BenchScene {
-  BenchClock Clock;
-  platform::TimerQueue Timers{Clock};
-  BenchEvents Events;
-  BenchDialogs Dialogs;
-  BenchProgram Program;
-  BenchStore Store;
-  BenchCapture Capture;
-  adapters::Windows1252 Code;
-  platform::NumberText Numbers;
-  BenchFiles Files;
-  BenchServices Services;
-  BenchPaper Paper;
-  platform::Screen Screen{1920 * 15, 1080 * 15};
+/// The whole program on a platform that costs next to nothing.
+struct BenchScene : BenchPlatform {
   formroutines::Application App;
 
   /// Starts the program on the Values view with these content filters.
   BenchScene(const std::string& first, const std::string& second)
-      : App({Timers, Events, Dialogs, Program, Store, Capture, Code, Numbers, Files, Services,
-             Services, &Services, &Services, &Paper, &Paper, &Services, &Screen}) {
+      : App({Timers, Quiet, Dialogs, Runtime, Store, Bus, Code, Numbers, Disk, Links, Calendar}) {
     App.Load();
     App.Windows.Main.TabStrip1.SelectedTab = forms::tab::Values;
-    App.Windows.Main.Text1[14].Text = second;
-    App.Windows.Main.Text1[12].Text = first;
+    App.Windows.Main.Text1[forms::setup_field::Content2].Text = second;
+    App.Windows.Main.Text1[forms::setup_field::Content1].Text = first;
     App.Windows.Main.Combo3.ListIndex = 2;
   }
 
   /// Hands one frame over, and lets the restart timer run where the frame completed a block.
   void Receive(std::span<const std::uint8_t> frame) {
-    Capture.Channel->OnPacket({frame, frame.size()});
-    if (!Capture.Running) {
-      Clock.Time += std::chrono::milliseconds(100);
-      Timers.FireDue();
-    }
+    Bus.Channel->OnPacket({frame, frame.size()});
+    if (Bus.Running) return;
+    Clock.Advance(std::chrono::milliseconds(100));
+    Timers.FireDue();
   }
 };
 

@@ -79,7 +79,7 @@ BENCHMARK(TwoStreams)->Name("FramePath/TwoStreams");
 void Record(benchmark::State& state, const char* format, const Frames& frames) {
   constexpr std::size_t FramesOfFile = 400'000;
   bench::BenchScene scene("MU_ALPHA", "MU_BRAVO");
-  scene.App.Config.Settings.StoragePath = scene.Files.DefaultFolder();
+  scene.App.Config.Settings.StoragePath = scene.Disk.DefaultFolder();
   scene.App.Config.Settings.FileFormat = format;
   scene.App.Windows.Main.CWButton3.Value = true;
   std::size_t next = 0;
@@ -87,7 +87,7 @@ void Record(benchmark::State& state, const char* format, const Frames& frames) {
   for ([[maybe_unused]] auto _ : state) {
     scene.Receive(frames[next]);
     if (++next == frames.size()) next = 0;
-    if (++received % FramesOfFile == 0) scene.Files.EmptyFolder();
+    if (++received % FramesOfFile == 0) scene.Disk.EmptyFolder();
   }
   state.SetItemsProcessed(state.iterations());
 }

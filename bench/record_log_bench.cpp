@@ -72,10 +72,7 @@ class Recording {
  private:
   support::TemporaryFolder folder_;
   support::RealFiles files_;
-  bench::BenchEvents events_;
-  bench::BenchDialogs dialogs_;
-  bench::BenchProgram program_;
-  bench::BenchServices services_;
+  bench::BenchPlatform played_;
   adapters::Windows1252 code_;
   platform::NumberText numbers_;
   config::Settings settings_;
@@ -84,13 +81,14 @@ class Recording {
   packetroutines::RecordRings rings_;
   packetroutines::PacketBytes frame_;
   forms::RecorderControls recorder_;
-  packetroutines::RecorderServices platform_{.Usual = {events_, dialogs_, program_},
-                                             .Code = code_,
-                                             .Numbers = numbers_,
-                                             .Files = files_,
-                                             .Calendar = services_,
-                                             .Pointer = services_,
-                                             .Links = services_};
+  packetroutines::RecorderServices platform_{
+      .Usual = {played_.Events, played_.Dialogs, played_.Runtime},
+      .Code = code_,
+      .Numbers = numbers_,
+      .Files = files_,
+      .Calendar = played_.Calendar,
+      .Pointer = played_.Pointer,
+      .Links = played_.Links};
   packetroutines::Writing writing_{recorder_, settings_, present_, state_, rings_, platform_};
   packetroutines::RecordAnalysis analysis_{
       {settings_, present_, state_, writing_.Formats, writing_.Open, platform_}, frame_, recorder_};

@@ -2,7 +2,6 @@
 
 #include <benchmark/benchmark.h>
 
-#include <QTemporaryDir>
 #include <cmath>
 #include <random>
 #include <string>
@@ -14,9 +13,9 @@ namespace {
 
 /// The formats with a ring of sampled values: sines of 707 A and 70.7 kV RMS in whole raw counts,
 /// with noise, so that no two numbers are alike.
-struct WriterScene {
+struct WriterScene : bench::BenchPlatform {
   WriterScene() {
-    Settings.StoragePath = folder_.path().toStdString();
+    Settings.StoragePath = Disk.DefaultFolder();
     Settings.FilterContent = {"MU_ALPHA", "MU_BRAVO"};
     State.RecordFileName = "SV record 09.03.2024 14-05-07.txt";
     Rings.Reserve(packetroutines::RecordRings::Cells);
@@ -35,36 +34,26 @@ struct WriterScene {
   /// Begins the file anew before it fills the disk.
   void KeepSmall(std::int64_t most) {
     const std::string path = RecordPath(Writing.Context, 0);
-    if (Files.FileSize(path) > most) Files.DeleteFile(path);
+    if (Disk.FileSize(path) > most) Disk.DeleteFile(path);
   }
 
   config::Settings Settings;
   config::RunSettings Present;
   packetroutines::AcquisitionState State;
   packetroutines::RecordRings Rings;
-  host::ComputerFiles Files;
-  platform::NumberText Numbers;
-  adapters::Windows1252 Code;
-  bench::BenchEvents Events;
-  bench::BenchDialogs Dialogs;
-  bench::BenchProgram Program;
-  bench::BenchServices Services;
   forms::RecorderControls Recorder;
   packetroutines::Writing Writing{Recorder,
                                   Settings,
                                   Present,
                                   State,
                                   Rings,
-                                  {.Usual = {Events, Dialogs, Program},
+                                  {.Usual = {Events, Dialogs, Runtime},
                                    .Code = Code,
                                    .Numbers = Numbers,
-                                   .Files = Files,
-                                   .Calendar = Services,
-                                   .Pointer = Services,
-                                   .Links = Services}};
-
- private:
-  QTemporaryDir folder_;
+                                   .Files = Disk,
+                                   .Calendar = Calendar,
+                                   .Pointer = Pointer,
+                                   .Links = Links}};
 };
 
 constexpr std::int64_t MostBytes = 32'000'000;

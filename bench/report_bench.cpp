@@ -13,7 +13,7 @@ void ReportAnalyse(benchmark::State& state) {
   formroutines::Application& app = scene.App;
   packetroutines::ReportAnalysis analysis(app.Windows.Main, app.Windows.Main, app.Config.Settings,
                                           app.Config.Present, scene.Code,
-                                          {scene.Events, scene.Dialogs, scene.Program});
+                                          {scene.Events, scene.Dialogs, scene.Runtime});
   support::FrameBytes frame = support::SvFrame("MU_ALPHA").Bytes();
   frame.resize(static_cast<std::size_t>(state.range(0)), 0x11);
   packetroutines::PacketBytes bytes;

@@ -47,9 +47,9 @@ inline constexpr std::int32_t PathFileAccess = 75;
 inline constexpr std::int32_t PathNotFound = 76;
 inline constexpr std::int32_t ObjectNotSet = 91;
 inline constexpr std::int32_t InvalidPropertyValue = 380;
-/// A minimised or maximised window refuses to be sized.
 /// A member of a control array that the form has not.
 inline constexpr std::int32_t NoSuchControl = 340;
+/// A minimised or maximised window refuses to be sized.
 inline constexpr std::int32_t WindowSizing = 384;
 inline constexpr std::int32_t WindowMoving = 385;
 /// The printer, or the file that it prints to, refuses the page.

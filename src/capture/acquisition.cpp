@@ -32,6 +32,7 @@ Acquisition::Acquisition(forms::Main& main, config::Configuration& config,
       buttons_(main.Buttons()),
       settings_(config.Settings),
       program_(services.Usual.Program) {
+  Capture.Packets = Packets;
   Capture.User = static_cast<CaptureUser&>(*this);
   config.View.Blocks = static_cast<config::BlockUser&>(*this);
 }
@@ -67,10 +68,6 @@ void Acquisition::StationChosen() {
   Locator.Forget();
   Run.StationChosen();
   Block.Rebuild(Block.SignalValues.Rows());
-}
-
-void Acquisition::aPacketX_OnPacket(const platform::CapturedFrame& pPacket) {
-  Packets.aPacketX_OnPacket(pPacket);
 }
 
 void Acquisition::CaptureStopped() {

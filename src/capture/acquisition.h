@@ -68,7 +68,6 @@ class Acquisition : private CaptureUser, private config::BlockUser {
   ButtonRelease Release;
 
  private:
-  void aPacketX_OnPacket(const platform::CapturedFrame& pPacket) override;
   void CaptureStopped() override;
   void ReportEnded() override;
   void CaptureRefused() override;

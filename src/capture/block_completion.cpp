@@ -2,7 +2,6 @@
 
 #include "capture/packet_dispatcher.h"
 #include "capture/record_progress.h"
-#include "platform/stream_format.h"
 
 namespace packetroutines {
 

@@ -82,7 +82,7 @@ void CaptureSession::FillAdapterList() {
       [&] {
         aPacketX_ = layer_.NewCaptureObject();
         aPacketX_->OnPacket = [this](const platform::CapturedFrame& frame) {
-          User->aPacketX_OnPacket(frame);
+          Packets->aPacketX_OnPacket(frame);
         };
       },
       [&] {

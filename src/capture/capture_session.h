@@ -28,12 +28,18 @@ struct CaptureControls {
   forms::RunButtons Buttons;
 };
 
-/// Whom the capture session serves.
+/// What the capture session hands the received frames to.
+class PacketConsumer {
+ public:
+  virtual ~PacketConsumer() = default;
+  /// One received frame, on the program's thread.
+  virtual void aPacketX_OnPacket(const platform::CapturedFrame& pPacket) = 0;
+};
+
+/// Whom the capture session tells what becomes of a run.
 class CaptureUser {
  public:
   virtual ~CaptureUser() = default;
-  /// One received frame, on the program's thread.
-  virtual void aPacketX_OnPacket(const platform::CapturedFrame& pPacket) = 0;
   /// Capture rests: a burst or a run has ended, or one is about to begin.
   virtual void CaptureStopped() = 0;
   /// The capture filter was refused: the button of a report is free again.
@@ -50,6 +56,7 @@ class CaptureSession {
                  config::Settings& settings, AcquisitionState& state, RunControl& run,
                  const platform::Services& services);
 
+  platform::Plug<PacketConsumer> Packets;
   platform::Plug<CaptureUser> User;
 
   /// Creates the capture object and fills the adapter list; once, at start-up.

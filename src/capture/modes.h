@@ -52,63 +52,67 @@ struct Mode {
 
 inline constexpr std::size_t NoLine = forms::quiet_line::Count;
 
-inline constexpr std::array<Mode, 6> Modes = {
-    {{.Name = "Report",
-      .Kind = ModeKind::SingleFrame,
-      .Flag = &RunFields::ReportRequested,
-      .TimeOut = 4000,
-      .NoData = "Building a report for required data isn't possible!",
-      .Restart = Restarts::Never,
-      .Tab = forms::tab::Report,
-      .RunButton = [](const forms::RunButtons& buttons) -> auto& {return buttons.Command2;
-}  // namespace packetroutines
-, .QuietLine = NoLine, .OffWithTab = false
-}
-, {.Name = "LookingForScope",
-   .Kind = ModeKind::LiveView,
-   .Flag = &RunFields::LookingForScope,
-   .TimeOut = 2000,
-   .NoData = "",
-   .Restart = Restarts::AtOnce,
-   .Tab = forms::tab::Waveforms,
-   .RunButton = [](const forms::RunButtons& buttons) -> auto& {return buttons.CWButton1;
-}
-, .QuietLine = forms::quiet_line::Waveforms, .OffWithTab = true
-}
-, {.Name = "LookingForValues",
-   .Kind = ModeKind::LiveView,
-   .Flag = &RunFields::LookingForValues,
-   .TimeOut = 2000,
-   .NoData = "",
-   .Restart = Restarts::BehindPump,
-   .Tab = forms::tab::Values,
-   .RunButton = [](const forms::RunButtons& buttons) -> auto& {return buttons.CWButton4;
-}
-, .QuietLine = forms::quiet_line::Values, .OffWithTab = true
-}
-, {.Name = "LookingForPhases",
-   .Kind = ModeKind::LiveView,
-   .Flag = &RunFields::LookingForPhases,
-   .TimeOut = 2000,
-   .NoData = "",
-   .Restart = Restarts::BehindPump,
-   .Tab = forms::tab::Phasor,
-   .RunButton = [](const forms::RunButtons& buttons) -> auto& {return buttons.CWButton2;
-}
-, .QuietLine = forms::quiet_line::Phasor, .OffWithTab = false
-}
-, {.Name = "LookingForRecording",
-   .Kind = ModeKind::Recording,
-   .Flag = &RunFields::LookingForRecording,
-   .TimeOut = 2000,
-   .NoData = "Recording isn't possible!",
-   .Restart = Restarts::Never,
-   .Tab = forms::tab::Recorder,
-   .RunButton = [](const forms::RunButtons& buttons) -> auto& {return buttons.CWButton3;
-}
-, .QuietLine = forms::quiet_line::Recorder, .OffWithTab = false
-}
-,
+inline constexpr std::array<Mode, 6> Modes = {{
+    {.Name = "Report",
+     .Kind = ModeKind::SingleFrame,
+     .Flag = &RunFields::ReportRequested,
+     .TimeOut = 4000,
+     .NoData = "Building a report for required data isn't possible!",
+     .Restart = Restarts::Never,
+     .Tab = forms::tab::Report,
+     .RunButton = [](const forms::RunButtons& buttons) -> platform::CWButton& {
+       return buttons.Command2;
+     },
+     .QuietLine = NoLine,
+     .OffWithTab = false},
+    {.Name = "LookingForScope",
+     .Kind = ModeKind::LiveView,
+     .Flag = &RunFields::LookingForScope,
+     .TimeOut = 2000,
+     .NoData = "",
+     .Restart = Restarts::AtOnce,
+     .Tab = forms::tab::Waveforms,
+     .RunButton = [](const forms::RunButtons& buttons) -> platform::CWButton& {
+       return buttons.CWButton1;
+     },
+     .QuietLine = forms::quiet_line::Waveforms,
+     .OffWithTab = true},
+    {.Name = "LookingForValues",
+     .Kind = ModeKind::LiveView,
+     .Flag = &RunFields::LookingForValues,
+     .TimeOut = 2000,
+     .NoData = "",
+     .Restart = Restarts::BehindPump,
+     .Tab = forms::tab::Values,
+     .RunButton = [](const forms::RunButtons& buttons) -> platform::CWButton& {
+       return buttons.CWButton4;
+     },
+     .QuietLine = forms::quiet_line::Values,
+     .OffWithTab = true},
+    {.Name = "LookingForPhases",
+     .Kind = ModeKind::LiveView,
+     .Flag = &RunFields::LookingForPhases,
+     .TimeOut = 2000,
+     .NoData = "",
+     .Restart = Restarts::BehindPump,
+     .Tab = forms::tab::Phasor,
+     .RunButton = [](const forms::RunButtons& buttons) -> platform::CWButton& {
+       return buttons.CWButton2;
+     },
+     .QuietLine = forms::quiet_line::Phasor,
+     .OffWithTab = false},
+    {.Name = "LookingForRecording",
+     .Kind = ModeKind::Recording,
+     .Flag = &RunFields::LookingForRecording,
+     .TimeOut = 2000,
+     .NoData = "Recording isn't possible!",
+     .Restart = Restarts::Never,
+     .Tab = forms::tab::Recorder,
+     .RunButton = [](const forms::RunButtons& buttons) -> platform::CWButton& {
+       return buttons.CWButton3;
+     },
+     .QuietLine = forms::quiet_line::Recorder,
+     .OffWithTab = false},
     {.Name = "LookingForID",
      .Kind = ModeKind::SingleFrame,
      .Flag = &RunFields::LookingForID,
@@ -119,9 +123,7 @@ inline constexpr std::array<Mode, 6> Modes = {
      .RunButton = nullptr,
      .QuietLine = NoLine,
      .OffWithTab = false},
-}
-}
-;
+}};
 
 /// The place of a mode in the table; its end where there is no mode of that name.
 constexpr std::size_t PlaceOfMode(std::string_view name) {

@@ -21,8 +21,8 @@ class NoDataWatchdog {
 
  private:
   void Timer1_Timer();
-  /// Stops capture; Leave where the user has begun another run in the pumps of
-  /// the stop, which is none of this event's business.
+  /// Stops capture; Leave where the user has begun another run in the pumps of the stop, which is
+  /// none of this event's business.
   platform::Flow Stop();
   void EndReport();
   void EndRecording();

@@ -49,14 +49,14 @@ struct PacketTexts {
 
 /// The packet event: decides for each received frame what it is for, extracts its values, counts
 /// blocks and hands them to the live view. Everything happens inside the event, frame by frame.
-class PacketDispatcher {
+class PacketDispatcher : public PacketConsumer {
  public:
   PacketDispatcher(AcquisitionState& state, const config::Settings& settings,
                    const config::RunSettings& present, const PacketControls& controls,
                    const PacketParts& parts, const Plugs& upper, const PacketTexts& texts,
                    const platform::Services& services);
 
-  void aPacketX_OnPacket(const platform::CapturedFrame& pPacket);
+  void aPacketX_OnPacket(const platform::CapturedFrame& pPacket) override;
   /// The frame that came last.
   const PacketBytes& Bytes() const { return bytes_; }
 

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstddef>
-#include <utility>
 #include <vector>
 
 #include "base/raised.h"

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 
 #include "base/program.h"
 #include "capture/acquisition_state.h"

@@ -35,11 +35,11 @@ class InfoPages : public packetroutines::View, private subroutines::StatusUser {
   void Show(const platform::Routine&) override { parts_.Page.Picture4.Visible = true; }
   void Hide() override { parts_.Page.Picture4.Visible = false; }
 
-  /// Fills the information page, once at start.
   /// The titles of the window and of the Setup view.
   void ShowProgramNames();
   /// Empties the panel of the status bar that counts errors.
   void EmptyErrorCount();
+  /// Fills the information page, once at start.
   void InfoPage();
 
  private:

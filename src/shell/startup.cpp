@@ -3,8 +3,6 @@
 #include <string>
 
 #include "base/failure.h"
-#include "base/number_text.h"
-#include "platform/stream_format.h"
 #include "shell/application.h"
 
 namespace formroutines {

@@ -211,8 +211,10 @@ void TabController::GiveLockedButtonsBack() {
 
 void TabController::ShowView() {
   for (packetroutines::View* view : views_) view->Hide();
+  // A view that comes up may let events in; a tab that is chosen in them shows its own view.
+  const std::int16_t tab = main_.TabStrip1.SelectedTab;
   for (packetroutines::View* view : views_) {
-    if (view->Tab() == main_.TabStrip1.SelectedTab) view->Show(run_);
+    if (view->Tab() == tab) view->Show(run_);
   }
 }
 

@@ -244,4 +244,30 @@ TEST_F(TabViews, LayTheReportBehindItsButtonsAndBeforeItsLogo) {
   EXPECT_TRUE(main.Picture1[2].Visible);
 }
 
+TEST_F(TabViews, ShowTheTabOnceThatIsChosenWhileAnotherViewComesUp) {
+  scene.Main.Text1[forms::setup_field::Content1].Text = "MU01";
+  scene.Select(forms::tab::Phasor);
+  main.CWButton2.Value = true;
+  for (int i = 0; i < 2; ++i) scene.Receive(support::SvFrame().Bytes());
+  scene.Elapse(std::chrono::seconds(1));
+  scene.Select(forms::tab::Values);
+  ASSERT_TRUE(main.CWButton2.Value);
+  int shown = 0;
+  main.Picture1[forms::logo::Report].Visible.Observe([&] {
+    if (main.Picture1[forms::logo::Report].Visible) ++shown;
+  });
+  main.CWButton2.Value.Observe([&] {
+    scene.Events.AtPump(1, [&] {
+      scene.Select(forms::tab::Report);
+      main.Command2.Value = true;
+    });
+  });
+
+  scene.Select(forms::tab::Phasor);
+
+  EXPECT_EQ(shown, 1);
+  EXPECT_TRUE(main.Command2.Value) << "the press of RUN was taken back";
+  EXPECT_FALSE(main.Command2.Visible);
+}
+
 }  // namespace

@@ -1,6 +1,7 @@
 #include "desktop/binding/termination.h"
 
 #include <QtGlobal>
+#include <optional>
 #include <utility>
 
 #ifdef Q_OS_UNIX
@@ -15,9 +16,10 @@ namespace desktop {
 
 class Termination::Watch {
  public:
-  explicit Watch(std::function<void()> requested)
-      : requested_(std::move(requested)), notifier_(signals_.Descriptor(), QSocketNotifier::Read) {
-    QObject::connect(&notifier_, &QSocketNotifier::activated, &notifier_, [this] {
+  explicit Watch(std::function<void()> requested) : requested_(std::move(requested)) {
+    if (signals_.Descriptor() < 0) return;
+    notifier_.emplace(signals_.Descriptor(), QSocketNotifier::Read);
+    QObject::connect(&*notifier_, &QSocketNotifier::activated, &*notifier_, [this] {
       if (signals_.Take()) requested_();
     });
   }
@@ -25,7 +27,7 @@ class Termination::Watch {
  private:
   std::function<void()> requested_;
   host::TerminationSignals signals_;
-  QSocketNotifier notifier_;
+  std::optional<QSocketNotifier> notifier_;
 };
 
 #else

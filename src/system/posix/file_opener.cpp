@@ -16,7 +16,7 @@ namespace {
 constexpr const char* DesktopsOpener = "xdg-open";
 /// From one look at an opener to the next; one that has found a viewer is nobody waited for.
 constexpr milliseconds SoonLook{10};
-constexpr milliseconds LateLook{250};
+constexpr milliseconds LateLook{2000};
 
 /// What the exit code of the desktop's opener means.
 std::int32_t CodeOf(int exitCode) {
@@ -46,7 +46,8 @@ void FileOpener::OpenFile(const std::string& path, const Told& told) {
     told(*code);
     return;
   }
-  const std::string file = Utf8(std::filesystem::absolute(place).lexically_normal());
+  std::error_code unknown;
+  const std::string file = Utf8(std::filesystem::absolute(place, unknown).lexically_normal());
   if (const auto opener = ChildProcess::Start(DesktopsOpener, {file})) {
     openings_.push_back({*opener, told, steady_clock::now()});
   } else {

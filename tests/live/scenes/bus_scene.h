@@ -52,6 +52,8 @@ class BusScene : public FinderScene {
   void CheckBoth(QDialog& finder, std::string& first, std::string& second);
   void ExpectReported(const live::BusUnit& unit);
   std::string RowOf(std::size_t row);
+  /// The frame of a report as far as its dump goes.
+  live::Frame DumpedFrame();
   void ExpectStored(const live::BusUnit& unit, const std::vector<live::Frame>& sent,
                     const std::string& file);
 
