@@ -12,7 +12,7 @@
 namespace packetroutines {
 
 /// So much of a file is read at once: it fits the processor's cache.
-inline constexpr std::size_t PieceSize = 256 * 1024;
+inline constexpr std::size_t PieceSize = std::size_t{256} * 1024;
 /// What ends a line.
 inline constexpr char CarriageReturn = '\r';
 

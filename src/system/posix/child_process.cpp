@@ -5,8 +5,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-extern char** environ;
-
 namespace host {
 
 namespace {
