@@ -1,6 +1,5 @@
 #pragma once
 
-
 #include "base/program.h"
 #include "capture/acquisition_state.h"
 #include "forms/main_form.h"
