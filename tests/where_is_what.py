@@ -46,8 +46,11 @@ def controls():
             if opened:
                 struct = opened.group(1)
             member = re.match(r"  (?:std::array<)?platform::(\w+)[^;(]* (\w+)(?:{[^}]*})?;", line)
-            if member and struct in VIEWS:
-                yield member.group(2), member.group(1), struct
+            if not member or "&" in line:
+                continue
+            if struct not in VIEWS:
+                sys.exit(f"{file.name}: no view is told for the controls of {struct}")
+            yield member.group(2), member.group(1), struct
 
 
 def declared(text):

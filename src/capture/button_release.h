@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 
 #include "capture/modes.h"
@@ -24,11 +23,9 @@ class ButtonRelease {
  private:
   /// The run buttons come back this long after the first frame or a stop, in ms.
   static constexpr std::int32_t ButtonLock = 1000;
-  static constexpr std::array<ModeName, 3> Order = {"LookingForPhases", "LookingForValues",
-                                                    "LookingForScope"};
 
   void Timer3_Timer() {
-    for (const ModeName view : Order) view.Find()->RunButton(buttons_).Enabled = true;
+    for (const ModeName view : ReleaseOrder) view.Find()->RunButton(buttons_).Enabled = true;
     run_.CallOffRelease();
     buttons_.ShowIdleTips();
   }

@@ -52,7 +52,7 @@ struct Mode {
 
 inline constexpr std::size_t NoLine = forms::quiet_line::Count;
 
-inline constexpr std::array<Mode, 6> Modes = {{
+inline constexpr auto Modes = std::to_array<Mode>({
     {.Name = "Report",
      .Kind = ModeKind::SingleFrame,
      .Flag = &RunFields::ReportRequested,
@@ -123,7 +123,7 @@ inline constexpr std::array<Mode, 6> Modes = {{
      .RunButton = nullptr,
      .QuietLine = NoLine,
      .OffWithTab = false},
-}};
+});
 
 /// The place of a mode in the table; its end where there is no mode of that name.
 constexpr std::size_t PlaceOfMode(std::string_view name) {
@@ -158,10 +158,6 @@ class ModeName {
   std::string_view text_;
 };
 
-/// The live views in the order in which their buttons are switched off together.
-inline constexpr std::array<ModeName, 3> SwitchOffOrder = {"LookingForValues", "LookingForScope",
-                                                           "LookingForPhases"};
-
 /// True where `wanted(mode)` holds for a mode whose flag is set.
 template <typename Wanted>
 bool AnyModeSet(const RunFields& state, Wanted wanted) {
@@ -171,7 +167,7 @@ bool AnyModeSet(const RunFields& state, Wanted wanted) {
   return false;
 }
 
-inline bool IsLiveView(const Mode& mode) {
+constexpr bool IsLiveView(const Mode& mode) {
   return mode.Kind == ModeKind::LiveView;
 }
 
@@ -179,5 +175,34 @@ inline bool IsLiveView(const Mode& mode) {
 inline bool TakesSamples(const Mode& mode) {
   return mode.Kind != ModeKind::SingleFrame;
 }
+
+/// The modes that are served one after the other, in orders that differ by design. One that is
+/// forgotten in its order does not compile.
+template <std::size_t N>
+constexpr bool HoldsAll(const std::array<ModeName, N>& order, bool (*wanted)(const Mode&)) {
+  std::size_t count = 0;
+  for (const Mode& mode : Modes) {
+    if (!wanted(mode)) continue;
+    ++count;
+    bool held = false;
+    for (const ModeName& name : order) held = held || name.Text() == mode.Name;
+    if (!held) return false;
+  }
+  return count == N;
+}
+
+/// The live views whose buttons are switched off together.
+inline constexpr std::array<ModeName, 3> SwitchOffOrder = {"LookingForValues", "LookingForScope",
+                                                           "LookingForPhases"};
+static_assert(HoldsAll(SwitchOffOrder, IsLiveView));
+/// The live views whose buttons come back together.
+inline constexpr std::array<ModeName, 3> ReleaseOrder = {"LookingForPhases", "LookingForValues",
+                                                         "LookingForScope"};
+static_assert(HoldsAll(ReleaseOrder, IsLiveView));
+/// The modes that are restarted.
+inline constexpr std::array<ModeName, 4> RestartOrder = {"LookingForValues", "LookingForPhases",
+                                                         "LookingForScope", "LookingForID"};
+static_assert(HoldsAll(RestartOrder,
+                       [](const Mode& mode) { return mode.Restart != Restarts::Never; }));
 
 }  // namespace packetroutines

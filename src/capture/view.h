@@ -15,7 +15,12 @@ class View {
   /// The tab that shows it.
   virtual std::int16_t Tab() const = 0;
   /// What its run button runs; null where it has none.
-  virtual const Mode* RunMode() const { return nullptr; }
+  const Mode* RunMode() const {
+    for (const Mode& mode : Modes) {
+      if (mode.Tab == Tab() && mode.RunButton != nullptr) return &mode;
+    }
+    return nullptr;
+  }
   /// Brings up its first state, once, before anything is shown.
   virtual void Load() = 0;
   /// The runs are about to be ended: takes what begins one from the screen.

@@ -1,17 +1,9 @@
 #include "capture/view_restart.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 
 namespace packetroutines {
-
-namespace {
-
-constexpr std::array<ModeName, 4> RestartOrder = {"LookingForValues", "LookingForPhases",
-                                                  "LookingForScope", "LookingForID"};
-
-}  // namespace
 
 ViewRestart::ViewRestart(const RunFields& state, RunControl& run, const config::Settings& settings,
                          forms::TimerControls& timers, const forms::RunButtons& buttons,

@@ -46,9 +46,9 @@ struct Settings {
   std::int16_t SingleTrigger = 1;
   /// Seconds.
   std::int16_t TriggerPause = 10;
-  /// 1 to 8.
+  /// The number of a tab.
   std::int16_t MainActiveTab = 1;
-  /// "TXT", "EXCEL" or "COMTRADE".
+  /// The name of a format of recordings.
   std::string FileFormat;
 };
 

@@ -144,10 +144,11 @@ void TabController::Exit() {
 }
 
 bool TabController::RunButtonLocked() const {
-  for (const packetroutines::Mode& mode : packetroutines::Modes) {
+  for (const packetroutines::View* view : views_) {
+    const packetroutines::Mode* mode = view->RunMode();
     // A report does not hold up the end of the program.
-    if (mode.Kind == packetroutines::ModeKind::SingleFrame) continue;
-    if (mode.Tab == settings_.MainActiveTab) return !mode.RunButton(buttons_).Enabled;
+    if (mode == nullptr || mode->Kind == packetroutines::ModeKind::SingleFrame) continue;
+    if (view->Tab() == settings_.MainActiveTab) return !mode->RunButton(buttons_).Enabled;
   }
   return false;
 }
