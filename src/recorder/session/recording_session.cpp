@@ -217,6 +217,9 @@ void RecordingSession::Stop(Arrived arrived) {
       [&] { StopCapture(arrived); },
       [&] {
         run_.Clear("LookingForRecording");
+        if (HasLog()) {
+          writing_.Samples.WriteRecordBlock(packetroutines::SampleWriter::RewindText);
+        }
         files_.Finish();
       },
       [&] {

@@ -41,6 +41,8 @@ class SampleFormat {
   /// Writes the ring of a stream, 0 or 1. The result tells whether it is stored whole; where it is
   /// not, the format has told why or has had the recording ended.
   virtual bool Write(std::size_t stream) = 0;
+  /// The next recording counts from 0.
+  virtual void Rewind() {}
   /// The recording was stopped.
   virtual void End() {}
   /// The recording was stopped because the file of a stream takes no more.

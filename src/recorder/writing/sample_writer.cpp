@@ -10,6 +10,10 @@ namespace packetroutines {
 using platform::Failure;
 
 void SampleWriter::WriteRecordBlock(std::int16_t selector) {
+  if (selector == RewindText) {
+    for (SampleFormat* format : formats_) format->Rewind();
+    return;
+  }
   const auto stream = static_cast<std::size_t>(selector);
   std::optional<Failure> met;
   const auto note = [&](const Failure& failure) {

@@ -19,8 +19,10 @@ class SampleWriter : public RecordConsumer {
                forms::RecorderControls& recorder)
       : context_(context), formats_(formats), recorder_(recorder) {}
 
-  /// The ring of stream 0 or 1 is full.
+  /// The ring of stream 0 or 1 is full. 7 has the next recording count from 0, and nothing else.
   void WriteRecordBlock(std::int16_t selector) override;
+
+  static constexpr std::int16_t RewindText = 7;
 
  private:
   void Write(std::size_t stream);

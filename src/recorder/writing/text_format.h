@@ -18,7 +18,7 @@ class TextFormat : public SampleFormat {
 
   bool Write(std::size_t stream) override;
   /// The next recording counts the lines of its first stream from 0.
-  void End() override { textBlockIndex_ = 0; }
+  void Rewind() override { textBlockIndex_ = 0; }
 
  private:
   std::int64_t FirstLine(std::size_t stream) const;

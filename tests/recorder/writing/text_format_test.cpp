@@ -123,7 +123,7 @@ TEST_F(TextFile, IsOneWriteARing) {
 TEST_F(TextFile, CountsFromZeroBehindTheEndOfARecording) {
   bench.WriteRing(0);
   bench.Main.CWButton3.Visible = false;
-  bench.Writing.Text.End();
+  bench.Writing.Samples.WriteRecordBlock(7);
   EXPECT_EQ(bench.Disk.Opens, 1) << "it touches no file";
   EXPECT_FALSE(bench.Main.CWButton3.Visible) << "nor the button";
   bench.Files.Stored.clear();
