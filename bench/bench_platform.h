@@ -59,6 +59,7 @@ class BenchCapture : public platform::CaptureLayer {
     void Stop() override { layer_.Running = false; }
     void DeliverArrived() override {}
     platform::Presence AdapterPresence() override { return platform::Presence::There; }
+    std::optional<std::uint64_t> Dropped() override { return std::nullopt; }
 
    private:
     BenchCapture& layer_;

@@ -89,6 +89,10 @@ platform::Presence CaptureChannel::AdapterPresence() {
   return selected_ == nullptr ? platform::Presence::There : selected_->Source().Presence();
 }
 
+std::optional<std::uint64_t> CaptureChannel::Dropped() {
+  return selected_ == nullptr ? std::nullopt : selected_->Source().Dropped();
+}
+
 void CaptureChannel::SetRunning(bool running) {
   if (running == running_) return;
   running_ = running;
@@ -107,7 +111,7 @@ bool CaptureChannel::DeliverOne() {
   std::vector<std::uint8_t>& buffer = BufferAt(depth_);
   buffer.assign(frame->Bytes.begin(), frame->Bytes.end());
   const platform::Counted guard(depth_);
-  if (OnPacket) OnPacket(platform::CapturedFrame{buffer, frame->Length});
+  if (OnPacket) OnPacket(platform::CapturedFrame{buffer, frame->Length, frame->Arrived});
   return true;
 }
 

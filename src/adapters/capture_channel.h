@@ -5,6 +5,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -41,6 +42,7 @@ class CaptureChannel : public platform::CaptureObject {
   void Stop() override;
   void DeliverArrived() override;
   platform::Presence AdapterPresence() override;
+  std::optional<std::uint64_t> Dropped() override;
 
   /// Raises `OnPacket` for one frame that is due; False when none is due, or when many others had
   /// to be looked at.

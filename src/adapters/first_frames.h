@@ -36,6 +36,7 @@ class FirstFrames : public FrameSource {
   void TakeNoMore() override;
   void Release() override;
   platform::Presence Presence() override { return source_->Presence(); }
+  std::optional<std::uint64_t> Dropped() override { return source_->Dropped(); }
   std::optional<platform::CapturedFrame> Next() override;
   bool LookedAtAll() const override { return lookedAtAll_ && source_->LookedAtAll(); }
 

@@ -42,6 +42,9 @@ class FrameSource {
   virtual void Release() = 0;
   /// What the system tells of the place where the frames come from.
   virtual platform::Presence Presence() { return platform::Presence::There; }
+  /// Frames that the system has dropped for want of a reader since the program began; nothing where
+  /// it does not count them.
+  virtual std::optional<std::uint64_t> Dropped() { return std::nullopt; }
   /// The next selected frame that is due now; nothing also where it has looked at as many as one
   /// call may. Its bytes are valid until the next call of any operation.
   virtual std::optional<platform::CapturedFrame> Next() = 0;

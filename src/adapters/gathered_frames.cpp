@@ -13,7 +13,8 @@ void GatheredFrames::Clear() {
 }
 
 void GatheredFrames::Add(const CapturedFrame& frame, Wanted wanted) {
-  others_.push_back({count_++, frame.Length, {frame.Bytes.begin(), frame.Bytes.end()}});
+  others_.push_back(
+      {count_++, frame.Length, frame.Arrived, {frame.Bytes.begin(), frame.Bytes.end()}});
   const Frame& added = others_.back();
   if (!longest_ || added.Length > longest_->Length) longest_ = added;
   KeepWanted(added, wanted);
@@ -47,7 +48,7 @@ std::optional<CapturedFrame> GatheredFrames::Next() {
   if (from.empty()) return std::nullopt;
   handed_ = std::move(from.front());
   from.pop_front();
-  return CapturedFrame{handed_.Bytes, handed_.Length};
+  return CapturedFrame{handed_.Bytes, handed_.Length, handed_.Arrived};
 }
 
 }  // namespace adapters

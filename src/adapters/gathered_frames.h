@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
@@ -32,6 +33,7 @@ class GatheredFrames {
     /// The place in the order of coming.
     std::uint64_t Number = 0;
     std::size_t Length = 0;
+    std::chrono::microseconds Arrived{0};
     std::vector<std::uint8_t> Bytes;
   };
   struct WantedFrame {

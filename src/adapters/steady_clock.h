@@ -6,10 +6,11 @@
 
 namespace adapters {
 
-/// The computer's monotonic clock.
+/// The computer's clocks.
 class SteadyClock : public platform::Clock {
  public:
   std::chrono::nanoseconds Now() const override;
+  std::chrono::microseconds WallTime() const override;
 };
 
 }  // namespace adapters

@@ -7,8 +7,12 @@
 namespace host {
 
 platform::LocalTime Calendar::Now() const {
-  const std::time_t now = std::time(nullptr);
-  const std::tm* local = std::localtime(&now);
+  return At(std::chrono::seconds(std::time(nullptr)));
+}
+
+platform::LocalTime Calendar::At(std::chrono::seconds moment) const {
+  const auto seconds = static_cast<std::time_t>(moment.count());
+  const std::tm* local = std::localtime(&seconds);
   if (local == nullptr) return {};
   return {local->tm_year + 1900, local->tm_mon + 1, local->tm_mday,
           local->tm_hour,        local->tm_min,     local->tm_sec};

@@ -10,6 +10,7 @@ namespace host {
 class Calendar : public platform::Calendar {
  public:
   platform::LocalTime Now() const override;
+  platform::LocalTime At(std::chrono::seconds moment) const override;
   std::string GeneralText(const platform::LocalTime& moment) const override;
   std::string MonthName(std::int32_t month) const override;
 };

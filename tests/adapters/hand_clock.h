@@ -9,6 +9,9 @@ namespace adapter_tests {
 /// A clock that stands until the scene moves it.
 class HandClock : public platform::Clock {
  public:
+  std::chrono::microseconds WallTime() const override {
+    return std::chrono::duration_cast<std::chrono::microseconds>(Now());
+  }
   std::chrono::nanoseconds Now() const override { return Time; }
   std::chrono::nanoseconds Time{};
 };

@@ -61,6 +61,7 @@ class FakeCapture::Object : public platform::CaptureObject {
     RaiseIfSet(layer_.StopFailure);
   }
   platform::Presence AdapterPresence() override { return layer_.AdapterPresence; }
+  std::optional<std::uint64_t> Dropped() override { return layer_.Dropped; }
   void DeliverArrived() override {
     while (layer_.Running && !layer_.waiting_.empty()) {
       const std::vector<std::uint8_t> frame = layer_.waiting_.front();
@@ -113,8 +114,9 @@ void FakeCapture::ReceiveInFlight(std::span<const std::uint8_t> bytes) {
 
 void FakeCapture::ReceiveCut(std::span<const std::uint8_t> bytes, std::size_t trueLength) {
   if (holds_ > 0) return;
-  if (Wish) Wish({bytes, trueLength});
-  object_->OnPacket({bytes, trueLength});
+  const platform::CapturedFrame frame{bytes, trueLength, clock_.WallTime()};
+  if (Wish) Wish(frame);
+  object_->OnPacket(frame);
 }
 
 }  // namespace support

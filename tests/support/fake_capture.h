@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "base/failure.h"
+#include "platform/clock.h"
 #include "platform/services/capture_object.h"
 #include "support/journal.h"
 
@@ -40,7 +41,8 @@ class FakeAdapter : public platform::CaptureAdapter {
 /// A capture library whose frames come from the test.
 class FakeCapture : public platform::CaptureLayer {
  public:
-  explicit FakeCapture(Journal& journal) : journal_(journal) {}
+  /// The frames come in when the clock shows it.
+  FakeCapture(Journal& journal, const platform::Clock& clock) : journal_(journal), clock_(clock) {}
 
   std::unique_ptr<platform::CaptureObject> NewCaptureObject() override;
   std::unique_ptr<platform::PacketCollection> NewPacketCollection() override;
@@ -63,6 +65,8 @@ class FakeCapture : public platform::CaptureLayer {
   bool Running = false;
   /// What is told of the adapter in use.
   platform::Presence AdapterPresence = platform::Presence::There;
+  /// What the system tells of frames that nobody took in time.
+  std::optional<std::uint64_t> Dropped;
   /// What happened to collections of packets, "create" or "clear", beside the common journal.
   Journal Collections;
   FakeAdapter* Chosen = nullptr;
@@ -80,6 +84,7 @@ class FakeCapture : public platform::CaptureLayer {
   class Collection;
 
   Journal& journal_;
+  const platform::Clock& clock_;
   std::vector<std::unique_ptr<FakeAdapter>> adapters_;
   Object* object_ = nullptr;
   int holds_ = 0;

@@ -117,7 +117,7 @@ class FakePlatform {
   FakeDialogs Dialogs{Journal};
   FakeProgram Runtime{Journal};
   FakeStore Store;
-  FakeCapture Capture{Journal};
+  FakeCapture Capture{Journal, Clock};
   adapters::Windows1252 Code;
   platform::NumberText Numbers;
   FakeFiles Files;

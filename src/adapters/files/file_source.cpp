@@ -6,6 +6,7 @@
 namespace adapters {
 
 using platform::Failure;
+using std::chrono::microseconds;
 using std::chrono::nanoseconds;
 namespace failure = platform::failure;
 
@@ -39,6 +40,7 @@ void FileSource::Start() {
   if (!waiting_) Fetch();
   // The first frame after a start is due at once.
   due_ = clock_.Now();
+  wallAtZero_ = clock_.WallTime() - std::chrono::duration_cast<microseconds>(due_);
   bound_ = nanoseconds::max();
   running_ = true;
 }
@@ -57,7 +59,8 @@ std::optional<platform::CapturedFrame> FileSource::Next() {
   for (int lookedAt = 0; lookedAt < MostLookedAt; ++lookedAt) {
     if (!waiting_) Fetch();
     if (!waiting_ || due_ > now || passes_ > lastPass) return std::nullopt;
-    const platform::CapturedFrame frame = waiting_->Frame;
+    platform::CapturedFrame frame = waiting_->Frame;
+    frame.Arrived = wallAtZero_ + std::chrono::duration_cast<microseconds>(due_);
     waiting_.reset();
     if (!filter_->Selects(frame.Bytes, frame.Length)) continue;
     searchedFrom_ = passes_;

@@ -56,6 +56,8 @@ class FileSource : public FrameSource {
   std::optional<RecordedFrame> waiting_;
   /// When the waiting frame is due; before it is fetched, when the frame before it was due.
   std::chrono::nanoseconds due_{};
+  /// What the computer's clock would have shown when the monotonic one stood at 0.
+  std::chrono::microseconds wallAtZero_{};
   FilePace pace_;
   /// How often the file has begun anew.
   std::uint64_t passes_ = 0;

@@ -129,6 +129,7 @@ void PcapSource::RejectAll() {
 }
 
 void PcapSource::Release() {
+  CountDropped();
   running_ = false;
   lost_ = false;
   program_.reset();
@@ -152,6 +153,7 @@ void PcapSource::OpenAgain() {
   nextLook_ = now + LostInterfacePause;
   OpenResult opened = Opened(settings_);
   if (opened.State != Reach::Ready) return;
+  CountDropped();
   handle_ = std::move(opened.Handle);
   // The code of the filter is the same for every handle of the interface.
   lost_ = pcap_setfilter(handle_.get(), &program_->Code()) != 0;
@@ -169,7 +171,15 @@ std::optional<platform::CapturedFrame> PcapSource::Next() {
   const auto arrived =
       std::chrono::seconds(header->ts.tv_sec) + std::chrono::microseconds(header->ts.tv_usec);
   if (bound_ && arrived > *bound_) return std::nullopt;
-  return platform::CapturedFrame{{bytes, header->caplen}, header->len};
+  return platform::CapturedFrame{{bytes, header->caplen}, header->len, arrived};
+}
+
+void PcapSource::CountDropped() {
+  dropped_ += Counters().Dropped;
+}
+
+std::optional<std::uint64_t> PcapSource::Dropped() {
+  return dropped_ + Counters().Dropped;
 }
 
 PcapSource::Statistics PcapSource::Counters() const {

@@ -33,6 +33,7 @@ class PcapSource : public FrameSource {
   void TakeNoMore() override;
   void Release() override;
   platform::Presence Presence() override;
+  std::optional<std::uint64_t> Dropped() override;
   std::optional<platform::CapturedFrame> Next() override;
 
   Statistics Counters() const;
@@ -52,6 +53,8 @@ class PcapSource : public FrameSource {
   /// Lets the selected frames of the open interface pass from now on.
   void Listen();
   void CompileFilter();
+  /// The handle is about to go, and its count with it.
+  void CountDropped();
 
   std::string name_;
   std::string programPath_;
@@ -61,6 +64,8 @@ class PcapSource : public FrameSource {
   std::optional<FilterProgram> program_;
   std::string programText_;
   bool running_ = false;
+  /// What the handles before this one have dropped.
+  std::uint64_t dropped_ = 0;
   /// Frames that arrived later are not handed over.
   std::optional<std::chrono::microseconds> bound_;
   /// Reading failed: the handle is of no more use.

@@ -11,6 +11,7 @@ namespace {
 
 using platform::SamplesAPeriod;
 using platform::SampleTime;
+using std::chrono::microseconds;
 using std::chrono::nanoseconds;
 
 constexpr std::size_t PhaseCount = 3;
@@ -86,6 +87,7 @@ void SimulatedBus::Start() {
   sample_ = (clock_.Now() + SampleTime - nanoseconds(1)) / SampleTime;
   stream_ = 0;
   bound_ = nanoseconds::max();
+  wallAtZero_ = clock_.WallTime() - std::chrono::duration_cast<microseconds>(clock_.Now());
   running_ = true;
 }
 
@@ -108,8 +110,10 @@ std::optional<platform::CapturedFrame> SimulatedBus::Next() {
       lookedAtAll_ = false;
       break;
     }
+    const auto sent = std::chrono::duration_cast<microseconds>(sample_ * SampleTime);
     const std::span<const std::uint8_t> frame = WriteNext().Writer.Frame();
-    if (filter_->Selects(frame, frame.size())) return platform::CapturedFrame{frame, frame.size()};
+    if (!filter_->Selects(frame, frame.size())) continue;
+    return platform::CapturedFrame{frame, frame.size(), wallAtZero_ + sent};
   }
   return std::nullopt;
 }

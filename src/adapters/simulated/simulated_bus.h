@@ -41,6 +41,8 @@ class SimulatedBus : public FrameSource {
   Stream& WriteNext();
 
   const platform::Clock& clock_;
+  /// What the computer's clock would have shown when the monotonic one stood at 0.
+  std::chrono::microseconds wallAtZero_{};
   std::array<Stream, StreamCount> streams_;
   std::string filterText_;
   std::optional<WireFilter> filter_;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <string>
 
@@ -12,6 +13,8 @@ class Calendar {
  public:
   virtual ~Calendar() = default;
   virtual LocalTime Now() const = 0;
+  /// A moment of the computer's clock, given since 1970 began in Greenwich.
+  virtual LocalTime At(std::chrono::seconds moment) const = 0;
   /// Date and time in the general form of the system's settings.
   virtual std::string GeneralText(const LocalTime& moment) const = 0;
   /// The short name of a month, 1 to 12, in the system's language, as in "02.Mar.2024".

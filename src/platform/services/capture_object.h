@@ -1,9 +1,11 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -16,6 +18,8 @@ namespace platform {
 struct CapturedFrame {
   std::span<const std::uint8_t> Bytes;
   std::size_t Length = 0;
+  /// When it came in, by the computer's clock, since 1970 began in Greenwich.
+  std::chrono::microseconds Arrived{0};
 };
 
 /// How much a caller would like to meet a frame.
@@ -93,6 +97,9 @@ class CaptureObject {
   /// by itself when it is back. Asking costs a look at the system, so it is for times without
   /// frames.
   virtual Presence AdapterPresence() = 0;
+  /// Frames that the system has dropped since the program began, because nobody took them in time;
+  /// nothing where the adapter in use does not count them.
+  virtual std::optional<std::uint64_t> Dropped() = 0;
   /// One received frame; valid until the handler returns, also where it stops, starts or pumps.
   std::function<void(const CapturedFrame&)> OnPacket;
 };

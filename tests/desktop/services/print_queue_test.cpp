@@ -14,6 +14,7 @@ namespace {
 
 class NoDate : public platform::Calendar {
  public:
+  platform::LocalTime At(std::chrono::seconds) const override { return Now(); }
   platform::LocalTime Now() const override { return {}; }
   std::string GeneralText(const platform::LocalTime&) const override { return {}; }
   std::string MonthName(std::int32_t) const override { return {}; }
