@@ -1,0 +1,186 @@
+#include "sv/sample_track.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace sv {
+
+namespace {
+
+/// Samples a second at 50 and 60 Hz (IEC 61850-9-2LE, IEC 61869-9).
+constexpr std::array<std::uint32_t, 7> StandardRates = {4000,  4800,  5760, 9600,
+                                                        12800, 14400, 15360};
+constexpr std::uint32_t WindowSamples = 64;
+/// A jump below this may be a stretch that the system has dropped, whatever the times say.
+constexpr std::uint32_t ShortestJump = 40;
+/// So much of the way must have gone by for a gap to be one.
+constexpr double GoneOfGap = 0.25;
+/// A rate is told from so much time, to so much of itself.
+constexpr SampleTrack::Time ShortestLook{50'000};
+constexpr double RateError = 0.03;
+
+bool IsStandard(std::uint32_t rate) {
+  return std::find(StandardRates.begin(), StandardRates.end(), rate) != StandardRates.end();
+}
+
+/// The smallest standard round that holds the counter; the counter's own where none does.
+std::uint32_t RoundFor(std::uint32_t counter) {
+  const auto* const found = std::upper_bound(StandardRates.begin(), StandardRates.end(), counter);
+  return found == StandardRates.end() ? counter + 1 : *found;
+}
+
+}  // namespace
+
+void SampleTrack::Begin(std::uint32_t round, std::uint32_t step) {
+  begun_ = false;
+  round_ = std::max(round, 1U);
+  step_ = std::max(step, 1U);
+  lastRound_ = 0;
+  // Never the counter of a frame, so that the first one is met as such.
+  next_ = ~0U;
+}
+
+std::uint32_t SampleTrack::Distance(std::uint32_t from, std::uint32_t to) const {
+  return to >= from ? to - from : to + round_ - from;
+}
+
+double SampleTrack::SamplesIn(Time time) const {
+  return std::chrono::duration<double>(time).count() * round_;
+}
+
+void SampleTrack::Advance(std::uint32_t counter, Time arrived, std::uint32_t by) {
+  position_ += by;
+  window_ = by < WindowSamples ? window_ << by | 1U : 1U;
+  counter_ = counter;
+  next_ = counter + step_ < round_ ? counter + step_ : 0;
+  last_ = arrived;
+  totals_.Samples += step_;
+}
+
+void SampleTrack::TakeFirst(std::uint32_t counter, Time arrived) {
+  begun_ = true;
+  window_ = 0;
+  if (counter >= round_) round_ = RoundFor(counter);
+  Advance(counter, arrived, WindowSamples);
+  floor_ = position_;
+  begunAt_ = arrived;
+}
+
+void SampleTrack::TakeOdd(std::uint32_t counter, Time arrived) {
+  if (!begun_) {
+    TakeFirst(counter, arrived);
+    return;
+  }
+  // Where the clock went back and nobody knows by how much, no time is taken to have gone.
+  const Time gone = std::max(arrived - last_, Time{0});
+  LearnRound(counter, gone);
+  if (counter == next_ && gone < Pause) {
+    Advance(counter, arrived, step_);
+    return;
+  }
+  if (gone < Pause && TakeBack(counter, arrived)) return;
+  const std::uint32_t distance = Distance(counter_, counter);
+  if (distance > ShortestJump && SamplesIn(gone) < GoneOfGap * distance) {
+    Jump(counter, arrived);
+  } else {
+    TakeGap(counter, arrived);
+  }
+}
+
+void SampleTrack::LearnRound(std::uint32_t counter, Time gone) {
+  if (counter >= round_) {
+    round_ = RoundFor(counter);
+    next_ = counter_ + step_;
+    return;
+  }
+  // A counter that begins anew in the midst of the round, without any time for what is between.
+  if (counter != 0 || counter_ < WindowSamples || next_ == 0) return;
+  if (SamplesIn(gone) > ShortestJump) return;
+  const std::uint32_t round = counter_ + step_;
+  if (IsStandard(round) || round == lastRound_) {
+    round_ = round;
+    next_ = 0;
+  }
+  lastRound_ = round;
+}
+
+bool SampleTrack::TakeBack(std::uint32_t counter, Time arrived) {
+  const std::uint32_t back = Distance(counter, counter_);
+  if (back >= WindowSamples) return false;
+  last_ = arrived;
+  totals_.Samples += step_;
+  const std::uint64_t bit = std::uint64_t{1} << back;
+  if ((window_ & bit) != 0) {
+    stretch_.Doubled.Note(stretch_.Frames);
+    totals_.Doubled += step_;
+    return true;
+  }
+  window_ |= bit;
+  stretch_.Late.Note(stretch_.Frames);
+  totals_.Late += step_;
+  FillGap(position_ - back);
+  return true;
+}
+
+void SampleTrack::FillGap(std::int64_t position) {
+  // What came before the track began was never missed.
+  if (position < floor_) return;
+  totals_.Missing -= std::min<std::uint64_t>(totals_.Missing, step_);
+  totals_.ByCounter -= std::min<std::uint64_t>(totals_.ByCounter, step_);
+  for (std::size_t i = stretch_.GapCount; i-- > 0;) {
+    Gap& gap = stretch_.Gaps[i];
+    const std::int64_t into = position - gap.First;
+    if (into < 0 || into >= static_cast<std::int64_t>(gap.Reach)) continue;
+    gap.Missing -= std::min<std::uint64_t>(gap.Missing, step_);
+    gap.ByCounter -= std::min<std::uint64_t>(gap.ByCounter, step_);
+    return;
+  }
+}
+
+void SampleTrack::TakeGap(std::uint32_t counter, Time arrived) {
+  std::uint32_t distance = Distance(counter_, counter);
+  if (distance == 0) distance = round_;
+  // Fewer than a frame holds: the sender's steps are uneven, and nothing is missing.
+  const std::uint64_t byCounter = distance > step_ ? distance - step_ : 0;
+  const double beyond = SamplesIn(arrived - last_) - distance;
+  const auto rounds = static_cast<std::uint64_t>(std::max(std::round(beyond / round_), 0.0));
+  const Gap gap{.Place = stretch_.Frames,
+                .ByCounter = byCounter,
+                .Missing = byCounter + rounds * round_,
+                .First = position_ + 1,
+                .Reach = byCounter + rounds * round_};
+  totals_.ByCounter += gap.ByCounter;
+  totals_.Missing += gap.Missing;
+  if (gap.Missing > 0) {
+    if (stretch_.GapCount < Stretch::MostGaps) {
+      stretch_.Gaps[stretch_.GapCount++] = gap;
+    } else {
+      ++stretch_.FurtherGaps;
+      stretch_.FurtherMissing += gap.Missing;
+    }
+  }
+  const std::int64_t before = position_;
+  Advance(counter, arrived,
+          static_cast<std::uint32_t>(std::min<std::uint64_t>(gap.Missing + step_, ~0U)));
+  position_ = before + static_cast<std::int64_t>(gap.Missing + step_);
+}
+
+void SampleTrack::Jump(std::uint32_t counter, Time arrived) {
+  stretch_.Jumped.Note(stretch_.Frames);
+  ++totals_.Jumped;
+  Advance(counter, arrived, WindowSamples);
+  floor_ = position_;
+  begunAt_ = arrived;
+}
+
+std::optional<std::uint32_t> SampleTrack::Rate() const {
+  if (!begun_ || last_ - begunAt_ < ShortestLook) return std::nullopt;
+  const double rate = static_cast<double>(position_ - floor_) /
+                      std::chrono::duration<double>(last_ - begunAt_).count();
+  for (const std::uint32_t standard : StandardRates) {
+    if (std::abs(rate - standard) < RateError * standard) return standard;
+  }
+  return std::nullopt;
+}
+
+}  // namespace sv

@@ -1,0 +1,138 @@
+#pragma once
+
+#include <array>
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+
+namespace sv {
+
+/// A place at which samples are missing.
+struct Gap {
+  /// The first sample behind it, counted in frames since the last look.
+  std::uint32_t Place = 0;
+  /// Samples that the counter tells of; it is blind to whole rounds.
+  std::uint64_t ByCounter = 0;
+  /// Samples by counter and by the time of arrival, whole rounds included.
+  std::uint64_t Missing = 0;
+  /// Where the first of them would stand, in samples since the track began.
+  std::int64_t First = 0;
+  /// How many there were before some came late.
+  std::uint64_t Reach = 0;
+};
+
+/// What happened several times since the last look: how often, and where first.
+struct Happened {
+  std::uint32_t Count = 0;
+  std::uint32_t Place = 0;
+
+  void Note(std::uint32_t place) {
+    if (Count++ == 0) Place = place;
+  }
+};
+
+/// What a track met since the last look.
+struct Stretch {
+  static constexpr std::size_t MostGaps = 24;
+
+  std::array<Gap, MostGaps> Gaps{};
+  std::size_t GapCount = 0;
+  /// Gaps beyond those that are kept, and the samples missing in them.
+  std::uint32_t FurtherGaps = 0;
+  std::uint64_t FurtherMissing = 0;
+  Happened Doubled;
+  /// Out of order: behind one that was sent later.
+  Happened Late;
+  /// The counter jumped although no time had passed: the sender began anew.
+  Happened Jumped;
+  /// Frames that were taken.
+  std::uint32_t Frames = 0;
+};
+
+/// Totals of a track since the program began, in samples.
+struct TrackTotals {
+  std::uint64_t Samples = 0;
+  std::uint64_t ByCounter = 0;
+  std::uint64_t Missing = 0;
+  std::uint64_t Doubled = 0;
+  std::uint64_t Late = 0;
+  std::uint64_t Jumped = 0;
+};
+
+/// Follows the sample counter of one stream, frame by frame, and the times at which the frames
+/// came: which samples are missing, which came twice, which too late. The counter goes round once a
+/// second, so that alone it cannot tell of whole seconds; the times can.
+///
+/// It holds for any round: it begins with an assumed one and learns the stream's own.
+class SampleTrack {
+ public:
+  using Time = std::chrono::microseconds;
+
+  /// The stream is met anew; what was met before counts on. `round` is the number of samples after
+  /// which the counter is expected to begin anew, `step` those in a frame.
+  void Begin(std::uint32_t round, std::uint32_t step);
+
+  /// A frame whose first sample has this counter, and which came at this time. An event of a
+  /// thousand frames costs what a frame costs.
+  void Take(std::uint32_t counter, Time arrived) {
+    if (counter == next_ && InTime(arrived)) {
+      Advance(counter, arrived, step_);
+      ++stretch_.Frames;
+      return;
+    }
+    TakeOdd(counter, arrived);
+    ++stretch_.Frames;
+  }
+  /// The frame comes right behind the one before, as far as the clock tells. Where not, the clock
+  /// may have been set.
+  bool InTime(Time arrived) const { return arrived >= last_ && arrived - last_ < Pause; }
+  /// The clock was set by so much since the last frame.
+  void SetClock(Time step) {
+    last_ += step;
+    begunAt_ += step;
+  }
+
+  const TrackTotals& Totals() const { return totals_; }
+  const Stretch& Since() const { return stretch_; }
+  /// A look: what comes from now on is a stretch of its own.
+  void BeginStretch() { stretch_ = {}; }
+  /// Samples a second, one of those that the standards name, where the times of arrival tell it.
+  std::optional<std::uint32_t> Rate() const;
+
+ private:
+  /// Longer than any sender rests, and shorter than a round.
+  static constexpr Time Pause{500'000};
+
+  void Advance(std::uint32_t counter, Time arrived, std::uint32_t by);
+  void TakeOdd(std::uint32_t counter, Time arrived);
+  void TakeFirst(std::uint32_t counter, Time arrived);
+  void LearnRound(std::uint32_t counter, Time gone);
+  bool TakeBack(std::uint32_t counter, Time arrived);
+  void TakeGap(std::uint32_t counter, Time arrived);
+  void Jump(std::uint32_t counter, Time arrived);
+  void FillGap(std::int64_t position);
+  /// From one counter on to another, the way round.
+  std::uint32_t Distance(std::uint32_t from, std::uint32_t to) const;
+  double SamplesIn(Time time) const;
+
+  bool begun_ = false;
+  std::uint32_t round_ = 4000;
+  std::uint32_t step_ = 1;
+  /// The counter of the latest sample, and the one that is to follow.
+  std::uint32_t counter_ = 0;
+  std::uint32_t next_ = 0;
+  Time last_{0};
+  /// The round that a sender without a known one went last.
+  std::uint32_t lastRound_ = 0;
+  /// Where the latest sample stands, and where what is met began.
+  std::int64_t position_ = 0;
+  std::int64_t floor_ = 0;
+  Time begunAt_{0};
+  /// A bit for each of the latest 64 samples that came, the newest lowest.
+  std::uint64_t window_ = 0;
+  TrackTotals totals_;
+  Stretch stretch_;
+};
+
+}  // namespace sv
