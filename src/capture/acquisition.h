@@ -13,6 +13,7 @@
 #include "capture/run_control.h"
 #include "capture/sample_locator.h"
 #include "capture/signal_builder.h"
+#include "capture/stream_watch.h"
 #include "capture/view_restart.h"
 #include "capture/waiting_line.h"
 #include "config/configuration.h"
@@ -61,6 +62,7 @@ class Acquisition : private CaptureUser, private config::BlockUser {
   CaptureSession Capture;
   SampleLocator Locator;
   SignalBuilder Builder;
+  StreamWatch Watch;
   WaitingLine Waiting;
   PacketDispatcher Packets;
   NoDataWatchdog Watchdog;

@@ -73,9 +73,9 @@ void PacketDispatcher::aPacketX_OnPacket(const CapturedFrame& pPacket) {
         second = filters_[1].Position(bytes_.Text(), settings_.FilterContent[1]) > 1;
       },
       [&] { return LeaveAfter(state_.LookingForID, [&] { ServeFinder(); }); },
-      [&] { return first ? FirstStream() : Flow::Next; },
+      [&] { return first ? FirstStream(pPacket.Arrived) : Flow::Next; },
       [&] {
-        if (second) SecondStream();
+        if (second) SecondStream(pPacket.Arrived);
       });
 }
 
@@ -159,28 +159,30 @@ void PacketDispatcher::ServeFinder() {
        [&] { upper_.Finder->AddStreamToList(id); });
 }
 
-Flow PacketDispatcher::FirstStream() {
+Flow PacketDispatcher::FirstStream(StreamWatch::Time arrived) {
   bool signalOk = false;
   return run_(
       [&] {
         if (!state_.OffsetsKnown[0]) LocateFirst();
       },
-      [&] { Count(0); }, [&] { return ExtractFirst(signalOk); },
+      [&] { Count(0, arrived); }, [&] { return ExtractFirst(signalOk); },
       [&] {
         if (frameIndex_[0] == present_.BaseSamples) CompleteBlock(signalOk);
       });
 }
 
-void PacketDispatcher::Count(std::size_t stream) {
+void PacketDispatcher::Count(std::size_t stream, StreamWatch::Time arrived) {
   StreamCounters& counters = streams_.Counters.Streams[stream];
   ++counters.HeldId;
   if (state_.SamplesLocated[stream] == 0) ++counters.NotLocated;
+  parts_.Watch.Take(stream, bytes_, arrived);
 }
 
 void PacketDispatcher::FindDataOffsets(std::size_t stream) {
   // The cells tell how long the frame at hand may be: a block that was shown from within its event
   // may have begun a run with longer frames.
   parts_.Locator.FindDataOffsets(bytes_, static_cast<std::int16_t>(bytes_.Upper()), stream);
+  parts_.Watch.BeginBurst(stream);
 }
 
 void PacketDispatcher::LocateFirst() {
@@ -211,12 +213,13 @@ Flow PacketDispatcher::ExtractFirst(bool& signalOk) {
   return Flow::Leave;
 }
 
-void PacketDispatcher::SecondStream() {
+void PacketDispatcher::SecondStream(StreamWatch::Time arrived) {
   run_(
       [&] {
         if (!state_.OffsetsKnown[1]) LocateSecond();
       },
-      [&] { Count(1); }, [&] { return state_.LookingForRecording ? ExtractSecond() : Flow::Next; },
+      [&] { Count(1, arrived); },
+      [&] { return state_.LookingForRecording ? ExtractSecond() : Flow::Next; },
       [&] {
         if (frameIndex_[1] != present_.BaseSamples) return;
         frameIndex_[1] = 0;

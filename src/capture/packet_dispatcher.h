@@ -15,6 +15,7 @@
 #include "capture/run_control.h"
 #include "capture/sample_locator.h"
 #include "capture/signal_builder.h"
+#include "capture/stream_watch.h"
 #include "capture/waiting_line.h"
 #include "config/settings.h"
 #include "forms/recorder_controls.h"
@@ -33,6 +34,7 @@ struct PacketParts {
   SignalBuilder& Builder;
   RetryBox& Retry;
   WaitingLine& Waiting;
+  StreamWatch& Watch;
 };
 
 /// What the packet event shows and switches on the form.
@@ -70,14 +72,14 @@ class PacketDispatcher : public PacketConsumer {
   /// Counts a frame that is not searched for the streams, for those whose text it holds.
   void CountUnsearched(const platform::CapturedFrame& pPacket,
                        std::uint64_t StreamCounters::*count);
-  /// Counts a frame of a stream.
-  void Count(std::size_t stream);
+  /// Counts a frame of a stream, and follows its counter.
+  void Count(std::size_t stream, StreamWatch::Time arrived);
   void TakePacketLength(const platform::CapturedFrame& pPacket);
   /// Stops capture; Leave where a newer run has begun in the pumps of the stop.
   platform::Flow StopCapture();
   void ReportFrame(const platform::CapturedFrame& pPacket);
 
-  platform::Flow FirstStream();
+  platform::Flow FirstStream(StreamWatch::Time arrived);
   void FindDataOffsets(std::size_t stream);
   void LocateFirst();
   platform::Flow ExtractFirst(bool& signalOk);
@@ -91,7 +93,7 @@ class PacketDispatcher : public PacketConsumer {
   void BlockForValues(Current current);
   void BlockForRecording();
 
-  void SecondStream();
+  void SecondStream(StreamWatch::Time arrived);
   void LocateSecond();
   platform::Flow ExtractSecond();
 

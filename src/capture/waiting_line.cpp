@@ -21,15 +21,18 @@ constexpr std::int32_t LooksAtLonger = 256;
 WaitingLine::WaitingLine(AcquisitionState& state, const config::Settings& settings,
                          const config::RunSettings& present, forms::SharedControls& shared,
                          const forms::RunButtons& buttons, CaptureSession& capture,
-                         platform::TimerQueue& timers, const platform::NumberText& numbers)
+                         StreamWatch& watch, platform::TimerQueue& timers,
+                         const platform::NumberText& numbers)
     : state_(state),
       streamFields_(state),
       settings_(settings),
       shared_(shared),
       buttons_(buttons),
       capture_(capture),
+      watch_(watch),
       timers_(timers),
       text_(state, settings, present, numbers),
+      unfit_(settings, numbers),
       timer_(timers) {
   timer_.Interval = LookInterval;
   timer_.Elapsed = [this] { Timer_Timer(); };
@@ -66,6 +69,7 @@ void WaitingLine::BeginAnew() {
   for (std::size_t stream = 0; stream < streams_.size(); ++stream) {
     streams_[stream] = {};
     streams_[stream].Content = settings_.FilterContent[stream];
+    streams_[stream].Looks.fill(watch_.Track(stream).Totals());
     WaitAnew(streams_[stream]);
   }
   shown_ = false;
@@ -104,7 +108,9 @@ void WaitingLine::Timer_Timer() {
   if (StationsChanged()) BeginAnew();
   LookAtSecondStream();
   LookAtLocations();
+  LookAtDoubled();
   LookAtAdapter();
+  watch_.LookAgain();
   streamFields_.LooksAtLonger = LooksAtLonger;
   Tell();
 }
@@ -118,6 +124,16 @@ void WaitingLine::LookAtSecondStream() {
 void WaitingLine::LookAtLocations() {
   for (std::size_t stream = 0; stream < streams_.size(); ++stream) {
     if (state_.OffsetsKnown[stream]) streams_[stream].Located = state_.SamplesLocated[stream];
+  }
+}
+
+void WaitingLine::LookAtDoubled() {
+  for (std::size_t stream = 0; stream < streams_.size(); ++stream) {
+    Awaited& told = streams_[stream];
+    const sv::TrackTotals& now = watch_.Track(stream).Totals();
+    // Two looks make a second.
+    told.OfLastSecond = now - told.Looks[0];
+    told.Looks = {told.Looks[1], now};
   }
 }
 
@@ -170,7 +186,20 @@ std::string WaitingLine::Text() const {
   if (streams_[0].Located.value_or(0) > 0 && streams_[1].Located.value_or(0) > 0) {
     add(text_.SharedChannels({*streams_[0].Located, *streams_[1].Located}));
   }
+  for (std::size_t stream = 0; stream < streams_.size(); ++stream) add(UnfitOf(stream));
   return text;
+}
+
+std::string WaitingLine::UnfitOf(std::size_t stream) const {
+  // The views show the first stream alone.
+  if (!text_.IsChosen(stream) || (stream == 1 && !state_.LookingForRecording)) return {};
+  const Awaited& told = streams_[stream];
+  std::string text = unfit_.Doubled(stream, told.OfLastSecond);
+  // What was looked at in a run before is none of this one's.
+  if (!told.Located || !watch_.Look(stream)) return text;
+  const std::string unfit = unfit_.Of(stream, *watch_.Look(stream), watch_.Track(stream).Rate());
+  if (!text.empty() && !unfit.empty()) text += " ";
+  return text + unfit;
 }
 
 std::string WaitingLine::TextOf(std::size_t stream) const {

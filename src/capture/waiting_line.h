@@ -11,6 +11,8 @@
 #include "capture/acquisition_state.h"
 #include "capture/capture_session.h"
 #include "capture/run_counters.h"
+#include "capture/stream_watch.h"
+#include "capture/unfit_text.h"
 #include "capture/waiting_text.h"
 #include "config/settings.h"
 #include "forms/run_buttons.h"
@@ -28,7 +30,7 @@ class WaitingLine {
  public:
   WaitingLine(AcquisitionState& state, const config::Settings& settings,
               const config::RunSettings& present, forms::SharedControls& shared,
-              const forms::RunButtons& buttons, CaptureSession& capture,
+              const forms::RunButtons& buttons, CaptureSession& capture, StreamWatch& watch,
               platform::TimerQueue& timers, const platform::NumberText& numbers);
 
   /// Capture rests: a run begins or has ended, or a burst of it.
@@ -46,6 +48,9 @@ class WaitingLine {
     RunCounters From;
     /// The channels that the scan of its latest burst found; absent before there was one.
     std::optional<std::int16_t> Located;
+    /// What the counters told at the last looks, a second back.
+    std::array<sv::TrackTotals, 2> Looks;
+    sv::TrackTotals OfLastSecond;
   };
 
   void FollowRun();
@@ -55,6 +60,8 @@ class WaitingLine {
   void BeginAnew();
   void WaitAnew(Awaited& stream);
   bool StationsChanged() const;
+  void LookAtDoubled();
+  std::string UnfitOf(std::size_t stream) const;
   void LookAtSecondStream();
   void LookAtLocations();
   void LookAtAdapter();
@@ -71,8 +78,10 @@ class WaitingLine {
   forms::SharedControls& shared_;
   forms::RunButtons buttons_;
   CaptureSession& capture_;
+  StreamWatch& watch_;
   platform::TimerQueue& timers_;
   WaitingText text_;
+  UnfitText unfit_;
   platform::Timer timer_;
 
   /// Null while nothing runs.

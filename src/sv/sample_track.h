@@ -60,6 +60,12 @@ struct TrackTotals {
   std::uint64_t Jumped = 0;
 };
 
+/// What came in between.
+inline TrackTotals operator-(const TrackTotals& now, const TrackTotals& then) {
+  return {now.Samples - then.Samples, now.ByCounter - then.ByCounter, now.Missing - then.Missing,
+          now.Doubled - then.Doubled, now.Late - then.Late,           now.Jumped - then.Jumped};
+}
+
 /// Follows the sample counter of one stream, frame by frame, and the times at which the frames
 /// came: which samples are missing, which came twice, which too late. The counter goes round once a
 /// second, so that alone it cannot tell of whole seconds; the times can.

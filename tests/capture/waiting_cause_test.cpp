@@ -87,7 +87,8 @@ TEST_F(WaitingCause, ThatTheCounterIsReadBehindTheEndOfTheFrame) {
   bench.Elapse(seconds(2));
   EXPECT_EQ(Line(),
             "Waiting for \"MU01\": 401 frames came in, 400 held this ID, "
-            "the values of all could not be read.");
+            "the values of all could not be read. \"MU01\" has no whole structure: "
+            "a field has another size than the standard gives.");
 }
 
 TEST_F(WaitingCause, ThatABlockIsToHaveNoSamples) {
@@ -134,7 +135,8 @@ TEST_F(WaitingCause, NamesSamplesThatEndTheFrameOfAFourChannelStream) {
   bench.Elapse(seconds(2));
   EXPECT_EQ(Line(),
             "Waiting for \"MU01\": 401 frames came in, 400 held this ID, "
-            "their samples could not be located.");
+            "their samples could not be located. The 4 channels of \"MU01\" stand at the frame's "
+            "end, where the search does not go.");
 }
 
 TEST_F(WaitingCause, CountsTheSamplesThatCouldNotBeLocatedInOneBurstOfTwo) {
@@ -145,7 +147,8 @@ TEST_F(WaitingCause, CountsTheSamplesThatCouldNotBeLocatedInOneBurstOfTwo) {
   bench.Elapse(seconds(2));
   EXPECT_EQ(Line(),
             "Waiting for \"MU01\": 11 frames came in, 10 held this ID, "
-            "the samples of 7 could not be located.");
+            "the samples of 7 could not be located. \"MU01\" has 2 channels a sample; "
+            "4, 8 or 12 are searched for.");
 }
 
 TEST_F(WaitingCause, LooksAtTheScanOfThisBurstAlone) {

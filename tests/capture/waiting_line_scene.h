@@ -2,7 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <chrono>
+#include <cstdint>
+#include <map>
 #include <string>
 
 #include "config/setup_view.h"
@@ -43,7 +47,17 @@ class WaitingLineScene : public testing::Test {
   }
   void Restart() { bench.Acquisition.StartCapture("LookingForValues"); }
   void Frames(int count, const FrameBytes& frame) {
-    bench.Receive(count, [&](int) { return frame; });
+    bench.Receive(count, [&](int) { return Counted(frame); });
+  }
+  /// The next frame of a sender that sends these: its counter goes on.
+  FrameBytes Counted(FrameBytes frame) {
+    const std::uint16_t count = sent_[frame]++ % 4000;
+    constexpr std::array<std::uint8_t, 2> Tag{0x82, 2};
+    const auto tag = std::search(frame.begin(), frame.end(), Tag.begin(), Tag.end());
+    if (tag == frame.end()) return frame;
+    tag[2] = static_cast<std::uint8_t>(count >> 8U);
+    tag[3] = static_cast<std::uint8_t>(count & 0xFFU);
+    return frame;
   }
   std::string Line(std::size_t view = forms::quiet_line::Values) {
     const platform::QuietLine& line = bench.Main.QuietLine[view];
@@ -53,6 +67,9 @@ class WaitingLineScene : public testing::Test {
 
   support::CaptureBench bench;
   AcquisitionState& state = bench.State;
+
+ private:
+  std::map<FrameBytes, std::uint16_t> sent_;
 };
 
 }  // namespace packetroutines

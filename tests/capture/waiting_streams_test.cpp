@@ -13,8 +13,8 @@ class WaitingStreams : public WaitingLineScene {
   void Record(int looks, const FrameBytes& first, const FrameBytes& second) {
     for (int i = 0; i < looks; ++i) {
       for (int frame = 0; frame < 400; ++frame) {
-        bench.Receive(first);
-        bench.Receive(second);
+        bench.Receive(Counted(first));
+        bench.Receive(Counted(second));
       }
       bench.Elapse(milliseconds(500));
     }
@@ -83,7 +83,8 @@ TEST_F(WaitingStreams, TellOfARecordedStreamWhoseSamplesCouldNotBeLocated) {
   StartRecording(PlainFrame(0));
   Record(4, PlainFrame(0), two);
   EXPECT_EQ(Recorder(),
-            "The samples of \"MU02\" could not be located: its values are not measured ones.");
+            "The samples of \"MU02\" could not be located: its values are not measured ones. "
+            "\"MU02\" has 2 channels a sample; 4, 8 or 12 are searched for.");
 }
 
 TEST_F(WaitingStreams, TellOfAShownBlockThatIsReadAtOlderPlaces) {
@@ -95,7 +96,8 @@ TEST_F(WaitingStreams, TellOfAShownBlockThatIsReadAtOlderPlaces) {
     bench.Elapse(milliseconds(500));
   }
   EXPECT_EQ(Line(),
-            "The samples of \"MU01\" could not be located: its values are not measured ones.");
+            "The samples of \"MU01\" could not be located: its values are not measured ones. "
+            "\"MU01\" has 2 channels a sample; 4, 8 or 12 are searched for.");
   Restart();
   Frames(400, PlainFrame(0));
   EXPECT_EQ(Line(), "");
@@ -105,7 +107,7 @@ TEST_F(WaitingStreams, TellOfAShownBlockThatIsReadAtOlderPlaces) {
 class SharedChannels : public WaitingStreams {
  protected:
   void Burst(const FrameBytes& first, const FrameBytes& second) {
-    bench.Receive(second);
+    bench.Receive(Counted(second));
     Frames(400, first);
     bench.Elapse(milliseconds(500));
   }

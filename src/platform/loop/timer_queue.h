@@ -18,8 +18,8 @@ class TimerQueue : public TimerCount, public Holdable {
 
   /// The time that the timers go by: that of the clock without what was held.
   std::chrono::nanoseconds Now() const override;
-  /// What the computer's clock shows.
-  std::chrono::microseconds WallTime() const { return clock_.WallTime(); }
+  /// What the computer's clocks show, whatever was held.
+  const platform::Clock& UsedClock() const { return clock_; }
   std::optional<std::chrono::nanoseconds> NextDue() const;
   /// Raises the events of the timers that are due now, the earliest first, each once at most.
   void FireDue();
