@@ -22,6 +22,7 @@ VIEWS = {
     "ReportControls": "Report",
     "SetupControls": "Setup",
     "IDlook": "stream finder",
+    "EndQuestion": "question to end a recording",
     "Revisionhistory": "revision history",
     "DebugWindow": "debug window",
 }

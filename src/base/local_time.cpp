@@ -60,6 +60,11 @@ std::string DottedText(const LocalTime& moment, char timeSign) {
          Padded(moment.Second, 2);
 }
 
+std::string ClockText(const LocalTime& moment, const LocalTime& beside) {
+  const std::string whole = DottedText(moment).substr(0, Form.find(":ss"));
+  return DayOf(moment) == DayOf(beside) ? whole.substr(Form.find("hh")) : whole;
+}
+
 std::string NumericText(const LocalTime& moment) {
   return Padded(moment.Year, 4) + '-' + Padded(moment.Month, 2) + '-' + Padded(moment.Day, 2) +
          ' ' + Padded(moment.Hour, 2) + ':' + Padded(moment.Minute, 2) + ':' +

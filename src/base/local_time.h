@@ -25,6 +25,9 @@ std::string DottedText(const LocalTime& moment, char timeSign = ':');
 /// The form "yyyy-mm-dd hh:MM:ss", in which nobody takes the month for the day.
 std::string NumericText(const LocalTime& moment);
 
+/// The form "hh:MM"; of another day than `beside` the form "dd.mm.yyyy hh:MM".
+std::string ClockText(const LocalTime& moment, const LocalTime& beside);
+
 /// The moment of a text "dd.mm.yyyy hh:MM:ss", whatever the locale; failure 13 where the text has
 /// another form or names no day or time that there is.
 LocalTime ToLocalTime(std::string_view text);

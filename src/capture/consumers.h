@@ -28,6 +28,14 @@ class RecordConsumer {
   virtual void WriteRecordBlock(std::int16_t stream) = 0;
 };
 
+/// What the watchdog asks of the session of a recording.
+class SessionConsumer {
+ public:
+  virtual ~SessionConsumer() = default;
+  /// No usable frame came behind RUN; the recording is over, and the user has not been told yet.
+  virtual void NoData() = 0;
+};
+
 /// What the packet event asks of the report.
 class ReportConsumer {
  public:
@@ -62,6 +70,7 @@ class TabConsumer {
 struct Plugs {
   platform::Plug<BlockConsumers> Views;
   platform::Plug<RecordConsumer> Recorder;
+  platform::Plug<SessionConsumer> Session;
   platform::Plug<ReportConsumer> Report;
   platform::Plug<FinderConsumer> Finder;
   platform::Plug<TabConsumer> Tabs;

@@ -71,9 +71,9 @@ void NoDataWatchdog::EndReport() {
 
 void NoDataWatchdog::EndRecording() {
   run_([&] { return Stop(); }, [&] { control_.Clear("LookingForRecording"); },
-       [&] { ShowNoDataDialog("LookingForRecording"); }, [&] { control_.CallOffWatchdog(); },
-       [&] { buttons_.CWButton3.Value = false; }, [&] { buttons_.CWButton3.Enabled = true; },
-       [&] { upper_.Tabs->TabChange(); });
+       [&] { upper_.Session->NoData(); }, [&] { ShowNoDataDialog("LookingForRecording"); },
+       [&] { control_.CallOffWatchdog(); }, [&] { buttons_.CWButton3.Value = false; },
+       [&] { buttons_.CWButton3.Enabled = true; }, [&] { upper_.Tabs->TabChange(); });
 }
 
 void NoDataWatchdog::EndFinder() {

@@ -7,6 +7,9 @@
 
 namespace packetroutines {
 
+/// What ends the runs of all views from outside.
+enum class Leaving { Tab, Program };
+
 /// What stands behind a tab of the window. The program keeps a list of its views and knows no more
 /// of them.
 class View {
@@ -25,6 +28,8 @@ class View {
   virtual void Load() = 0;
   /// The runs are about to be ended: takes what begins one from the screen.
   virtual void Withdraw() {}
+  /// Capture was stopped, and whatever the view was running is over.
+  virtual void Interrupt(Leaving /*what*/) {}
   /// The tab was entered: brings its controls to the screen. `run` runs steps under the trap of a
   /// tab change.
   virtual void Show(const platform::Routine& run) = 0;

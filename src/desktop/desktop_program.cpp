@@ -6,6 +6,7 @@
 
 #include "desktop/look/twips.h"
 #include "desktop/services/system_locale.h"
+#include "system/sleep.h"
 
 namespace desktop {
 
@@ -31,11 +32,13 @@ DesktopProgram::DesktopProgram(const Sources& sources, platform::RunningProgram:
       calendar_(QLocale::system()),
       surface_(printers_, calendar_),
       screen_(PrimaryScreen()),
+      sleep_(host::NewSleepInhibitor()),
       application_({loop_.Timers, events_, dialogs_, program_, store_, sources.Capture,
                     sources.Code, numbers_, files_, links_, calendar_, &folders_, &printers_,
-                    &surface_, &clipboard_, &pointer_, &screen_}),
+                    &surface_, &clipboard_, &pointer_, &screen_, sleep_.get()}),
       window_({application_.Windows.Main, application_.Windows.Revisionhistory,
-               application_.Windows.DebugWindow, application_.Windows.IDlook},
+               application_.Windows.DebugWindow, application_.Windows.IDlook,
+               application_.Windows.EndQuestion},
               guard_, repaints_) {
   surface_.DataPath = [this] { return application_.Config.Settings.StoragePath; };
   dialogs_.SetOwner(&window_);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include "base/number_text.h"
 #include "desktop/binding/qt_event_queue.h"
 #include "desktop/binding/repaint_queue.h"
@@ -20,6 +22,7 @@
 #include "platform/loop/running_program.h"
 #include "platform/services/capture_object.h"
 #include "platform/services/code_page.h"
+#include "platform/services/sleep_inhibitor.h"
 #include "shell/application.h"
 #include "system/computer_files.h"
 #include "system/process.h"
@@ -76,6 +79,7 @@ class DesktopProgram {
   QtPrintSurface surface_;
   QtClipboard clipboard_;
   platform::Screen screen_;
+  std::unique_ptr<platform::SleepInhibitor> sleep_;
   formroutines::Application application_;
   MainWindow window_;
 };

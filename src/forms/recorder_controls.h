@@ -65,6 +65,8 @@ struct RecorderControls {
   std::array<platform::OptionButton, trigger_kind::Count> Option1;
   /// What of each stream is on disk, beside the progress.
   std::array<platform::Label, 2> OnDisk;
+  /// What the disk of the data folder still takes, and how long that suffices.
+  platform::Label Room;
   /// Since when, and why, a recording that goes on stores nothing.
   platform::QuietLine NotStored;
 };

@@ -18,8 +18,8 @@ Recorder::Recorder(forms::Main& main, config::Configuration& config,
       Reading({config.Settings, config.Present, acquisition.State, Writing.Formats, Writing.Open,
                services},
               acquisition.Packets.Bytes(), main),
-      Session(main, acquisition.Run, config.Settings, config.Stored, acquisition.State,
-              acquisition.Capture, Writing, services),
+      Session(main, main.QuietLine[forms::quiet_line::Recorder], acquisition.Run, config.Settings,
+              config.Stored, acquisition.State, acquisition.Capture, Writing, services),
       Trigger(main, main, config.Settings, services.Numbers),
       main_(main),
       config_(config),
@@ -29,6 +29,7 @@ Recorder::Recorder(forms::Main& main, config::Configuration& config,
   Writing.End = Session;
   Session.Reader = Reading;
   acquisition.Upper.Recorder = Writing.Samples;
+  acquisition.Upper.Session = Session;
 }
 
 void Recorder::Load() {
@@ -47,7 +48,17 @@ void Recorder::Hide() {
   main_.Picture1[forms::logo::Recorder].Visible = false;
 }
 
+void Recorder::Interrupt(packetroutines::Leaving what) {
+  const bool program = what == packetroutines::Leaving::Program;
+  const bool otherTab = main_.TabStrip1.SelectedTab != Tab();
+  Session.Interrupt(program    ? EndReason::Exit
+                    : otherTab ? EndReason::OtherTab
+                               : EndReason::TabAnew);
+}
+
 void Recorder::CloseFiles() {
+  // Whatever else ends the program while one runs.
+  Session.ProgramEnds();
   for (packetroutines::SampleFormat* format : Writing.Formats) format->Finish();
 }
 

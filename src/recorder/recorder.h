@@ -29,7 +29,10 @@ class Recorder : public packetroutines::View {
   /// Where the folder for data is not there, the way leads on to the Setup view.
   void Show(const platform::Routine& run) override;
   void Hide() override;
+  void Interrupt(packetroutines::Leaving what) override;
   bool InHand() const override { return Session.InHand(); }
+  /// The system ends the program: a recording ends with all its files.
+  void EndSession() { Session.InterruptForGood(EndReason::SessionsEnd); }
   /// The program ends: finishes the files that are still open.
   void CloseFiles();
 

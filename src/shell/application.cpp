@@ -16,17 +16,20 @@ Application::Application(const Platform& platform)
       LiveViews(Windows.Main, Config, Acquisition, platform.Events, platform.Numbers),
       Recorder(Windows.Main, Config, Acquisition,
                {platform.Usual(), platform.Code, platform.Numbers, platform.Files,
-                platform.Calendar, platform::OrNone(platform.Pointer), platform.Links}),
+                platform.Calendar, platform::OrNone(platform.Pointer), platform.Links,
+                platform.Timers, platform::OrNone(platform.Sleep)}),
       Reports(Windows, Config, Acquisition,
               {platform.Usual(), platform.Code, platform.Numbers, platform.Calendar,
                platform::OrNone(platform.Printers), platform::OrNone(platform.Surface),
                platform.Clipboard}),
       Pages(Windows, Config, LiveViews, Recorder, Reports, platform),
-      Tabs(Windows, Config, Acquisition, Pages.All, platform.Usual(), platform.Timers),
+      Question(Windows.EndQuestion, Recorder.Session, platform.Calendar),
+      Tabs(Windows, Config, Acquisition, Pages.All, Question, platform.Usual(), platform.Timers),
       Layout(Windows.Main, Acquisition.State, Tabs, Pages.All, platform.Program) {}
 
 void Application::EndSession() {
   Acquisition.End();
+  Recorder.EndSession();
   platform_.Program.End();
 }
 

@@ -9,6 +9,7 @@
 #include "shell/form_layout.h"
 #include "shell/pages.h"
 #include "shell/platform.h"
+#include "shell/recording_question.h"
 #include "shell/tab_controller.h"
 
 namespace formroutines {
@@ -43,6 +44,7 @@ class Application {
   subroutines::Recorder Recorder;
   subroutines::Reports Reports;
   formroutines::Pages Pages;
+  RecordingQuestion Question;
   TabController Tabs;
   FormLayout Layout;
 };

@@ -13,6 +13,7 @@
 #include "platform/services/print_surface.h"
 #include "platform/services/services.h"
 #include "platform/services/settings_store.h"
+#include "platform/services/sleep_inhibitor.h"
 #include "platform/services/system_services.h"
 
 namespace formroutines {
@@ -38,6 +39,7 @@ struct Platform {
   platform::MousePointer* Pointer = nullptr;
   /// Where there is one, it must be large enough.
   const platform::Screen* Screen = nullptr;
+  platform::SleepInhibitor* Sleep = nullptr;
 
   platform::Services Usual() const { return {Events, Dialogs, Program}; }
 };

@@ -10,6 +10,7 @@
 
 namespace formroutines {
 
+using packetroutines::Leaving;
 using platform::Crlf;
 using platform::Failure;
 using platform::Flow;
@@ -27,7 +28,8 @@ constexpr std::int32_t CaptureWait = 10;
 
 TabController::TabController(forms::Windows& windows, config::Configuration& config,
                              packetroutines::Acquisition& acquisition, const Views& views,
-                             const platform::Services& services, platform::TimerQueue& timers)
+                             RecordingQuestion& question, const platform::Services& services,
+                             platform::TimerQueue& timers)
     : windows_(windows),
       main_(windows.Main),
       buttons_(windows.Main.Buttons()),
@@ -37,11 +39,15 @@ TabController::TabController(forms::Windows& windows, config::Configuration& con
       capture_(acquisition.Capture),
       control_(acquisition.Run),
       views_(views),
+      question_(question),
       services_(services),
       closeTimer_(timers),
       run_(services.Program, [this](const Failure& failure, int) { return OnFailure(failure); }) {
   acquisition.Upper.Tabs = *this;
   main_.TabStrip1.Changed = [this] { TabChange(); };
+  main_.TabStrip1.MayChoose = [this](std::int16_t tab) {
+    return question_.Allows([this, tab] { main_.TabStrip1.SelectedTab = tab; });
+  };
   main_.Command8.Click = [this] { services_.Program.End(); };
   main_.Window.QueryUnload = [this] { CloseRequest(); };
   closeTimer_.Interval = CloseRetry;
@@ -104,7 +110,7 @@ void TabController::TabChange() {
          capture_.StopCapture();
        },
        [&] {
-         LeavePage();
+         LeavePage(Leaving::Tab);
          StopButtons();
        },
        [&] { ShowView(); }, [&] { control_.Left(); });
@@ -133,7 +139,7 @@ void TabController::Exit() {
         control_.LeavePage();
         capture_.StopCapture();
         AwaitEndOfCapture();
-        LeavePage();
+        LeavePage(Leaving::Program);
       },
       [&] { services_.Events.Pump(); },
       [&] {
@@ -167,14 +173,19 @@ void TabController::ShutdownForms() {
   const platform::Raised shuttingDown(shuttingDown_);
   const auto skip = [](const Failure&) { return Verdict::SkipStep; };
   control_.CallOffTimers();
-  for (platform::Window* window : {&windows_.Revisionhistory.Window, &windows_.DebugWindow.Window,
-                                   &windows_.IDlook.Window, &main_.Window}) {
+  for (platform::Window* window :
+       {&windows_.EndQuestion.Window, &windows_.Revisionhistory.Window,
+        &windows_.DebugWindow.Window, &windows_.IDlook.Window, &main_.Window}) {
     platform::RunSteps(services_.Program, skip, [&] { window->Unload(); });
   }
 }
 
 void TabController::CloseRequest() {
   if (exitInProgress_) return;
+  if (question_.Allows([this] { Close(); })) Close();
+}
+
+void TabController::Close() {
   main_.TabStrip1.SelectedTab = forms::tab::Exit;
   // The request stands: it is served as soon as the run button is free again.
   if (!exitInProgress_) closeTimer_.Enabled = true;
@@ -186,9 +197,10 @@ void TabController::RetryClose() {
   CloseRequest();
 }
 
-void TabController::LeavePage() {
+void TabController::LeavePage(Leaving what) {
   control_.LeavePage();
   control_.ClearModes();
+  for (packetroutines::View* view : views_) view->Interrupt(what);
 }
 
 void TabController::StopButtons() {

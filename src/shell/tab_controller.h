@@ -12,6 +12,7 @@
 #include "platform/controls/window.h"
 #include "platform/loop/timer_queue.h"
 #include "platform/services/services.h"
+#include "shell/recording_question.h"
 
 namespace formroutines {
 
@@ -25,7 +26,8 @@ class TabController : public packetroutines::TabConsumer {
  public:
   TabController(forms::Windows& windows, config::Configuration& config,
                 packetroutines::Acquisition& acquisition, const Views& views,
-                const platform::Services& services, platform::TimerQueue& timers);
+                RecordingQuestion& question, const platform::Services& services,
+                platform::TimerQueue& timers);
 
   /// Brings the strip up on the first tab, and hides what the other views show.
   void Load();
@@ -47,10 +49,11 @@ class TabController : public packetroutines::TabConsumer {
   bool RunButtonLocked() const;
   void AwaitEndOfCapture();
   void CloseRequest();
+  void Close();
   void RetryClose();
 
   void SelectForLayout(std::int16_t tab);
-  void LeavePage();
+  void LeavePage(packetroutines::Leaving what);
   void StopButtons();
   void GiveLockedButtonsBack();
   void ShowView();
@@ -64,6 +67,7 @@ class TabController : public packetroutines::TabConsumer {
   packetroutines::CaptureSession& capture_;
   packetroutines::RunControl& control_;
   const Views& views_;
+  RecordingQuestion& question_;
   platform::Services services_;
   platform::Timer closeTimer_;
   /// Runs steps under the trap of a tab change. A statement that lets events in is a step of its

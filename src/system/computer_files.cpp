@@ -1,6 +1,9 @@
 #include "system/computer_files.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <filesystem>
+#include <limits>
 #include <system_error>
 
 #include "base/failure.h"
@@ -64,6 +67,14 @@ std::int64_t ComputerFiles::FileSize(const std::string& path) const {
   std::error_code gone;
   const std::uintmax_t size = std::filesystem::file_size(PlaceOf(path), gone);
   return gone ? 0 : static_cast<std::int64_t>(size);
+}
+
+std::optional<std::int64_t> ComputerFiles::FreeSpace(const std::string& path) const {
+  std::error_code untold;
+  const std::filesystem::space_info room = std::filesystem::space(PlaceOf(path), untold);
+  if (untold) return std::nullopt;
+  return static_cast<std::int64_t>(
+      std::min<std::uintmax_t>(room.available, std::numeric_limits<std::int64_t>::max()));
 }
 
 void ComputerFiles::DeleteFile(const std::string& path) {

@@ -14,6 +14,7 @@ class ComputerFiles : public platform::FileSystem {
   void MakeFolder(const std::string& path) override;
   bool FileExists(const std::string& path) const override;
   std::int64_t FileSize(const std::string& path) const override;
+  std::optional<std::int64_t> FreeSpace(const std::string& path) const override;
   void DeleteFile(const std::string& path) override;
   std::unique_ptr<platform::OutputFile> Append(const std::string& path) override;
   std::unique_ptr<platform::OutputFile> Create(const std::string& path) override;

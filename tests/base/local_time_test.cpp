@@ -7,6 +7,7 @@
 
 namespace {
 
+using platform::ClockText;
 using platform::DottedText;
 using platform::LocalTime;
 using platform::SecondsBetween;
@@ -19,6 +20,12 @@ constexpr LocalTime Evening{2024, 3, 9, 21, 5, 7};
 TEST(LocalTime, IsWrittenWithLeadingZeros) {
   EXPECT_EQ(DottedText(Evening), "09.03.2024 21:05:07");
   EXPECT_EQ(DottedText(Evening, '-'), "09.03.2024 21-05-07");
+}
+
+TEST(LocalTime, IsTheTimeOnTheClockBesideAMomentOfTheSameDay) {
+  EXPECT_EQ(ClockText(Evening, {2024, 3, 9, 23, 59, 59}), "21:05");
+  EXPECT_EQ(ClockText(Evening, {2024, 3, 10, 0, 0, 0}), "09.03.2024 21:05");
+  EXPECT_EQ(ClockText(Evening, {2024, 4, 9, 21, 5, 7}), "09.03.2024 21:05");
 }
 
 TEST(LocalTime, IsWrittenInPlainDigitsFromTheYearOn) {

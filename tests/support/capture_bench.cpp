@@ -10,6 +10,7 @@ CaptureBench::CaptureBench() {
   Present.UnitFormat = "0.00";
   Core.Upper.Views = Views;
   Core.Upper.Recorder = Recorder;
+  Core.Upper.Session = Recorder;
   Core.Upper.Report = Report;
   Core.Upper.Finder = Report;
   Core.Upper.Tabs = Tabs;

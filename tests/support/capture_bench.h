@@ -24,8 +24,9 @@ class MockViews : public packetroutines::BlockConsumers {
   MOCK_METHOD(void, UpdatePhases, (), (override));
 };
 
-class MockRecorder : public packetroutines::RecordConsumer {
+class MockRecorder : public packetroutines::RecordConsumer, public packetroutines::SessionConsumer {
  public:
+  MOCK_METHOD(void, NoData, (), (override));
   MOCK_METHOD(void, WriteRecordBlock, (std::int16_t stream), (override));
 };
 

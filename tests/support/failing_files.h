@@ -22,6 +22,9 @@ class FailingFiles : public platform::FileSystem {
   void MakeFolder(const std::string& path) override { files_.MakeFolder(path); }
   bool FileExists(const std::string& path) const override { return files_.FileExists(path); }
   std::int64_t FileSize(const std::string& path) const override { return files_.FileSize(path); }
+  std::optional<std::int64_t> FreeSpace(const std::string& path) const override {
+    return files_.FreeSpace(path);
+  }
   void DeleteFile(const std::string& path) override;
   std::unique_ptr<platform::OutputFile> Append(const std::string& path) override;
   std::unique_ptr<platform::OutputFile> Create(const std::string& path) override;

@@ -128,6 +128,7 @@ class FakePlatform {
   FakeLinks Links;
   FakeCalendar Calendar;
   FakePointer Pointer{Journal};
+  FakeSleep Sleep;
   platform::Screen Screen{1920 * 15, 1080 * 15};
 
   /// Lets time pass, firing each timer when it is due.

@@ -10,6 +10,7 @@
 
 #include "base/failure.h"
 #include "platform/services/file_system.h"
+#include "platform/services/sleep_inhibitor.h"
 #include "platform/services/standing_box.h"
 #include "platform/services/system_services.h"
 #include "support/journal.h"
@@ -38,6 +39,7 @@ class FakeFiles : public platform::FileSystem {
     const auto file = Stored.find(path);
     return file == Stored.end() ? 0 : static_cast<std::int64_t>(file->second.size());
   }
+  std::optional<std::int64_t> FreeSpace(const std::string&) const override { return Free; }
   void DeleteFile(const std::string& path) override {
     if (Stored.erase(path) == 0) throw platform::Failure(platform::failure::FileNotFound);
   }
@@ -68,6 +70,8 @@ class FakeFiles : public platform::FileSystem {
   std::string Default = "c:\\StoredData";
   /// The native writing of paths that have another one.
   std::map<std::string, std::string> NativePaths;
+  /// What the disk still takes; nothing where it does not tell.
+  std::optional<std::int64_t> Free;
   std::vector<std::string> Made;
   std::set<std::string> Folders{"c:\\StoredData"};
   Contents Stored;
@@ -112,6 +116,19 @@ class FakePrinters : public platform::Printers {
   std::size_t Chosen = 0;
   /// Raised when the current printer is asked for.
   std::optional<platform::Failure> ReadFailure;
+};
+
+/// The computer's sleep, which is kept away or not.
+class FakeSleep : public platform::SleepInhibitor {
+ public:
+  void Inhibit(const std::string& why) override {
+    Inhibited = true;
+    Whys.push_back(why);
+  }
+  void Release() override { Inhibited = false; }
+
+  bool Inhibited = false;
+  std::vector<std::string> Whys;
 };
 
 /// Links that were opened.

@@ -82,6 +82,10 @@ std::int64_t RealFiles::FileSize(const std::string& path) const {
   return FileExists(path) ? static_cast<std::int64_t>(std::filesystem::file_size(path)) : 0;
 }
 
+std::optional<std::int64_t> RealFiles::FreeSpace(const std::string& path) const {
+  return static_cast<std::int64_t>(std::filesystem::space(path).available);
+}
+
 void RealFiles::DeleteFile(const std::string& path) {
   if (!std::filesystem::remove(path)) throw Failure(failure::FileNotFound);
 }

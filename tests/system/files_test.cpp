@@ -32,6 +32,16 @@ std::string Content(ComputerFiles& files, const std::string& path) {
   return text;
 }
 
+TEST(Files, TellWhatTheirDiskStillTakes) {
+  const TemporaryFolder folder;
+  const ComputerFiles files;
+  const auto room = files.FreeSpace(folder.Path());
+  ASSERT_TRUE(room);
+  EXPECT_GT(*room, 0);
+  EXPECT_LT(*room, std::int64_t{1} << 60);
+  EXPECT_FALSE(files.FreeSpace(folder.File("missing")));
+}
+
 TEST(Files, AFolderIsFoundByItsPath) {
   const TemporaryFolder folder;
   const ComputerFiles files;

@@ -152,6 +152,8 @@ QIcon InstrumentStyle::standardIcon(StandardPixmap sign, const QStyleOption* opt
       return SignIcon(look::VoltageMark, QLatin1Char('!'));
     case SP_MessageBoxInformation:
       return SignIcon(look::Accent, QLatin1Char('i'));
+    case SP_MessageBoxQuestion:
+      return SignIcon(look::Accent, QLatin1Char('?'));
     default:
       return QProxyStyle::standardIcon(sign, option, widget);
   }

@@ -105,11 +105,7 @@ Card* RecorderPage::RecordingCard() {
   // It is painted where no layout is made anew.
   KeepRoom(*analysis);
   card->AddWide(analysis);
-  for (std::size_t i = 0; i < recorder_.OnDisk.size(); ++i) {
-    auto* stored = new QLabel(card);
-    binder_.Bind(recorder_.OnDisk[i], *stored, ArrayName("OnDisk", i));
-    card->AddWide(stored);
-  }
+  card->AddWide(OnDisk(card));
   auto* notStored = new QuietLine(card);
   notStored->setMinimumHeight(NotStoredHeight);
   binder_.Bind(recorder_.NotStored, *notStored, QStringLiteral("NotStored"));
@@ -130,6 +126,24 @@ QWidget* RecorderPage::Progress(QWidget* parent) {
   for (QLabel* part : {heading, counter}) row->addWidget(part);
   row->addStretch(1);
   return line;
+}
+
+QWidget* RecorderPage::OnDisk(Card* card) {
+  auto* area = new QWidget(card);
+  auto* grid = new QGridLayout(area);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setVerticalSpacing(card->Grid().verticalSpacing());
+  for (std::size_t i = 0; i < recorder_.OnDisk.size(); ++i) {
+    auto* stored = new QLabel(area);
+    binder_.Bind(recorder_.OnDisk[i], *stored, ArrayName("OnDisk", i));
+    grid->addWidget(stored, static_cast<int>(i), 0);
+  }
+  // Beside the first stream, where the words of both have the most room.
+  auto* room = new QLabel(area);
+  binder_.Bind(recorder_.Room, *room, QStringLiteral("Room"));
+  grid->addWidget(room, 0, 1, Qt::AlignRight);
+  grid->setColumnStretch(0, 1);
+  return area;
 }
 
 QWidget* RecorderPage::RunPanel() {

@@ -31,6 +31,7 @@ class RecorderPage : public QWidget {
   Card* PauseCard();
   QWidget* RunPanel();
   QWidget* Progress(QWidget* parent);
+  QWidget* OnDisk(Card* card);
   QWidget* Legend();
   QWidget* Foot();
   ClickLabel* Caption(std::size_t row, QWidget* parent, QWidget* field = nullptr);

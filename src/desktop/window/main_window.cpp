@@ -37,6 +37,7 @@ MainWindow::MainWindow(const Forms& forms, platform::Guard& guard, RepaintQueue&
       history_(forms.History),
       debug_(forms.Debug),
       finder_(forms.Finder),
+      question_(forms.Question),
       guard_(guard),
       binder_(guard, repaints),
       tabs_(new TabBar(this)),
@@ -101,6 +102,11 @@ void MainWindow::FollowOtherWindows() {
     if (debugView_ == nullptr && visible) debugView_ = new DebugView(debug_, binder_, this);
     if (debugView_ != nullptr) debugView_->setVisible(visible);
   });
+  // Nobody waits for this one: from its first opening on it follows its form by itself.
+  question_.Window.Loaded.Observe([this] {
+    if (questionDialog_ != nullptr) return;
+    questionDialog_ = new EndQuestionDialog(question_, binder_, guard_, this);
+  });
 }
 
 void MainWindow::FillTabs() {
@@ -146,7 +152,9 @@ void MainWindow::ShowTab() {
 }
 
 void MainWindow::Select(int tab) {
-  guard_([&] { main_.TabStrip1.SelectedTab = static_cast<std::int16_t>(tab); });
+  guard_([&] { main_.TabStrip1.Choose(static_cast<std::int16_t>(tab)); });
+  // The strip shows the tab that was pressed, which need not be selected now.
+  ShowTab();
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {

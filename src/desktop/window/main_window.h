@@ -8,10 +8,12 @@
 #include "desktop/binding/repaint_queue.h"
 #include "desktop/widgets/tab_bar.h"
 #include "desktop/window/debug_view.h"
+#include "desktop/window/end_question_dialog.h"
 #include "desktop/window/finder_dialog.h"
 #include "desktop/window/history_dialog.h"
 #include "desktop/window/window_frame.h"
 #include "forms/debug_window.h"
+#include "forms/end_question.h"
 #include "forms/id_look.h"
 #include "forms/main_form.h"
 #include "forms/revision_history.h"
@@ -25,6 +27,7 @@ struct Forms {
   forms::Revisionhistory& History;
   forms::DebugWindow& Debug;
   forms::IDlook& Finder;
+  forms::EndQuestion& Question;
 };
 
 /// The program's one window: the strip of tabs, the view of the selected tab, and the status bar.
@@ -54,6 +57,7 @@ class MainWindow : public QWidget {
   forms::Revisionhistory& history_;
   forms::DebugWindow& debug_;
   forms::IDlook& finder_;
+  forms::EndQuestion& question_;
   platform::Guard& guard_;
   Binder binder_;
   TabBar* tabs_;
@@ -62,6 +66,7 @@ class MainWindow : public QWidget {
   HistoryDialog* historyDialog_ = nullptr;
   FinderDialog* finderDialog_ = nullptr;
   DebugView* debugView_ = nullptr;
+  EndQuestionDialog* questionDialog_ = nullptr;
   /// What the widgets stand in; they are made as the smallest window has them.
   double scale_ = 1;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -26,6 +27,14 @@ class TabStrip : public Control {
   Property<Rgb> ColorFrom{Rgb{255, 255, 255}};
   Property<Rgb> ColorTo{Rgb{255, 255, 255}};
   Event<> Changed;
+  /// Whether a tab that the user chose may be selected at once. With False nothing happens for now;
+  /// whoever says so selects the tab later, or never.
+  std::function<bool(std::int16_t)> MayChoose;
+
+  /// The user chose a tab, by mouse or by key, also the one that is selected already.
+  void Choose(std::int16_t tab) {
+    if (!MayChoose || MayChoose(tab)) SelectedTab = tab;
+  }
 
   TabStrip() {
     SelectedTab.OnAssign([this](std::int16_t tab) {

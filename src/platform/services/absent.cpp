@@ -46,6 +46,12 @@ class NoPointer : public MousePointer {
   void ShowNormal() override {}
 };
 
+class NoInhibitor : public SleepInhibitor {
+ public:
+  void Inhibit(const std::string&) override {}
+  void Release() override {}
+};
+
 template <typename Service, typename None>
 Service& Given(Service* given) {
   // It has nothing that could change, so that one of them is enough for all.
@@ -66,6 +72,9 @@ PrintSurface& OrNone(PrintSurface* given) {
 }
 MousePointer& OrNone(MousePointer* given) {
   return Given<MousePointer, NoPointer>(given);
+}
+SleepInhibitor& OrNone(SleepInhibitor* given) {
+  return Given<SleepInhibitor, NoInhibitor>(given);
 }
 
 }  // namespace platform

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -47,6 +48,9 @@ class FileSystem {
   virtual bool FileExists(const std::string& path) const = 0;
   /// In bytes; 0 where there is no such file.
   virtual std::int64_t FileSize(const std::string& path) const = 0;
+  /// What the file system that holds a path still takes of this user, in bytes; nothing where it
+  /// does not tell.
+  virtual std::optional<std::int64_t> FreeSpace(const std::string& path) const = 0;
   /// Failure 53 where there is no such file.
   virtual void DeleteFile(const std::string& path) = 0;
   /// Opens a file to write behind its end; one that is missing is made. What cannot be opened

@@ -49,7 +49,7 @@ class RecordingSession::Stopping {
   bool first_;
 };
 
-RecordingSession::RecordingSession(forms::RecorderControls& recorder,
+RecordingSession::RecordingSession(forms::RecorderControls& recorder, platform::QuietLine& line,
                                    packetroutines::RunControl& run, config::Settings& settings,
                                    StoredSettings& stored, packetroutines::AcquisitionState& state,
                                    packetroutines::CaptureSession& capture,
@@ -64,6 +64,7 @@ RecordingSession::RecordingSession(forms::RecorderControls& recorder,
       writing_(writing),
       services_(services),
       files_(writing),
+      span_(line, services.Calendar, services.Sleep),
       visit_(state) {
   recorder_.CWButton3.ValueChanged = [this] { CWButton3_ValueChanged(); };
   for (std::size_t i = 0; i < recorder_.Option2.size(); ++i) {
@@ -127,7 +128,8 @@ void RecordingSession::CWButton3_ValueChanged() {
     Start();
   } else {
     const Stopping stopping(phase_);
-    Stop(Arrived::Stored);
+    // A start that was refused switches the button off before capture runs.
+    Stop(state_.CaptureRunning ? EndReason::Stop : EndReason::Refused, Arrived::Stored);
   }
 }
 
@@ -149,6 +151,7 @@ void RecordingSession::Start() {
     return;
   }
   phase_ = Phase::Recording;
+  span_.Begin();
   capture_.StartCapture("LookingForRecording");
   // A refused filter has ended it.
   if (!Left() && !recorder_.CWButton3.Value) recorder_.CWButton3.Visible = true;
@@ -203,7 +206,30 @@ void RecordingSession::DropStart() {
   EnableFormats(true);
 }
 
-void RecordingSession::Stop(Arrived arrived) {
+bool RecordingSession::Running() const {
+  return span_.UnderWay() && phase_ == Phase::Recording && state_.LookingForRecording &&
+         state_.CaptureRunning;
+}
+
+void RecordingSession::Ended(EndReason reason) {
+  if (!span_.End(reason)) return;
+  writing_.Report.End();
+  if (Listener) Listener->RecordingEnded(reason);
+}
+
+void RecordingSession::Interrupt(EndReason reason) {
+  // A stop that is under way has its own reason, and goes on.
+  if (phase_ == Phase::Recording) Ended(reason);
+}
+
+void RecordingSession::InterruptForGood(EndReason reason) {
+  if (!span_.UnderWay()) return;
+  const auto skip = [](const Failure&) { return Verdict::SkipStep; };
+  RunSteps(services_.Usual.Program, skip, [this] { files_.Finish(); });
+  Ended(reason);
+}
+
+void RecordingSession::Stop(EndReason reason, Arrived arrived) {
   const char* left = "The recording was not ended as usual";
   const auto tell = [&](const Failure& failure) {
     writing_.Report.Add(left + (": " + failure.Text()));
@@ -214,7 +240,7 @@ void RecordingSession::Stop(Arrived arrived) {
   // A step ends with what may fail in it, so that such a failure costs nothing behind it.
   RunSteps(
       services_.Usual.Program, tell, [&] { services_.Usual.Events.Pump(); },
-      [&] { StopCapture(arrived); },
+      [&] { StopCapture(arrived); }, [&] { Ended(reason); },
       [&] {
         run_.Clear("LookingForRecording");
         if (HasLog()) {
@@ -273,7 +299,7 @@ void RecordingSession::StopAt(std::size_t stream) {
   SetQuietly(false);
   // The ring that is being written is full: no pump of the stop may fill it anew.
   StopCapture(Arrived::Dropped);
-  if (stopping.First()) Stop(Arrived::Dropped);
+  if (stopping.First()) Stop(EndReason::RowLimit, Arrived::Dropped);
   StopCapture(Arrived::Dropped);
   run_.Clear("LookingForRecording");
   if (SampleFormat* const format = writing_.Formats.Chosen()) format->EndAtLimit(stream);
@@ -286,13 +312,14 @@ void RecordingSession::StopOnFullDisk() {
   const bool resting = capture_.StopCapture();
   run_.Clear("LookingForRecording");
   if (resting) run_.CallOffWatchdog();
+  Ended(EndReason::DiskFull);
   services_.Usual.Dialogs.Show({"Attention",
                                 std::string("Disk full.") + Crlf +
                                     "Please check the disk path, if you can free some disk space." +
                                     Crlf + "Recording ist stopped.",
                                 platform::Icon::Information});
   SetQuietly(false);
-  if (stopping.First()) Stop(Arrived::Dropped);
+  if (stopping.First()) Stop(EndReason::DiskFull, Arrived::Dropped);
   recorder_.CWButton3.Enabled = true;
   writing_.Open.CloseQuietly(packetroutines::TextFile);
 }

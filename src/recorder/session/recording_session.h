@@ -7,10 +7,14 @@
 #include "base/trap.h"
 #include "capture/acquisition_state.h"
 #include "capture/capture_session.h"
+#include "capture/consumers.h"
 #include "capture/run_control.h"
 #include "config/stored_settings.h"
 #include "forms/recorder_controls.h"
+#include "platform/controls/quiet_line.h"
 #include "recorder/reading/record_reader.h"
+#include "recorder/session/end_reason.h"
+#include "recorder/session/recording_span.h"
 #include "recorder/session/session_files.h"
 #include "recorder/writing/recorder_services.h"
 #include "recorder/writing/recording_end.h"
@@ -25,16 +29,19 @@ namespace subroutines {
 /// A start and a stop pump, and are entered again by what comes in: the phase decides what a press
 /// means. What fails in them is told on the view's line, and the steps behind it are done all the
 /// same, so that a recording that has lost its disk ends like any other.
-class RecordingSession : public packetroutines::RecordingEnd {
+class RecordingSession : public packetroutines::RecordingEnd,
+                         public packetroutines::SessionConsumer {
  public:
-  RecordingSession(forms::RecorderControls& recorder, packetroutines::RunControl& run,
-                   config::Settings& settings, StoredSettings& stored,
-                   packetroutines::AcquisitionState& state, packetroutines::CaptureSession& capture,
-                   packetroutines::Writing& writing,
+  RecordingSession(forms::RecorderControls& recorder, platform::QuietLine& line,
+                   packetroutines::RunControl& run, config::Settings& settings,
+                   StoredSettings& stored, packetroutines::AcquisitionState& state,
+                   packetroutines::CaptureSession& capture, packetroutines::Writing& writing,
                    const packetroutines::RecorderServices& services);
 
   /// What follows a recording.
   platform::Plug<packetroutines::RecordReader> Reader;
+  /// Whom the end of a recording is told.
+  platform::Plug<EndListener> Listener;
 
   /// The first state of the view's button.
   void Load();
@@ -42,6 +49,17 @@ class RecordingSession : public packetroutines::RecordingEnd {
   void ShowFileFormat();
   /// A recording is being started or finished; in its pumps capture rests, and the run goes on.
   bool InHand() const { return phase_ == Phase::Starting || phase_ == Phase::Stopping; }
+  /// From RUN to the end, the first ring awaited included; not in the pumps of either.
+  bool Running() const;
+  /// The moment of its RUN.
+  const platform::LocalTime& Since() const { return span_.Since(); }
+  /// Capture was stopped from outside, and what was recorded ends.
+  void Interrupt(EndReason reason);
+  /// The same where the program ends as well: the files get their end, but no log.
+  void InterruptForGood(EndReason reason);
+  /// Nothing else is done for a recording that is still there.
+  void ProgramEnds() { Ended(EndReason::ProgramEnd); }
+  void NoData() override { Ended(EndReason::NoData); }
   void StopAtRowLimit() override { StopAt(0); }
   void StopAtRowLimit2() override { StopAt(1); }
   void StopOnFullDisk() override;
@@ -63,7 +81,9 @@ class RecordingSession : public packetroutines::RecordingEnd {
   void LockFormats();
   void NameFiles();
   void DropStart();
-  void Stop(Arrived arrived);
+  void Stop(EndReason reason, Arrived arrived);
+  /// Every end of a recording comes through here, and the first one counts.
+  void Ended(EndReason reason);
   void BuildLog(bool found);
   void ShowRecorded(bool found);
   void StopCapture(Arrived arrived);
@@ -89,6 +109,7 @@ class RecordingSession : public packetroutines::RecordingEnd {
   packetroutines::Writing& writing_;
   packetroutines::RecorderServices services_;
   packetroutines::SessionFiles files_;
+  RecordingSpan span_;
   Phase phase_ = Phase::Idle;
   /// On the page, from the press of RUN on.
   packetroutines::PageVisit visit_;

@@ -20,7 +20,13 @@ std::string NameOf(std::size_t stream) {
 void DiskReport::Begin() {
   streams_ = {};
   sentences_.clear();
+  room_.Clear();
   for (platform::Label& caption : recorder_.OnDisk) caption.Caption = std::string();
+  ShowLine();
+}
+
+void DiskReport::End() {
+  room_.Clear();
   ShowLine();
 }
 
@@ -33,6 +39,7 @@ void DiskReport::RingWritten(std::size_t stream, const std::string& path) {
   told.Path = path;
   ++told.Rings;
   ShowRings(stream);
+  if (room_.RingWritten(stream, path)) ShowLine();
   if (!told.Failing) return;
   told.Failing = false;
   told.Sentence = "stored again since " + Now() + "; " + LostRings(told) + ": " + told.Reason;
@@ -96,6 +103,7 @@ void DiskReport::ShowLine() {
   for (std::size_t i = 0; i < streams_.size(); ++i) {
     if (!streams_[i].Sentence.empty()) append(NameOf(i) + streams_[i].Sentence);
   }
+  if (room_.Short()) append("Less than an hour of room is left on the disk of the data folder");
   for (const std::string& sentence : sentences_) append(sentence);
   recorder_.NotStored.Say(line);
 }

@@ -10,6 +10,7 @@
 #include "forms/recorder_controls.h"
 #include "platform/services/calendar.h"
 #include "platform/services/file_system.h"
+#include "recorder/writing/disk_room.h"
 
 namespace packetroutines {
 
@@ -21,11 +22,18 @@ namespace packetroutines {
 class DiskReport {
  public:
   DiskReport(forms::RecorderControls& recorder, const platform::FileSystem& files,
-             const platform::Calendar& calendar, const platform::NumberText& numbers)
-      : recorder_(recorder), files_(files), calendar_(calendar), numbers_(numbers) {}
+             const platform::Calendar& calendar, const platform::NumberText& numbers,
+             const platform::TimerCount& time)
+      : recorder_(recorder),
+        files_(files),
+        calendar_(calendar),
+        numbers_(numbers),
+        room_(recorder.Room, files, numbers, time) {}
 
   /// A recording begins.
   void Begin();
+  /// It has ended; what is told of its files stays.
+  void End();
   /// One more ring of a stream was written to its file.
   void RingWritten(std::size_t stream, const std::string& path);
   /// A ring was lost. The first reason stays until a ring is stored again: what follows comes of
@@ -65,6 +73,7 @@ class DiskReport {
   const platform::FileSystem& files_;
   const platform::Calendar& calendar_;
   const platform::NumberText& numbers_;
+  DiskRoom room_;
   std::array<Stream, 2> streams_;
   std::vector<std::string> sentences_;
 };

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "base/number_text.h"
+#include "platform/controls/timer.h"
 #include "platform/services/calendar.h"
 #include "platform/services/code_page.h"
 #include "platform/services/file_system.h"
 #include "platform/services/mouse_pointer.h"
 #include "platform/services/services.h"
+#include "platform/services/sleep_inhibitor.h"
 #include "platform/services/system_services.h"
 
 namespace packetroutines {
@@ -20,6 +22,9 @@ struct RecorderServices {
   const platform::Calendar& Calendar;
   platform::MousePointer& Pointer;
   platform::ShellLinks& Links;
+  /// The time that the rate of a recording goes by.
+  const platform::TimerCount& Time;
+  platform::SleepInhibitor& Sleep;
 };
 
 }  // namespace packetroutines

@@ -32,7 +32,9 @@ TEST_P(Fit, ARecordingThatIsNotStoredSaysSoUncut) {
   Start();
   ResizeFrame(GetParam());
   ClickTab(forms::tab::Recorder);
-  for (auto& stored : Form().OnDisk) stored.Caption = "stream 1: 86,400 whole rings, 26,697,600 kB";
+  for (auto& stored : Form().OnDisk) stored.Caption = "stream 1: 86,400 whole rings, 26,697,600 kB on disk";
+  Form().Label10[forms::record_line::Progress].Caption = "86400.9s / 345603600 samples";
+  Form().Room.Caption = "free: 12,345.6 GB, enough for 12,345 h";
   Form().NotStored.Say(
       "stream 1: stored again since 21 Nov 2026 18:15:57; 86,400 rings lost: Path/File access "
       "error. "

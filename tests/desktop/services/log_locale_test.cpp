@@ -61,7 +61,9 @@ class LogOfLocale : public support::FakePlatform {
                                              .Files = Files,
                                              .Calendar = Calendar,
                                              .Pointer = Pointer,
-                                             .Links = Links};
+                                             .Links = Links,
+                                             .Time = Timers,
+                                             .Sleep = Sleep};
   packetroutines::Writing writing_{recorder_, settings_, present_, state_, rings_, services_};
   packetroutines::PacketBytes frame_;
   platform::ProgressBar bar_;

@@ -17,6 +17,7 @@ TEST(AbsentServices, GiveWayToThoseOfTheFace) {
   EXPECT_EQ(&OrNone(&face.Printers), &face.Printers);
   EXPECT_EQ(&OrNone(&face.Surface), &face.Surface);
   EXPECT_EQ(&OrNone(&face.Pointer), &face.Pointer);
+  EXPECT_EQ(&OrNone(&face.Sleep), &face.Sleep);
 }
 
 TEST(AbsentServices, SayThatTheyAreNotThereWhereSomebodyAsks) {

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QDialog>
+
+#include "desktop/binding/binder.h"
+#include "forms/end_question.h"
+#include "platform/loop/guard.h"
+
+namespace desktop {
+
+/// The window that asks before a recording is ended. It is built when it opens first. It stands in
+/// front of the main window and holds up nothing: nobody waits for it to close, so the recording
+/// goes on as without it.
+class EndQuestionDialog : public QDialog {
+  Q_OBJECT
+
+ public:
+  EndQuestionDialog(forms::EndQuestion& question, Binder& binder, platform::Guard& guard,
+                    QWidget* parent);
+
+  void reject() override;
+
+ private:
+  QLayout* Words(Binder& binder);
+  QLayout* Answers(Binder& binder);
+  void Follow();
+
+  forms::EndQuestion& question_;
+  platform::Guard& guard_;
+  QPushButton* keep_;
+};
+
+}  // namespace desktop
