@@ -33,7 +33,7 @@ DesktopProgram::DesktopProgram(const Sources& sources, platform::RunningProgram:
       screen_(PrimaryScreen()),
       application_({loop_.Timers, events_, dialogs_, program_, store_, sources.Capture,
                     sources.Code, numbers_, files_, links_, calendar_, &folders_, &printers_,
-                    &surface_, &clipboard_, &pointer_, &screen_}),
+                    &surface_, &clipboard_, &pointer_, &screen_, sync_.get()}),
       window_({application_.Windows.Main, application_.Windows.Revisionhistory,
                application_.Windows.DebugWindow, application_.Windows.IDlook},
               guard_, repaints_) {

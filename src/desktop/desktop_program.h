@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include "base/number_text.h"
 #include "desktop/binding/qt_event_queue.h"
 #include "desktop/binding/repaint_queue.h"
@@ -22,6 +24,7 @@
 #include "platform/services/code_page.h"
 #include "shell/application.h"
 #include "system/computer_files.h"
+#include "system/disk_sync.h"
 #include "system/process.h"
 
 namespace desktop {
@@ -76,6 +79,7 @@ class DesktopProgram {
   QtPrintSurface surface_;
   QtClipboard clipboard_;
   platform::Screen screen_;
+  std::unique_ptr<platform::DiskSync> sync_ = host::MakeDiskSync();
   formroutines::Application application_;
   MainWindow window_;
 };

@@ -1,5 +1,6 @@
 #include "recorder/recorder.h"
 
+#include <chrono>
 #include <string>
 
 #include "capture/record_progress.h"
@@ -9,6 +10,13 @@ namespace subroutines {
 
 using platform::Crlf;
 namespace line = forms::record_line;
+
+namespace {
+
+/// How long the end of the program waits for a slow disk.
+constexpr std::chrono::milliseconds LastSync{2000};
+
+}  // namespace
 
 Recorder::Recorder(forms::Main& main, config::Configuration& config,
                    packetroutines::Acquisition& acquisition,
@@ -49,6 +57,7 @@ void Recorder::Hide() {
 
 void Recorder::CloseFiles() {
   for (packetroutines::SampleFormat* format : Writing.Formats) format->Finish();
+  if (services_.Sync != nullptr) services_.Sync->Finish(LastSync);
 }
 
 void Recorder::Show(const platform::Routine& run) {

@@ -30,7 +30,8 @@ class Recorder : public packetroutines::View {
   void Show(const platform::Routine& run) override;
   void Hide() override;
   bool InHand() const override { return Session.InHand(); }
-  /// The program ends: finishes the files that are still open.
+  /// The program ends: finishes the files that are still open, and brings what was written to the
+  /// disk, unless that takes long.
   void CloseFiles();
 
   packetroutines::Writing Writing;

@@ -14,9 +14,10 @@ Application::Application(const Platform& platform)
           Windows.Main, Config,
           {platform.Capture, platform.Timers, platform.Code, platform.Numbers, platform.Usual()}),
       LiveViews(Windows.Main, Config, Acquisition, platform.Events, platform.Numbers),
-      Recorder(Windows.Main, Config, Acquisition,
-               {platform.Usual(), platform.Code, platform.Numbers, platform.Files,
-                platform.Calendar, platform::OrNone(platform.Pointer), platform.Links}),
+      Recorder(
+          Windows.Main, Config, Acquisition,
+          {platform.Usual(), platform.Code, platform.Numbers, platform.Files, platform.Calendar,
+           platform::OrNone(platform.Pointer), platform.Links, platform.Timers, platform.Sync}),
       Reports(Windows, Config, Acquisition,
               {platform.Usual(), platform.Code, platform.Numbers, platform.Calendar,
                platform::OrNone(platform.Printers), platform::OrNone(platform.Surface),

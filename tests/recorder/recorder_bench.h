@@ -54,7 +54,9 @@ class RecorderBench : public support::CaptureBench {
                                   .Files = Disk,
                                   .Calendar = Calendar,
                                   .Pointer = Pointer,
-                                  .Links = Links}};
+                                  .Links = Links,
+                                  .Timers = Timers,
+                                  .Sync = &Sync}};
   packetroutines::Writing& Writing = Recorder.Writing;
   subroutines::RecordingSession& Session = Recorder.Session;
   NotedReader Reader{Journal};

@@ -138,6 +138,7 @@ void RecordLog::WriteLog(const GapSearch& gaps, const LongestRun& run) {
   write("Count of received full waves     : " +
         numbers.General(run.Longest / platform::SamplesAPeriod));
   log->Close();
+  if (context_.Services.Sync != nullptr) context_.Services.Sync->Sync(context_.LogPath());
 }
 
 Verdict RecordLog::OnCountFailure(const Failure& failure) {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "base/number_text.h"
+#include "platform/controls/timer.h"
 #include "platform/services/calendar.h"
 #include "platform/services/code_page.h"
+#include "platform/services/disk_sync.h"
 #include "platform/services/file_system.h"
 #include "platform/services/mouse_pointer.h"
 #include "platform/services/services.h"
@@ -20,6 +22,9 @@ struct RecorderServices {
   const platform::Calendar& Calendar;
   platform::MousePointer& Pointer;
   platform::ShellLinks& Links;
+  platform::TimerCount& Timers;
+  /// Null where the platform cannot tell what is on the disk itself.
+  platform::DiskSync* Sync = nullptr;
 };
 
 }  // namespace packetroutines

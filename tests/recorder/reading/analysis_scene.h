@@ -81,7 +81,8 @@ class AnalysisScene : public FakePlatform {
                                             .Files = Disk,
                                             .Calendar = Calendar,
                                             .Pointer = Pointer,
-                                            .Links = Links};
+                                            .Links = Links,
+                                            .Timers = Timers};
   packetroutines::Writing Writing{Recorder, Settings, Present, State, Rings, Platform};
   packetroutines::FileNumbers& Open = Writing.Open;
   packetroutines::RecordAnalysis Analysis{
