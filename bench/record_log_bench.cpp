@@ -88,7 +88,8 @@ class Recording {
       .Files = files_,
       .Calendar = played_.Calendar,
       .Pointer = played_.Pointer,
-      .Links = played_.Links};
+      .Links = played_.Links,
+      .Timers = played_.Timers};
   packetroutines::Writing writing_{recorder_, settings_, present_, state_, rings_, platform_};
   packetroutines::RecordAnalysis analysis_{
       {settings_, present_, state_, writing_.Formats, writing_.Open, platform_}, frame_, recorder_};

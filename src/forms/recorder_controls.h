@@ -67,6 +67,10 @@ struct RecorderControls {
   std::array<platform::Label, 2> OnDisk;
   /// Since when, and why, a recording that goes on stores nothing.
   platform::QuietLine NotStored;
+  /// Checks a recording that has no log; behind that it opens what was written.
+  platform::CommandButton CheckRecording;
+  /// Which one that is, and what was found.
+  platform::QuietLine CheckLine;
 };
 
 }  // namespace forms

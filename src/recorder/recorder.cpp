@@ -26,6 +26,9 @@ Recorder::Recorder(forms::Main& main, config::Configuration& config,
       Reading({config.Settings, config.Present, acquisition.State, Writing.Formats, Writing.Open,
                services},
               acquisition.Packets.Bytes(), main),
+      Check({config.Settings, config.Present, acquisition.State, Writing.Formats, Writing.Open,
+             services},
+            main),
       Session(main, acquisition.Run, config.Settings, config.Stored, acquisition.State,
               acquisition.Capture, Writing, services),
       Trigger(main, main, config.Settings, services.Numbers),
@@ -36,6 +39,7 @@ Recorder::Recorder(forms::Main& main, config::Configuration& config,
       services_(services) {
   Writing.End = Session;
   Session.Reader = Reading;
+  Session.Check = Check;
   acquisition.Upper.Recorder = Writing.Samples;
 }
 
@@ -49,6 +53,7 @@ void Recorder::Withdraw() {
 }
 
 void Recorder::Hide() {
+  Check.Withdraw();
   main_.Command9.Visible = false;
   main_.CWGraph2.Visible = false;
   main_.CWGraph2.TrackMode = platform::CWGraph::PanMode;
@@ -74,6 +79,7 @@ void Recorder::Show(const platform::Routine& run) {
         ResetProgress();
         if (PathExists(services_.Files, config_.Settings.StoragePath)) {
           ShowPaths();
+          Check.Offer();
         } else {
           RefusePath(run);
         }

@@ -8,6 +8,7 @@
 #include "config/configuration.h"
 #include "forms/main_form.h"
 #include "recorder/reading/record_analysis.h"
+#include "recorder/reading/record_check.h"
 #include "recorder/session/recording_session.h"
 #include "recorder/session/trigger_block.h"
 #include "recorder/writing/recorder_services.h"
@@ -36,6 +37,7 @@ class Recorder : public packetroutines::View {
 
   packetroutines::Writing Writing;
   packetroutines::RecordAnalysis Reading;
+  packetroutines::RecordCheck Check;
   RecordingSession Session;
   TriggerBlock Trigger;
 

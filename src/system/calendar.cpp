@@ -2,16 +2,18 @@
 
 #include <array>
 #include <cstdio>
-#include <ctime>
 
 namespace host {
 
-platform::LocalTime Calendar::Now() const {
-  const std::time_t now = std::time(nullptr);
-  const std::tm* local = std::localtime(&now);
+platform::LocalTime LocalTimeOf(std::time_t moment) {
+  const std::tm* local = std::localtime(&moment);
   if (local == nullptr) return {};
   return {local->tm_year + 1900, local->tm_mon + 1, local->tm_mday,
           local->tm_hour,        local->tm_min,     local->tm_sec};
+}
+
+platform::LocalTime Calendar::Now() const {
+  return LocalTimeOf(std::time(nullptr));
 }
 
 std::string Calendar::GeneralText(const platform::LocalTime& moment) const {

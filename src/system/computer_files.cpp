@@ -1,9 +1,11 @@
 #include "system/computer_files.h"
 
+#include <chrono>
 #include <filesystem>
 #include <system_error>
 
 #include "base/failure.h"
+#include "system/calendar.h"
 #include "system/places.h"
 #include "system/stdio_files.h"
 
@@ -55,6 +57,15 @@ void ComputerFiles::MakeFolder(const std::string& path) {
   std::filesystem::create_directories(PlaceOf(path), missing);
 }
 
+void ComputerFiles::ListNames(const std::string& folder,
+                              const std::function<void(std::string_view name)>& take) const {
+  std::error_code refused;
+  std::filesystem::directory_iterator at(PlaceOf(folder), refused);
+  for (; !refused && at != std::filesystem::directory_iterator(); at.increment(refused)) {
+    take(Utf8(at->path().filename()));
+  }
+}
+
 bool ComputerFiles::FileExists(const std::string& path) const {
   return TypeOf(path) == std::filesystem::file_type::regular;
 }
@@ -64,6 +75,15 @@ std::int64_t ComputerFiles::FileSize(const std::string& path) const {
   std::error_code gone;
   const std::uintmax_t size = std::filesystem::file_size(PlaceOf(path), gone);
   return gone ? 0 : static_cast<std::int64_t>(size);
+}
+
+platform::LocalTime ComputerFiles::LastWrite(const std::string& path) const {
+  std::error_code gone;
+  const auto moment = std::filesystem::last_write_time(PlaceOf(path), gone);
+  if (gone || !FileExists(path)) throw platform::Failure(platform::failure::FileNotFound);
+  return LocalTimeOf(std::chrono::system_clock::to_time_t(
+      std::chrono::time_point_cast<std::chrono::system_clock::duration>(
+          std::chrono::file_clock::to_sys(moment))));
 }
 
 void ComputerFiles::DeleteFile(const std::string& path) {

@@ -151,7 +151,9 @@ void RecordingSession::Start() {
   phase_ = Phase::Recording;
   capture_.StartCapture("LookingForRecording");
   // A refused filter has ended it.
-  if (!Left() && !recorder_.CWButton3.Value) recorder_.CWButton3.Visible = true;
+  if (Left() || recorder_.CWButton3.Value) return;
+  recorder_.CWButton3.Visible = true;
+  Check->Offer();
 }
 
 Flow RecordingSession::Prepare() {
@@ -171,6 +173,7 @@ Flow RecordingSession::Prepare() {
 }
 
 void RecordingSession::BeginProgress() {
+  Check->Withdraw();
   Line(line::Progress).ForeColor = Black;
   Line(line::Progress).Caption = packetroutines::RecordProgress(services_.Numbers, 0);
   Line(line::Progress).ForeColor = LightRed;
@@ -201,6 +204,7 @@ void RecordingSession::DropStart() {
   Line(line::Progress).ForeColor = Black;
   recorder_.CWButton3.Visible = true;
   EnableFormats(true);
+  Check->Offer();
 }
 
 void RecordingSession::Stop(Arrived arrived) {
@@ -244,6 +248,10 @@ void RecordingSession::Stop(Arrived arrived) {
       [&] {
         EnableFormats(true);
         ShowFileFormat();
+      },
+      [&] {
+        left = "The check of earlier recordings is left out";
+        if (!Left()) Check->Offer();
       });
 }
 

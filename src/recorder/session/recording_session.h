@@ -10,6 +10,7 @@
 #include "capture/run_control.h"
 #include "config/stored_settings.h"
 #include "forms/recorder_controls.h"
+#include "recorder/reading/check_offer.h"
 #include "recorder/reading/record_reader.h"
 #include "recorder/session/session_files.h"
 #include "recorder/writing/recorder_services.h"
@@ -35,6 +36,8 @@ class RecordingSession : public packetroutines::RecordingEnd {
 
   /// What follows a recording.
   platform::Plug<packetroutines::RecordReader> Reader;
+  /// What is offered as long as none is under way.
+  platform::Plug<packetroutines::CheckOffer> Check;
 
   /// The first state of the view's button.
   void Load();

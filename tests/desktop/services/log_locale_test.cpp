@@ -61,7 +61,8 @@ class LogOfLocale : public support::FakePlatform {
                                              .Files = Files,
                                              .Calendar = Calendar,
                                              .Pointer = Pointer,
-                                             .Links = Links};
+                                             .Links = Links,
+                                             .Timers = Timers};
   packetroutines::Writing writing_{recorder_, settings_, present_, state_, rings_, services_};
   packetroutines::PacketBytes frame_;
   platform::ProgressBar bar_;
