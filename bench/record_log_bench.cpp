@@ -89,7 +89,7 @@ class Recording {
       .Calendar = played_.Calendar,
       .Pointer = played_.Pointer,
       .Links = played_.Links,
-      .Time = played_.Timers,
+      .Timers = played_.Timers,
       .Sleep = played_.Sleep};
   packetroutines::Writing writing_{recorder_, settings_, present_, state_, rings_, platform_};
   packetroutines::RecordAnalysis analysis_{

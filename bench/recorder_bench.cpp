@@ -53,7 +53,8 @@ struct WriterScene : bench::BenchPlatform {
                                    .Files = Disk,
                                    .Calendar = Calendar,
                                    .Pointer = Pointer,
-                                   .Links = Links}};
+                                   .Links = Links,
+                                   .Timers = Timers}};
 };
 
 constexpr std::int64_t MostBytes = 32'000'000;

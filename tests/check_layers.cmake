@@ -43,7 +43,9 @@ set(core_headers
 
 # What the system's services may take beside it, and what their room for one family of systems may.
 set(system_headers ${core_headers} cerrno cstdio ctime deque filesystem system_error)
-set(posix_headers fcntl.h signal.h spawn.h sys/types.h sys/wait.h systemd/sd-bus.h unistd.h)
+# Threads stand in that room alone, each behind a service that the program's own thread calls.
+set(posix_headers condition_variable fcntl.h mutex signal.h spawn.h sys/stat.h sys/types.h sys/wait.h
+    systemd/sd-bus.h thread unistd.h)
 
 set(failures "")
 file(GLOB folders RELATIVE "${ROOT}/src" "${ROOT}/src/*")

@@ -35,7 +35,7 @@ DesktopProgram::DesktopProgram(const Sources& sources, platform::RunningProgram:
       sleep_(host::NewSleepInhibitor()),
       application_({loop_.Timers, events_, dialogs_, program_, store_, sources.Capture,
                     sources.Code, numbers_, files_, links_, calendar_, &folders_, &printers_,
-                    &surface_, &clipboard_, &pointer_, &screen_, sleep_.get()}),
+                    &surface_, &clipboard_, &pointer_, &screen_, sleep_.get(), sync_.get()}),
       window_({application_.Windows.Main, application_.Windows.Revisionhistory,
                application_.Windows.DebugWindow, application_.Windows.IDlook,
                application_.Windows.EndQuestion},

@@ -25,6 +25,7 @@
 #include "platform/services/sleep_inhibitor.h"
 #include "shell/application.h"
 #include "system/computer_files.h"
+#include "system/disk_sync.h"
 #include "system/process.h"
 
 namespace desktop {
@@ -80,6 +81,7 @@ class DesktopProgram {
   QtClipboard clipboard_;
   platform::Screen screen_;
   std::unique_ptr<platform::SleepInhibitor> sleep_;
+  std::unique_ptr<platform::DiskSync> sync_ = host::MakeDiskSync();
   formroutines::Application application_;
   MainWindow window_;
 };

@@ -69,6 +69,10 @@ struct RecorderControls {
   platform::Label Room;
   /// Since when, and why, a recording that goes on stores nothing.
   platform::QuietLine NotStored;
+  /// Checks a recording that has no log; behind that it opens what was written.
+  platform::CommandButton CheckRecording;
+  /// Which one that is, and what was found.
+  platform::QuietLine CheckLine;
 };
 
 }  // namespace forms

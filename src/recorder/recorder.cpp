@@ -1,5 +1,6 @@
 #include "recorder/recorder.h"
 
+#include <chrono>
 #include <string>
 
 #include "capture/record_progress.h"
@@ -10,6 +11,13 @@ namespace subroutines {
 using platform::Crlf;
 namespace line = forms::record_line;
 
+namespace {
+
+/// How long the end of the program waits for a slow disk.
+constexpr std::chrono::milliseconds LastSync{2000};
+
+}  // namespace
+
 Recorder::Recorder(forms::Main& main, config::Configuration& config,
                    packetroutines::Acquisition& acquisition,
                    const packetroutines::RecorderServices& services)
@@ -18,6 +26,9 @@ Recorder::Recorder(forms::Main& main, config::Configuration& config,
       Reading({config.Settings, config.Present, acquisition.State, Writing.Formats, Writing.Open,
                services},
               acquisition.Packets.Bytes(), main),
+      Check({config.Settings, config.Present, acquisition.State, Writing.Formats, Writing.Open,
+             services},
+            main),
       Session(main, main.QuietLine[forms::quiet_line::Recorder], acquisition.Run, config.Settings,
               config.Stored, acquisition.State, acquisition.Capture, Writing, services),
       Trigger(main, main, config.Settings, services.Numbers),
@@ -28,6 +39,7 @@ Recorder::Recorder(forms::Main& main, config::Configuration& config,
       services_(services) {
   Writing.End = Session;
   Session.Reader = Reading;
+  Session.Check = Check;
   acquisition.Upper.Recorder = Writing.Samples;
   acquisition.Upper.Session = Session;
 }
@@ -42,6 +54,7 @@ void Recorder::Withdraw() {
 }
 
 void Recorder::Hide() {
+  Check.Withdraw();
   main_.Command9.Visible = false;
   main_.CWGraph2.Visible = false;
   main_.CWGraph2.TrackMode = platform::CWGraph::PanMode;
@@ -60,6 +73,7 @@ void Recorder::CloseFiles() {
   // Whatever else ends the program while one runs.
   Session.ProgramEnds();
   for (packetroutines::SampleFormat* format : Writing.Formats) format->Finish();
+  if (services_.Sync != nullptr) services_.Sync->Finish(LastSync);
 }
 
 void Recorder::Show(const platform::Routine& run) {
@@ -76,6 +90,7 @@ void Recorder::Show(const platform::Routine& run) {
         ResetProgress();
         if (PathExists(services_.Files, config_.Settings.StoragePath)) {
           ShowPaths();
+          Check.Offer();
         } else {
           RefusePath(run);
         }

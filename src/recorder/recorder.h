@@ -8,6 +8,7 @@
 #include "config/configuration.h"
 #include "forms/main_form.h"
 #include "recorder/reading/record_analysis.h"
+#include "recorder/reading/record_check.h"
 #include "recorder/session/recording_session.h"
 #include "recorder/session/trigger_block.h"
 #include "recorder/writing/recorder_services.h"
@@ -33,11 +34,13 @@ class Recorder : public packetroutines::View {
   bool InHand() const override { return Session.InHand(); }
   /// The system ends the program: a recording ends with all its files.
   void EndSession() { Session.InterruptForGood(EndReason::SessionsEnd); }
-  /// The program ends: finishes the files that are still open.
+  /// The program ends: finishes the files that are still open, and brings what was written to the
+  /// disk, unless that takes long.
   void CloseFiles();
 
   packetroutines::Writing Writing;
   packetroutines::RecordAnalysis Reading;
+  packetroutines::RecordCheck Check;
   RecordingSession Session;
   TriggerBlock Trigger;
 

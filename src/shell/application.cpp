@@ -17,7 +17,7 @@ Application::Application(const Platform& platform)
       Recorder(Windows.Main, Config, Acquisition,
                {platform.Usual(), platform.Code, platform.Numbers, platform.Files,
                 platform.Calendar, platform::OrNone(platform.Pointer), platform.Links,
-                platform.Timers, platform::OrNone(platform.Sleep)}),
+                platform.Timers, platform::OrNone(platform.Sleep), platform.Sync}),
       Reports(Windows, Config, Acquisition,
               {platform.Usual(), platform.Code, platform.Numbers, platform.Calendar,
                platform::OrNone(platform.Printers), platform::OrNone(platform.Surface),

@@ -8,6 +8,7 @@
 #include "platform/services/capture_object.h"
 #include "platform/services/clipboard.h"
 #include "platform/services/code_page.h"
+#include "platform/services/disk_sync.h"
 #include "platform/services/file_system.h"
 #include "platform/services/mouse_pointer.h"
 #include "platform/services/print_surface.h"
@@ -40,6 +41,8 @@ struct Platform {
   /// Where there is one, it must be large enough.
   const platform::Screen* Screen = nullptr;
   platform::SleepInhibitor* Sleep = nullptr;
+  /// Without it a file that is written counts as one that is on disk.
+  platform::DiskSync* Sync = nullptr;
 
   platform::Services Usual() const { return {Events, Dialogs, Program}; }
 };

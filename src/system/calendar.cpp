@@ -2,20 +2,22 @@
 
 #include <array>
 #include <cstdio>
-#include <ctime>
 
 namespace host {
 
-platform::LocalTime Calendar::Now() const {
-  return At(std::chrono::seconds(std::time(nullptr)));
-}
-
-platform::LocalTime Calendar::At(std::chrono::seconds moment) const {
-  const auto seconds = static_cast<std::time_t>(moment.count());
-  const std::tm* local = std::localtime(&seconds);
+platform::LocalTime LocalTimeOf(std::time_t moment) {
+  const std::tm* local = std::localtime(&moment);
   if (local == nullptr) return {};
   return {local->tm_year + 1900, local->tm_mon + 1, local->tm_mday,
           local->tm_hour,        local->tm_min,     local->tm_sec};
+}
+
+platform::LocalTime Calendar::Now() const {
+  return LocalTimeOf(std::time(nullptr));
+}
+
+platform::LocalTime Calendar::At(std::chrono::seconds moment) const {
+  return LocalTimeOf(static_cast<std::time_t>(moment.count()));
 }
 
 std::string Calendar::GeneralText(const platform::LocalTime& moment) const {

@@ -1,8 +1,13 @@
 #pragma once
 
+#include <ctime>
+
 #include "platform/services/calendar.h"
 
 namespace host {
+
+/// A moment of the system's clock by the calendar of this computer.
+platform::LocalTime LocalTimeOf(std::time_t moment);
 
 /// The date of this computer, in English words and in the order of a plain locale. How a user's own
 /// locale writes dates no standard library knows as the user's desktop does; who knows it derives

@@ -1,12 +1,14 @@
 #include "system/computer_files.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <limits>
 #include <system_error>
 
 #include "base/failure.h"
+#include "system/calendar.h"
 #include "system/places.h"
 #include "system/stdio_files.h"
 
@@ -58,6 +60,15 @@ void ComputerFiles::MakeFolder(const std::string& path) {
   std::filesystem::create_directories(PlaceOf(path), missing);
 }
 
+void ComputerFiles::ListNames(const std::string& folder,
+                              const std::function<void(std::string_view name)>& take) const {
+  std::error_code refused;
+  std::filesystem::directory_iterator at(PlaceOf(folder), refused);
+  for (; !refused && at != std::filesystem::directory_iterator(); at.increment(refused)) {
+    take(Utf8(at->path().filename()));
+  }
+}
+
 bool ComputerFiles::FileExists(const std::string& path) const {
   return TypeOf(path) == std::filesystem::file_type::regular;
 }
@@ -75,6 +86,15 @@ std::optional<std::int64_t> ComputerFiles::FreeSpace(const std::string& path) co
   if (untold) return std::nullopt;
   return static_cast<std::int64_t>(
       std::min<std::uintmax_t>(room.available, std::numeric_limits<std::int64_t>::max()));
+}
+
+platform::LocalTime ComputerFiles::LastWrite(const std::string& path) const {
+  std::error_code gone;
+  const auto moment = std::filesystem::last_write_time(PlaceOf(path), gone);
+  if (gone || !FileExists(path)) throw platform::Failure(platform::failure::FileNotFound);
+  return LocalTimeOf(std::chrono::system_clock::to_time_t(
+      std::chrono::time_point_cast<std::chrono::system_clock::duration>(
+          std::chrono::file_clock::to_sys(moment))));
 }
 
 void ComputerFiles::DeleteFile(const std::string& path) {

@@ -12,9 +12,12 @@ class ComputerFiles : public platform::FileSystem {
   std::string DefaultFolder() const override;
   std::string Native(const std::string& path) const override;
   void MakeFolder(const std::string& path) override;
+  void ListNames(const std::string& folder,
+                 const std::function<void(std::string_view name)>& take) const override;
   bool FileExists(const std::string& path) const override;
   std::int64_t FileSize(const std::string& path) const override;
   std::optional<std::int64_t> FreeSpace(const std::string& path) const override;
+  platform::LocalTime LastWrite(const std::string& path) const override;
   void DeleteFile(const std::string& path) override;
   std::unique_ptr<platform::OutputFile> Append(const std::string& path) override;
   std::unique_ptr<platform::OutputFile> Create(const std::string& path) override;

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/failure.h"
+#include "system/error_number.h"
 
 namespace host {
 
@@ -12,37 +13,6 @@ namespace failure = platform::failure;
 using platform::Failure;
 
 namespace {
-
-/// The failure of what the system reported last. A name that leads nowhere is a missing file to a
-/// reader; one who writes misses its folder.
-std::int32_t NumberOf(int error, std::int32_t missing) {
-  switch (error) {
-    case ENOENT:
-    case ENOTDIR:
-      return missing;
-    case ENOSPC:
-    case EFBIG:
-#ifdef EDQUOT
-    case EDQUOT:
-#endif
-      return failure::DiskFull;
-    case EACCES:
-    case EPERM:
-    case EROFS:
-    case EBUSY:
-      return failure::PermissionDenied;
-    case EISDIR:
-      return failure::PathFileAccess;
-    case EMFILE:
-    case ENFILE:
-      return failure::TooManyFiles;
-    case EBADF:
-    case ENAMETOOLONG:
-      return failure::BadFileNumber;
-    default:
-      return failure::DeviceIo;
-  }
-}
 
 /// An open file of the C library, closed at the end at the latest.
 class Stream {
@@ -54,7 +24,7 @@ class Stream {
 #else
     file_ = std::fopen(place.c_str(), mode);
 #endif
-    if (file_ == nullptr) throw Failure(NumberOf(errno, missing));
+    if (file_ == nullptr) throw Failure(FailureNumber(errno, missing));
     std::setvbuf(file_, nullptr, _IONBF, 0);
   }
   ~Stream() {
@@ -84,7 +54,7 @@ class Stream {
 
  private:
   [[noreturn]] static void Raise() {
-    throw Failure(NumberOf(errno, failure::PathNotFound));
+    throw Failure(FailureNumber(errno, failure::PathNotFound));
   }
 
   std::FILE* file_ = nullptr;

@@ -55,8 +55,9 @@ class RecorderBench : public support::CaptureBench {
                                   .Calendar = Calendar,
                                   .Pointer = Pointer,
                                   .Links = Links,
-                                  .Time = Timers,
-                                  .Sleep = Sleep}};
+                                  .Timers = Timers,
+                                  .Sleep = Sleep,
+                                  .Sync = &Sync}};
   packetroutines::Writing& Writing = Recorder.Writing;
   subroutines::RecordingSession& Session = Recorder.Session;
   NotedReader Reader{Journal};

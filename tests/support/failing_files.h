@@ -20,6 +20,14 @@ class FailingFiles : public platform::FileSystem {
   std::string DefaultFolder() const override { return files_.DefaultFolder(); }
   std::string Native(const std::string& path) const override { return files_.Native(path); }
   void MakeFolder(const std::string& path) override { files_.MakeFolder(path); }
+  void ListNames(const std::string& folder,
+                 const std::function<void(std::string_view name)>& take) const override {
+    ++Lists;
+    files_.ListNames(folder, take);
+  }
+  platform::LocalTime LastWrite(const std::string& path) const override {
+    return files_.LastWrite(path);
+  }
   bool FileExists(const std::string& path) const override { return files_.FileExists(path); }
   std::int64_t FileSize(const std::string& path) const override { return files_.FileSize(path); }
   std::optional<std::int64_t> FreeSpace(const std::string& path) const override {
@@ -57,6 +65,8 @@ class FailingFiles : public platform::FileSystem {
   int Closes = 0;
   int Deletes = 0;
   int Reads = 0;
+  /// How often a folder was looked through.
+  mutable int Lists = 0;
 
  private:
   class Output;

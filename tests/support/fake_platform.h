@@ -19,6 +19,7 @@
 #include "platform/services/standing_box.h"
 #include "support/fake_calendar.h"
 #include "support/fake_capture.h"
+#include "support/fake_disk_sync.h"
 #include "support/fake_pointer.h"
 #include "support/fake_print.h"
 #include "support/fake_services.h"
@@ -121,6 +122,7 @@ class FakePlatform {
   adapters::Windows1252 Code;
   platform::NumberText Numbers;
   FakeFiles Files;
+  FakeDiskSync Sync;
   FakeFolders Folders;
   FakePrinters Printers;
   FakeSurface Surface;

@@ -34,6 +34,18 @@ class FakeFiles : public platform::FileSystem {
     Made.push_back(path);
     Folders.insert(path);
   }
+  void ListNames(const std::string& folder,
+                 const std::function<void(std::string_view name)>& take) const override {
+    const std::string before = folder + SeparatorText;
+    for (const auto& [path, content] : Stored) {
+      if (path.starts_with(before)) take(std::string_view(path).substr(before.size()));
+    }
+  }
+  platform::LocalTime LastWrite(const std::string& path) const override {
+    if (!FileExists(path)) throw platform::Failure(platform::failure::FileNotFound);
+    const auto written = Written.find(path);
+    return written == Written.end() ? platform::LocalTime{2024, 3, 9, 14, 5, 7} : written->second;
+  }
   bool FileExists(const std::string& path) const override { return Stored.count(path) > 0; }
   std::int64_t FileSize(const std::string& path) const override {
     const auto file = Stored.find(path);
@@ -75,6 +87,8 @@ class FakeFiles : public platform::FileSystem {
   std::vector<std::string> Made;
   std::set<std::string> Folders{"c:\\StoredData"};
   Contents Stored;
+  /// When a file was written last; the date of the tests for the others.
+  std::map<std::string, platform::LocalTime> Written;
 };
 
 /// A folder dialog that answers with what the test set.

@@ -74,6 +74,19 @@ void RealFiles::MakeFolder(const std::string& path) {
   std::filesystem::create_directories(path, ignored);
 }
 
+void RealFiles::ListNames(const std::string& folder,
+                          const std::function<void(std::string_view name)>& take) const {
+  if (!DirectoryExists(folder)) return;
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+    take(entry.path().filename().string());
+  }
+}
+
+platform::LocalTime RealFiles::LastWrite(const std::string& path) const {
+  if (!FileExists(path)) throw Failure(failure::FileNotFound);
+  return {2024, 3, 9, 14, 5, 7};
+}
+
 bool RealFiles::FileExists(const std::string& path) const {
   return std::filesystem::is_regular_file(path);
 }

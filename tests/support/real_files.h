@@ -32,6 +32,10 @@ class RealFiles : public platform::FileSystem {
   std::string DefaultFolder() const override;
   std::string Native(const std::string& path) const override { return path; }
   void MakeFolder(const std::string& path) override;
+  void ListNames(const std::string& folder,
+                 const std::function<void(std::string_view name)>& take) const override;
+  /// The same moment for all files.
+  platform::LocalTime LastWrite(const std::string& path) const override;
   bool FileExists(const std::string& path) const override;
   std::int64_t FileSize(const std::string& path) const override;
   std::optional<std::int64_t> FreeSpace(const std::string& path) const override;

@@ -26,7 +26,7 @@ class Scene : public FakePlatform {
   FailingFiles Disk{Files};
   formroutines::Application App{{Timers, Events, Dialogs, Runtime, Store, Capture, Code, Numbers,
                                  Disk, Links, Calendar, &Folders, &Printers, &Surface, &Clipboard,
-                                 &Pointer, &Screen, &Sleep}};
+                                 &Pointer, &Screen, &Sleep, &Sync}};
   forms::Main& Main = App.Windows.Main;
   RecordingCanvas PhasorPicture{Main.phasordiagram};
   config::Settings& Settings = App.Config.Settings;

@@ -9,13 +9,16 @@
 #endif
 
 #include <array>
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
+#include <set>
 #include <string>
 
 #include "base/failure.h"
 #include "support/failures.h"
 #include "support/real_files.h"
+#include "system/calendar.h"
 #include "system/places.h"
 
 namespace host {
@@ -115,6 +118,43 @@ TEST(Files, ADeletedFileIsGone) {
 
   EXPECT_FALSE(files.FileExists(path));
   EXPECT_EQ(FailureOf([&] { files.DeleteFile(path); }), 53);
+}
+
+TEST(Files, AFolderTellsTheNamesInItAndNoneBelow) {
+  const TemporaryFolder folder;
+  ComputerFiles files;
+  files.MakeFolder(folder.File("below"));
+  for (const char* name : {"a.txt", "\xC3\xA4.txt", "below/b.txt"}) {
+    files.Create(folder.File(name))->Close();
+  }
+  std::set<std::string> names;
+  const auto take = [&](std::string_view name) { names.emplace(name); };
+
+  files.ListNames(folder.Path(), take);
+  EXPECT_EQ(names, (std::set<std::string>{"a.txt", "\xC3\xA4.txt", "below"}));
+
+  names.clear();
+  files.ListNames(folder.File("missing"), take);
+  files.ListNames(folder.File("a.txt"), take);
+  EXPECT_TRUE(names.empty());
+}
+
+TEST(Files, TheMomentOfTheLastWriteIsOneOfTheCalendar) {
+  const TemporaryFolder folder;
+  ComputerFiles files;
+  const std::string path = folder.File("a.txt");
+  const platform::LocalTime before = Calendar().Now();
+  files.Create(path)->Write("now");
+
+  const std::int64_t behind = platform::SecondsBetween(before, files.LastWrite(path));
+  // The clock of the files goes in coarser steps.
+  EXPECT_GE(behind, -1);
+  EXPECT_LE(behind, 5);
+
+  const auto hour = std::chrono::hours(1);
+  std::filesystem::last_write_time(path, std::filesystem::last_write_time(path) - hour);
+  EXPECT_LE(platform::SecondsBetween(before, files.LastWrite(path)), 5 - 3600);
+  EXPECT_EQ(FailureOf([&] { files.LastWrite(folder.File("missing")); }), 53);
 }
 
 TEST(Files, EachFailureHasTheNumberOfItsReason) {

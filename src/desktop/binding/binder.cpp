@@ -111,6 +111,7 @@ void Binder::Bind(platform::QuietLine& control, QuietLine& widget, const QString
   BindControl(control, widget, name);
   // It names senders by their IDs.
   FollowLater(control.Caption, [&] { widget.Say(ToQt(platform::Escaped(control.Caption.Get()))); });
+  widget.DoubleClicked = [&] { guard_([&] { control.DblClick(); }); };
 }
 
 void Binder::Bind(platform::CWButton& control, RunButton& widget, const QString& name) {

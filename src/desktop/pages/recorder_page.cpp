@@ -26,6 +26,8 @@ constexpr int LegendGap = 2;
 constexpr int NotStoredHeight = 34;
 /// Room at the foot of the page for the logo.
 constexpr int FootHeight = 52;
+/// The same beside what stands there.
+constexpr int LogoWidth = 200;
 
 void MakeHeading(QLabel& label) {
   label.setFont(look::BoldFont(look::HeadingSize));
@@ -232,7 +234,15 @@ QWidget* RecorderPage::Foot() {
   binder_.Bind(recorder_.Command9, *log, QStringLiteral("Command9"));
   KeepRoom(*log);
   row->addWidget(log);
-  row->addStretch(1);
+  auto* check = new QPushButton(foot);
+  binder_.Bind(recorder_.CheckRecording, *check, QStringLiteral("CheckRecording"));
+  row->addWidget(check);
+  row->addSpacing(Margin / 2);
+  auto* line = new QuietLine(foot);
+  line->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  binder_.Bind(recorder_.CheckLine, *line, QStringLiteral("CheckLine"));
+  row->addWidget(line, 1);
+  row->addSpacing(LogoWidth);
   return foot;
 }
 

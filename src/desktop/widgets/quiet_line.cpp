@@ -1,6 +1,7 @@
 #include "desktop/widgets/quiet_line.h"
 
 #include <QAccessible>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QTextOption>
 
@@ -11,6 +12,7 @@ namespace desktop {
 
 QuietLine::QuietLine(QWidget* parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
+  setAlignment(Qt::AlignLeft | Qt::AlignTop);
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
   KeepRoom(*this);
   look::SetTextColour(*this, look::QuietText);
@@ -33,10 +35,14 @@ QSize QuietLine::minimumSizeHint() const {
   return {0, 0};
 }
 
+void QuietLine::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton && DoubleClicked) DoubleClicked();
+}
+
 void QuietLine::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setPen(palette().color(QPalette::WindowText));
-  QTextOption wrapped(Qt::AlignLeft | Qt::AlignTop);
+  QTextOption wrapped(alignment());
   wrapped.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
   painter.drawText(QRectF(rect()), text(), wrapped);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLabel>
+#include <functional>
 
 namespace desktop {
 
@@ -16,11 +17,14 @@ class QuietLine : public QLabel {
   /// Shows a text; the first one behind none is also told to a screen reader.
   void Say(const QString& words);
 
+  std::function<void()> DoubleClicked;
+
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
 };
 
 }  // namespace desktop

@@ -2,11 +2,14 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+
+#include "base/local_time.h"
 
 namespace platform {
 
@@ -44,6 +47,10 @@ class FileSystem {
   virtual std::string Native(const std::string& path) const = 0;
   /// Makes a folder and those above it, where they are missing; what cannot be made stays missing.
   virtual void MakeFolder(const std::string& path) = 0;
+  /// Hands over the names of what lies in a folder, one by one and in no order; none where it
+  /// cannot be read. What lies in the folders below it is not looked at.
+  virtual void ListNames(const std::string& folder,
+                         const std::function<void(std::string_view name)>& take) const = 0;
 
   virtual bool FileExists(const std::string& path) const = 0;
   /// In bytes; 0 where there is no such file.
@@ -51,6 +58,8 @@ class FileSystem {
   /// What the file system that holds a path still takes of this user, in bytes; nothing where it
   /// does not tell.
   virtual std::optional<std::int64_t> FreeSpace(const std::string& path) const = 0;
+  /// When a file was written last, by the calendar; failure 53 where there is no such file.
+  virtual LocalTime LastWrite(const std::string& path) const = 0;
   /// Failure 53 where there is no such file.
   virtual void DeleteFile(const std::string& path) = 0;
   /// Opens a file to write behind its end; one that is missing is made. What cannot be opened

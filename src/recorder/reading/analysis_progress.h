@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "platform/controls/progress_bar.h"
+#include "platform/services/mouse_pointer.h"
 
 namespace packetroutines {
 
@@ -53,6 +54,20 @@ class ShownProgress {
 
  private:
   platform::ProgressBar& bar_;
+};
+
+/// The hourglass, as long as it lives.
+class ShownHourglass {
+ public:
+  explicit ShownHourglass(platform::MousePointer& pointer) : pointer_(pointer) {
+    pointer_.ShowHourglass();
+  }
+  ~ShownHourglass() { pointer_.ShowNormal(); }
+  ShownHourglass(const ShownHourglass&) = delete;
+  ShownHourglass& operator=(const ShownHourglass&) = delete;
+
+ private:
+  platform::MousePointer& pointer_;
 };
 
 }  // namespace packetroutines

@@ -27,6 +27,8 @@ class LineReader {
 
   /// Nothing stands behind the last line that was read.
   bool AtEnd() { return !Available(); }
+  /// The line that was read last had its end.
+  bool WasWhole() const { return behindReturn_; }
   /// The next line without its end, until the next call; failure 62 behind the end of the file.
   std::string_view Next() {
     if (!Available()) throw platform::Failure(InputPastEnd);

@@ -25,20 +25,6 @@ constexpr std::int16_t LastPercent = 100;
 /// What the desktop answers where it could not open a file.
 constexpr std::array<std::int32_t, 12> RefusedCodes = {2, 3, 5, 8, 11, 26, 27, 28, 29, 30, 31, 32};
 
-/// The hourglass, as long as it lives.
-class ShownHourglass {
- public:
-  explicit ShownHourglass(platform::MousePointer& pointer) : pointer_(pointer) {
-    pointer_.ShowHourglass();
-  }
-  ~ShownHourglass() { pointer_.ShowNormal(); }
-  ShownHourglass(const ShownHourglass&) = delete;
-  ShownHourglass& operator=(const ShownHourglass&) = delete;
-
- private:
-  platform::MousePointer& pointer_;
-};
-
 }  // namespace
 
 void QuickView::ViewRecording() {
@@ -57,7 +43,7 @@ void QuickView::ViewRecording() {
 
 void QuickView::ShowQuickView() {
   const packetroutines::ShownProgress progress(recorder_.ProgressBar1);
-  const ShownHourglass hourglass(context_.Services.Pointer);
+  const packetroutines::ShownHourglass hourglass(context_.Services.Pointer);
   const std::int32_t lines = CountLines();
   if (lines == 0) return;
   Plot(ReadGroups(), lines);

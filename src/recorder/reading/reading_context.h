@@ -11,6 +11,10 @@
 
 namespace packetroutines {
 
+/// In front of the name of a recording's file: its log of the stop, and that of a later check.
+inline constexpr const char* LogBeginning = "Errorlog ";
+inline constexpr const char* CheckBeginning = "Checklog ";
+
 /// The latest recording and what it is read back with: the settings that it was made with, where it
 /// lies, and what the program has open, worksheets too. The names are those of one stream; the
 /// files of two streams bear prefixes, and nothing here finds them.
@@ -23,9 +27,7 @@ struct ReadingContext {
   RecorderServices Services;
 
   std::string Path() const { return PathOf(State.RecordFileName); }
-  std::string LogPath() const { return PathOf("Errorlog " + State.RecordFileName); }
-
- private:
+  std::string LogPath() const { return PathOf(LogBeginning + State.RecordFileName); }
   std::string PathOf(const std::string& name) const {
     return RecordPath(Services.Files, Settings, name);
   }

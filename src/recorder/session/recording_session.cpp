@@ -154,7 +154,9 @@ void RecordingSession::Start() {
   span_.Begin();
   capture_.StartCapture("LookingForRecording");
   // A refused filter has ended it.
-  if (!Left() && !recorder_.CWButton3.Value) recorder_.CWButton3.Visible = true;
+  if (Left() || recorder_.CWButton3.Value) return;
+  recorder_.CWButton3.Visible = true;
+  Check->Offer();
 }
 
 Flow RecordingSession::Prepare() {
@@ -174,6 +176,7 @@ Flow RecordingSession::Prepare() {
 }
 
 void RecordingSession::BeginProgress() {
+  Check->Withdraw();
   Line(line::Progress).ForeColor = Black;
   Line(line::Progress).Caption = packetroutines::RecordProgress(services_.Numbers, 0);
   Line(line::Progress).ForeColor = LightRed;
@@ -204,6 +207,7 @@ void RecordingSession::DropStart() {
   Line(line::Progress).ForeColor = Black;
   recorder_.CWButton3.Visible = true;
   EnableFormats(true);
+  Check->Offer();
 }
 
 bool RecordingSession::Running() const {
@@ -270,6 +274,10 @@ void RecordingSession::Stop(EndReason reason, Arrived arrived) {
       [&] {
         EnableFormats(true);
         ShowFileFormat();
+      },
+      [&] {
+        left = "The check of earlier recordings is left out";
+        if (!Left()) Check->Offer();
       });
 }
 

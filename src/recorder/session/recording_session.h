@@ -12,6 +12,7 @@
 #include "config/stored_settings.h"
 #include "forms/recorder_controls.h"
 #include "platform/controls/quiet_line.h"
+#include "recorder/reading/check_offer.h"
 #include "recorder/reading/record_reader.h"
 #include "recorder/session/end_reason.h"
 #include "recorder/session/recording_span.h"
@@ -42,6 +43,8 @@ class RecordingSession : public packetroutines::RecordingEnd,
   platform::Plug<packetroutines::RecordReader> Reader;
   /// Whom the end of a recording is told.
   platform::Plug<EndListener> Listener;
+  /// What is offered as long as none is under way.
+  platform::Plug<packetroutines::CheckOffer> Check;
 
   /// The first state of the view's button.
   void Load();

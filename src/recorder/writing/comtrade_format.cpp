@@ -77,9 +77,15 @@ void ComtradeFormat::WriteFile(const std::string& lines) {
   context_.Open.Close(TextFile);
 }
 
+void ComtradeFormat::WriteConfig(const std::string& path, const std::string& lines) {
+  WriteFile(lines);
+  context_.Report.AlsoWritten(path);
+}
+
 void ComtradeFormat::BeginConfig(std::size_t stream) {
   const std::string& station = context_.Settings.FilterContent[0];
-  context_.Open.OpenAnew(TextFile, ConfigPath(RecordPrefix(stream, context_.Present)));
+  const std::string path = ConfigPath(RecordPrefix(stream, context_.Present));
+  context_.Open.OpenAnew(TextFile, path);
   std::string text = station + "," + config::ProgramName + " " + config::ProgramVersion + ",1999" +
                      Crlf + "8,8A,0D" + Crlf;
   for (std::size_t k = 0; k < ChannelTails.size(); ++k) {
@@ -87,7 +93,7 @@ void ComtradeFormat::BeginConfig(std::size_t stream) {
             context_.Settings.ChannelName[k] + ChannelTails[k] + Crlf;
   }
   text += context_.Services.Numbers.General(context_.Settings.BaseFrequency) + Crlf + "1" + Crlf;
-  WriteFile(context_.Services.Code.FromUtf8(text));
+  WriteConfig(path, context_.Services.Code.FromUtf8(text));
 }
 
 void ComtradeFormat::AppendLine(std::size_t stream, std::int64_t number, std::int16_t cell) {
@@ -119,11 +125,13 @@ void ComtradeFormat::End() {
 void ComtradeFormat::FinishComtradeConfig() {
   const std::string start =
       TimeText(StartTimeOf(context_.State.RecordFileName, Facts.Extension)) + Crlf;
-  context_.Open.OpenToAppend(TextFile, ConfigPath(""));
-  WriteFile(context_.Services.Numbers.General(double{platform::SamplesAPeriod} *
-                                              context_.Settings.BaseFrequency) +
-            "," + platform::NumberText::General(context_.State.BlockCount * SamplesOfBlock) + Crlf +
-            start + start + "ASCII" + Crlf + "1000" + Crlf);
+  const std::string path = ConfigPath("");
+  context_.Open.OpenToAppend(TextFile, path);
+  WriteConfig(path, context_.Services.Numbers.General(double{platform::SamplesAPeriod} *
+                                                      context_.Settings.BaseFrequency) +
+                        "," +
+                        platform::NumberText::General(context_.State.BlockCount * SamplesOfBlock) +
+                        Crlf + start + start + "ASCII" + Crlf + "1000" + Crlf);
 }
 
 void ComtradeFormat::TellOfEnd(const Failure& met) const {

@@ -30,6 +30,7 @@ class ComtradeFormat : public SampleFormat {
   std::string ConfigPath(const std::string& prefix) const;
   void BeginConfig(std::size_t stream);
   void WriteFile(const std::string& lines);
+  void WriteConfig(const std::string& path, const std::string& lines);
   void AppendLine(std::size_t stream, std::int64_t number, std::int16_t cell);
   void TellOfEnd(const platform::Failure& met) const;
   std::string WhatOfTheSamples() const;

@@ -10,14 +10,39 @@ namespace {
 
 constexpr double BytesOfKilobyte = 1000;
 constexpr const char* Grouped = "###,###,###,##0";
+/// From one look at what is on its way to the next, in ms.
+constexpr std::int32_t LookInterval = 250;
+/// The number of a request where what is written counts as stored.
+constexpr std::uint64_t StoredAtOnce = 0;
 
 std::string NameOf(std::size_t stream) {
   return "stream " + std::to_string(stream + 1) + ": ";
 }
 
+/// What became of a request.
+enum class Fate { Waits, Stored, Doubtful };
+
+Fate FateOf(std::uint64_t request, const platform::DiskState& state) {
+  if (request == StoredAtOnce) return Fate::Stored;
+  if (request <= state.Failed) return Fate::Doubtful;
+  return request <= state.Synced ? Fate::Stored : Fate::Waits;
+}
+
 }  // namespace
 
+DiskReport::DiskReport(forms::RecorderControls& recorder, const RecorderServices& services)
+    : recorder_(recorder),
+      services_(services),
+      room_(recorder.Room, services.Files, services.Numbers, services.Timers),
+      look_(services.Timers) {
+  look_.Interval = LookInterval;
+  look_.Elapsed = [this] { Look(); };
+}
+
 void DiskReport::Begin() {
+  for (const Stream& before : streams_) {
+    if (!before.OnTheWay.empty()) others_.push_back(before.OnTheWay.back());
+  }
   streams_ = {};
   sentences_.clear();
   room_.Clear();
@@ -31,19 +56,34 @@ void DiskReport::End() {
 }
 
 void DiskReport::RingWritten(std::size_t stream, const std::string& path) {
-  if (!files_.FileExists(path)) {
+  if (!services_.Files.FileExists(path)) {
     NotStored(stream, Failure(platform::failure::FileNotFound));
     return;
   }
+  Settle(stream);
   Stream& told = streams_[stream];
+  const std::size_t before = told.OnTheWay.size();
+  const std::int64_t size = services_.Files.FileSize(path);
+  told.OnTheWay.push_back({path, Ask(path), size - told.Size});
   told.Path = path;
+  told.Size = size;
   ++told.Rings;
-  ShowRings(stream);
+  Settle(stream);
+  // The ring itself is hardly ever there already, and is late only where the next one finds it.
+  ShowRings(stream, std::min(before, told.OnTheWay.size()));
+  look_.Enabled = AnyOnTheWay();
   if (room_.RingWritten(stream, path)) ShowLine();
   if (!told.Failing) return;
   told.Failing = false;
-  told.Sentence = "stored again since " + Now() + "; " + LostRings(told) + ": " + told.Reason;
+  told.Sentence =
+      "stored again since " + Now() + "; " + RingsText(told.Lost) + " lost: " + told.Reason;
   ShowLine();
+}
+
+void DiskReport::AlsoWritten(const std::string& path) {
+  others_.push_back({path, Ask(path)});
+  SettleOthers();
+  look_.Enabled = AnyOnTheWay();
 }
 
 void DiskReport::NotStored(std::size_t stream, const Failure& reason) {
@@ -53,15 +93,14 @@ void DiskReport::NotStored(std::size_t stream, const Failure& reason) {
 void DiskReport::LookForFile(std::size_t stream) {
   Stream& told = streams_[stream];
   if (told.Rings == 0 || !Gone(stream)) return;
-  const std::int64_t rings = told.Rings;
-  told.Rings = 0;
-  ShowRings(stream);
-  told.Lost += rings;
+  told.Lost += told.Rings;
+  Forget(told);
+  ShowRings(stream, 0);
   Lose(stream, 0, Failure(platform::failure::FileNotFound));
 }
 
 bool DiskReport::Gone(std::size_t stream) const {
-  return AnyStored(stream) && !files_.FileExists(streams_[stream].Path);
+  return AnyStored(stream) && !services_.Files.FileExists(streams_[stream].Path);
 }
 
 void DiskReport::Add(const std::string& sentence) {
@@ -76,22 +115,106 @@ void DiskReport::Lose(std::size_t stream, std::int64_t rings, const Failure& rea
     told.Failing = true;
     told.Reason = reason.Text();
     told.Sentence = "not stored since " + Now() + ": " + told.Reason;
-    if (told.Lost > 0) told.Sentence += "; " + LostRings(told) + " before";
+    if (told.Lost > 0) told.Sentence += "; " + RingsText(told.Lost) + " lost before";
     ShowLine();
   }
   told.Lost += rings;
 }
 
-void DiskReport::ShowRings(std::size_t stream) {
-  const Stream& told = streams_[stream];
-  std::string text;
-  if (told.Rings > 0) {
-    const auto kilobytes = static_cast<double>(files_.FileSize(told.Path)) / BytesOfKilobyte;
-    text = NameOf(stream) + numbers_.Format(static_cast<double>(told.Rings), Grouped) +
-           (told.Rings == 1 ? " whole ring, " : " whole rings, ") +
-           numbers_.Format(kilobytes, Grouped) + " kB on disk";
+void DiskReport::Forget(Stream& stream) {
+  stream.Size = 0;
+  stream.Rings = 0;
+  stream.Stored = 0;
+  stream.StoredBytes = 0;
+  stream.OnTheWay.clear();
+  stream.Doubtful = 0;
+  stream.Doubt.clear();
+}
+
+std::uint64_t DiskReport::Ask(const std::string& path) {
+  return services_.Sync != nullptr ? services_.Sync->Sync(path) : StoredAtOnce;
+}
+
+platform::DiskState DiskReport::StateOf(const std::string& path) const {
+  return services_.Sync != nullptr ? services_.Sync->StateOf(path) : platform::DiskState{};
+}
+
+void DiskReport::Settle(std::size_t stream) {
+  Stream& told = streams_[stream];
+  const platform::DiskState state = StateOf(told.Path);
+  const std::int64_t doubtful = std::count_if(
+      told.OnTheWay.begin(), told.OnTheWay.end(),
+      [&](const Waiting& ring) { return FateOf(ring.Request, state) == Fate::Doubtful; });
+  for (Waiting& ring : told.OnTheWay) {
+    AskAnew(ring, state);
+    if (FateOf(ring.Request, state) != Fate::Stored) continue;
+    ++told.Stored;
+    told.StoredBytes += ring.Bytes;
   }
-  recorder_.OnDisk[stream].Caption = text;
+  std::erase_if(told.OnTheWay,
+                [&](const Waiting& ring) { return FateOf(ring.Request, state) != Fate::Waits; });
+  if (doubtful > 0) TakeDoubt(stream, doubtful, Failure(state.Failure));
+}
+
+void DiskReport::AskAnew(Waiting& written, const platform::DiskState& state) {
+  const bool unreached =
+      FateOf(written.Request, state) == Fate::Waits && written.Request <= state.Unreached;
+  if (unreached) written.Request = Ask(written.Path);
+}
+
+void DiskReport::TakeDoubt(std::size_t stream, std::int64_t rings, const Failure& reason) {
+  Stream& told = streams_[stream];
+  if (told.Doubt.empty()) told.Doubt = " since " + Now() + ": " + reason.Text();
+  told.Doubtful += rings;
+  ShowLine();
+}
+
+void DiskReport::SettleOthers() {
+  for (Waiting& written : others_) {
+    const platform::DiskState state = StateOf(written.Path);
+    if (FateOf(written.Request, state) == Fate::Doubtful) {
+      const std::size_t name = written.Path.rfind(services_.Files.Separator()) + 1;
+      Add(written.Path.substr(name) + " may be lost: " + Failure(state.Failure).Text());
+    }
+    AskAnew(written, state);
+  }
+  std::erase_if(others_, [this](const Waiting& written) {
+    return FateOf(written.Request, StateOf(written.Path)) != Fate::Waits ||
+           !services_.Files.FileExists(written.Path);
+  });
+}
+
+void DiskReport::Look() {
+  for (std::size_t stream = 0; stream < streams_.size(); ++stream) {
+    if (streams_[stream].OnTheWay.empty()) continue;
+    Settle(stream);
+    // Of a file that is gone the next ring tells; where there is none, nothing is written.
+    ShowRings(stream, Gone(stream) ? 0 : streams_[stream].OnTheWay.size());
+  }
+  SettleOthers();
+  look_.Enabled = AnyOnTheWay();
+}
+
+bool DiskReport::AnyOnTheWay() const {
+  return !others_.empty() || std::any_of(streams_.begin(), streams_.end(),
+                                         [](const Stream& each) { return !each.OnTheWay.empty(); });
+}
+
+void DiskReport::ShowRings(std::size_t stream, std::size_t told) {
+  const Stream& rings = streams_[stream];
+  std::string text;
+  if (rings.Stored > 0) {
+    const auto kilobytes = static_cast<double>(rings.StoredBytes) / BytesOfKilobyte;
+    text = RingsText(rings.Stored, "whole ") + ", " + services_.Numbers.Format(kilobytes, Grouped) +
+           " kB on disk";
+  }
+  if (told > 0) {
+    const auto waiting = static_cast<std::int64_t>(told);
+    const std::string count = services_.Numbers.Format(static_cast<double>(told), Grouped);
+    text += text.empty() ? RingsText(waiting, "whole ") : ", " + count + " more";
+    text += " being written to the disk";
+  }
+  recorder_.OnDisk[stream].Caption = text.empty() ? text : NameOf(stream) + text;
 }
 
 void DiskReport::ShowLine() {
@@ -101,16 +224,19 @@ void DiskReport::ShowLine() {
     line += sentence + '.';
   };
   for (std::size_t i = 0; i < streams_.size(); ++i) {
-    if (!streams_[i].Sentence.empty()) append(NameOf(i) + streams_[i].Sentence);
+    const Stream& told = streams_[i];
+    if (!told.Sentence.empty()) append(NameOf(i) + told.Sentence);
+    if (!told.Doubt.empty())
+      append(NameOf(i) + RingsText(told.Doubtful) + " may be lost" + told.Doubt);
   }
   if (room_.Short()) append("Less than an hour of room is left on the disk of the data folder");
   for (const std::string& sentence : sentences_) append(sentence);
   recorder_.NotStored.Say(line);
 }
 
-std::string DiskReport::LostRings(const Stream& stream) const {
-  return numbers_.Format(static_cast<double>(stream.Lost), Grouped) +
-         (stream.Lost == 1 ? " ring lost" : " rings lost");
+std::string DiskReport::RingsText(std::int64_t rings, const char* kind) const {
+  return services_.Numbers.Format(static_cast<double>(rings), Grouped) + ' ' + kind +
+         (rings == 1 ? "ring" : "rings");
 }
 
 }  // namespace packetroutines

@@ -86,6 +86,8 @@ class ExcelFile {
   std::int16_t CreateFile(const std::string& fileName);
   /// Ends the file. Behind the first call it has nothing to end and gives back 52.
   std::int16_t CloseFile();
+  /// The file that was begun last.
+  const std::string& FileName() const { return fileName_; }
   /// Row and column count from 1. The row field takes 16 bits: a row above 32767 is written by way
   /// of its negative number, and 32768 alone has none that one can be taken from.
   std::int16_t WriteValue(std::int32_t valueType, std::int32_t cellFontUsed, std::int32_t alignment,

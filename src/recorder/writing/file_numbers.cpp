@@ -41,6 +41,14 @@ void FileNumbers::DeleteIfThere(const std::string& path) {
   if (files_.FileExists(path)) files_.DeleteFile(path);
 }
 
+void FileNumbers::DeleteQuietly(const std::string& path) {
+  try {
+    DeleteIfThere(path);
+  } catch (const Failure&) {
+    // It stays, and there is nobody to tell.
+  }
+}
+
 void FileNumbers::Write(std::int16_t number, std::string_view bytes) {
   const auto file = open_.find(number);
   if (file == open_.end()) throw Failure(failure::BadFileNumber);

@@ -26,6 +26,8 @@ class FileNumbers {
   /// An older file of that name is emptied.
   void OpenAnew(std::int16_t number, const std::string& path);
   void DeleteIfThere(const std::string& path);
+  /// The same where nobody is there to tell of a failure.
+  void DeleteQuietly(const std::string& path);
   /// 0 where there is no such file.
   std::int64_t SizeOf(const std::string& path) const {
     return files_.FileExists(path) ? files_.FileSize(path) : 0;

@@ -4,6 +4,7 @@
 #include "platform/controls/timer.h"
 #include "platform/services/calendar.h"
 #include "platform/services/code_page.h"
+#include "platform/services/disk_sync.h"
 #include "platform/services/file_system.h"
 #include "platform/services/mouse_pointer.h"
 #include "platform/services/services.h"
@@ -22,9 +23,11 @@ struct RecorderServices {
   const platform::Calendar& Calendar;
   platform::MousePointer& Pointer;
   platform::ShellLinks& Links;
-  /// The time that the rate of a recording goes by.
-  const platform::TimerCount& Time;
+  /// The time that the rate of a recording goes by, and its looks.
+  platform::TimerCount& Timers;
   platform::SleepInhibitor& Sleep;
+  /// Null where the platform cannot tell what is on the disk itself.
+  platform::DiskSync* Sync = nullptr;
 };
 
 }  // namespace packetroutines

@@ -105,11 +105,17 @@ void WorksheetFormat::FinishLeftOpen() {
 }
 
 void WorksheetFormat::Finish() {
-  for (ExcelFile& sheet : excelOut_) sheet.CloseFile();
+  for (ExcelFile& sheet : excelOut_) CloseToDisk(sheet);
+}
+
+std::int16_t WorksheetFormat::CloseToDisk(ExcelFile& sheet) {
+  const std::int16_t result = sheet.CloseFile();
+  if (result == 0) context_.Report.AlsoWritten(sheet.FileName());
+  return result;
 }
 
 void WorksheetFormat::Close(ExcelFile& sheet, const std::string& name) {
-  const std::int16_t result = sheet.CloseFile();
+  const std::int16_t result = CloseToDisk(sheet);
   if (result == 0 || result == platform::failure::BadFileNumber) return;
   context_.Report.Add(name + " could not be finished: " + Failure(result).Text());
 }

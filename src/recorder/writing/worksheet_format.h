@@ -37,6 +37,8 @@ class WorksheetFormat : public SampleFormat {
   void WriteRow(std::size_t stream, std::int32_t row, std::int16_t cell);
   void StopAtRowLimit(std::size_t stream);
   void CloseSheet(std::size_t stream);
+  /// The result of the closing.
+  std::int16_t CloseToDisk(ExcelFile& sheet);
   /// Ends a sheet, and tells where that failed; one that is not open has nothing to end.
   void Close(ExcelFile& sheet, const std::string& name);
 

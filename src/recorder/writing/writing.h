@@ -25,7 +25,7 @@ struct Writing {
           const config::RunSettings& present, const AcquisitionState& state,
           const RecordRings& rings, const RecorderServices& services)
       : Open(services.Files),
-        Report(recorder, services.Files, services.Calendar, services.Numbers, services.Time),
+        Report(recorder, services),
         Context{settings, present, state, rings, services, Open, Report, End},
         Formats(settings, Text, Worksheet, Comtrade),
         Samples(Context, Formats, recorder) {}

@@ -32,7 +32,10 @@ TEST_P(Fit, ARecordingThatIsNotStoredSaysSoUncut) {
   Start();
   ResizeFrame(GetParam());
   ClickTab(forms::tab::Recorder);
-  for (auto& stored : Form().OnDisk) stored.Caption = "stream 1: 86,400 whole rings, 26,697,600 kB on disk";
+  for (auto& stored : Form().OnDisk) {
+    stored.Caption =
+        "stream 1: 86,400 whole rings, 26,697,600 kB on disk, 120 more being written to the disk";
+  }
   Form().Label10[forms::record_line::Progress].Caption = "86400.9s / 345603600 samples";
   Form().Room.Caption = "free: 12,345.6 GB, enough for 12,345 h";
   Form().NotStored.Say(
@@ -45,6 +48,25 @@ TEST_P(Fit, ARecordingThatIsNotStoredSaysSoUncut) {
   const QRect words =
       line.fontMetrics().boundingRect(QRect(0, 0, line.width(), 1000), Qt::TextWordWrap,
                                       QString::fromStdString(Form().NotStored.Caption));
+  EXPECT_GE(line.height(), words.height());
+  ExpectNoMisfits("Recorder");
+}
+
+TEST_P(Fit, ARecordingThatCanBeCheckedIsNamedUncut) {
+  Start();
+  ResizeFrame(GetParam());
+  ClickTab(forms::tab::Recorder);
+  Form().Command9.Visible = true;
+  Form().CheckRecording.Caption = "&Check recording";
+  Form().CheckRecording.Visible = true;
+  Form().CheckLine.Say(
+      "1_SV record 30.12.2026 18-15-57.txt and 2_SV record 30.12.2026 18-15-57.txt of 30 Dec 2026 "
+      "18:15:57 have no log.");
+  (void)WaitFor([this] { return tour::Misfits(program_->Window()).isEmpty(); });
+  const auto& line = Find<QWidget>("CheckLine");
+  const QRect words =
+      line.fontMetrics().boundingRect(QRect(0, 0, line.width(), 1000), Qt::TextWordWrap,
+                                      QString::fromStdString(Form().CheckLine.Caption));
   EXPECT_GE(line.height(), words.height());
   ExpectNoMisfits("Recorder");
 }

@@ -62,7 +62,7 @@ class LogOfLocale : public support::FakePlatform {
                                              .Calendar = Calendar,
                                              .Pointer = Pointer,
                                              .Links = Links,
-                                             .Time = Timers,
+                                             .Timers = Timers,
                                              .Sleep = Sleep};
   packetroutines::Writing writing_{recorder_, settings_, present_, state_, rings_, services_};
   packetroutines::PacketBytes frame_;

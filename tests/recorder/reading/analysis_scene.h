@@ -82,7 +82,7 @@ class AnalysisScene : public FakePlatform {
                                             .Calendar = Calendar,
                                             .Pointer = Pointer,
                                             .Links = Links,
-                                            .Time = Timers,
+                                            .Timers = Timers,
                                             .Sleep = Sleep};
   packetroutines::Writing Writing{Recorder, Settings, Present, State, Rings, Platform};
   packetroutines::FileNumbers& Open = Writing.Open;
