@@ -4,7 +4,7 @@
 
 namespace platform {
 
-/// Keeps the computer from going to sleep by itself or at the press of a key. Where the system
+/// Keeps the computer from going to sleep. Where the system
 /// cannot be asked, nothing happens and nothing is told.
 class SleepInhibitor {
  public:
