@@ -223,6 +223,10 @@ platform::Presence CaptureSession::AdapterPresence() {
   return aPacketX_ ? aPacketX_->AdapterPresence() : platform::Presence::There;
 }
 
+std::optional<std::uint64_t> CaptureSession::Dropped() {
+  return aPacketX_ ? aPacketX_->Dropped() : std::nullopt;
+}
+
 void CaptureSession::StopBehindArrived() {
   const std::uint32_t starts = starts_;
   RunSteps(services_.Program, &OnStopFailure, [&] { aPacketX().DeliverArrived(); });

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 #include "base/plug.h"
 #include "base/trap.h"
@@ -85,6 +86,8 @@ class CaptureSession {
 
   /// Whether the adapter in use is there to deliver; for times without frames.
   platform::Presence AdapterPresence();
+  /// Frames that the system has dropped since the program began; nothing where nobody counts them.
+  std::optional<std::uint64_t> Dropped();
 
  private:
   void Begin();

@@ -59,6 +59,14 @@ class FinderConsumer {
   virtual void CaptureRefused() = 0;
 };
 
+/// Whom the waiting line tells of the adapter in use.
+class AdapterConsumer {
+ public:
+  virtual ~AdapterConsumer() = default;
+  /// It went away or was switched off, or is there again.
+  virtual void AdapterChanged(platform::Presence presence) = 0;
+};
+
 /// What the acquisition asks of the shell.
 class TabConsumer {
  public:

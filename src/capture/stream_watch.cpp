@@ -71,6 +71,7 @@ void StreamWatch::LookAt(std::size_t stream, const PacketBytes& bytes) {
   watched.Look = look;
   if (!watched.Begins) return;
   watched.Begins = false;
+  watched.First.assign(frame.Bytes.begin(), frame.Bytes.end());
   watched.CounterAt = first.SmpCntAt > 0 ? Place(first.SmpCntAt) : counterFound;
   watched.SynchAt = first.SmpSynchAt > 0 ? Place(first.SmpSynchAt) : Nowhere;
   watched.Synch = first.SmpSynch.value_or(0);
@@ -83,11 +84,11 @@ void StreamWatch::BeginStretch(std::size_t stream) {
   watched_[stream].Changes = {};
 }
 
-void StreamWatch::NoteSynch(Watched& watched, std::uint8_t synch) {
+void StreamWatch::NoteSynch(Watched& watched, std::uint8_t synch, Time arrived) {
   if (watched.Changes.Changed.Count == 0) watched.Changes.From = watched.Synch;
   watched.Changes.To = synch;
   // The frame at hand was taken already.
-  watched.Changes.Changed.Note(watched.Track.Since().Frames - 1);
+  watched.Changes.Changed.Note(watched.Track.Since().Frames - 1, arrived);
   watched.Synch = synch;
 }
 

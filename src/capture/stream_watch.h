@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 #include "capture/acquisition_state.h"
 #include "capture/packet_bytes.h"
@@ -65,11 +66,18 @@ class StreamWatch {
     if (!watched.Track.InTime(arrived)) AskClock();
     watched.Track.Take(static_cast<std::uint32_t>(counter[0] << 8U | counter[1]), arrived);
     const std::uint8_t* const synch = bytes.Run(watched.SynchAt, 1);
-    if (synch != nullptr && *synch != watched.Synch) NoteSynch(watched, *synch);
+    if (synch != nullptr && *synch != watched.Synch) {
+      NoteSynch(watched, *synch, arrived);
+    }
   }
   /// The structure of the next frame of each stream is looked at.
   void LookAgain();
 
+  /// The frame that the burst began with; empty before there was one.
+  const std::vector<std::uint8_t>& FirstFrame(std::size_t stream) const {
+    return watched_[stream].First;
+  }
+  Time WallTime() const { return clock_.WallTime(); }
   /// What the stream is in this burst; nothing before a frame of it was looked at.
   const std::optional<StreamLook>& Look(std::size_t stream) const { return watched_[stream].Look; }
   const sv::SampleTrack& Track(std::size_t stream) const { return watched_[stream].Track; }
@@ -84,6 +92,7 @@ class StreamWatch {
     sv::SampleTrack Track;
     std::optional<StreamLook> Look;
     SynchChanges Changes;
+    std::vector<std::uint8_t> First;
     /// 1-based places in the frames of this burst; before the first frame they lie nowhere.
     std::int32_t CounterAt = Nowhere;
     std::int32_t SynchAt = Nowhere;
@@ -96,7 +105,7 @@ class StreamWatch {
 
   void LookAt(std::size_t stream, const PacketBytes& bytes);
   void AskClock();
-  void NoteSynch(Watched& watched, std::uint8_t synch);
+  void NoteSynch(Watched& watched, std::uint8_t synch, Time arrived);
 
   const StreamFields& streams_;
   const config::Settings& settings_;

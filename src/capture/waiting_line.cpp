@@ -147,6 +147,7 @@ void WaitingLine::LookAtAdapter() {
     lastOutage_ = outage_;
     newsUntil_ = timers_.Now() + NewsTime;
   }
+  if (present != outage_ && Adapter) Adapter->AdapterChanged(present);
   outage_ = present;
 }
 

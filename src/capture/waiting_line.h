@@ -10,6 +10,7 @@
 #include "base/number_text.h"
 #include "capture/acquisition_state.h"
 #include "capture/capture_session.h"
+#include "capture/consumers.h"
 #include "capture/run_counters.h"
 #include "capture/stream_watch.h"
 #include "capture/unfit_text.h"
@@ -32,6 +33,8 @@ class WaitingLine {
               const config::RunSettings& present, forms::SharedControls& shared,
               const forms::RunButtons& buttons, CaptureSession& capture, StreamWatch& watch,
               platform::TimerQueue& timers, const platform::NumberText& numbers);
+
+  platform::Plug<AdapterConsumer> Adapter;
 
   /// Capture rests: a run begins or has ended, or a burst of it.
   void CaptureStopped();

@@ -23,6 +23,11 @@ Recorder::Recorder(forms::Main& main, config::Configuration& config,
                    const packetroutines::RecorderServices& services)
     : Writing(main, config.Settings, config.Present, acquisition.State, acquisition.Rings,
               services),
+      Events({.Samples = Writing,
+              .Watch = acquisition.Watch,
+              .Capture = acquisition.Capture,
+              .State = acquisition.State,
+              .Setup = main}),
       Reading({config.Settings, config.Present, acquisition.State, Writing.Formats, Writing.Open,
                services},
               acquisition.Packets.Bytes(), main),
@@ -30,7 +35,7 @@ Recorder::Recorder(forms::Main& main, config::Configuration& config,
              services},
             main),
       Session(main, main.QuietLine[forms::quiet_line::Recorder], acquisition.Run, config.Settings,
-              config.Stored, acquisition.State, acquisition.Capture, Writing, services),
+              config.Stored, acquisition.State, acquisition.Capture, Writing, Events, services),
       Trigger(main, main, config.Settings, services.Numbers),
       main_(main),
       config_(config),
@@ -38,10 +43,12 @@ Recorder::Recorder(forms::Main& main, config::Configuration& config,
       upper_(acquisition.Upper),
       services_(services) {
   Writing.End = Session;
+  Writing.Samples.Witness = Events;
   Session.Reader = Reading;
   Session.Check = Check;
   acquisition.Upper.Recorder = Writing.Samples;
   acquisition.Upper.Session = Session;
+  acquisition.Waiting.Adapter = Events;
 }
 
 void Recorder::Load() {

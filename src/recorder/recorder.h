@@ -7,6 +7,7 @@
 #include "capture/view.h"
 #include "config/configuration.h"
 #include "forms/main_form.h"
+#include "recorder/events/recording_events.h"
 #include "recorder/reading/record_analysis.h"
 #include "recorder/reading/record_check.h"
 #include "recorder/session/recording_session.h"
@@ -39,6 +40,7 @@ class Recorder : public packetroutines::View {
   void CloseFiles();
 
   packetroutines::Writing Writing;
+  packetroutines::RecordingEvents Events;
   packetroutines::RecordAnalysis Reading;
   packetroutines::RecordCheck Check;
   RecordingSession Session;

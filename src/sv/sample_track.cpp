@@ -111,12 +111,12 @@ bool SampleTrack::TakeBack(std::uint32_t counter, Time arrived) {
   totals_.Samples += step_;
   const std::uint64_t bit = std::uint64_t{1} << back;
   if ((window_ & bit) != 0) {
-    stretch_.Doubled.Note(stretch_.Frames);
+    stretch_.Doubled.Note(stretch_.Frames, arrived);
     totals_.Doubled += step_;
     return true;
   }
   window_ |= bit;
-  stretch_.Late.Note(stretch_.Frames);
+  stretch_.Late.Note(stretch_.Frames, arrived);
   totals_.Late += step_;
   FillGap(position_ - back);
   return true;
@@ -145,6 +145,7 @@ void SampleTrack::TakeGap(std::uint32_t counter, Time arrived) {
   const double beyond = SamplesIn(arrived - last_) - distance;
   const auto rounds = static_cast<std::uint64_t>(std::max(std::round(beyond / round_), 0.0));
   const Gap gap{.Place = stretch_.Frames,
+                .At = arrived,
                 .ByCounter = byCounter,
                 .Missing = byCounter + rounds * round_,
                 .First = position_ + 1,
@@ -166,7 +167,7 @@ void SampleTrack::TakeGap(std::uint32_t counter, Time arrived) {
 }
 
 void SampleTrack::Jump(std::uint32_t counter, Time arrived) {
-  stretch_.Jumped.Note(stretch_.Frames);
+  stretch_.Jumped.Note(stretch_.Frames, arrived);
   ++totals_.Jumped;
   Advance(counter, arrived, WindowSamples);
   floor_ = position_;

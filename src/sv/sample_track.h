@@ -10,8 +10,9 @@ namespace sv {
 
 /// A place at which samples are missing.
 struct Gap {
-  /// The first sample behind it, counted in frames since the last look.
+  /// The first sample behind it, counted in frames since the last look, and when it came.
   std::uint32_t Place = 0;
+  std::chrono::microseconds At{0};
   /// Samples that the counter tells of; it is blind to whole rounds.
   std::uint64_t ByCounter = 0;
   /// Samples by counter and by the time of arrival, whole rounds included.
@@ -26,9 +27,12 @@ struct Gap {
 struct Happened {
   std::uint32_t Count = 0;
   std::uint32_t Place = 0;
+  std::chrono::microseconds At{0};
 
-  void Note(std::uint32_t place) {
-    if (Count++ == 0) Place = place;
+  void Note(std::uint32_t place, std::chrono::microseconds at) {
+    if (Count++ > 0) return;
+    Place = place;
+    At = at;
   }
 };
 

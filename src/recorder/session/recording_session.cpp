@@ -54,6 +54,7 @@ RecordingSession::RecordingSession(forms::RecorderControls& recorder, platform::
                                    StoredSettings& stored, packetroutines::AcquisitionState& state,
                                    packetroutines::CaptureSession& capture,
                                    packetroutines::Writing& writing,
+                                   packetroutines::RecordingEvents& events,
                                    const packetroutines::RecorderServices& services)
     : recorder_(recorder),
       run_(run),
@@ -62,6 +63,7 @@ RecordingSession::RecordingSession(forms::RecorderControls& recorder, platform::
       state_(state),
       capture_(capture),
       writing_(writing),
+      events_(events),
       services_(services),
       files_(writing),
       span_(line, services.Calendar, services.Sleep),
@@ -152,6 +154,7 @@ void RecordingSession::Start() {
   }
   phase_ = Phase::Recording;
   span_.Begin();
+  events_.Begin();
   capture_.StartCapture("LookingForRecording");
   // A refused filter has ended it.
   if (Left() || recorder_.CWButton3.Value) return;
@@ -218,6 +221,7 @@ bool RecordingSession::Running() const {
 void RecordingSession::Ended(EndReason reason) {
   if (!span_.End(reason)) return;
   writing_.Report.End();
+  events_.End(std::string(Words(reason)));
   if (Listener) Listener->RecordingEnded(reason);
 }
 

@@ -12,6 +12,7 @@
 #include "config/stored_settings.h"
 #include "forms/recorder_controls.h"
 #include "platform/controls/quiet_line.h"
+#include "recorder/events/recording_events.h"
 #include "recorder/reading/check_offer.h"
 #include "recorder/reading/record_reader.h"
 #include "recorder/session/end_reason.h"
@@ -37,6 +38,7 @@ class RecordingSession : public packetroutines::RecordingEnd,
                    packetroutines::RunControl& run, config::Settings& settings,
                    StoredSettings& stored, packetroutines::AcquisitionState& state,
                    packetroutines::CaptureSession& capture, packetroutines::Writing& writing,
+                   packetroutines::RecordingEvents& events,
                    const packetroutines::RecorderServices& services);
 
   /// What follows a recording.
@@ -110,6 +112,7 @@ class RecordingSession : public packetroutines::RecordingEnd,
   packetroutines::AcquisitionState& state_;
   packetroutines::CaptureSession& capture_;
   packetroutines::Writing& writing_;
+  packetroutines::RecordingEvents& events_;
   packetroutines::RecorderServices services_;
   packetroutines::SessionFiles files_;
   RecordingSpan span_;

@@ -40,6 +40,11 @@ class DiskReport {
   void LookForFile(std::size_t stream);
   /// Rings of the stream were stored, and their file is gone.
   bool Gone(std::size_t stream) const;
+  /// Rings of the stream that were lost, also those of a file that is gone, and why the latest was.
+  std::int64_t Lost(std::size_t stream) const { return streams_[stream].Lost; }
+  const std::string& Reason(std::size_t stream) const { return streams_[stream].Reason; }
+  /// Rings of the stream that are in its file.
+  std::int64_t Rings(std::size_t stream) const { return streams_[stream].Rings; }
   /// A ring of the stream was stored, whatever became of it.
   bool AnyStored(std::size_t stream) const { return !streams_[stream].Path.empty(); }
   /// What else there is to tell of the recording, as a sentence; one that stands already is not

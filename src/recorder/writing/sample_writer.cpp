@@ -26,7 +26,12 @@ void SampleWriter::WriteRecordBlock(std::int16_t selector) {
     recorder_.CWButton3.Visible = true;
   });
   // Behind the trap, since the end of a recording is no part of the writing of its ring.
-  if (met) OnFailure(stream, *met);
+  if (met && met->Number() != platform::failure::DiskFull) {
+    context_.Report.NotStored(stream, *met);
+  }
+  const bool full = met && met->Number() == platform::failure::DiskFull;
+  if (stream <= 1 && Witness) Witness->RingDone(stream, full ? met->Text() : std::string());
+  if (full) context_.End->StopOnFullDisk();
 }
 
 void SampleWriter::Write(std::size_t stream) {
@@ -35,14 +40,6 @@ void SampleWriter::Write(std::size_t stream) {
   const std::string path = RecordPath(context_, stream);
   context_.Report.LookForFile(stream);
   if (format->Write(stream)) context_.Report.RingWritten(stream, path);
-}
-
-void SampleWriter::OnFailure(std::size_t stream, const Failure& failure) {
-  if (failure.Number() == platform::failure::DiskFull) {
-    context_.End->StopOnFullDisk();
-  } else {
-    context_.Report.NotStored(stream, failure);
-  }
 }
 
 }  // namespace packetroutines

@@ -1,0 +1,58 @@
+#include "recorder/events/events_file.h"
+
+#include "base/failure.h"
+
+namespace packetroutines {
+
+namespace {
+
+/// More events than a night without a disk has; what comes behind is counted.
+constexpr std::size_t MostWaiting = 1U << 20U;
+
+}  // namespace
+
+void EventsFile::Begin(const std::string& path) {
+  path_ = path;
+  waiting_.clear();
+  leftOut_ = 0;
+  written_ = false;
+}
+
+void EventsFile::Add(const RecordEvent& event) {
+  if (waiting_.size() >= MostWaiting) {
+    ++leftOut_;
+    return;
+  }
+  if (leftOut_ > 0) {
+    const RecordEvent gap{.At = event.At, .What = "events left out", .Count = leftOut_};
+    leftOut_ = 0;
+    waiting_ += EventLine(gap, calendar_);
+  }
+  waiting_ += EventLine(event, calendar_);
+}
+
+bool EventsFile::Write() {
+  if (waiting_.empty()) return true;
+  // A file that has gone, with its folder perhaps, is begun anew.
+  const bool there = files_.FileExists(path_);
+  const std::int64_t before = there ? files_.FileSize(path_) : 0;
+  std::string text = there ? waiting_ : EventHeading() + waiting_;
+  try {
+    const auto file = files_.Append(path_);
+    file->Write(text);
+    file->Close();
+  } catch (const platform::Failure&) {
+    // What a disk has taken before it was full stays; the next time goes on behind it.
+    const std::int64_t stored = files_.FileExists(path_) ? files_.FileSize(path_) - before : 0;
+    if (stored > 0) {
+      text.erase(0, static_cast<std::size_t>(stored));
+      waiting_ = text;
+    }
+    return false;
+  }
+  waiting_.clear();
+  written_ = true;
+  return true;
+}
+
+}  // namespace packetroutines

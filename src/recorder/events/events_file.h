@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "platform/services/calendar.h"
+#include "platform/services/file_system.h"
+#include "recorder/events/event_line.h"
+
+namespace packetroutines {
+
+/// The file beside a recording that tells what happened to it. Events are gathered and stand in the
+/// file before the next ring; where it cannot be written, as while its folder is away, they wait
+/// for the next time.
+class EventsFile {
+ public:
+  EventsFile(platform::FileSystem& files, const platform::Calendar& calendar)
+      : files_(files), calendar_(calendar) {}
+
+  /// A recording begins whose events go to this path. Nothing is written yet.
+  void Begin(const std::string& path);
+  void Add(const RecordEvent& event);
+  /// Brings what waits to the file; False where that did not work.
+  bool Write();
+  const std::string& Path() const { return path_; }
+  /// A line was written, and the file is there.
+  bool IsThere() const { return written_ && files_.FileExists(path_); }
+
+ private:
+  platform::FileSystem& files_;
+  const platform::Calendar& calendar_;
+  std::string path_;
+  /// Lines that are not written yet.
+  std::string waiting_;
+  std::uint64_t leftOut_ = 0;
+  bool written_ = false;
+};
+
+}  // namespace packetroutines

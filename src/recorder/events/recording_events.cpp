@@ -1,0 +1,241 @@
+#include "recorder/events/recording_events.h"
+
+#include "config/program_facts.h"
+#include "recorder/events/identity_words.h"
+#include "recorder/writing/record_names.h"
+
+namespace packetroutines {
+
+namespace {
+
+/// "SV record 09.03.2024 14-05-07.txt" has "Events SV record 09.03.2024 14-05-07.csv" beside it.
+std::string EventsName(const std::string& recordFileName) {
+  return "Events " + recordFileName.substr(0, recordFileName.rfind('.')) + ".csv";
+}
+
+std::string Figure(const char* name, std::int64_t count) {
+  return std::string(name) + " " + std::to_string(count);
+}
+
+std::string Figure(const char* name, std::uint64_t count) {
+  return Figure(name, static_cast<std::int64_t>(count));
+}
+
+}  // namespace
+
+RecordingEvents::RecordingEvents(const EventSources& sources)
+    : from_(sources),
+      context_(sources.Samples.Context),
+      file_(context_.Services.Files, context_.Services.Calendar) {}
+
+void RecordingEvents::Begin() {
+  file_.Begin(RecordPath(context_.Services.Files, context_.Settings,
+                         EventsName(from_.State.RecordFileName)));
+  running_ = true;
+  streams_ = {};
+  for (std::size_t stream = 0; stream < streams_.size(); ++stream) {
+    streams_[stream].Before = from_.Watch.Track(stream).Totals();
+  }
+  tooLong_ = from_.State.Counters.TooLong;
+  dropped_ = from_.Capture.Dropped();
+  from_.Watch.TakeClockStep();
+  Add("start", Settings());
+}
+
+std::string RecordingEvents::Settings() const {
+  const config::Settings& settings = context_.Settings;
+  std::string text = std::string(config::ProgramName) + " " + config::ProgramVersion;
+  const auto add = [&](const std::string& fact) { text += ", " + fact; };
+  add("format " + settings.FileFormat);
+  add("adapter \"" + from_.Setup.Combo1.Text() + "\"");
+  add("capture filter \"" + settings.FilterString + "\"");
+  add("stream 1 \"" + settings.FilterContent[0] + "\"");
+  if (context_.Present.StreamCount == 2) add("stream 2 \"" + settings.FilterContent[1] + "\"");
+  const auto& units = from_.Setup.Combo4;
+  add("stream 1 in " + units[forms::unit_list::Current].Text() + " and " +
+      units[forms::unit_list::Voltage].Text());
+  if (context_.Present.StreamCount == 2) add("stream 2 in A and kV");
+  add("frequency " + context_.Services.Numbers.General(settings.BaseFrequency) + " Hz");
+  return text;
+}
+
+void RecordingEvents::RingDone(std::size_t stream, const std::string& failure) {
+  if (!running_) return;
+  TellRing(stream, failure);
+  TellStream(stream);
+  TellStretch(stream);
+  TellSystem();
+  Write();
+}
+
+void RecordingEvents::Write() {
+  if (file_.Write()) from_.Samples.Report.AlsoWritten(file_.Path());
+}
+
+void RecordingEvents::TellStream(std::size_t stream) {
+  Stream& told = streams_[stream];
+  if (told.Met || from_.Watch.Track(stream).Totals().Samples == told.Before.Samples) return;
+  told.Met = true;
+  RecordEvent event = Of(stream, "stream met");
+  event.Line = 1;
+  event.Figures = IdentityWords(from_.Watch.FirstFrame(stream), context_.Services.Code);
+  file_.Add(event);
+}
+
+void RecordingEvents::TellStretch(std::size_t stream) {
+  const sv::Stretch& stretch = from_.Watch.Track(stream).Since();
+  TellGaps(stream, stretch);
+  AddHappened(stream, "samples doubled", stretch.Doubled);
+  AddHappened(stream, "samples out of order", stretch.Late);
+  AddHappened(stream, "counter began anew", stretch.Jumped);
+  const SynchChanges& synch = from_.Watch.Synch(stream);
+  AddHappened(stream, "synchronisation changed", synch.Changed,
+              "smpSynch from " + std::to_string(synch.From) + " to " + std::to_string(synch.To));
+  from_.Watch.BeginStretch(stream);
+}
+
+void RecordingEvents::TellGaps(std::size_t stream, const sv::Stretch& stretch) {
+  for (std::size_t i = 0; i < stretch.GapCount; ++i) {
+    const sv::Gap& gap = stretch.Gaps[i];
+    // What came late has closed it.
+    if (gap.Missing == 0) continue;
+    RecordEvent event = Of(stream, "samples missing");
+    event.At = gap.At;
+    event.Line = LineAt(stream, gap.Place);
+    event.Count = gap.Missing;
+    event.Figures =
+        Figure("by counter", gap.ByCounter) + ", " + Figure("by time of arrival", gap.Missing);
+    file_.Add(event);
+  }
+  if (stretch.FurtherGaps == 0) return;
+  RecordEvent event = Of(stream, "samples missing");
+  event.Count = stretch.FurtherMissing;
+  event.Figures = "at " + std::to_string(stretch.FurtherGaps) + " further places of this ring";
+  file_.Add(event);
+}
+
+void RecordingEvents::AddHappened(std::size_t stream, const char* what,
+                                  const sv::Happened& happened, const std::string& figures) {
+  if (happened.Count == 0) return;
+  RecordEvent event = Of(stream, what);
+  event.At = happened.At;
+  event.Line = LineAt(stream, happened.Place);
+  event.Count = happened.Count;
+  event.Figures = figures;
+  file_.Add(event);
+}
+
+void RecordingEvents::TellSystem() {
+  if (const StreamWatch::Time step = from_.Watch.TakeClockStep(); step != StreamWatch::Time{0}) {
+    const double seconds = std::chrono::duration<double>(step).count();
+    Add("clock set", "by " + platform::NumberText().Format(seconds, "0.000") + " s");
+  }
+  const std::uint64_t tooLong = from_.State.Counters.TooLong;
+  if (tooLong > tooLong_) Add("frames too long", "not stored", tooLong - tooLong_);
+  tooLong_ = tooLong;
+  const std::optional<std::uint64_t> dropped = from_.Capture.Dropped();
+  if (dropped && *dropped > dropped_.value_or(0)) {
+    Add("frames dropped by the system", "nobody took them in time",
+        *dropped - dropped_.value_or(0));
+  }
+  if (dropped) dropped_ = dropped;
+}
+
+void RecordingEvents::TellRing(std::size_t stream, const std::string& failure) {
+  Stream& told = streams_[stream];
+  const DiskReport& report = from_.Samples.Report;
+  const std::int64_t inFile = report.Rings(stream);
+  if (inFile < told.InFile) {
+    // It went with its name, and what is written next begins a new one.
+    RecordEvent event = Of(stream, "file is gone");
+    event.Figures = Figure("rings in it", told.InFile);
+    file_.Add(event);
+    told.InFile = 0;
+  }
+  const bool stored = inFile > told.InFile && failure.empty();
+  if (!stored) {
+    ++told.Lost;
+    RecordEvent event = Of(stream, "ring not stored");
+    event.Line = told.InFile * RecordRings::Cells + 1;
+    event.Count = RecordRings::Cells;
+    event.Figures = failure.empty() ? report.Reason(stream) : failure;
+    file_.Add(event);
+  } else if (told.Failing) {
+    RecordEvent event = Of(stream, "stored again");
+    event.Line = told.InFile * RecordRings::Cells + 1;
+    event.Figures = Figure("rings lost until now", told.Lost);
+    file_.Add(event);
+  }
+  told.Failing = !stored;
+  told.Stored += stored ? 1 : 0;
+  told.InFile = inFile;
+}
+
+std::int64_t RecordingEvents::LineAt(std::size_t stream, std::uint32_t place) const {
+  // The ring at hand is counted already where it was stored.
+  const Stream& told = streams_[stream];
+  const std::int64_t before = told.InFile > 0 && !told.Failing ? told.InFile - 1 : told.InFile;
+  return before * RecordRings::Cells + place + 1;
+}
+
+void RecordingEvents::AdapterChanged(platform::Presence presence) {
+  if (!running_) return;
+  switch (presence) {
+    case platform::Presence::There:
+      Add("interface is there again");
+      break;
+    case platform::Presence::SwitchedOff:
+      Add("interface switched off");
+      break;
+    case platform::Presence::Gone:
+      Add("interface gone");
+      break;
+  }
+  Write();
+}
+
+void RecordingEvents::End(const std::string& why) {
+  if (!running_) return;
+  running_ = false;
+  for (std::size_t stream = 0; stream < streams_.size(); ++stream) {
+    TellStream(stream);
+    // The places of a ring that was not full lie behind the end of the file.
+    if (streams_[stream].Met) TellStretch(stream);
+  }
+  TellSystem();
+  if (!streams_[0].Met && !streams_[1].Met) return;
+  for (std::size_t stream = 0; stream < streams_.size(); ++stream) TellTotals(stream);
+  Add("end", why);
+  Write();
+}
+
+void RecordingEvents::TellTotals(std::size_t stream) {
+  const Stream& told = streams_[stream];
+  if (!told.Met) return;
+  const sv::TrackTotals total = from_.Watch.Track(stream).Totals() - told.Before;
+  RecordEvent event = Of(stream, "total");
+  event.Line = told.InFile * RecordRings::Cells;
+  event.Count = static_cast<std::uint64_t>(told.Stored * RecordRings::Cells);
+  event.Figures = Figure("samples stored", told.Stored * RecordRings::Cells) + ", " +
+                  Figure("received", total.Samples) + ", " + Figure("missing", total.Missing) +
+                  ", " + Figure("of these by counter", total.ByCounter) + ", " +
+                  Figure("doubled", total.Doubled) + ", " + Figure("out of order", total.Late) +
+                  ", " + Figure("rings not stored", told.Lost);
+  file_.Add(event);
+}
+
+std::string RecordingEvents::Name() const {
+  if (!file_.IsThere()) return {};
+  return EventsName(from_.State.RecordFileName);
+}
+
+void RecordingEvents::Add(const char* what, const std::string& figures,
+                          std::optional<std::uint64_t> count) {
+  file_.Add({.At = from_.Watch.WallTime(), .What = what, .Count = count, .Figures = figures});
+}
+
+RecordEvent RecordingEvents::Of(std::size_t stream, const char* what) const {
+  return {.At = from_.Watch.WallTime(), .Stream = stream, .What = what};
+}
+
+}  // namespace packetroutines
