@@ -89,7 +89,8 @@ class Recording {
       .Calendar = played_.Calendar,
       .Pointer = played_.Pointer,
       .Links = played_.Links,
-      .Timers = played_.Timers};
+      .Timers = played_.Timers,
+      .Sync = nullptr};
   packetroutines::Writing writing_{recorder_, settings_, present_, state_, rings_, platform_};
   packetroutines::RecordAnalysis analysis_{
       {settings_, present_, state_, writing_.Formats, writing_.Open, platform_}, frame_, recorder_};

@@ -24,7 +24,7 @@ struct RecorderServices {
   platform::ShellLinks& Links;
   platform::TimerCount& Timers;
   /// Null where the platform cannot tell what is on the disk itself.
-  platform::DiskSync* Sync = nullptr;
+  platform::DiskSync* Sync;
 };
 
 }  // namespace packetroutines

@@ -62,7 +62,8 @@ class LogOfLocale : public support::FakePlatform {
                                              .Calendar = Calendar,
                                              .Pointer = Pointer,
                                              .Links = Links,
-                                             .Timers = Timers};
+                                             .Timers = Timers,
+                                             .Sync = nullptr};
   packetroutines::Writing writing_{recorder_, settings_, present_, state_, rings_, services_};
   packetroutines::PacketBytes frame_;
   platform::ProgressBar bar_;

@@ -82,7 +82,8 @@ class AnalysisScene : public FakePlatform {
                                             .Calendar = Calendar,
                                             .Pointer = Pointer,
                                             .Links = Links,
-                                            .Timers = Timers};
+                                            .Timers = Timers,
+                                            .Sync = nullptr};
   packetroutines::Writing Writing{Recorder, Settings, Present, State, Rings, Platform};
   packetroutines::FileNumbers& Open = Writing.Open;
   packetroutines::RecordAnalysis Analysis{
