@@ -90,7 +90,8 @@ class Recording {
       .Pointer = played_.Pointer,
       .Links = played_.Links,
       .Timers = played_.Timers,
-      .Sleep = played_.Sleep};
+      .Sleep = played_.Sleep,
+      .Sync = nullptr};
   packetroutines::Writing writing_{recorder_, settings_, present_, state_, rings_, platform_};
   packetroutines::RecordAnalysis analysis_{
       {settings_, present_, state_, writing_.Formats, writing_.Open, platform_}, frame_, recorder_};

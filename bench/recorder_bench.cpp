@@ -54,7 +54,8 @@ struct WriterScene : bench::BenchPlatform {
                                    .Calendar = Calendar,
                                    .Pointer = Pointer,
                                    .Links = Links,
-                                   .Timers = Timers}};
+                                   .Timers = Timers,
+                                   .Sync = nullptr}};
 };
 
 constexpr std::int64_t MostBytes = 32'000'000;

@@ -78,7 +78,7 @@ class RecorderBench : public support::CaptureBench {
 
   /// The content of a file in the folder for data; "missing" where there is none.
   std::string Content(const std::string& name) const;
-  /// The names of the files there.
+  /// The names of the files there, but for those of events.
   std::vector<std::string> Names() const;
   /// How often an entry stands in the journal.
   int Times(const std::string& entry) const;

@@ -48,7 +48,15 @@ void FailingFiles::DeleteFile(const std::string& path) {
   files_.DeleteFile(path);
 }
 
+bool FailingFiles::IsApart(const std::string& path) const {
+  return !Apart.empty() && path.find(Apart) != std::string::npos;
+}
+
 std::unique_ptr<platform::OutputFile> FailingFiles::Append(const std::string& path) {
+  if (IsApart(path)) {
+    if (Refusal != 0) throw platform::Failure(Refusal);
+    return files_.Append(path);
+  }
   Change(Opens, FailingOpen);
   return std::make_unique<Output>(*this, files_.Append(path));
 }

@@ -17,6 +17,10 @@ namespace support {
 class FakeDiskSync : public platform::DiskSync {
  public:
   std::uint64_t Sync(const std::string& path) override {
+    if (path.find(Apart) != std::string::npos) {
+      states_[path].Synced = ++requests_;
+      return requests_;
+    }
     Asked.push_back(path);
     waiting_.push_back({path, ++requests_});
     if (!Lags) Work();
@@ -49,6 +53,9 @@ class FakeDiskSync : public platform::DiskSync {
   }
   bool Waits() const { return !waiting_.empty(); }
 
+  /// Files with this in their names always get through, and nobody is told: a scene counts the
+  /// files of the samples.
+  std::string Apart = "Events ";
   /// Nothing is done before `Work`.
   bool Lags = false;
   /// The request that fails, counted from 1; 0 for none.

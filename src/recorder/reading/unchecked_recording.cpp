@@ -88,6 +88,7 @@ std::optional<platform::LocalTime> MomentOf(const std::string& name) {
 std::optional<UncheckedRecording> FindUnchecked(
     const platform::FileSystem& files, const std::string& folder,
     const std::function<bool(const std::string& name)>& leftOut) {
+  const std::string inFolder = folder + files.Separator();
   Recordings recordings;
   files.ListNames(folder, [&](std::string_view name) { Note(recordings, name); });
   for (const auto& [order, found] : recordings) {
@@ -96,7 +97,7 @@ std::optional<UncheckedRecording> FindUnchecked(
       if (!found.There[i] || found.Logged[i]) continue;
       const std::string name = std::string(Prefixes[i]) + found.Name;
       // Beside two streams lies an empty file without a prefix.
-      if (files.FileSize(folder + files.Separator() + name) == 0 || leftOut(name)) continue;
+      if (files.FileSize(inFolder + name) == 0 || leftOut(name)) continue;
       unchecked.Names.push_back(name);
     }
     if (unchecked.Names.empty()) continue;

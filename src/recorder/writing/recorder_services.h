@@ -27,7 +27,7 @@ struct RecorderServices {
   platform::TimerCount& Timers;
   platform::SleepInhibitor& Sleep;
   /// Null where the platform cannot tell what is on the disk itself.
-  platform::DiskSync* Sync = nullptr;
+  platform::DiskSync* Sync;
 };
 
 }  // namespace packetroutines

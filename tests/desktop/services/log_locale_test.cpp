@@ -63,7 +63,8 @@ class LogOfLocale : public support::FakePlatform {
                                              .Pointer = Pointer,
                                              .Links = Links,
                                              .Timers = Timers,
-                                             .Sleep = Sleep};
+                                             .Sleep = Sleep,
+                                             .Sync = nullptr};
   packetroutines::Writing writing_{recorder_, settings_, present_, state_, rings_, services_};
   packetroutines::PacketBytes frame_;
   platform::ProgressBar bar_;

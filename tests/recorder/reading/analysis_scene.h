@@ -83,7 +83,8 @@ class AnalysisScene : public FakePlatform {
                                             .Pointer = Pointer,
                                             .Links = Links,
                                             .Timers = Timers,
-                                            .Sleep = Sleep};
+                                            .Sleep = Sleep,
+                                            .Sync = nullptr};
   packetroutines::Writing Writing{Recorder, Settings, Present, State, Rings, Platform};
   packetroutines::FileNumbers& Open = Writing.Open;
   packetroutines::RecordAnalysis Analysis{

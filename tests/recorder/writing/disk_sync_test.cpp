@@ -8,7 +8,7 @@
 namespace recorder_tests {
 namespace {
 
-using std::chrono_literals::operator""ms;
+using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
@@ -245,7 +245,8 @@ TEST(NoDiskSync, CountsWhatIsWrittenAsStored) {
                                      .Pointer = played.Pointer,
                                      .Links = played.Links,
                                      .Timers = played.Timers,
-                                     .Sleep = played.Sleep});
+                                     .Sleep = played.Sleep,
+                                     .Sync = nullptr});
   const std::string path = RecorderBench::Path("a.txt");
   played.Files.Stored[path] = std::string(1000, ' ');
   report.RingWritten(0, path);
