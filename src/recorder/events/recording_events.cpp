@@ -1,5 +1,7 @@
 #include "recorder/events/recording_events.h"
 
+#include <algorithm>
+
 #include "config/program_facts.h"
 #include "recorder/events/identity_words.h"
 #include "recorder/writing/record_names.h"
@@ -34,7 +36,7 @@ void RecordingEvents::Begin() {
   running_ = true;
   streams_ = {};
   for (std::size_t stream = 0; stream < streams_.size(); ++stream) {
-    streams_[stream].Before = from_.Watch.Track(stream).Totals();
+    streams_[stream].AtBegin = from_.Watch.Track(stream).Totals();
   }
   tooLong_ = from_.State.Counters.TooLong;
   dropped_ = from_.Capture.Dropped();
@@ -74,7 +76,7 @@ void RecordingEvents::Write() {
 
 void RecordingEvents::TellStream(std::size_t stream) {
   Stream& told = streams_[stream];
-  if (told.Met || from_.Watch.Track(stream).Totals().Samples == told.Before.Samples) return;
+  if (told.Met || from_.Watch.Track(stream).Totals().Samples == told.AtBegin.Samples) return;
   told.Met = true;
   RecordEvent event = Of(stream, "stream met");
   event.Line = 1;
@@ -143,39 +145,49 @@ void RecordingEvents::TellSystem() {
 
 void RecordingEvents::TellRing(std::size_t stream, const std::string& failure) {
   Stream& told = streams_[stream];
-  const DiskReport& report = from_.Samples.Report;
-  const std::int64_t inFile = report.Rings(stream);
-  if (inFile < told.InFile) {
-    // It went with its name, and what is written next begins a new one.
-    RecordEvent event = Of(stream, "file is gone");
-    event.Figures = Figure("rings in it", told.InFile);
-    file_.Add(event);
-    told.InFile = 0;
-  }
-  const bool stored = inFile > told.InFile && failure.empty();
-  if (!stored) {
-    ++told.Lost;
-    RecordEvent event = Of(stream, "ring not stored");
-    event.Line = told.InFile * RecordRings::Cells + 1;
-    event.Count = RecordRings::Cells;
-    event.Figures = failure.empty() ? report.Reason(stream) : failure;
-    file_.Add(event);
-  } else if (told.Failing) {
-    RecordEvent event = Of(stream, "stored again");
-    event.Line = told.InFile * RecordRings::Cells + 1;
+  LookForFile(stream);
+  const bool stored = from_.Samples.Report.Rings(stream) > told.Counted && failure.empty();
+  RecordEvent event = Of(stream, stored ? "stored again" : "ring not stored");
+  if (stored) {
+    CountStored(stream);
+    event.Line = (told.InFile() - 1) * RecordRings::Cells + 1;
     event.Figures = Figure("rings lost until now", told.Lost);
-    file_.Add(event);
+  } else {
+    ++told.Lost;
+    event.Line = told.InFile() * RecordRings::Cells + 1;
+    event.Count = RecordRings::Cells;
+    event.Figures = failure.empty() ? from_.Samples.Report.Reason(stream) : failure;
   }
+  if (!stored || told.Failing) file_.Add(event);
   told.Failing = !stored;
-  told.Stored += stored ? 1 : 0;
-  told.InFile = inFile;
+}
+
+void RecordingEvents::LookForFile(std::size_t stream) {
+  Stream& told = streams_[stream];
+  if (from_.Samples.Report.Rings(stream) >= told.Counted) return;
+  RecordEvent event = Of(stream, "file is gone");
+  event.Figures = Figure("rings in it", told.InFile());
+  file_.Add(event);
+  told.Gone = told.InFile();
+  told.Before = told.Counted = 0;
+}
+
+void RecordingEvents::CountStored(std::size_t stream) {
+  Stream& told = streams_[stream];
+  ++told.Stored;
+  told.Counted = from_.Samples.Report.Rings(stream);
+  const std::int64_t size = context_.Services.Files.FileSize(RecordPath(context_, stream));
+  // One that is larger than what went away is that file, which is there again.
+  if (told.Gone > 0 && size > told.Size) told.Before = told.Gone;
+  told.Gone = 0;
+  told.Size = size;
 }
 
 std::int64_t RecordingEvents::LineAt(std::size_t stream, std::uint32_t place) const {
   // The ring at hand is counted already where it was stored.
   const Stream& told = streams_[stream];
-  const std::int64_t before = told.InFile > 0 && !told.Failing ? told.InFile - 1 : told.InFile;
-  return before * RecordRings::Cells + place + 1;
+  const std::int64_t before = told.Failing ? told.InFile() : told.InFile() - 1;
+  return std::max<std::int64_t>(before, 0) * RecordRings::Cells + place + 1;
 }
 
 void RecordingEvents::AdapterChanged(platform::Presence presence) {
@@ -212,9 +224,9 @@ void RecordingEvents::End(const std::string& why) {
 void RecordingEvents::TellTotals(std::size_t stream) {
   const Stream& told = streams_[stream];
   if (!told.Met) return;
-  const sv::TrackTotals total = from_.Watch.Track(stream).Totals() - told.Before;
+  const sv::TrackTotals total = from_.Watch.Track(stream).Totals() - told.AtBegin;
   RecordEvent event = Of(stream, "total");
-  event.Line = told.InFile * RecordRings::Cells;
+  event.Line = told.InFile() * RecordRings::Cells;
   event.Count = static_cast<std::uint64_t>(told.Stored * RecordRings::Cells);
   event.Figures = Figure("samples stored", told.Stored * RecordRings::Cells) + ", " +
                   Figure("received", total.Samples) + ", " + Figure("missing", total.Missing) +

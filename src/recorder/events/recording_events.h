@@ -43,19 +43,28 @@ class RecordingEvents : public RingWitness, public AdapterConsumer {
 
  private:
   struct Stream {
-    /// Rings that were stored, of those those that are in the file, and rings that were not.
+    /// Rings that were stored, and rings that were not.
     std::int64_t Stored = 0;
-    std::int64_t InFile = 0;
     std::int64_t Lost = 0;
+    /// Those in the file as the report counts them, and those before that in a file that was away.
+    std::int64_t Counted = 0;
+    std::int64_t Before = 0;
+    /// The size of the file, and what a file that is gone held.
+    std::int64_t Size = 0;
+    std::int64_t Gone = 0;
     bool Failing = false;
     bool Met = false;
-    sv::TrackTotals Before;
+    sv::TrackTotals AtBegin;
+
+    std::int64_t InFile() const { return Before + Counted; }
   };
 
   void TellStream(std::size_t stream);
   void TellStretch(std::size_t stream);
   void TellGaps(std::size_t stream, const sv::Stretch& stretch);
   void TellRing(std::size_t stream, const std::string& failure);
+  void LookForFile(std::size_t stream);
+  void CountStored(std::size_t stream);
   void TellSystem();
   void TellTotals(std::size_t stream);
   void Write();

@@ -288,6 +288,11 @@ void RecordingSession::Stop(EndReason reason, Arrived arrived) {
 void RecordingSession::BuildLog(bool found) {
   bool nothingToRead = false;
   if (found && HasLog()) Reader->BuildRecordLog(nothingToRead);
+  // The log is for one stream alone.
+  if (HasLog() && writing_.Context.Present.StreamCount == 2 && !events_.Name().empty()) {
+    writing_.Report.Add("Two streams have no log; the totals of both stand in \"" + events_.Name() +
+                        "\"");
+  }
 }
 
 void RecordingSession::ShowRecorded(bool found) {
