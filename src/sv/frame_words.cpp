@@ -85,7 +85,7 @@ std::string WhereAndWhy(std::size_t at, Fault why) {
 }  // namespace
 
 std::vector<WordLine> FrameWords(const Frame& frame) {
-  Lines lines{{"Structure", "whole"}};
+  Lines lines{{"Structure", WholeStructure}};
   TellHead(frame, lines);
   if (IsBehindPduHead(frame.Why)) TellPdu(frame, lines);
   TellTrailer(frame, lines);

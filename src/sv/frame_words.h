@@ -18,6 +18,9 @@ struct WordLine {
   bool Raw = false;
 };
 
+/// The value of the first line where the structure is whole.
+inline constexpr const char* WholeStructure = "whole";
+
 /// What a frame holds by its structure, field by field, ASDU by ASDU. The first line tells whether
 /// the structure is whole, or where it ends and why; what was read until then is told. A field that
 /// the sender left out has no line.
