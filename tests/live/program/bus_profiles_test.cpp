@@ -24,6 +24,7 @@ TEST_F(BusProfile, TagsOfAllKinds) {
   EXPECT_EQ(Unit("\x01").Reader().Ethertype(), "0x8100");
   EXPECT_EQ(Unit("").Reader().Ethertype(), "0x8100");
   GoThroughAllViews("BAY-02", "BAY-08");
+  FindAndShow("BAY-01", "LINE-BAY-06");
 }
 
 TEST_F(BusProfile, AddressesOfAllNibbles) {
@@ -32,6 +33,7 @@ TEST_F(BusProfile, AddressesOfAllNibbles) {
   EXPECT_EQ(Unit("\x01").Reader().Address(6), "02:18:00:1A:00:06");
   Unit("");
   GoThroughAllViews("BAY-02", "BAY-08");
+  FindAndShow("LINE-BAY-05", "BAY-03");
 }
 
 TEST_F(BusProfile, IdsOfAllLengths) {
