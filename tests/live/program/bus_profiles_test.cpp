@@ -24,6 +24,10 @@ TEST_F(BusProfile, TagsOfAllKinds) {
   EXPECT_EQ(Unit("\x01").Reader().Ethertype(), "0x8100");
   EXPECT_EQ(Unit("").Reader().Ethertype(), "0x8100");
   GoThroughAllViews("BAY-02", "BAY-08");
+}
+
+TEST_F(BusProfile, SendersBehindATagThatMisleadsTheSearch) {
+  Play("tags", 12);
   FindAndShow("BAY-01", "LINE-BAY-06");
 }
 
@@ -33,6 +37,10 @@ TEST_F(BusProfile, AddressesOfAllNibbles) {
   EXPECT_EQ(Unit("\x01").Reader().Address(6), "02:18:00:1A:00:06");
   Unit("");
   GoThroughAllViews("BAY-02", "BAY-08");
+}
+
+TEST_F(BusProfile, SendersBehindAnAddressThatMisleadsTheSearch) {
+  Play("addresses", 8);
   FindAndShow("LINE-BAY-05", "BAY-03");
 }
 

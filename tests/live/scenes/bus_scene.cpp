@@ -89,7 +89,8 @@ void BusScene::ExpectAllListed(QDialog& finder) {
   const std::size_t most = units_.size() + SpareLooks;
   // One look takes half a second.
   const int patience = PatienceMs + static_cast<int>(most) * 1000;
-  ASSERT_TRUE(QTest::qWaitFor([&] { return WasEachSenderLookedAt() || Looks() > most; }, patience));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return WasEachSenderLookedAt() || Looks() > most; }, patience))
+      << Program().Windows.IDlook.FrameCount.Caption.Get();
   EXPECT_TRUE(WasEachSenderLookedAt()) << "after " << Looks() << " looks: " << Told(lookedAt_);
   EXPECT_LE(Looks(), most);
   for (const QString& id : lookedAt_)
@@ -271,9 +272,6 @@ void BusScene::ShowWaveforms(const std::string& id) {
 }
 
 void BusScene::FindAndShow(std::string first, std::string second) {
-  lookedAt_.clear();
-  sources_.clear();
-  ClickTab(forms::tab::Setup);
   ASSERT_NO_FATAL_FAILURE(FindSenders(first, second));
   ASSERT_NO_FATAL_FAILURE(ShowValues(first, second));
 }
