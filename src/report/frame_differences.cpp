@@ -87,7 +87,7 @@ std::string MisreadId(const SearchedFrame& searched, const sv::Frame& frame,
   const sv::Asdu first = FirstAsdu(frame);
   const std::string id = searched.StationId();
   if (first.SvId.data() == nullptr || first.SvId == id) return {};
-  return "ID: the row shows " + Quoted(id, code) + ". svID is " + Quoted(first.SvId, code) + ".";
+  return "ID: the search read " + Quoted(id, code) + ". svID is " + Quoted(first.SvId, code) + ".";
 }
 
 std::vector<std::string> Differences(const SearchedFrame& searched, const sv::Frame& frame,

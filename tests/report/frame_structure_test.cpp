@@ -88,7 +88,7 @@ TEST_F(ReportByStructure, SaysFirstWhatATagMisleadsTheRowsTo) {
   EXPECT_THAT(Differs(),
               StartsWith("! Ethertype: the row shows the VLAN tag. It is 0x88BA.\n"
                          "! AppID: the row shows priority and VLAN of the tag. It is 0x4000.\n"));
-  EXPECT_THAT(Differs(), HasSubstr("! ID: the row shows \"\\x01\". svID is \"MU01\".\n"));
+  EXPECT_THAT(Differs(), HasSubstr("! ID: the search read \"\\x01\". svID is \"MU01\".\n"));
   EXPECT_THAT(Differs(), HasSubstr(", which is not the length. It is "));
 }
 
@@ -155,7 +155,8 @@ TEST_F(ReportByStructure, TellsWhoseFrameItIsWhereTheRowsDoNot) {
             "! The frame that came was sent by \"MU02\" and not by \"MU01\". RUN asks again.\n");
   EXPECT_THAT(Told(), HasSubstr("\nsvID\tMU02\nsmpCnt\t77\n"));
   Run(SvFrame("MU01").Vlan(4, 1).Bytes());
-  EXPECT_THAT(Differs(), ::testing::EndsWith("! ID: the row shows \"\\x01\". svID is \"MU01\".\n"));
+  EXPECT_THAT(Differs(),
+              ::testing::EndsWith("! ID: the search read \"\\x01\". svID is \"MU01\".\n"));
 }
 
 TEST_F(ReportByStructure, IsNotTouchedByTheFinder) {
