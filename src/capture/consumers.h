@@ -42,6 +42,8 @@ class ReportConsumer {
   virtual ~ReportConsumer() = default;
   /// Reads the frame into the report; the result is the frame's stream ID.
   virtual std::string ReportAnalyse(const PacketBytes& bytes) = 0;
+  /// A report run was for this frame, which was read before.
+  virtual void FrameReported(const platform::CapturedFrame& frame) = 0;
   /// A run has ended without a frame, and its button is free again.
   virtual void ReportEnded() = 0;
 };

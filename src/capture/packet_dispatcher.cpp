@@ -113,6 +113,7 @@ void PacketDispatcher::ReportFrame(const CapturedFrame& pPacket) {
          bytes_.Copy(pPacket.Bytes);
        },
        [&] { upper_.Report->ReportAnalyse(bytes_); },
+       [&] { upper_.Report->FrameReported(pPacket); },
        [&] { controls_.Report.Command2.Visible = true; },
        [&] { controls_.Report.Command4.Enabled = true; });
 }

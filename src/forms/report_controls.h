@@ -5,6 +5,7 @@
 
 #include "platform/controls/buttons.h"
 #include "platform/controls/label.h"
+#include "platform/controls/text_box.h"
 
 namespace forms {
 
@@ -28,6 +29,14 @@ inline constexpr std::size_t DumpCount = 10;
 inline constexpr std::size_t Count = FirstDump + DumpCount;
 }  // namespace report_row
 
+/// How the texts of the field "By its structure" are told: a line of a field has this sign between
+/// its title and its value, one without it is a heading.
+namespace report_field {
+inline constexpr char ValueSign = '\t';
+/// In front of a line that tells what differs from the rows.
+inline constexpr const char* DifferenceSign = "! ";
+}  // namespace report_field
+
 /// The controls of the Report view: row i is the title `Label7[i]` and the value `Label8[i]`.
 struct ReportControls {
   ReportControls();
@@ -40,6 +49,9 @@ struct ReportControls {
   platform::Shape Shape3;
   std::array<platform::Label, report_row::Count> Label7;
   std::array<platform::Label, report_row::Count> Label8;
+  /// What the frame holds by its structure, line by line, and all its bytes.
+  platform::TextBox Structure;
+  platform::TextBox StructureDump;
 };
 
 }  // namespace forms

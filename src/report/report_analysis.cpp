@@ -76,41 +76,33 @@ const std::string& ReportAnalysis::ChosenStation() const {
 }
 
 bool ReportAnalysis::ReportAnalyse(const PacketBytes& bytes, std::string& id) {
-  // Each search begins where the one before it ended.
-  std::size_t position = 0;
   const Flow flow = run_(
       [&] {
         ShowHead(false);
-        digits_.Take(bytes);
-        position = digits_.AsduCount();
+        searched_.Take(bytes);
       },
-      [&] { WriteHead(); }, [&] { WriteLength(row::Sequence, position + 8); },
-      [&] { WriteLength(row::FirstAsdu, position + 12); },
+      [&] { WriteHead(); }, [&] { WriteLength(row::Sequence, searched_.SequenceLength()); },
+      [&] { WriteLength(row::FirstAsdu, searched_.FirstAsduLength()); },
       [&] {
-        position = digits_.StationTag(position);
-        id += code_.ToUtf8(digits_.StationId(position));
+        id += code_.ToUtf8(searched_.StationId());
         const bool other = present_.StreamCount > 1 && ChosenStation() != id;
         return other ? Flow::Leave : Flow::Next;
       },
       [&] { report_.Label8[row::StationId].Caption = id; },
       [&] {
         ShowHead(true);
-        WriteFields(position);
+        WriteFields();
       });
   return flow == Flow::Next;
 }
 
-void ReportAnalysis::WriteFields(std::size_t position) {
-  // From here on a position is that of a length byte.
-  const std::size_t counter = digits_.Find("82", position + 2) + 2;
-  const std::size_t synchronisation = digits_.Find("85", counter + 2) + 2;
+void ReportAnalysis::WriteFields() {
   run_(
       [&] {
-        const std::int32_t count =
-            HexPairValue(digits_.Pair(counter + 2)) * 256 + HexPairValue(digits_.Pair(counter + 4));
-        report_.Label8[row::SampleCount].Caption = platform::NumberText::General(count);
+        report_.Label8[row::SampleCount].Caption =
+            platform::NumberText::General(searched_.SampleCount());
       },
-      [&] { WriteSynchronisation(digits_.Pair(synchronisation + 2)); });
+      [&] { WriteSynchronisation(searched_.Synchronisation()); });
   for (std::size_t line = 0; line < row::DumpCount; ++line) {
     run_([&] { WriteDumpLine(line); });
   }
@@ -122,20 +114,20 @@ void ReportAnalysis::ShowHead(bool visible) {
 
 void ReportAnalysis::WriteHead() {
   auto& values = report_.Label8;
+  const FrameDigits& digits = searched_.Digits();
   values[row::Filter].Caption = settings_.FilterString + " / " + settings_.FilterContent[0] +
                                 " / " + settings_.FilterContent[1];
-  values[row::Destination].Caption = digits_.Pairs(1, 6);
-  values[row::Source].Caption = digits_.Pairs(7, 6);
-  values[row::Ethertype].Caption = "0x" + digits_.Pairs(13, 1) + digits_.Pairs(14, 1);
-  values[row::AppId].Caption = "0x" + digits_.Pairs(15, 1) + digits_.Pairs(16, 1);
+  values[row::Destination].Caption = digits.Pairs(1, 6);
+  values[row::Source].Caption = digits.Pairs(7, 6);
+  values[row::Ethertype].Caption = "0x" + digits.Pairs(13, 1) + digits.Pairs(14, 1);
+  values[row::AppId].Caption = "0x" + digits.Pairs(15, 1) + digits.Pairs(16, 1);
 }
 
-void ReportAnalysis::WriteLength(std::size_t row, std::size_t position) {
-  report_.Label8[row].Caption = "lenght: " + std::string(digits_.Pair(position));
+void ReportAnalysis::WriteLength(std::size_t row, std::string_view digits) {
+  report_.Label8[row].Caption = "lenght: " + std::string(digits);
 }
 
-void ReportAnalysis::WriteSynchronisation(std::string_view digits) {
-  const auto value = static_cast<std::size_t>(platform::NumberText::Leading(digits));
+void ReportAnalysis::WriteSynchronisation(std::size_t value) {
   if (value >= SynchronisationTexts.size()) return;
   report_.Label8[row::Synchronisation].Caption = SynchronisationTexts[value];
 }
@@ -143,7 +135,8 @@ void ReportAnalysis::WriteSynchronisation(std::string_view digits) {
 void ReportAnalysis::WriteDumpLine(std::size_t line) {
   std::string dump;
   for (std::size_t j = 0; j < LineBytes; ++j) {
-    const std::string_view digits = digits_.Pair((line * LineBytes + j) * DigitsOfByte + 1);
+    const std::string_view digits =
+        searched_.Digits().Pair((line * LineBytes + j) * DigitsOfByte + 1);
     dump += digits.empty() ? "00" : digits;
     dump += ' ';
   }

@@ -5,13 +5,13 @@
 #include <string_view>
 
 #include "base/trap.h"
-#include "capture/frame_digits.h"
 #include "capture/packet_bytes.h"
 #include "config/settings.h"
 #include "forms/report_controls.h"
 #include "forms/shared_controls.h"
 #include "platform/services/code_page.h"
 #include "platform/services/services.h"
+#include "report/searched_frame.h"
 
 namespace packetroutines {
 
@@ -34,16 +34,19 @@ class ReportAnalysis {
   /// chosen one: then the rows of the fields stay hidden and the others as they were.
   bool ReportAnalyse(const PacketBytes& bytes, std::string& id);
 
+  /// What was found in the frame that was read last.
+  const SearchedFrame& Searched() const { return searched_; }
+
   /// The station whose frame is asked for, where there are two.
   const std::string& ChosenStation() const;
 
  private:
   platform::Verdict OnFailure(const platform::Failure& failure);
-  void WriteFields(std::size_t position);
+  void WriteFields();
   void ShowHead(bool visible);
   void WriteHead();
-  void WriteLength(std::size_t row, std::size_t position);
-  void WriteSynchronisation(std::string_view digits);
+  void WriteLength(std::size_t row, std::string_view digits);
+  void WriteSynchronisation(std::size_t value);
   void WriteDumpLine(std::size_t line);
 
   forms::ReportControls& report_;
@@ -53,7 +56,7 @@ class ReportAnalysis {
   const platform::CodePage& code_;
   platform::Services services_;
   platform::Routine run_;
-  FrameDigits digits_;
+  SearchedFrame searched_;
 };
 
 }  // namespace packetroutines

@@ -52,7 +52,8 @@ ReportView::ReportView(const ReportParts& parts, platform::EventQueue& events,
       line_(parts.Shared.QuietLine[forms::quiet_line::Report]),
       events_(events),
       program_(program),
-      wish_(parts.Code) {
+      wish_(parts.Code),
+      structure_(parts.Report, parts.Code, parts.Calendar) {
   parts_.Report.Command2.ValueChanged = [this] { Command2_ValueChanged(); };
 }
 
@@ -63,6 +64,7 @@ void ReportView::Load() {
   for (platform::Label& title : report.Label7) title.Caption = std::string();
   for (platform::Label& value : report.Label8) value.Caption = std::string();
   report.Label8[row::Filter].Caption = NothingYet;
+  structure_.Load();
 }
 
 void ReportView::Show(const platform::Routine& run) {
@@ -157,6 +159,10 @@ std::string ReportView::ReportAnalyse(const packetroutines::PacketBytes& bytes) 
   line_.Say(HeadOfOther());
   running_ = false;
   return id;
+}
+
+void ReportView::FrameReported(const platform::CapturedFrame& frame) {
+  structure_.Show(frame, parts_.Analysis.Searched(), refusal_);
 }
 
 std::string ReportView::HeadOfOther() const {

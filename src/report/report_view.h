@@ -13,8 +13,10 @@
 #include "config/station_choice.h"
 #include "forms/report_controls.h"
 #include "forms/shared_controls.h"
+#include "platform/services/calendar.h"
 #include "platform/services/code_page.h"
 #include "platform/services/event_queue.h"
+#include "report/frame_structure.h"
 #include "report/report_analysis.h"
 #include "report/station_wish.h"
 
@@ -29,6 +31,7 @@ struct ReportParts {
   packetroutines::CaptureSession& Capture;
   packetroutines::ReportAnalysis& Analysis;
   const platform::CodePage& Code;
+  const platform::Calendar& Calendar;
 };
 
 /// The Report view: its rows, and a run that asks the bus for one frame. Its quiet line says where
@@ -46,6 +49,7 @@ class ReportView : public packetroutines::View, public packetroutines::ReportCon
   void ReportLayout();
   /// Reads a frame into the rows; the result is its station ID.
   std::string ReportAnalyse(const packetroutines::PacketBytes& bytes) override;
+  void FrameReported(const platform::CapturedFrame& frame) override;
   void ReportEnded() override;
   /// Why the first rows are hidden: they are of a frame that was not accepted, the others of an
   /// earlier one. Empty where all belong together.
@@ -65,6 +69,7 @@ class ReportView : public packetroutines::View, public packetroutines::ReportCon
   platform::EventQueue& events_;
   platform::Program& program_;
   packetroutines::StationWish wish_;
+  FrameStructure structure_;
   bool layoutDone_ = false;
   /// A run was begun, and no frame has come since.
   bool running_ = false;

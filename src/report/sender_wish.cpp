@@ -1,5 +1,6 @@
 #include "report/sender_wish.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace packetroutines {
@@ -12,17 +13,23 @@ namespace {
 /// Where the source address stands in a frame, from 0.
 constexpr std::size_t SourceAt = 6;
 constexpr std::size_t AddressBytes = 6;
-/// More addresses than a bus has senders; beyond them none is kept apart.
-constexpr std::size_t MostSources = 4096;
+/// More than a bus has senders; beyond them none is kept apart.
+constexpr std::size_t MostSenders = 4096;
+
+void Keep(std::string_view name, std::set<std::string, std::less<>>& names) {
+  if (names.size() < MostSenders) names.emplace(name);
+}
+
+}  // namespace
 
 std::string_view SourceIn(std::string_view frame) {
   return frame.size() < SourceAt ? std::string_view() : frame.substr(SourceAt, AddressBytes);
 }
 
-}  // namespace
-
 void SenderWish::Clear() {
   sources_.clear();
+  structural_.clear();
+  unreadable_.clear();
   tooLong_ = 0;
 }
 
@@ -34,12 +41,24 @@ Wanted SenderWish::Of(const CapturedFrame& frame) {
     ++tooLong_;
     return Wanted::No;
   }
-  if (seen_.Met(station_.Id(frame, pending ? length : state_.PacketLength))) return Wanted::No;
+  if (IsMet(frame, pending ? length : state_.PacketLength)) return Wanted::No;
   return sources_.contains(SourceIn(TextOf(frame))) ? Wanted::Rather : Wanted::Most;
 }
 
-void SenderWish::Append(const PacketBytes& frame) {
-  if (sources_.size() < MostSources) sources_.emplace(SourceIn(frame.Text()));
+bool SenderWish::IsMet(const CapturedFrame& frame, std::int16_t expected) {
+  if (!seen_.Met(station_.Id(frame, expected))) return false;
+  const StructuralIds ids(frame.Bytes, frame.Length);
+  if (ids.Why != sv::Fault::None && !sources_.contains(SourceIn(TextOf(frame)))) return false;
+  return std::all_of(ids.Ids.begin(), ids.Ids.end(),
+                     [this](std::string_view id) { return structural_.contains(id); });
+}
+
+void SenderWish::Append(const PacketBytes& frame, const StructuralIds& ids) {
+  Keep(SourceIn(frame.Text()), sources_);
+  for (const std::string_view id : ids.Ids) Keep(id, structural_);
+  if (ids.Why == sv::Fault::None) return;
+  lastFault_ = ids.Why;
+  Keep(SourceIn(frame.Text()), unreadable_);
 }
 
 }  // namespace packetroutines

@@ -1,7 +1,9 @@
 #include "report/stream_finder.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <string_view>
 #include <vector>
 
 #include "base/raised.h"
@@ -100,20 +102,47 @@ void StreamFinder::AddStreamToList(const std::string& id) {
   // A frame may be under way while the window closes.
   if (!look_.Window.Loaded) return;
   ++frames_;
-  ShowProgress();
-  if (!seenStreams_.Holds(id)) look_.List1.AddItem(id);
+  if (!seenStreams_.Holds(id) && !IsListed(id)) look_.List1.AddItem(id);
   seenStreams_.Append(id);
-  wish_.Append(read_.Last);
+  const std::string_view text = read_.Last.Text();
+  const StructuralIds ids({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()},
+                          text.size());
+  ListStructural(ids, id);
+  wish_.Append(read_.Last, ids);
+  ShowProgress();
+}
+
+void StreamFinder::ListStructural(const StructuralIds& ids, const std::string& searched) {
+  for (const std::string_view octets : ids.Ids) {
+    const std::string id = read_.Code.ToUtf8(octets);
+    // One that is a part of what was met before is listed too where a search was misled: it is the
+    // only filter that finds its sender.
+    if (!id.empty() && id != searched && !IsListed(id)) look_.List1.AddItem(id);
+  }
+}
+
+bool StreamFinder::IsListed(const std::string& id) const {
+  const std::vector<platform::CheckItem>& items = look_.List1.Items.Get();
+  return std::any_of(items.begin(), items.end(),
+                     [&](const platform::CheckItem& item) { return item.Text == id; });
 }
 
 void StreamFinder::ShowProgress() {
   std::string text = frames_ == 0   ? "No frame was looked at yet."
                      : frames_ == 1 ? "1 frame was looked at."
                                     : std::to_string(frames_) + " frames were looked at.";
-  for (const std::string& further : {LeftOut(), std::string(ended_)}) {
+  for (const std::string& further : {Unreadable(), LeftOut(), std::string(ended_)}) {
     if (!further.empty()) text += " " + further;
   }
   look_.FrameCount.Caption = text;
+}
+
+/// What they send is listed by what a search finds in it alone.
+std::string StreamFinder::Unreadable() const {
+  const std::size_t senders = wish_.Unreadable();
+  if (senders == 0) return {};
+  return std::to_string(senders) + (senders == 1 ? " sender sends" : " senders send") +
+         " what is no sampled value by its structure: " + sv::Words(wish_.LastFault()) + ".";
 }
 
 /// The senders of these frames are not found, and nothing else would say so.

@@ -17,6 +17,7 @@
 #include "platform/services/services.h"
 #include "report/seen_streams.h"
 #include "report/sender_wish.h"
+#include "report/structural_ids.h"
 
 namespace packetroutines {
 
@@ -43,7 +44,9 @@ class StreamFinder : public FinderConsumer {
                CaptureSession& capture, const FinderFrames& frames,
                const platform::Services& services);
 
-  /// Adds the ID of a frame to the list, unless it is part of what was met before.
+  /// Adds the ID of a frame to the list, unless it is part of what was met before, and behind it
+  /// what the structure of the frame tells, unless it is listed: a filter that the search was
+  /// misled to never finds its sender.
   void AddStreamToList(const std::string& id) override;
   /// Closes the window, if it is open.
   void UnloadIDlook() override { look_.Window.Unload(); }
@@ -60,6 +63,9 @@ class StreamFinder : public FinderConsumer {
   void TakeStreamChoice();
   void ShowProgress();
   std::string LeftOut() const;
+  std::string Unreadable() const;
+  void ListStructural(const StructuralIds& ids, const std::string& searched);
+  bool IsListed(const std::string& id) const;
 
   forms::IDlook& look_;
   FinderControls controls_;

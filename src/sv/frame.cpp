@@ -116,6 +116,7 @@ Fault ReadPdu(Frame& frame, std::size_t at, std::size_t end) {
         frame.Security = element.Size;
         break;
       case SeqAsdu:
+        frame.AsdusTagAt = element.TagAt;
         frame.AsdusAt = element.At;
         frame.AsdusEnd = element.End();
         break;

@@ -61,6 +61,8 @@ struct Frame {
   /// Where the sequence of ASDUs begins, and where it ends; both 0 where there is none.
   std::size_t AsdusAt = 0;
   std::size_t AsdusEnd = 0;
+  /// Where its tag stands, with the length behind it.
+  std::size_t AsdusTagAt = 0;
 
   /// Octets behind the PDU: padding, a trailer.
   std::size_t Behind = 0;

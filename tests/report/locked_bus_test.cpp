@@ -94,6 +94,17 @@ TEST_F(FinderAtALockedBus, ListsThemAlsoWhereEachFrameComesTwice) {
   Find([&] { EXPECT_LE(LooksUntil(7), 9); });
 }
 
+TEST_P(FinderAtALockedBus, ListsAllBehindOneIdThatTheSearchIsMisledTo) {
+  for (int i = 0; i < GetParam(); ++i) {
+    FrameBytes frame = SvFrame(IdOf(i)).Vlan(4, 1).Bytes();
+    frame[11] = static_cast<std::uint8_t>(i);
+    Bus.Senders->Frames.push_back(frame);
+  }
+  // The misread one stands in the list too.
+  const auto listed = static_cast<std::size_t>(GetParam()) + 1;
+  Find([&] { EXPECT_LE(LooksUntil(listed), GetParam() + 2); });
+}
+
 TEST_F(FinderAtALockedBus, ListsThemAgainInTheNextSession) {
   Connect(7);
   for (int session = 0; session < 2; ++session) {

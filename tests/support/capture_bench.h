@@ -33,6 +33,7 @@ class MockRecorder : public packetroutines::RecordConsumer, public packetroutine
 class MockReport : public packetroutines::ReportConsumer, public packetroutines::FinderConsumer {
  public:
   MOCK_METHOD(std::string, ReportAnalyse, (const packetroutines::PacketBytes& bytes), (override));
+  void FrameReported(const platform::CapturedFrame&) override {}
   MOCK_METHOD(void, ReportEnded, (), (override));
   MOCK_METHOD(void, AddStreamToList, (const std::string& id), (override));
   MOCK_METHOD(void, UnloadIDlook, (), (override));

@@ -216,6 +216,11 @@ void Binder::Bind(platform::TextBox& control, TextArea& widget, const QString& n
   widget.DoubleClicked = [&] { guard_([&] { control.DblClick(); }); };
 }
 
+void Binder::Bind(platform::TextBox& control, StructureField& widget, const QString& name) {
+  BindControl(control, widget, name);
+  Follow(control.Text, [&] { widget.ShowText(ToQt(control.Text)); });
+}
+
 void Binder::Bind(platform::GroupBox& control, QWidget& widget, const QString& name) {
   BindControl(control, widget, name);
 }

@@ -15,6 +15,7 @@
 #include "desktop/widgets/radio_button.h"
 #include "desktop/widgets/reading_field.h"
 #include "desktop/widgets/run_button.h"
+#include "desktop/widgets/structure_field.h"
 #include "desktop/widgets/text_area.h"
 #include "desktop/widgets/text_field.h"
 #include "platform/controls/buttons.h"
@@ -65,6 +66,7 @@ class Binder {
   void Bind(platform::CheckList& control, CheckListView& widget, const QString& name);
   void Bind(platform::TextBox& control, TextField& widget, const QString& name);
   void Bind(platform::TextBox& control, TextArea& widget, const QString& name);
+  void Bind(platform::TextBox& control, StructureField& widget, const QString& name);
   void Bind(platform::GroupBox& control, QWidget& widget, const QString& name);
   void Bind(platform::PictureBox& control, QWidget& widget, const QString& name);
   void Bind(platform::Shape& control, QWidget& widget, const QString& name);

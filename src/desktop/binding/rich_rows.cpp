@@ -18,7 +18,7 @@ constexpr double LinePart = 1.5;
 RichRows::RichRows(Binder& binder, QWidget& page, QPoint origin)
     : binder_(binder), page_(page), origin_(origin) {}
 
-void RichRows::Add(platform::Label& row, const QString& name, Wording wording) {
+QLabel* RichRows::Add(platform::Label& row, const QString& name, Wording wording) {
   QLabel* widget = wording == Wording::Foreign ? new ElidedLabel(&page_) : new QLabel(&page_);
   look::KeepFont(*widget);
   binder_.Bind(row, *widget, name, wording);
@@ -32,6 +32,7 @@ void RichRows::Add(platform::Label& row, const QString& name, Wording wording) {
   row.FontBold.Observe(lay);
   row.FontUnderline.Observe(lay);
   lay();
+  return widget;
 }
 
 void RichRows::Lay(double ratio) {

@@ -16,7 +16,7 @@ class RichRows {
   RichRows(Binder& binder, QWidget& page, QPoint origin);
 
   /// A row of foreign words loses its middle where it is too long.
-  void Add(platform::Label& row, const QString& name, Wording wording);
+  QLabel* Add(platform::Label& row, const QString& name, Wording wording);
   /// Lays the rows anew, `ratio` times as large as the program gives them.
   void Lay(double ratio);
 

@@ -23,8 +23,18 @@ constexpr std::int32_t ValueWidth = 6900;
 constexpr QPointF SheetCorner(20, 22);
 constexpr double SheetHeight = 500;
 constexpr double PanelGap = 18;
+constexpr double SheetInset = 8;
 constexpr double PanelWidth = 226;
 constexpr double QuietGap = 10;
+/// The rows take so much of a wide window, and what is told by the structure so much at least.
+constexpr double RowsWidth = 740;
+constexpr double StructureWidth = 280;
+/// Room for the lines of the quiet line, between the rows and the bytes.
+constexpr double QuietHeight = 54;
+constexpr double BottomGap = 12;
+constexpr double HeadingHeight = 24;
+/// The logo stands in the lower right corner.
+constexpr double LogoRoom = 70;
 
 }  // namespace
 
@@ -32,13 +42,18 @@ ReportPage::ReportPage(forms::ReportControls& report, forms::SharedControls& sha
                        QWidget* parent)
     : QWidget(parent),
       rows_(binder, *this, QPoint(0, TabBar::DesignHeight)),
+      picker_(new RowPicker(*this)),
       panel_(new Card(QString(), this)),
       run_(new RunColumn(panel_)),
       print_(new QPushButton(run_)),
       quiet_(new QuietLine(this)),
+      heading_(new QLabel(QStringLiteral("By its structure"), this)),
+      structure_(new StructureField(this)),
+      dump_(new TextArea(this)),
       report_(report) {
   AddRows(report);
   BindControls(report, shared, binder);
+  AddStructure(report, binder);
 }
 
 void ReportPage::AddRows(forms::ReportControls& report) {
@@ -51,10 +66,25 @@ void ReportPage::AddRows(forms::ReportControls& report) {
   for (std::size_t i = 0; i < report.Label7.size(); ++i) {
     place(report.Label7[i], i, TitleLeft, TitleWidth);
     place(report.Label8[i], i, ValueLeft, ValueWidth);
-    rows_.Add(report.Label7[i], ArrayName("Label7", i), Wording::Own);
+    QLabel* title = rows_.Add(report.Label7[i], ArrayName("Label7", i), Wording::Own);
     const bool dump = i >= forms::report_row::FirstDump;
-    rows_.Add(report.Label8[i], ArrayName("Label8", i), dump ? Wording::Columns : Wording::Foreign);
+    QLabel* value = rows_.Add(report.Label8[i], ArrayName("Label8", i),
+                              dump ? Wording::Columns : Wording::Foreign);
+    picker_->Add({title, value});
   }
+  setAccessibleName(QStringLiteral("Rows of the report"));
+}
+
+void ReportPage::AddStructure(forms::ReportControls& report, Binder& binder) {
+  binder.Bind(report.Structure, *structure_, QStringLiteral("Structure"));
+  heading_->setFont(look::BoldFont(look::TextSize));
+  structure_->setAccessibleName(heading_->text());
+  dump_->setReadOnly(true);
+  dump_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  dump_->setLineWrapMode(QPlainTextEdit::NoWrap);
+  dump_->setFont(look::TextFont(look::TextSize, QStringLiteral("Courier New")));
+  dump_->setAccessibleName(QStringLiteral("All bytes of the frame"));
+  binder.Bind(report.StructureDump, *dump_, QStringLiteral("StructureDump"));
 }
 
 void ReportPage::BindControls(forms::ReportControls& report, forms::SharedControls& shared,
@@ -74,14 +104,28 @@ void ReportPage::resizeEvent(QResizeEvent*) {
   rows_.Lay(ratio);
   const QPointF corner = SheetCorner * ratio;
   const double side = (PanelWidth + PanelGap) * ratio;
-  sheet_ = QRectF(corner, QSizeF(width() - 2 * corner.x() - side, SheetHeight * ratio));
-  panel_->setGeometry(QRectF(sheet_.right() + PanelGap * ratio, sheet_.top(), PanelWidth * ratio,
-                             panel_->sizeHint().height())
-                          .toRect());
-  // The rows are laid out in the size of the smallest window.
-  report_.Shape3.Width = twips::Of(static_cast<int>(sheet_.width() / ratio));
+  const double room = width() - 2 * corner.x() - side;
+  const double between = room - (RowsWidth + PanelGap) * ratio;
+  const bool beside = between >= StructureWidth * ratio;
+  sheet_ = QRectF(corner, QSizeF(beside ? RowsWidth * ratio : room, SheetHeight * ratio));
+  const QRectF panel(corner.x() + room + PanelGap * ratio, corner.y(), PanelWidth * ratio,
+                     panel_->sizeHint().height());
+  panel_->setGeometry(panel.toRect());
+  // The rows are laid out in the size of the smallest window, and end within the sheet.
+  const double inside = sheet_.right() / ratio - twips::Pixels(TitleLeft);
+  report_.Shape3.Width = twips::Of(static_cast<int>(inside));
+  const double bottom = height() - BottomGap * ratio;
+  const QRectF structure = beside ? QRectF(QPointF(sheet_.right() + PanelGap * ratio, sheet_.top()),
+                                           QPointF(panel.left() - PanelGap * ratio, bottom))
+                                  : QRectF(QPointF(panel.left(), panel.bottom() + PanelGap * ratio),
+                                           QPointF(panel.right(), height() - LogoRoom * ratio));
+  const double heading = HeadingHeight * ratio;
+  heading_->setGeometry(QRectF(structure.topLeft(), QSizeF(structure.width(), heading)).toRect());
+  structure_->setGeometry(structure.adjusted(0, heading, 0, 0).toRect());
   const double below = sheet_.bottom() + QuietGap * ratio;
-  quiet_->setGeometry(QRectF(sheet_.left(), below, sheet_.width(), height() - below).toRect());
+  quiet_->setGeometry(QRectF(sheet_.left(), below, sheet_.width(), QuietHeight * ratio).toRect());
+  const double dump = below + (QuietHeight + QuietGap) * ratio;
+  dump_->setGeometry(QRectF(sheet_.left(), dump, sheet_.width(), bottom - dump).toRect());
   update();
 }
 
@@ -91,6 +135,8 @@ void ReportPage::paintEvent(QPaintEvent*) {
   painter.setPen(QPen(look::Edge, 1));
   painter.setBrush(look::Card);
   painter.drawRoundedRect(sheet_, look::Corner + 2, look::Corner + 2);
+  const double inset = SheetInset * look::Scale();
+  picker_->Paint(painter, sheet_.adjusted(inset, 0, -inset, 0));
 }
 
 }  // namespace desktop

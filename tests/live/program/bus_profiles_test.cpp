@@ -26,12 +26,22 @@ TEST_F(BusProfile, TagsOfAllKinds) {
   GoThroughAllViews("BAY-02", "BAY-08");
 }
 
+TEST_F(BusProfile, SendersBehindATagThatMisleadsTheSearch) {
+  Play("tags", 12);
+  FindAndShow("BAY-01", "LINE-BAY-06");
+}
+
 TEST_F(BusProfile, AddressesOfAllNibbles) {
   Play("addresses", 8);
   // So are those of some addresses.
   EXPECT_EQ(Unit("\x01").Reader().Address(6), "02:18:00:1A:00:06");
   Unit("");
   GoThroughAllViews("BAY-02", "BAY-08");
+}
+
+TEST_F(BusProfile, SendersBehindAnAddressThatMisleadsTheSearch) {
+  Play("addresses", 8);
+  FindAndShow("LINE-BAY-05", "BAY-03");
 }
 
 TEST_F(BusProfile, IdsOfAllLengths) {

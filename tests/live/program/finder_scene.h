@@ -8,6 +8,7 @@
 #include <functional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "live/program/program_on_the_wire.h"
 
@@ -21,9 +22,12 @@ class FinderScene : public ProgramOnTheWire {
     Store("Internal Delay", "0");
     ProgramOnTheWire::SetUp();
     if (IsSkipped()) return;
-    // The analysis of each frame leaves the ID in the report.
+    // The analysis of each frame leaves the ID in the report, and before it the source address.
     auto& id = Form().Label8[forms::report_row::StationId].Caption;
-    id.Observe([this, &id] { lookedAt_ << QString::fromStdString(id); });
+    id.Observe([this, &id] {
+      lookedAt_ << QString::fromStdString(id);
+      sources_.push_back(Form().Label8[forms::report_row::Source].Caption);
+    });
   }
 
   /// Opens the finder and works in it. What the work leaves open is closed behind it.
@@ -73,6 +77,7 @@ class FinderScene : public ProgramOnTheWire {
   }
 
   QStringList lookedAt_;
+  std::vector<std::string> sources_;
 };
 
 }  // namespace desktop

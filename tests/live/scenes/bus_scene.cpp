@@ -63,6 +63,9 @@ const BusUnit& BusScene::Unit(const std::string& id) const {
     if (unit.Id() == id) return unit;
     heard += " \"" + unit.Id() + "\"";
   }
+  for (const BusUnit& unit : units_) {
+    if (unit.Reader().SvId() == id) return unit;
+  }
   throw std::invalid_argument("no sender \"" + id + "\" among" + heard);
 }
 
@@ -86,8 +89,9 @@ void BusScene::ExpectAllListed(QDialog& finder) {
   const std::size_t most = units_.size() + SpareLooks;
   // One look takes half a second.
   const int patience = PatienceMs + static_cast<int>(most) * 1000;
-  ASSERT_TRUE(QTest::qWaitFor([&] { return WereLookedAt(ids) || Looks() > most; }, patience));
-  EXPECT_TRUE(WereLookedAt(ids)) << "after " << Looks() << " looks: " << Told(lookedAt_);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return WasEachSenderLookedAt() || Looks() > most; }, patience))
+      << Program().Windows.IDlook.FrameCount.Caption.Get();
+  EXPECT_TRUE(WasEachSenderLookedAt()) << "after " << Looks() << " looks: " << Told(lookedAt_);
   EXPECT_LE(Looks(), most);
   for (const QString& id : lookedAt_)
     EXPECT_TRUE(ids.contains(id)) << "no sender has " << Plain(id);
@@ -95,10 +99,34 @@ void BusScene::ExpectAllListed(QDialog& finder) {
   for (const platform::CheckItem& item : Program().Windows.IDlook.List1.Items.Get()) {
     listed.push_back(item.Text);
   }
-  std::vector<std::string> expected;
-  for (const QString& id : Expected()) expected.push_back(Plain(id));
+  const std::vector<std::string> expected = ExpectedList();
   EXPECT_EQ(listed, expected);
   EXPECT_EQ(static_cast<std::size_t>(ListOf(finder).count()), expected.size());
+}
+
+bool BusScene::WasEachSenderLookedAt() const {
+  return std::all_of(units_.begin(), units_.end(), [this](const BusUnit& unit) {
+    return std::find(sources_.begin(), sources_.end(), unit.Reader().Address(6)) != sources_.end();
+  });
+}
+
+std::vector<std::string> BusScene::ExpectedList() const {
+  std::vector<std::string> expected;
+  std::string seen;
+  const auto list = [&expected](const std::string& id) {
+    const bool isThere = std::find(expected.begin(), expected.end(), id) != expected.end();
+    if (!id.empty() && !isThere) expected.push_back(id);
+  };
+  for (std::size_t look = 0; look < sources_.size(); ++look) {
+    const std::string read = Plain(lookedAt_[static_cast<qsizetype>(look)]);
+    if (seen.find(read) == std::string::npos) list(read);
+    seen += ' ' + read;
+    for (const BusUnit& unit : units_) {
+      const live::FrameReader reader = unit.Reader();
+      if (reader.Address(6) == sources_[look] && reader.SvId() != read) list(reader.SvId());
+    }
+  }
+  return expected;
 }
 
 void BusScene::CheckBoth(QDialog& finder, std::string& first, std::string& second) {
@@ -134,6 +162,7 @@ void BusScene::ReportBoth(const std::string& first, const std::string& second) {
 void BusScene::ExpectReported(const BusUnit& unit) {
   SCOPED_TRACE("report of " + unit.Id());
   lookedAt_.clear();
+  sources_.clear();
   Click("Command2");
   ASSERT_TRUE(WaitFor([this] { return !Find<QWidget>("Command2").isVisible(); }));
   ASSERT_TRUE(WaitFor([this] { return Find<QWidget>("Command2").isVisible(); }));
@@ -240,6 +269,11 @@ void BusScene::ShowWaveforms(const std::string& id) {
   })) << id;
   Press("CWButton1");
   ASSERT_TRUE(WaitFor([this] { return Find<RunButton>("CWButton1").isEnabled(); }));
+}
+
+void BusScene::FindAndShow(std::string first, std::string second) {
+  ASSERT_NO_FATAL_FAILURE(FindSenders(first, second));
+  ASSERT_NO_FATAL_FAILURE(ShowValues(first, second));
 }
 
 void BusScene::GoThroughAllViews(std::string first, std::string second) {

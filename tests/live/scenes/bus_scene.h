@@ -22,7 +22,8 @@ class BusScene : public FinderScene {
 
   /// Plays a profile with so many senders and listens until all of them are heard.
   void Play(const std::string& profile, std::size_t senders, const std::string& arguments = "");
-  /// The sender with this ID on the wire; a scene's error where there is none.
+  /// The sender with this ID on the wire, the one that is read or, where no sender has that, the
+  /// one by the structure; a scene's error where there is none.
   const live::BusUnit& Unit(const std::string& id) const;
   /// Finds all senders, a new one with each look, and takes two of them: the one that was listed
   /// first becomes the first stream.
@@ -35,6 +36,8 @@ class BusScene : public FinderScene {
   void ShowWaveforms(const std::string& id);
   /// What the files hold is what was on the wire, in one piece.
   void Record(const std::string& first, const std::string& second);
+  /// Two senders whose IDs a search misreads: what the finder lists of them leads to their values.
+  void FindAndShow(std::string first, std::string second);
   /// All of it.
   void GoThroughAllViews(std::string first, std::string second);
 
@@ -49,6 +52,10 @@ class BusScene : public FinderScene {
 
  private:
   void ExpectAllListed(QDialog& finder);
+  /// What the list must hold for the frames that were looked at: behind each ID that is read the
+  /// one by the structure of that sender's frames.
+  std::vector<std::string> ExpectedList() const;
+  bool WasEachSenderLookedAt() const;
   void CheckBoth(QDialog& finder, std::string& first, std::string& second);
   void ExpectReported(const live::BusUnit& unit);
   std::string RowOf(std::size_t row);

@@ -42,6 +42,15 @@ std::optional<SamplePlace> LastIn(const Frame& frame, std::size_t bytes) {
   return place;
 }
 
+/// How long an element is whose tag stands at a place, and where what it holds begins.
+std::size_t LengthAt(const Frame& frame, std::size_t at) {
+  if (frame[at + 1] == 0x82) return frame[at + 2] * 256U + frame[at + 3];
+  return frame[at + 1] == 0x81 ? frame[at + 2] : frame[at + 1];
+}
+std::size_t ContentAt(const Frame& frame, std::size_t at) {
+  return at + 2 + (frame[at + 1] > 0x80 ? frame[at + 1] - 0x80U : 0U);
+}
+
 }  // namespace
 
 std::string FrameReader::Id() const {
@@ -52,6 +61,23 @@ std::string FrameReader::Id() const {
     id += static_cast<char>(NumberAt(digits, tag + 2 + 2 * k));
   }
   return id;
+}
+
+std::string FrameReader::SvId() const {
+  constexpr std::size_t Addresses = 12;
+  constexpr std::size_t EthertypeAndHead = 10;
+  std::size_t at = Addresses;
+  while (Bytes[at] == 0x81 && Bytes[at + 1] == 0x00) at += 4;
+  at += EthertypeAndHead;
+  // Into each of these in turn, past what stands beside it.
+  for (const unsigned tag : {0x60U, 0xA2U, 0x30U, 0x80U}) {
+    std::size_t content = ContentAt(Bytes, at);
+    for (; Bytes[at] != tag; content = ContentAt(Bytes, at)) at = content + LengthAt(Bytes, at);
+    if (tag == 0x80U)
+      return {Bytes.begin() + content, Bytes.begin() + content + LengthAt(Bytes, at)};
+    at = content;
+  }
+  return {};
 }
 
 std::string FrameReader::Synchronisation() const {

@@ -20,6 +20,8 @@ struct FrameReader {
 
   /// The ID that the report and the finder read.
   std::string Id() const;
+  /// The ID of the first ASDU by the structure of the frame.
+  std::string SvId() const;
   /// The two digits behind the tag of the synchronisation.
   std::string Synchronisation() const;
   /// Six bytes from a position on, counted from 0.
