@@ -103,14 +103,15 @@ std::vector<std::string> DumpWords(Octets bytes) {
   constexpr std::size_t FigureWidth = 3;
   std::vector<std::string> lines;
   for (std::size_t at = 0; at < bytes.size(); at += BytesALine) {
-    std::string figures;
+    std::string line = PlaceWords(at).substr(2) + ' ';
+    const std::size_t width = line.size() + BytesALine * FigureWidth + 2;
     std::string characters;
     for (const std::uint8_t byte : bytes.subspan(at, std::min(BytesALine, bytes.size() - at))) {
-      figures += ' ' + platform::HexByteText(byte);
+      line += ' ' + platform::HexByteText(byte);
       characters += byte >= ' ' && byte <= '~' ? static_cast<char>(byte) : '.';
     }
-    figures.resize(BytesALine * FigureWidth, ' ');
-    lines.push_back(PlaceWords(at).substr(2) + ' ' + figures + "  " + characters);
+    line.resize(width, ' ');
+    lines.push_back(line + characters);
   }
   return lines;
 }

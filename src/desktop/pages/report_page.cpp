@@ -30,7 +30,7 @@ constexpr double QuietGap = 10;
 constexpr double RowsWidth = 740;
 constexpr double StructureWidth = 280;
 /// Room for the lines of the quiet line, between the rows and the bytes.
-constexpr double QuietHeight = 54;
+constexpr double QuietHeight = 68;
 constexpr double BottomGap = 12;
 constexpr double HeadingHeight = 24;
 /// The logo stands in the lower right corner.

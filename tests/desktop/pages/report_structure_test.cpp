@@ -162,6 +162,13 @@ TEST_P(ReportStructureFit, StandsClearOfAllOthers) {
   Open();
   ResizeFrame(GetParam());
   Bring(SvFrame("MU01").Vlan(4, 1).Asdus(8).Bytes());
+  // Two IDs as long as they may be.
+  const std::string id(65, 'M');
+  Form().QuietLine[forms::quiet_line::Report].Say(
+      "There is no report. RUN comes back when this page is entered anew. The frame that came was "
+      "sent by \"" +
+      id + "2\", which is more than \"" + id +
+      "\". Of two streams a report needs the whole ID: see 'Packet content filter' under 'Setup'.");
   QTest::qWait(50);
   for (const QString& misfit : tour::Misfits(program_->Window())) {
     ADD_FAILURE() << misfit.toStdString();
