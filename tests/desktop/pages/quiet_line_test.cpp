@@ -46,6 +46,23 @@ class QuietLines : public WindowScene {
   }
 };
 
+TEST_F(QuietLines, LeaveOutTheEndOfATextWithoutRoomAndTellItInTheTip) {
+  Start();
+  ResizeFrame(QSize(1024, 768));
+  ClickTab(FirstTab);
+  std::string much;
+  for (int i = 0; i < 8; ++i) much += std::string(Long) + " ";
+  QuietLine& line = Line(0);
+  Form().QuietLine[0].Say(Long);
+  ASSERT_TRUE(WaitFor([&] { return line.isVisible(); }));
+  EXPECT_FALSE(line.toolTip().contains(QStringLiteral("none held this ID")));
+  Form().QuietLine[0].Say(much);
+  ASSERT_TRUE(WaitFor([&] { return line.toolTip().contains(QString::fromStdString(much)); }));
+  EXPECT_EQ(line.text().toStdString(), much);
+  Form().QuietLine[0].Say("short");
+  ASSERT_TRUE(WaitFor([&] { return !line.toolTip().contains(QString::fromStdString(much)); }));
+}
+
 TEST_F(QuietLines, StandClearOfEverythingAndMoveNothing) {
   Start();
   Form().Text1[3].Text = home_.path().toStdString();
