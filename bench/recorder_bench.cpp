@@ -55,6 +55,7 @@ struct WriterScene : bench::BenchPlatform {
                                    .Pointer = Pointer,
                                    .Links = Links,
                                    .Timers = Timers,
+                                   .Sleep = Sleep,
                                    .Sync = nullptr}};
 };
 
