@@ -107,9 +107,9 @@ void StructureField::Write() {
 }
 
 QMimeData* StructureField::createMimeDataFromSelection() const {
-  auto* data = new QMimeData;
-  data->setText(textCursor().selection().toPlainText());
-  return data;
+  auto* selected = new QMimeData;
+  selected->setText(textCursor().selection().toPlainText());
+  return selected;
 }
 
 }  // namespace desktop
