@@ -125,16 +125,38 @@ bool SampleTrack::TakeBack(std::uint32_t counter, Time arrived) {
 void SampleTrack::FillGap(std::int64_t position) {
   // What came before the track began was never missed.
   if (position < floor_) return;
-  totals_.Missing -= std::min<std::uint64_t>(totals_.Missing, step_);
-  totals_.ByCounter -= std::min<std::uint64_t>(totals_.ByCounter, step_);
-  for (std::size_t i = stretch_.GapCount; i-- > 0;) {
-    Gap& gap = stretch_.Gaps[i];
-    const std::int64_t into = position - gap.First;
-    if (into < 0 || into >= static_cast<std::int64_t>(gap.Reach)) continue;
-    gap.Missing -= std::min<std::uint64_t>(gap.Missing, step_);
-    gap.ByCounter -= std::min<std::uint64_t>(gap.ByCounter, step_);
+  const auto fill = [this](std::uint64_t& missing) {
+    missing -= std::min<std::uint64_t>(missing, step_);
+  };
+  fill(totals_.Missing);
+  fill(totals_.ByCounter);
+  Gap& further = stretch_.LatestFurther;
+  if (stretch_.FurtherGaps > 0 && further.Holds(position)) {
+    fill(stretch_.FurtherMissing);
+    fill(further.Missing);
+    if (further.Missing == 0) --stretch_.FurtherGaps;
     return;
   }
+  Gap* const end = stretch_.Gaps.data() + stretch_.GapCount;
+  Gap* const gap = std::find_if(stretch_.Gaps.data(), end,
+                                [&](const Gap& each) { return each.Holds(position); });
+  if (gap == end) return;
+  fill(gap->Missing);
+  fill(gap->ByCounter);
+  if (gap->Missing > 0) return;
+  // Its place is free again: frames that change places open and close a gap each time.
+  std::move(gap + 1, end, gap);
+  --stretch_.GapCount;
+}
+
+void SampleTrack::KeepGap(const Gap& gap) {
+  if (stretch_.GapCount < Stretch::MostGaps) {
+    stretch_.Gaps[stretch_.GapCount++] = gap;
+    return;
+  }
+  ++stretch_.FurtherGaps;
+  stretch_.FurtherMissing += gap.Missing;
+  stretch_.LatestFurther = gap;
 }
 
 void SampleTrack::TakeGap(std::uint32_t counter, Time arrived) {
@@ -152,14 +174,7 @@ void SampleTrack::TakeGap(std::uint32_t counter, Time arrived) {
                 .Reach = byCounter + rounds * round_};
   totals_.ByCounter += gap.ByCounter;
   totals_.Missing += gap.Missing;
-  if (gap.Missing > 0) {
-    if (stretch_.GapCount < Stretch::MostGaps) {
-      stretch_.Gaps[stretch_.GapCount++] = gap;
-    } else {
-      ++stretch_.FurtherGaps;
-      stretch_.FurtherMissing += gap.Missing;
-    }
-  }
+  if (gap.Missing > 0) KeepGap(gap);
   const std::int64_t before = position_;
   Advance(counter, arrived,
           static_cast<std::uint32_t>(std::min<std::uint64_t>(gap.Missing + step_, ~0U)));

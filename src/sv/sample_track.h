@@ -21,6 +21,10 @@ struct Gap {
   std::int64_t First = 0;
   /// How many there were before some came late.
   std::uint64_t Reach = 0;
+
+  bool Holds(std::int64_t position) const {
+    return position >= First && position - First < static_cast<std::int64_t>(Reach);
+  }
 };
 
 /// What happened several times since the last look: how often, and where first.
@@ -40,11 +44,13 @@ struct Happened {
 struct Stretch {
   static constexpr std::size_t MostGaps = 24;
 
+  /// Those that are still open: what comes late may close one.
   std::array<Gap, MostGaps> Gaps{};
   std::size_t GapCount = 0;
-  /// Gaps beyond those that are kept, and the samples missing in them.
+  /// Gaps beyond those that are kept, the samples missing in them, and the latest of them.
   std::uint32_t FurtherGaps = 0;
   std::uint64_t FurtherMissing = 0;
+  Gap LatestFurther;
   Happened Doubled;
   /// Out of order: behind one that was sent later.
   Happened Late;
@@ -122,6 +128,7 @@ class SampleTrack {
   void TakeGap(std::uint32_t counter, Time arrived);
   void Jump(std::uint32_t counter, Time arrived);
   void FillGap(std::int64_t position);
+  void KeepGap(const Gap& gap);
   /// From one counter on to another, the way round.
   std::uint32_t Distance(std::uint32_t from, std::uint32_t to) const;
   double SamplesIn(Time time) const;

@@ -141,8 +141,56 @@ TEST_F(Stream, ComesOutOfOrder) {
   Expect(0, 0, 1);
   EXPECT_EQ(track.Since().Late.Place, 101U);
   // The gap has closed again.
+  EXPECT_EQ(track.Since().GapCount, 0U);
+}
+
+TEST_F(Stream, ThatComesOutOfOrderAllTheTimeMissesNothing) {
+  for (int i = 0; i < 80; ++i) {
+    Come(48);
+    Meet(counter + 1);
+    Meet(counter);
+    Lose(2);
+  }
+  Expect(0, 0, 80);
+  EXPECT_EQ(track.Since().GapCount, 0U);
+  EXPECT_EQ(track.Since().FurtherGaps, 0U);
+  EXPECT_EQ(track.Since().FurtherMissing, 0U);
+}
+
+TEST_F(Stream, KeepsGapsThatStayBesideThoseThatClose) {
+  Come(10);
+  Lose(2);
+  Come(10);
+  Meet(counter + 1);
+  Meet(counter);
+  Lose(2);
+  Come(10);
+  Lose(3);
+  Come(10);
+  ASSERT_EQ(track.Since().GapCount, 2U);
+  EXPECT_EQ(track.Since().Gaps[0].Missing, 2U);
+  EXPECT_EQ(track.Since().Gaps[1].Missing, 3U);
+  // What lies further back than one that stays comes late.
+  Meet(10);
+  Meet(11);
   ASSERT_EQ(track.Since().GapCount, 1U);
-  EXPECT_EQ(track.Since().Gaps[0].Missing, 0U);
+  EXPECT_EQ(track.Since().Gaps[0].Missing, 3U);
+}
+
+TEST_F(Stream, ThatComesOutOfOrderBehindManyGapsMissesNoMore) {
+  for (std::size_t i = 0; i < Stretch::MostGaps + 1; ++i) {
+    Come(10);
+    Lose(2);
+  }
+  for (int i = 0; i < 5; ++i) {
+    Come(10);
+    Meet(counter + 1);
+    Meet(counter);
+    Lose(2);
+  }
+  EXPECT_EQ(track.Since().FurtherGaps, 1U);
+  EXPECT_EQ(track.Since().FurtherMissing, 2U);
+  EXPECT_EQ(track.Totals().Missing, 2 * Stretch::MostGaps + 2);
 }
 
 TEST_F(Stream, FillsAGapOfSeveralPartly) {

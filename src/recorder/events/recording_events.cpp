@@ -99,8 +99,6 @@ void RecordingEvents::TellStretch(std::size_t stream) {
 void RecordingEvents::TellGaps(std::size_t stream, const sv::Stretch& stretch) {
   for (std::size_t i = 0; i < stretch.GapCount; ++i) {
     const sv::Gap& gap = stretch.Gaps[i];
-    // What came late has closed it.
-    if (gap.Missing == 0) continue;
     RecordEvent event = Of(stream, "samples missing");
     event.At = gap.At;
     event.Line = LineAt(stream, gap.Place);

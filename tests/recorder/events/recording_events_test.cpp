@@ -161,6 +161,19 @@ TEST_F(RecordedEvents, TellOfDoubledAndSwappedFrames) {
   EXPECT_THAT(Happened(), ElementsAre("1;51;samples doubled;2;", "1;64;samples out of order;1;"));
 }
 
+TEST_F(RecordedEvents, TellOfNothingMissingWhereManyFramesAreSwapped) {
+  Record();
+  for (int i = 0; i < 100; ++i) {
+    Come(38);
+    Meet(sent + 1);
+    Meet(sent);
+    Pass(2);
+  }
+  Come(Ring);
+  bench.Stop();
+  EXPECT_THAT(Happened(), ElementsAre("1;40;samples out of order;100;"));
+}
+
 TEST_F(RecordedEvents, TellOfBothStreamsAndWhereTheirTotalsStand) {
   bench.TakeBoth();
   Record();
