@@ -11,6 +11,7 @@ class SteadyClock : public platform::Clock {
  public:
   std::chrono::nanoseconds Now() const override;
   std::chrono::microseconds WallTime() const override;
+  std::chrono::nanoseconds SinceBoot() const override;
 };
 
 }  // namespace adapters

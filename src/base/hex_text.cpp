@@ -20,6 +20,20 @@ std::string HexByteText(std::uint8_t value) {
   return {Digits[value / Base], Digits[value % Base]};
 }
 
+std::string HexWordText(std::uint16_t word) {
+  return "0x" + HexByteText(static_cast<std::uint8_t>(word >> 8U)) +
+         HexByteText(static_cast<std::uint8_t>(word & 0xFFU));
+}
+
+std::string HexAddressText(std::span<const std::uint8_t> address) {
+  std::string text;
+  for (const std::uint8_t byte : address) {
+    if (!text.empty()) text += ':';
+    text += HexByteText(byte);
+  }
+  return text;
+}
+
 void WriteHexText(std::span<const std::uint8_t> bytes, std::string& text) {
   text.resize(2 * bytes.size());
   char* place = text.data();

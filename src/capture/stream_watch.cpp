@@ -1,9 +1,9 @@
 #include "capture/stream_watch.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/stream_format.h"
-#include "sv/asdu.h"
 
 namespace packetroutines {
 
@@ -15,7 +15,7 @@ constexpr StreamWatch::Time ShortestStep{100'000};
 constexpr std::uint32_t ValidityBits = 3;
 constexpr std::uint32_t InvalidQuality = 1;
 
-std::int32_t Place(std::size_t at) {
+std::int32_t OneBased(std::size_t at) {
   return static_cast<std::int32_t>(at) + 1;
 }
 
@@ -40,13 +40,14 @@ void StreamWatch::BeginBurst(std::size_t stream) {
   watched.Asked = true;
   watched.Begins = true;
   watched.CounterAt = watched.SynchAt = Nowhere;
+  watched.First.clear();
 }
 
 void StreamWatch::LookAgain() {
   for (Watched& watched : watched_) watched.Asked = true;
 }
 
-void StreamWatch::LookAt(std::size_t stream, const PacketBytes& bytes) {
+void StreamWatch::LookAt(std::size_t stream, const PacketBytes& bytes, Time arrived) {
   Watched& watched = watched_[stream];
   watched.Asked = false;
   const auto length = static_cast<std::size_t>(bytes.FrameLength());
@@ -59,24 +60,39 @@ void StreamWatch::LookAt(std::size_t stream, const PacketBytes& bytes) {
   for (sv::Asdu asdu; reader.Next(asdu);) {
     if (reader.Count() == 1) first = asdu;
     look.Invalid |= InvalidChannels(asdu);
-    found =
-        found || (Place(asdu.SamplesAt) == look.FoundAt && Place(asdu.SmpCntAt) == counterFound);
+    found = found ||
+            (OneBased(asdu.SamplesAt) == look.FoundAt && OneBased(asdu.SmpCntAt) == counterFound);
   }
   look.Why = reader.Why();
   look.Asdus = reader.Count();
   look.Channels = first.Channels();
-  if (first.SamplesAt > 0) look.SamplesAt = Place(first.SamplesAt);
+  if (first.SamplesAt > 0) look.SamplesAt = OneBased(first.SamplesAt);
   look.Located = streams_.SamplesLocated[stream] != 0;
   look.WellLocated = found || look.Why != sv::Fault::None || !look.Located;
   watched.Look = look;
-  if (!watched.Begins) return;
-  watched.Begins = false;
-  watched.First.assign(frame.Bytes.begin(), frame.Bytes.end());
-  watched.CounterAt = first.SmpCntAt > 0 ? Place(first.SmpCntAt) : counterFound;
-  watched.SynchAt = first.SmpSynchAt > 0 ? Place(first.SmpSynchAt) : Nowhere;
-  watched.Synch = first.SmpSynch.value_or(0);
-  watched.Track.Begin(AssumedRate(settings_), look.Asdus);
-  BeginStretch(stream);
+  if (watched.Begins) {
+    watched.First.assign(frame.Bytes.begin(), frame.Bytes.end());
+    watched.FirstArrived = arrived;
+  }
+  const bool begins = std::exchange(watched.Begins, false);
+  const std::int32_t before = watched.CounterAt;
+  const std::uint32_t stepBefore = watched.Step;
+  if (begins || look.Why == sv::Fault::None) Place(watched, look, first, counterFound);
+  if (!begins && watched.CounterAt == before && watched.Step == stepBefore) return;
+  // What a frame looks like has changed, and its counter may stand for another sample.
+  watched.Track.Begin(AssumedRate(settings_), watched.Step);
+  if (begins) BeginStretch(stream);
+}
+
+void StreamWatch::Place(Watched& watched, const StreamLook& look, const sv::Asdu& first,
+                        std::int32_t counterFound) {
+  const bool sound = look.Why == sv::Fault::None && look.Asdus > 0;
+  const std::int32_t searched = look.Located ? counterFound : Nowhere;
+  watched.CounterAt = sound ? OneBased(first.SmpCntAt) : searched;
+  const std::int32_t synchAt = first.SmpSynchAt > 0 ? OneBased(first.SmpSynchAt) : Nowhere;
+  if (synchAt != watched.SynchAt) watched.Synch = first.SmpSynch.value_or(0);
+  watched.SynchAt = synchAt;
+  watched.Step = sound ? look.Asdus : 1;
 }
 
 void StreamWatch::BeginStretch(std::size_t stream) {
@@ -93,12 +109,26 @@ void StreamWatch::NoteSynch(Watched& watched, std::uint8_t synch, Time arrived) 
 }
 
 void StreamWatch::AskClock() {
-  const Time ahead = clock_.WallTime() - std::chrono::duration_cast<Time>(clock_.Now());
+  const Time ahead = clock_.WallTime() - std::chrono::duration_cast<Time>(clock_.SinceBoot());
   const Time step = ahead - ahead_.value_or(ahead);
   ahead_ = ahead;
   if (std::chrono::abs(step) < ShortestStep) return;
   clockStep_ += step;
-  for (Watched& watched : watched_) watched.Track.SetClock(step);
+  for (Watched& watched : watched_) watched.ClockSet += step;
+}
+
+void StreamWatch::FollowClock(Watched& watched, Time arrived) {
+  AskClock();
+  // Frames that came before the clock was set may still have waited.
+  const Time apart = arrived - watched.Track.Last();
+  if (std::chrono::abs(apart - watched.ClockSet) >= std::chrono::abs(apart)) return;
+  watched.Track.SetClock(watched.ClockSet);
+  watched.ClockSet = Time{0};
+}
+
+StreamWatch::Time StreamWatch::Silence(std::size_t stream) const {
+  const Watched& watched = watched_[stream];
+  return clock_.WallTime() - watched.Track.Last() - watched.ClockSet;
 }
 
 StreamWatch::Time StreamWatch::TakeClockStep() {

@@ -11,6 +11,7 @@
 #include "capture/packet_bytes.h"
 #include "config/settings.h"
 #include "platform/clock.h"
+#include "sv/asdu.h"
 #include "sv/fault.h"
 #include "sv/sample_track.h"
 
@@ -60,10 +61,10 @@ class StreamWatch {
   /// A frame of the stream.
   void Take(std::size_t stream, const PacketBytes& bytes, Time arrived) {
     Watched& watched = watched_[stream];
-    if (watched.Asked) LookAt(stream, bytes);
+    if (watched.Asked) LookAt(stream, bytes, arrived);
     const std::uint8_t* const counter = bytes.Run(watched.CounterAt, 2);
     if (counter == nullptr) return;
-    if (!watched.Track.InTime(arrived)) AskClock();
+    if (!watched.Track.InTime(arrived)) FollowClock(watched, arrived);
     watched.Track.Take(static_cast<std::uint32_t>(counter[0] << 8U | counter[1]), arrived);
     const std::uint8_t* const synch = bytes.Run(watched.SynchAt, 1);
     if (synch != nullptr && *synch != watched.Synch) {
@@ -77,7 +78,10 @@ class StreamWatch {
   const std::vector<std::uint8_t>& FirstFrame(std::size_t stream) const {
     return watched_[stream].First;
   }
+  Time FirstArrived(std::size_t stream) const { return watched_[stream].FirstArrived; }
   Time WallTime() const { return clock_.WallTime(); }
+  /// How long no frame of the stream has come.
+  Time Silence(std::size_t stream) const;
   /// What the stream is in this burst; nothing before a frame of it was looked at.
   const std::optional<StreamLook>& Look(std::size_t stream) const { return watched_[stream].Look; }
   const sv::SampleTrack& Track(std::size_t stream) const { return watched_[stream].Track; }
@@ -93,9 +97,13 @@ class StreamWatch {
     std::optional<StreamLook> Look;
     SynchChanges Changes;
     std::vector<std::uint8_t> First;
+    Time FirstArrived{0};
+    /// By how much the clock was set since the latest frame, or before it came.
+    Time ClockSet{0};
     /// 1-based places in the frames of this burst; before the first frame they lie nowhere.
     std::int32_t CounterAt = Nowhere;
     std::int32_t SynchAt = Nowhere;
+    std::uint32_t Step = 1;
     std::uint8_t Synch = 0;
     bool Asked = false;
     bool Begins = false;
@@ -103,8 +111,14 @@ class StreamWatch {
 
   static constexpr std::int32_t Nowhere = -1;
 
-  void LookAt(std::size_t stream, const PacketBytes& bytes);
+  void LookAt(std::size_t stream, const PacketBytes& bytes, Time arrived);
+  void Place(Watched& watched, const StreamLook& look, const sv::Asdu& first,
+             std::int32_t counterFound);
+  /// Looks whether the clock was set.
   void AskClock();
+  /// A frame bears another time than the one before lets expect: the clock may have been set
+  /// between.
+  void FollowClock(Watched& watched, Time arrived);
   void NoteSynch(Watched& watched, std::uint8_t synch, Time arrived);
 
   const StreamFields& streams_;

@@ -80,6 +80,7 @@ void Recorder::CloseFiles() {
   // Whatever else ends the program while one runs.
   Session.ProgramEnds();
   for (packetroutines::SampleFormat* format : Writing.Formats) format->Finish();
+  Events.WriteRest();
   if (services_.Sync != nullptr) services_.Sync->Finish(LastSync);
 }
 

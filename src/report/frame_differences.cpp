@@ -20,11 +20,6 @@ using Lines = std::vector<std::string>;
 /// The last state of synchronisation that has a text in its row.
 constexpr std::size_t LastInRow = 2;
 
-std::string Hex(std::uint16_t word) {
-  return "0x" + platform::HexByteText(static_cast<std::uint8_t>(word >> 8U)) +
-         platform::HexByteText(static_cast<std::uint8_t>(word & 0xFFU));
-}
-
 std::string Quoted(std::string_view octets, const platform::CodePage& code) {
   return '"' + ShownOctets(octets, code) + '"';
 }
@@ -38,10 +33,11 @@ sv::Asdu FirstAsdu(const sv::Frame& frame) {
 
 void CompareTag(const sv::Frame& frame, Lines& lines) {
   if (frame.TagCount == 0) return;
-  lines.push_back("Ethertype: the row shows the VLAN tag. It is " + Hex(frame.Ethertype) + ".");
+  lines.push_back("Ethertype: the row shows the VLAN tag. It is " +
+                  platform::HexWordText(frame.Ethertype) + ".");
   if (frame.AppId == 0 && frame.PduLength == 0) return;
-  lines.push_back("AppID: the row shows priority and VLAN of the tag. It is " + Hex(frame.AppId) +
-                  ".");
+  lines.push_back("AppID: the row shows priority and VLAN of the tag. It is " +
+                  platform::HexWordText(frame.AppId) + ".");
 }
 
 /// `first` is the first byte of the length in the frame.

@@ -57,7 +57,7 @@ void FrameStructure::Show(const platform::CapturedFrame& captured,
   }
   if (text.empty()) text = "The rows tell the same.\n";
   text += '\n';
-  AddLine(text, "Arrived", Arrival(captured));
+  AddLine(text, "Arrived", platform::MomentText(calendar_, captured.Arrived));
   for (const sv::WordLine& line : words) {
     if (line.Value.empty() && !line.Raw) {
       text += '\n' + line.Title + '\n';
@@ -71,14 +71,6 @@ void FrameStructure::Show(const platform::CapturedFrame& captured,
   for (const std::string& line : sv::DumpWords(captured.Bytes)) dump += line + '\n';
   report_.StructureDump.Text = dump;
   report_.StructureDump.Visible = true;
-}
-
-std::string FrameStructure::Arrival(const platform::CapturedFrame& frame) const {
-  const auto second = std::chrono::floor<std::chrono::seconds>(frame.Arrived);
-  const std::string millis =
-      std::to_string(std::chrono::floor<std::chrono::milliseconds>(frame.Arrived - second).count());
-  return platform::NumericText(calendar_.At(second)) + '.' + std::string(3 - millis.size(), '0') +
-         millis;
 }
 
 }  // namespace subroutines

@@ -25,8 +25,6 @@ class FrameStructure {
             const std::string& refused);
 
  private:
-  std::string Arrival(const platform::CapturedFrame& frame) const;
-
   forms::ReportControls& report_;
   const platform::CodePage& code_;
   const platform::Calendar& calendar_;

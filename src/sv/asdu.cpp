@@ -18,6 +18,7 @@ constexpr std::uint8_t SampleTag = 0x87;
 constexpr std::uint8_t SmpModTag = 0x88;
 constexpr std::uint8_t GmIdentityTag = 0x89;
 
+constexpr std::size_t SmpCntOctets = 2;
 constexpr std::size_t UtcTimeOctets = 8;
 constexpr std::size_t OctetsAValue = 4;
 constexpr std::size_t OctetsAChannel = 8;
@@ -45,7 +46,8 @@ bool TakeField(const Element& element, Octets content, Asdu& asdu) {
       return true;
     case SmpCntTag:
       asdu.SmpCntAt = element.At;
-      return Take(content, asdu.SmpCnt);
+      // Who follows a counter reads both of its octets.
+      return content.size() == SmpCntOctets && Take(content, asdu.SmpCnt);
     case ConfRevTag:
       return Take(content, asdu.ConfRev);
     case RefrTmTag:

@@ -14,26 +14,13 @@ constexpr std::size_t BytesALine = 16;
 
 using Lines = std::vector<WordLine>;
 
-std::string HexWord(std::uint16_t word) {
-  return "0x" + platform::HexByteText(static_cast<std::uint8_t>(word >> 8U)) +
-         platform::HexByteText(static_cast<std::uint8_t>(word & 0xFFU));
-}
-
-std::string AddressWords(const Address& address) {
-  std::string words;
-  for (const std::uint8_t octet : address) {
-    if (!words.empty()) words += ':';
-    words += platform::HexByteText(octet);
-  }
-  return words;
-}
-
 std::string Bytes(std::size_t count) {
   return std::to_string(count) + (count == 1 ? " byte" : " bytes");
 }
 
 std::string TagWords(const VlanTag& tag) {
-  std::string words = HexWord(tag.Type) + ", priority " + std::to_string(tag.Priority());
+  std::string words =
+      platform::HexWordText(tag.Type) + ", priority " + std::to_string(tag.Priority());
   if (tag.DropEligible()) words += ", drop eligible";
   return words + ", VLAN " + std::to_string(tag.Vlan());
 }
@@ -45,20 +32,21 @@ void TellHead(const Frame& frame, Lines& lines) {
   }
   lines.push_back({"Frame", length});
   if (frame.Bytes.size() < HeadOctets) return;
-  lines.push_back({"Destination", AddressWords(frame.Destination)});
-  lines.push_back({"Source", AddressWords(frame.Source)});
+  lines.push_back({"Destination", platform::HexAddressText(frame.Destination)});
+  lines.push_back({"Source", platform::HexAddressText(frame.Source)});
   for (std::size_t i = 0; i < frame.TagCount; ++i) {
     const char* title = frame.TagCount == 1 ? "VLAN tag" : i == 0 ? "Outer tag" : "Inner tag";
     lines.push_back({title, TagWords(frame.Tags[i])});
   }
-  if (frame.Why != Fault::HeadCut) lines.push_back({"Ethertype", HexWord(frame.Ethertype)});
+  if (frame.Why != Fault::HeadCut)
+    lines.push_back({"Ethertype", platform::HexWordText(frame.Ethertype)});
 }
 
 void TellPdu(const Frame& frame, Lines& lines) {
-  lines.push_back({"APPID", HexWord(frame.AppId)});
+  lines.push_back({"APPID", platform::HexWordText(frame.AppId)});
   lines.push_back({"Length", Bytes(frame.PduLength)});
-  lines.push_back({"Reserved 1", HexWord(frame.Reserved1)});
-  lines.push_back({"Reserved 2", HexWord(frame.Reserved2)});
+  lines.push_back({"Reserved 1", platform::HexWordText(frame.Reserved1)});
+  lines.push_back({"Reserved 2", platform::HexWordText(frame.Reserved2)});
   lines.push_back(
       {"Simulation", frame.Simulated() ? "yes, these are not values in operation" : "no"});
   if (frame.Security) lines.push_back({"security", Bytes(*frame.Security)});
@@ -117,7 +105,7 @@ std::vector<std::string> DumpWords(Octets bytes) {
 }
 
 std::string PlaceWords(std::size_t at) {
-  return HexWord(static_cast<std::uint16_t>(at));
+  return platform::HexWordText(static_cast<std::uint16_t>(at));
 }
 
 }  // namespace sv

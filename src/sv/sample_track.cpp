@@ -29,6 +29,13 @@ std::uint32_t RoundFor(std::uint32_t counter) {
   return found == StandardRates.end() ? counter + 1 : *found;
 }
 
+/// A rest between two of whole rounds is one of a sender that goes on where it was.
+double WholeRounds(double rounds) {
+  constexpr double Off = 0.25;
+  const double whole = std::round(rounds);
+  return std::max(std::abs(rounds - whole) <= Off ? whole : std::floor(rounds), 0.0);
+}
+
 }  // namespace
 
 void SampleTrack::Begin(std::uint32_t round, std::uint32_t step) {
@@ -42,6 +49,10 @@ void SampleTrack::Begin(std::uint32_t round, std::uint32_t step) {
 
 std::uint32_t SampleTrack::Distance(std::uint32_t from, std::uint32_t to) const {
   return to >= from ? to - from : to + round_ - from;
+}
+
+std::uint64_t SampleTrack::SamplesSent(Time time) const {
+  return static_cast<std::uint64_t>(std::max(SamplesIn(time), 0.0));
 }
 
 double SampleTrack::SamplesIn(Time time) const {
@@ -165,7 +176,7 @@ void SampleTrack::TakeGap(std::uint32_t counter, Time arrived) {
   // Fewer than a frame holds: the sender's steps are uneven, and nothing is missing.
   const std::uint64_t byCounter = distance > step_ ? distance - step_ : 0;
   const double beyond = SamplesIn(arrived - last_) - distance;
-  const auto rounds = static_cast<std::uint64_t>(std::max(std::round(beyond / round_), 0.0));
+  const auto rounds = static_cast<std::uint64_t>(WholeRounds(beyond / round_));
   const Gap gap{.Place = stretch_.Frames,
                 .At = arrived,
                 .ByCounter = byCounter,

@@ -109,6 +109,10 @@ class SampleTrack {
     begunAt_ += step;
   }
 
+  /// When the latest frame came.
+  Time Last() const { return last_; }
+  /// Samples that are sent in a time.
+  std::uint64_t SamplesSent(Time time) const;
   const TrackTotals& Totals() const { return totals_; }
   const Stretch& Since() const { return stretch_; }
   /// A look: what comes from now on is a stretch of its own.

@@ -14,6 +14,7 @@ class ManualClock : public platform::Clock {
   std::chrono::microseconds WallTime() const override {
     return Began + std::chrono::duration_cast<std::chrono::microseconds>(now_);
   }
+  std::chrono::nanoseconds SinceBoot() const override { return now_; }
   void Advance(std::chrono::nanoseconds time) { Set(now_ + time); }
   void Set(std::chrono::nanoseconds time) {
     if (time < now_) throw std::logic_error("the clock was set back");

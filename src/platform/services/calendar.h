@@ -21,4 +21,7 @@ class Calendar {
   virtual std::string MonthName(std::int32_t month) const = 0;
 };
 
+/// A moment of the computer's clock as numeric date and local time, to the millisecond.
+std::string MomentText(const Calendar& calendar, std::chrono::microseconds moment);
+
 }  // namespace platform

@@ -31,7 +31,4 @@ std::string EventHeading();
 /// figures, with a semicolon between. A field that holds one is put in quotes (RFC 4180).
 std::string EventLine(const RecordEvent& event, const platform::Calendar& calendar);
 
-/// Date and local time to the millisecond.
-std::string EventTime(std::chrono::microseconds at, const platform::Calendar& calendar);
-
 }  // namespace packetroutines

@@ -32,7 +32,7 @@ void EventsFile::Add(const RecordEvent& event) {
 }
 
 bool EventsFile::Write() {
-  if (waiting_.empty()) return true;
+  if (waiting_.empty()) return false;
   // A file that has gone, with its folder perhaps, is begun anew.
   const bool there = files_.FileExists(path_);
   const std::int64_t before = there ? files_.FileSize(path_) : 0;

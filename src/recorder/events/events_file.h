@@ -21,7 +21,7 @@ class EventsFile {
   /// A recording begins whose events go to this path. Nothing is written yet.
   void Begin(const std::string& path);
   void Add(const RecordEvent& event);
-  /// Brings what waits to the file; False where that did not work.
+  /// Brings what waits to the file. True where something was written.
   bool Write();
   const std::string& Path() const { return path_; }
   /// A line was written, and the file is there.

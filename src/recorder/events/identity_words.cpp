@@ -6,40 +6,25 @@
 
 namespace packetroutines {
 
-namespace {
-
-std::string AddressText(const sv::Address& address) {
-  std::string text;
-  for (const std::uint8_t octet : address) {
-    if (!text.empty()) text += ':';
-    text += platform::HexByteText(octet);
-  }
-  return text;
-}
-
-std::string WordText(std::uint16_t word) {
-  return "0x" + platform::HexByteText(static_cast<std::uint8_t>(word >> 8U)) +
-         platform::HexByteText(static_cast<std::uint8_t>(word & 0xFFU));
-}
-
-}  // namespace
-
 std::string IdentityWords(std::span<const std::uint8_t> bytes, const platform::CodePage& code) {
   const sv::Frame frame = sv::ReadFrame(bytes, bytes.size());
   sv::AsduReader reader(frame);
   sv::Asdu asdu;
   const bool read = reader.Next(asdu);
-  std::string text = "from " + AddressText(frame.Source) + " to " + AddressText(frame.Destination);
+  std::string text = "from " + platform::HexAddressText(frame.Source) + " to " +
+                     platform::HexAddressText(frame.Destination);
   const auto add = [&](const std::string& fact) { text += ", " + fact; };
   for (std::size_t i = 0; i < frame.TagCount; ++i) {
     add("VLAN " + std::to_string(frame.Tags[i].Vlan()) + " priority " +
         std::to_string(frame.Tags[i].Priority()));
   }
   if (!read) {
-    add(std::string("no whole structure: ") + sv::Words(reader.Why()));
+    add(reader.Why() == sv::Fault::None
+            ? std::string("without an ASDU")
+            : std::string("no whole structure: ") + sv::Words(reader.Why()));
     return text;
   }
-  add("AppID " + WordText(frame.AppId));
+  add("AppID " + platform::HexWordText(frame.AppId));
   add("svID \"" + platform::Escaped(code.ToUtf8(asdu.SvId)) + "\"");
   add("ASDUs a frame " + std::to_string(frame.AsduCount));
   add("channels " + std::to_string(asdu.Channels()));

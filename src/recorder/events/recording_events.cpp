@@ -1,7 +1,5 @@
 #include "recorder/events/recording_events.h"
 
-#include <algorithm>
-
 #include "config/program_facts.h"
 #include "recorder/events/identity_words.h"
 #include "recorder/writing/record_names.h"
@@ -14,6 +12,9 @@ namespace {
 std::string EventsName(const std::string& recordFileName) {
   return "Events " + recordFileName.substr(0, recordFileName.rfind('.')) + ".csv";
 }
+
+/// No stream that comes rests for so long.
+constexpr StreamWatch::Time LongestRest{1'000'000};
 
 std::string Figure(const char* name, std::int64_t count) {
   return std::string(name) + " " + std::to_string(count);
@@ -37,6 +38,7 @@ void RecordingEvents::Begin() {
   streams_ = {};
   for (std::size_t stream = 0; stream < streams_.size(); ++stream) {
     streams_[stream].AtBegin = from_.Watch.Track(stream).Totals();
+    streams_[stream].HeldId = from_.State.Counters.Streams[stream].HeldId;
   }
   tooLong_ = from_.State.Counters.TooLong;
   dropped_ = from_.Capture.Dropped();
@@ -64,9 +66,12 @@ std::string RecordingEvents::Settings() const {
 void RecordingEvents::RingDone(std::size_t stream, const std::string& failure) {
   if (!running_) return;
   TellRing(stream, failure);
-  TellStream(stream);
-  TellStretch(stream);
+  for (std::size_t each = 0; each < streams_.size(); ++each) TellStream(each);
+  const Stream& told = streams_[stream];
+  TellStretch(stream, told.Failing ? told.InFile : told.InFile - 1);
   TellSystem();
+  // The other stream has no ring to be told of where it does not come.
+  for (std::size_t each = 0; each < streams_.size(); ++each) TellSilence(each);
   Write();
 }
 
@@ -76,15 +81,17 @@ void RecordingEvents::Write() {
 
 void RecordingEvents::TellStream(std::size_t stream) {
   Stream& told = streams_[stream];
-  if (told.Met || from_.Watch.Track(stream).Totals().Samples == told.AtBegin.Samples) return;
+  if (told.Met || from_.State.Counters.Streams[stream].HeldId == told.HeldId) return;
   told.Met = true;
   RecordEvent event = Of(stream, "stream met");
+  event.At = from_.Watch.FirstArrived(stream);
   event.Line = 1;
   event.Figures = IdentityWords(from_.Watch.FirstFrame(stream), context_.Services.Code);
   file_.Add(event);
 }
 
-void RecordingEvents::TellStretch(std::size_t stream) {
+void RecordingEvents::TellStretch(std::size_t stream, std::int64_t ringsBefore) {
+  ringsBefore_ = ringsBefore;
   const sv::Stretch& stretch = from_.Watch.Track(stream).Since();
   TellGaps(stream, stretch);
   AddHappened(stream, "samples doubled", stretch.Doubled);
@@ -101,7 +108,7 @@ void RecordingEvents::TellGaps(std::size_t stream, const sv::Stretch& stretch) {
     const sv::Gap& gap = stretch.Gaps[i];
     RecordEvent event = Of(stream, "samples missing");
     event.At = gap.At;
-    event.Line = LineAt(stream, gap.Place);
+    event.Line = LineAt(gap.Place);
     event.Count = gap.Missing;
     event.Figures =
         Figure("by counter", gap.ByCounter) + ", " + Figure("by time of arrival", gap.Missing);
@@ -119,7 +126,7 @@ void RecordingEvents::AddHappened(std::size_t stream, const char* what,
   if (happened.Count == 0) return;
   RecordEvent event = Of(stream, what);
   event.At = happened.At;
-  event.Line = LineAt(stream, happened.Place);
+  event.Line = LineAt(happened.Place);
   event.Count = happened.Count;
   event.Figures = figures;
   file_.Add(event);
@@ -144,15 +151,15 @@ void RecordingEvents::TellSystem() {
 void RecordingEvents::TellRing(std::size_t stream, const std::string& failure) {
   Stream& told = streams_[stream];
   LookForFile(stream);
-  const bool stored = from_.Samples.Report.Rings(stream) > told.Counted && failure.empty();
+  const bool stored = from_.Samples.Report.Written(stream) > told.Written && failure.empty();
   RecordEvent event = Of(stream, stored ? "stored again" : "ring not stored");
   if (stored) {
     CountStored(stream);
-    event.Line = (told.InFile() - 1) * RecordRings::Cells + 1;
+    event.Line = (told.InFile - 1) * RecordRings::Cells + 1;
     event.Figures = Figure("rings lost until now", told.Lost);
   } else {
     ++told.Lost;
-    event.Line = told.InFile() * RecordRings::Cells + 1;
+    event.Line = told.InFile * RecordRings::Cells + 1;
     event.Count = RecordRings::Cells;
     event.Figures = failure.empty() ? from_.Samples.Report.Reason(stream) : failure;
   }
@@ -162,30 +169,53 @@ void RecordingEvents::TellRing(std::size_t stream, const std::string& failure) {
 
 void RecordingEvents::LookForFile(std::size_t stream) {
   Stream& told = streams_[stream];
-  if (from_.Samples.Report.Rings(stream) >= told.Counted) return;
+  const std::int64_t gone = from_.Samples.Report.FilesGone(stream);
+  if (gone == told.FilesGone) return;
+  told.FilesGone = gone;
+  told.Away = true;
   RecordEvent event = Of(stream, "file is gone");
-  event.Figures = Figure("rings in it", told.InFile());
+  event.Figures = Figure("rings in it", told.InFile);
   file_.Add(event);
-  told.Gone = told.InFile();
-  told.Before = told.Counted = 0;
 }
 
 void RecordingEvents::CountStored(std::size_t stream) {
   Stream& told = streams_[stream];
   ++told.Stored;
-  told.Counted = from_.Samples.Report.Rings(stream);
+  told.Written = from_.Samples.Report.Written(stream);
   const std::int64_t size = context_.Services.Files.FileSize(RecordPath(context_, stream));
-  // One that is larger than what went away is that file, which is there again.
-  if (told.Gone > 0 && size > told.Size) told.Before = told.Gone;
-  told.Gone = 0;
+  // One that is larger than what went away, by half a ring at least, is that file, which is there
+  // again.
+  const bool back = told.InFile > 0 && size > told.Size + told.Size / told.InFile / 2;
+  if (told.Away && !back) told.InFile = 0;
+  told.Away = false;
+  ++told.InFile;
   told.Size = size;
 }
 
-std::int64_t RecordingEvents::LineAt(std::size_t stream, std::uint32_t place) const {
-  // The ring at hand is counted already where it was stored.
-  const Stream& told = streams_[stream];
-  const std::int64_t before = told.Failing ? told.InFile() : told.InFile() - 1;
-  return std::max<std::int64_t>(before, 0) * RecordRings::Cells + place + 1;
+void RecordingEvents::TellSilence(std::size_t stream) {
+  Stream& told = streams_[stream];
+  if (!told.Met) return;
+  const StreamWatch::Time silence = from_.Watch.Silence(stream);
+  const bool silent = silence >= LongestRest;
+  if (silent && !told.Silent) {
+    RecordEvent event = Of(stream, "stream silent");
+    event.At -= silence;
+    event.Line = told.InFile * RecordRings::Cells + from_.Watch.Track(stream).Since().Frames + 1;
+    file_.Add(event);
+  }
+  told.Silent = silent;
+}
+
+void RecordingEvents::TellSilentEnd(std::size_t stream) {
+  Stream& told = streams_[stream];
+  if (!told.Met) return;
+  TellSilence(stream);
+  if (!told.Silent) return;
+  told.MissingAtEnd = from_.Watch.Track(stream).SamplesSent(from_.Watch.Silence(stream));
+  RecordEvent event = Of(stream, "samples missing");
+  event.Count = told.MissingAtEnd;
+  event.Figures = "none came up to the end, " + Figure("by the time", told.MissingAtEnd);
+  file_.Add(event);
 }
 
 void RecordingEvents::AdapterChanged(platform::Presence presence) {
@@ -207,13 +237,16 @@ void RecordingEvents::AdapterChanged(platform::Presence presence) {
 void RecordingEvents::End(const std::string& why) {
   if (!running_) return;
   running_ = false;
+  TellSystem();
   for (std::size_t stream = 0; stream < streams_.size(); ++stream) {
+    from_.Samples.Report.LookForFile(stream);
+    LookForFile(stream);
     TellStream(stream);
     // The places of a ring that was not full lie behind the end of the file.
-    if (streams_[stream].Met) TellStretch(stream);
+    if (streams_[stream].Met) TellStretch(stream, streams_[stream].InFile);
+    TellSilentEnd(stream);
   }
-  TellSystem();
-  if (!streams_[0].Met && !streams_[1].Met) return;
+  if (!streams_[0].Met && !streams_[1].Met && !file_.IsThere()) return;
   for (std::size_t stream = 0; stream < streams_.size(); ++stream) TellTotals(stream);
   Add("end", why);
   Write();
@@ -221,16 +254,18 @@ void RecordingEvents::End(const std::string& why) {
 
 void RecordingEvents::TellTotals(std::size_t stream) {
   const Stream& told = streams_[stream];
-  if (!told.Met) return;
+  if (stream == 1 && !told.Met && context_.Present.StreamCount != 2) return;
   const sv::TrackTotals total = from_.Watch.Track(stream).Totals() - told.AtBegin;
   RecordEvent event = Of(stream, "total");
-  event.Line = told.InFile() * RecordRings::Cells;
+  event.Line = told.InFile * RecordRings::Cells;
   event.Count = static_cast<std::uint64_t>(told.Stored * RecordRings::Cells);
   event.Figures = Figure("samples stored", told.Stored * RecordRings::Cells) + ", " +
-                  Figure("received", total.Samples) + ", " + Figure("missing", total.Missing) +
-                  ", " + Figure("of these by counter", total.ByCounter) + ", " +
+                  Figure("received", total.Samples) + ", " +
+                  Figure("missing", total.Missing + told.MissingAtEnd) + ", " +
+                  Figure("of these by counter", total.ByCounter) + ", " +
                   Figure("doubled", total.Doubled) + ", " + Figure("out of order", total.Late) +
                   ", " + Figure("rings not stored", told.Lost);
+  if (!told.Met) event.Figures = "never came";
   file_.Add(event);
 }
 

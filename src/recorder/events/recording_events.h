@@ -38,6 +38,8 @@ class RecordingEvents : public RingWitness, public AdapterConsumer {
   void AdapterChanged(platform::Presence presence) override;
   /// The recording is over; once. `why` in words.
   void End(const std::string& why);
+  /// The disk may have room again: brings what still waits to the file of a recording that is over.
+  void WriteRest() { Write(); }
   /// The name of the events file; empty where none was written.
   std::string Name() const;
 
@@ -46,22 +48,30 @@ class RecordingEvents : public RingWitness, public AdapterConsumer {
     /// Rings that were stored, and rings that were not.
     std::int64_t Stored = 0;
     std::int64_t Lost = 0;
-    /// Those in the file as the report counts them, and those before that in a file that was away.
-    std::int64_t Counted = 0;
-    std::int64_t Before = 0;
-    /// The size of the file, and what a file that is gone held.
+    /// Rings in the file. One that is away is taken to come back until it does not.
+    std::int64_t InFile = 0;
     std::int64_t Size = 0;
-    std::int64_t Gone = 0;
+    bool Away = false;
     bool Failing = false;
     bool Met = false;
+    /// No frame comes, and that was told.
+    bool Silent = false;
+    /// Samples that did not come up to the end, by the time.
+    std::uint64_t MissingAtEnd = 0;
+    /// What the report counted of rings and of files that went.
+    std::int64_t Written = 0;
+    std::int64_t FilesGone = 0;
+    /// At RUN.
+    std::uint64_t HeldId = 0;
     sv::TrackTotals AtBegin;
-
-    std::int64_t InFile() const { return Before + Counted; }
   };
 
   void TellStream(std::size_t stream);
-  void TellStretch(std::size_t stream);
+  /// The ring whose places are told begins behind so many.
+  void TellStretch(std::size_t stream, std::int64_t ringsBefore);
   void TellGaps(std::size_t stream, const sv::Stretch& stretch);
+  void TellSilence(std::size_t stream);
+  void TellSilentEnd(std::size_t stream);
   void TellRing(std::size_t stream, const std::string& failure);
   void LookForFile(std::size_t stream);
   void CountStored(std::size_t stream);
@@ -73,7 +83,9 @@ class RecordingEvents : public RingWitness, public AdapterConsumer {
            std::optional<std::uint64_t> count = std::nullopt);
   RecordEvent Of(std::size_t stream, const char* what) const;
   /// The line of the stream's file that a place of the ring at hand has.
-  std::int64_t LineAt(std::size_t stream, std::uint32_t place) const;
+  std::int64_t LineAt(std::uint32_t place) const {
+    return ringsBefore_ * RecordRings::Cells + place + 1;
+  }
   void AddHappened(std::size_t stream, const char* what, const sv::Happened& happened,
                    const std::string& figures = {});
 
@@ -82,6 +94,7 @@ class RecordingEvents : public RingWitness, public AdapterConsumer {
   EventsFile file_;
   bool running_ = false;
   std::array<Stream, 2> streams_;
+  std::int64_t ringsBefore_ = 0;
   std::uint64_t tooLong_ = 0;
   std::optional<std::uint64_t> dropped_;
 };

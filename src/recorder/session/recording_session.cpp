@@ -222,6 +222,11 @@ void RecordingSession::Ended(EndReason reason) {
   if (!span_.End(reason)) return;
   writing_.Report.End();
   events_.End(std::string(Words(reason)));
+  // The log is for one stream alone.
+  if (HasLog() && writing_.Context.Present.StreamCount == 2 && !events_.Name().empty()) {
+    writing_.Report.Add("Two streams have no log; the totals of both stand in \"" + events_.Name() +
+                        "\"");
+  }
   if (Listener) Listener->RecordingEnded(reason);
 }
 
@@ -233,8 +238,9 @@ void RecordingSession::Interrupt(EndReason reason) {
 void RecordingSession::InterruptForGood(EndReason reason) {
   if (!span_.UnderWay()) return;
   const auto skip = [](const Failure&) { return Verdict::SkipStep; };
-  RunSteps(services_.Usual.Program, skip, [this] { files_.Finish(); });
-  Ended(reason);
+  // First what cannot wait for anything: whoever ends the program may be in a hurry.
+  RunSteps(
+      services_.Usual.Program, skip, [&] { Ended(reason); }, [this] { files_.FinishForGood(); });
 }
 
 void RecordingSession::Stop(EndReason reason, Arrived arrived) {
@@ -288,11 +294,6 @@ void RecordingSession::Stop(EndReason reason, Arrived arrived) {
 void RecordingSession::BuildLog(bool found) {
   bool nothingToRead = false;
   if (found && HasLog()) Reader->BuildRecordLog(nothingToRead);
-  // The log is for one stream alone.
-  if (HasLog() && writing_.Context.Present.StreamCount == 2 && !events_.Name().empty()) {
-    writing_.Report.Add("Two streams have no log; the totals of both stand in \"" + events_.Name() +
-                        "\"");
-  }
 }
 
 void RecordingSession::ShowRecorded(bool found) {
@@ -336,6 +337,7 @@ void RecordingSession::StopOnFullDisk() {
                                     Crlf + "Recording ist stopped.",
                                 platform::Icon::Information});
   SetQuietly(false);
+  events_.WriteRest();
   if (stopping.First()) Stop(EndReason::DiskFull, Arrived::Dropped);
   recorder_.CWButton3.Enabled = true;
   writing_.Open.CloseQuietly(packetroutines::TextFile);

@@ -17,6 +17,11 @@ void SessionFiles::Finish() {
   if (SampleFormat* const format = writing_.Formats.Chosen()) format->End();
 }
 
+void SessionFiles::FinishForGood() {
+  writing_.Open.CloseQuietly(TextFile);
+  if (SampleFormat* const format = writing_.Formats.Chosen()) format->EndForGood();
+}
+
 bool SessionFiles::FindToRead() {
   const Sequel sequel = SequelOf(writing_.Formats.Chosen());
   if (sequel == Sequel::Nothing) return true;

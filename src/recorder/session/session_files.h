@@ -14,6 +14,8 @@ class SessionFiles {
   void Begin();
   /// STOP: gives the files their end.
   void Finish();
+  /// The recording ends with the program: the same, with nobody to tell.
+  void FinishForGood();
   /// Whether what follows the recording finds the file that it reads; the view tells where not. A
   /// text file that is missing is made, as the reader would; a failure of that leaves through here.
   bool FindToRead();

@@ -122,6 +122,17 @@ void ComtradeFormat::End() {
       [this] { FinishComtradeConfig(); });
 }
 
+void ComtradeFormat::EndForGood() {
+  if (!context_.Report.AnyStored(0) && !context_.Report.AnyStored(1)) return;
+  platform::RunSteps(
+      context_.Services.Usual.Program,
+      [this](const Failure&) {
+        context_.Open.CloseQuietly(TextFile);
+        return platform::Verdict::LeaveRoutine;
+      },
+      [this] { FinishComtradeConfig(); });
+}
+
 void ComtradeFormat::FinishComtradeConfig() {
   const std::string start =
       TimeText(StartTimeOf(context_.State.RecordFileName, Facts.Extension)) + Crlf;

@@ -22,6 +22,7 @@ class ComtradeFormat : public SampleFormat {
   bool Write(std::size_t stream) override;
   /// Ends the configuration; a box tells where that failed.
   void End() override;
+  void EndForGood() override;
   /// Appends the last lines of the configuration: rate, start and form of the data. It has no
   /// prefix, so beside two streams it is a third one.
   void FinishComtradeConfig();

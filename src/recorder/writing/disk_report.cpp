@@ -68,6 +68,7 @@ void DiskReport::RingWritten(std::size_t stream, const std::string& path) {
   told.Path = path;
   told.Size = size;
   ++told.Rings;
+  ++told.Written;
   Settle(stream);
   // The ring itself is hardly ever there already, and is late only where the next one finds it.
   ShowRings(stream, std::min(before, told.OnTheWay.size()));
@@ -94,6 +95,7 @@ void DiskReport::LookForFile(std::size_t stream) {
   Stream& told = streams_[stream];
   if (told.Rings == 0 || !Gone(stream)) return;
   told.Lost += told.Rings;
+  ++told.FilesGone;
   Forget(told);
   ShowRings(stream, 0);
   Lose(stream, 0, Failure(platform::failure::FileNotFound));

@@ -40,11 +40,12 @@ class DiskReport {
   void LookForFile(std::size_t stream);
   /// Rings of the stream were stored, and their file is gone.
   bool Gone(std::size_t stream) const;
-  /// Rings of the stream that were lost, also those of a file that is gone, and why the latest was.
-  std::int64_t Lost(std::size_t stream) const { return streams_[stream].Lost; }
+  /// Why a ring of the stream was lost latest.
   const std::string& Reason(std::size_t stream) const { return streams_[stream].Reason; }
-  /// Rings of the stream that are in its file.
-  std::int64_t Rings(std::size_t stream) const { return streams_[stream].Rings; }
+  /// Rings of the stream that were written since RUN, whatever became of their file, and files that
+  /// went.
+  std::int64_t Written(std::size_t stream) const { return streams_[stream].Written; }
+  std::int64_t FilesGone(std::size_t stream) const { return streams_[stream].FilesGone; }
   /// A ring of the stream was stored, whatever became of it.
   bool AnyStored(std::size_t stream) const { return !streams_[stream].Path.empty(); }
   /// What else there is to tell of the recording, as a sentence; one that stands already is not
@@ -66,6 +67,8 @@ class DiskReport {
     std::int64_t Size = 0;
     /// Rings that are in the file.
     std::int64_t Rings = 0;
+    std::int64_t Written = 0;
+    std::int64_t FilesGone = 0;
     /// Those that are on disk, and their bytes.
     std::int64_t Stored = 0;
     std::int64_t StoredBytes = 0;

@@ -45,6 +45,8 @@ class SampleFormat {
   virtual void Rewind() {}
   /// The recording was stopped.
   virtual void End() {}
+  /// The recording ends with the program, and nobody can be told.
+  virtual void EndForGood() { End(); }
   /// The recording was stopped because the file of a stream takes no more.
   virtual void EndAtLimit(std::size_t /*stream*/) {}
   /// The next recording begins, in whatever format: gives an end to what a change of the tab has

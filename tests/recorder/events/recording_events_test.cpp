@@ -244,10 +244,104 @@ TEST_F(RecordedEvents, TellOfRingsThatWereNotStored) {
   Come(Ring);
   bench.Stop();
   EXPECT_THAT(Happened(), ElementsAre("1;;file is gone;;rings in it 1",
-                                      "1;1;ring not stored;4000;File not found",
-                                      "1;1;ring not stored;4000;File not found",
+                                      "1;4001;ring not stored;4000;File not found",
+                                      "1;4001;ring not stored;4000;File not found",
                                       "1;4001;stored again;;rings lost until now 2"));
   EXPECT_THAT(Line("total"), HasSubstr("samples stored 8000"));
+}
+
+TEST_F(RecordedEvents, CountTheLinesOfARingThatWasNotFullBehindThoseOfTheFile) {
+  Record();
+  Come(Ring + 100);
+  Pass(2);
+  Come(100);
+  bench.Stop();
+  EXPECT_THAT(Happened(),
+              ElementsAre("1;4101;samples missing;2;by counter 2, by time of arrival 2"));
+}
+
+TEST_F(RecordedEvents, TellOfAStreamThatDied) {
+  Record();
+  Come(Ring);
+  bench.Clock.Advance(10s);
+  bench.Stop();
+  EXPECT_THAT(Happened(), ElementsAre("1;4001;stream silent;;",
+                                      "1;;samples missing;40001;none came up to the end, by the "
+                                      "time 40001"));
+  EXPECT_THAT(Line("total"), HasSubstr("missing 40001, of these by counter 0"));
+}
+
+TEST_F(RecordedEvents, TellOfAStreamThatDiedWhileTheOtherLives) {
+  bench.TakeBoth();
+  Record();
+  senders = {"MU01", "MU02"};
+  Come(30);
+  senders = {"MU01"};
+  Come(2 * Ring);
+  senders = {"MU01", "MU02"};
+  Come(Ring);
+  bench.Stop();
+  EXPECT_THAT(Happened(),
+              ElementsAre("2;31;stream silent;;",
+                          "2;31;samples missing;8000;by counter 0, by time of arrival 8000"));
+}
+
+TEST_F(RecordedEvents, TellOfASecondStreamThatNeverCame) {
+  bench.TakeBoth();
+  Record();
+  Come(Ring);
+  bench.Stop();
+  EXPECT_THAT(All(), testing::Contains(HasSubstr(";2;0;total;0;never came")));
+}
+
+TEST_F(RecordedEvents, MissNothingWhereFramesOfTheOldTimeStillWaitBehindAClockThatWasSet) {
+  for (const std::chrono::microseconds set : {-1h, 1h}) {
+    Record();
+    Come(100);
+    // The clock is set while these wait, and a ring is written before they come.
+    const std::chrono::microseconds before = bench.Clock.Began;
+    Come(Ring - 101);
+    bench.Clock.Began += set;
+    bench.Core.Watch.TakeClockStep();
+    bench.Clock.Began = before;
+    Come(50);
+    bench.Clock.Began = before + set;
+    Come(Ring);
+    bench.Stop();
+    EXPECT_THAT(Line("total"), HasSubstr("missing 0"));
+    bench.Files.Stored.clear();
+  }
+}
+
+TEST_F(RecordedEvents, HaveAnEndWhereAnInterfaceWentBeforeAnythingCame) {
+  Record();
+  bench.Capture.AdapterPresence = platform::Presence::Gone;
+  bench.Elapse(1s);
+  bench.Stop();
+  EXPECT_THAT(Happened(), ElementsAre(";;interface gone;;"));
+  EXPECT_THAT(All().back(), HasSubstr(";end;"));
+}
+
+TEST_F(RecordedEvents, KnowAFileThatWasMadeAnewBehindItsFirstRing) {
+  Record();
+  Come(Ring);
+  bench.Files.Stored.erase(RecorderBench::Path(Started + ".txt"));
+  Come(2 * Ring);
+  bench.Stop();
+  EXPECT_THAT(Happened(), ElementsAre("1;;file is gone;;rings in it 1"));
+  EXPECT_THAT(Line("total"), HasSubstr(";1;8000;total;12000;"));
+}
+
+TEST_F(RecordedEvents, GoByTheStructureThatComesWhereTheFirstFrameHadNone) {
+  Record();
+  // The length of the PDU does not fit.
+  FrameBytes broken = support::PlainFrame(sent);
+  broken[17] = 0xFF;
+  bench.Receive(broken);
+  Pass(1);
+  Come(Ring);
+  bench.Stop();
+  EXPECT_THAT(Happened(), testing::IsEmpty());
 }
 
 TEST_F(RecordedEvents, CountLinesAnewInANewFile) {
