@@ -4,8 +4,8 @@
 
 namespace platform {
 
-/// Keeps the computer from going to sleep. Where the system
-/// cannot be asked, nothing happens and nothing is told.
+/// Keeps the computer from going to sleep. Where the system cannot be asked, nothing happens and
+/// nothing is told.
 class SleepInhibitor {
  public:
   virtual ~SleepInhibitor() = default;

@@ -39,7 +39,7 @@ std::string Joined(const std::vector<std::string>& words) {
 std::string ReasonInTheFile(const Failure& failure) {
   switch (failure.Number()) {
     case failure::SubscriptOutOfRange:
-      return "more than two million samples are missing in it";
+      return "more than two million samples are missing in it, or its counter goes beyond 3999";
     case failure::InvalidProcedureCall:
     case failure::Overflow:
       return "it holds a line that is no sample";

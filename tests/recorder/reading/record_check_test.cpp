@@ -154,7 +154,8 @@ TEST_F(Check, RefusesAFileThatCannotBeCountedAndOffersTheOneBefore) {
       {std::string(100, '\0'), noSample},
       {"0;70000;1\r\n", noSample},
       {"0;0;1\r\n1;4500;1\r\n",
-       " could not be checked: more than two million samples are missing in it."}};
+       " could not be checked: more than two million samples are missing in it, or its counter "
+       "goes beyond 3999."}};
   for (const auto& [content, told] : broken) {
     ReadingBench other;
     other.Files.Stored[RecorderBench::Path(text)] = content;
