@@ -3,8 +3,10 @@
 #include <arpa/inet.h>
 #include <linux/if_packet.h>
 #include <net/if.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <system_error>
 
@@ -19,8 +21,9 @@ namespace {
 }  // namespace
 
 FarEnd::FarEnd(const std::string& interface)
-    // A protocol of 0 takes no frames in.
-    : socket_(socket(AF_PACKET, SOCK_RAW | SOCK_CLOEXEC, 0)) {
+    : name_(interface),
+      // A protocol of 0 takes no frames in.
+      socket_(socket(AF_PACKET, SOCK_RAW | SOCK_CLOEXEC, 0)) {
   if (socket_ < 0) Fail("cannot open a socket");
   sockaddr_ll place{};
   place.sll_family = AF_PACKET;
@@ -51,9 +54,17 @@ void FarEnd::Send() {
     const int count = sendmmsg(socket_, messages_.data() + sent,
                                static_cast<unsigned>(messages_.size() - sent), 0);
     if (count < 0 && errno != EINTR && errno != ENOBUFS) Fail("cannot send");
+    // A unit goes on whether anybody is at the other end or not.
+    if (count < 0 && errno == ENOBUFS && !OtherEndIsThere()) break;
     if (count > 0) sent += static_cast<std::size_t>(count);
   }
   frames_.clear();
+}
+
+bool FarEnd::OtherEndIsThere() const {
+  ifreq state{};
+  std::copy_n(name_.c_str(), std::min(name_.size(), sizeof state.ifr_name - 1), state.ifr_name);
+  return ioctl(socket_, SIOCGIFFLAGS, &state) < 0 || (state.ifr_flags & IFF_RUNNING) != 0;
 }
 
 }  // namespace bus

@@ -22,9 +22,13 @@ class FarEnd {
 
   /// The frame must stay as it is until it was sent.
   void Put(const Bytes& frame);
+  /// What is sent while the other end is away is lost.
   void Send();
 
  private:
+  bool OtherEndIsThere() const;
+
+  std::string name_;
   int socket_;
   std::vector<iovec> frames_;
   std::vector<mmsghdr> messages_;

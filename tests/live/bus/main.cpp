@@ -3,8 +3,12 @@
 //   vornik_live_bus --interface NAME --profile NAME [--senders N] [--duration SECONDS]
 //                   [--spacing US]
 //
-// At the end it prints how many frames of each stream it sent, as JSON. It stops before that, and
-// without a word, as soon as nobody is left to read what it prints.
+// SIGUSR1 has each frame go out twice from now on, or once again; SIGUSR2 has frames change places
+// from now on, or keep them again. SIGTERM is its end.
+//
+// At the end it prints how many frames of each stream it sent, as JSON, and how many of these went
+// out a second time or behind a later one. It stops before that, and without a word, as soon as
+// nobody is left to read what it prints.
 
 #include <poll.h>
 #include <unistd.h>
@@ -40,6 +44,18 @@ std::map<std::string, std::string> OptionsOf(int argc, char** argv) {
   return options;
 }
 
+volatile std::sig_atomic_t twice = 0;
+volatile std::sig_atomic_t swapped = 0;
+volatile std::sig_atomic_t ended = 0;
+
+void TakeSignals() {
+  std::signal(SIGUSR1, [](int) { twice = 1 - twice; });
+  std::signal(SIGUSR2, [](int) { swapped = 1 - swapped; });
+  std::signal(SIGTERM, [](int) { ended = 1; });
+  // A reader that goes in the last moment is no failure.
+  std::signal(SIGPIPE, SIG_IGN);
+}
+
 /// Whether whoever read what this program prints is gone: a pipe without a reader is reported
 /// though nothing is asked for.
 bool NobodyReads() {
@@ -55,10 +71,11 @@ void Play(std::map<std::string, std::string> options) {
   bus::Player player(wire, profile, std::stoll(options["--spacing"]));
   bus::SampleClock clock(profile.Rate);
   const auto total = static_cast<std::int64_t>(std::stod(options["--duration"]) * profile.Rate);
-  for (std::int64_t sample = 0; sample < total;) {
+  for (std::int64_t sample = 0; sample < total && ended == 0;) {
     const std::int64_t due = std::min(total, clock.Due(sample));
     for (; sample < due; ++sample) {
       if (sample % LookEvery == 0 && NobodyReads()) return;
+      player.Disturb({.Twice = twice != 0, .Swapped = swapped != 0}, sample);
       player.Play(clock, sample);
     }
     clock.WaitFor(sample);
@@ -69,8 +86,7 @@ void Play(std::map<std::string, std::string> options) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  // A reader that goes in the last moment is no failure.
-  std::signal(SIGPIPE, SIG_IGN);
+  TakeSignals();
   try {
     Play(OptionsOf(argc, argv));
   } catch (const std::exception& error) {

@@ -13,6 +13,10 @@ std::int64_t WithSwaps(std::int64_t sample) {
   return place == SwappedEvery - 1 ? sample - 1 : sample;
 }
 
+bool IsWithinSwap(std::int64_t sample) {
+  return sample % SwappedEvery == SwappedEvery - 1;
+}
+
 /// A text as JSON has it.
 std::string Quoted(const std::string& text) {
   constexpr const char* Digits = "0123456789abcdef";
@@ -33,7 +37,7 @@ std::string Quoted(const std::string& text) {
 }  // namespace
 
 Player::Player(FarEnd& wire, const Profile& profile, std::int64_t spacingUs)
-    : wire_(wire), swapped_(profile.Swapped), spacingUs_(spacingUs) {
+    : wire_(wire), alwaysSwapped_(profile.Swapped), spacingUs_(spacingUs) {
   for (const Sender& sender : profile.Senders) {
     Stream& stream = streams_.emplace_back(Stream{sender.Id, sender.Asdus, {}});
     if (sender.Doubled) {
@@ -46,8 +50,25 @@ Player::Player(FarEnd& wire, const Profile& profile, std::int64_t spacingUs)
   if (profile.Others) others_.emplace(profile.Senders.at(0).Id);
 }
 
+void Player::Disturb(Disturbance disturbance, std::int64_t sample) {
+  const bool swapped = disturbance_.Swapped;
+  disturbance_ = disturbance;
+  if (IsWithinSwap(sample)) disturbance_.Swapped = swapped;
+}
+
 void Player::Play(SampleClock& clock, std::int64_t sample) {
-  const std::int64_t sent = swapped_ ? WithSwaps(sample) : sample;
+  const bool swapped = alwaysSwapped_ || disturbance_.Swapped;
+  const std::int64_t sent = swapped ? WithSwaps(sample) : sample;
+  if (sent < sample) ++lateSamples_;
+  PutAll(clock, sample, sent);
+  wire_.Send();
+  if (!disturbance_.Twice) return;
+  ++doubledSamples_;
+  PutAll(clock, sample, sent);
+  wire_.Send();
+}
+
+void Player::PutAll(SampleClock& clock, std::int64_t sample, std::int64_t sent) {
   std::int64_t place = 0;
   for (Stream& stream : streams_) {
     // A frame goes out with the last of its samples.
@@ -60,14 +81,16 @@ void Player::Play(SampleClock& clock, std::int64_t sample) {
     if (spacingUs_ > 0) wire_.Send();
   }
   if (others_) others_->Put(wire_, sample);
-  wire_.Send();
 }
 
 std::string Player::Sent() const {
   std::string json = "{";
-  for (const Stream& stream : streams_) {
-    json += (json.size() > 1 ? ", " : "") + Quoted(stream.Id) + ": " + std::to_string(stream.Sent);
-  }
+  const auto add = [&](const std::string& name, std::int64_t count) {
+    json += (json.size() > 1 ? ", " : "") + Quoted(name) + ": " + std::to_string(count);
+  };
+  for (const Stream& stream : streams_) add(stream.Id, stream.Sent);
+  if (doubledSamples_ > 0) add("doubled", doubledSamples_);
+  if (lateSamples_ > 0) add("out of order", lateSamples_);
   return json + "}";
 }
 

@@ -12,6 +12,14 @@
 
 namespace bus {
 
+/// What a network does to all frames for a while.
+struct Disturbance {
+  /// Each frame goes out a second time.
+  bool Twice = false;
+  /// Now and then two frames that follow each other change places.
+  bool Swapped = false;
+};
+
 /// Plays a profile: with each sample the senders send one after another, always in the same order.
 class Player {
  public:
@@ -19,8 +27,11 @@ class Player {
   /// they follow each other as fast as the wire takes them.
   Player(FarEnd& wire, const Profile& profile, std::int64_t spacingUs);
 
+  /// From this sample on, but never between two that have changed places.
+  void Disturb(Disturbance disturbance, std::int64_t sample);
   void Play(SampleClock& clock, std::int64_t sample);
-  /// How many frames of each stream were sent, as JSON.
+  /// How many frames of each stream were sent, as JSON; and how many samples went out a second
+  /// time, or behind a later one, where any did.
   std::string Sent() const;
 
  private:
@@ -32,8 +43,13 @@ class Player {
     std::int64_t Sent = 0;
   };
 
+  void PutAll(SampleClock& clock, std::int64_t sample, std::int64_t sent);
+
   FarEnd& wire_;
-  bool swapped_;
+  bool alwaysSwapped_;
+  Disturbance disturbance_;
+  std::int64_t doubledSamples_ = 0;
+  std::int64_t lateSamples_ = 0;
   std::int64_t spacingUs_;
   std::vector<Stream> streams_;
   std::optional<OtherProtocols> others_;

@@ -1,0 +1,183 @@
+#!/usr/bin/env python3
+"""Records two streams of a virtual wire with the whole program, and does to it what a night may do:
+doubled and swapped frames, a folder and an interface that go away and come back, a clock that is
+set, a program that is stopped. Then it compares the events file, line by line, with what was done
+and with the numbers that the recorded frames carry.
+
+usage: morning.py short|night PROGRAM BUS CLOCK-LIBRARY
+"""
+
+import json
+import os
+import signal
+import struct
+import subprocess
+import sys
+import tempfile
+import time
+from pathlib import Path
+
+import morning_table
+from morning_table import Act
+from soak import FAR, NEAR, TEXT, environment
+
+IDS = ["BAY-01", "BAY-02"]
+SKIPPED = 77
+HOUR_BACK = -3600
+# The clock is set so much later than it is asked for, so that everybody knows before.
+AHEAD = 0.1
+# The program's start, and its first ring.
+STARTS = 1.5
+# From the end of the bus to STOP. The program waits for streams that have gone for two seconds.
+BEHIND_BUS = 1.0
+
+# When something is done, in seconds behind the first ring, and for how long. The program looks at
+# its interface where nothing has come for two seconds, and the driver keeps the frames of four.
+PLANS = {
+    "short": ([Act("frames doubled", 0.3, 0.5), Act("frames swapped", 1.3, 0.7),
+               Act("folder away", 2.5, 2), Act("interface away", 5.5, 4),
+               Act("clock set", 11), Act("program stopped", 12, 6.5)], 20.5),
+    "night": ([Act("frames doubled", 60, 3), Act("frames swapped", 120, 3),
+               Act("folder away", 180, 3), Act("interface away", 260, 5),
+               Act("clock set", 350), Act("program stopped", 440, 12)], 598),
+}
+
+
+def run(command):
+    subprocess.run(command.split(), check=True)
+
+
+def arrived():
+    """Frames that came to the near end of the wire."""
+    for line in Path("/proc/self/net/dev").read_text(encoding="ascii").splitlines():
+        name, _, counts = line.partition(":")
+        if name.strip() == NEAR:
+            return int(counts.split()[1])
+    return 0
+
+
+class Night:
+    def __init__(self, folder, bus):
+        self.folder = Path(folder)
+        self.storage = self.folder / "home" / "StoredData"
+        self.clock = self.folder / "clock"
+        self.clock.write_bytes(struct.pack("dd", 0, 0))
+        self.set_by = 0
+        self.bus = subprocess.Popen(
+            [bus, "--interface", FAR, "--profile", "locked", "--senders", str(len(IDS)),
+             "--duration", "3600"], stdout=subprocess.PIPE, text=True)
+        # Whoever has a space of names of its own, into which the interface goes.
+        self.other = subprocess.Popen(["unshare", "--net", "sleep", "3600"])
+        self.program = None
+
+    def start(self, program, library, seconds):
+        surroundings = {**environment(self.folder), "TZ": "UTC", "LD_PRELOAD": library,
+                        "VORNIK_CLOCK_FILE": str(self.clock)}
+        self.program = subprocess.Popen([program, NEAR, TEXT, str(seconds), "1", *IDS],
+                                        env=surroundings, stdout=subprocess.PIPE, text=True)
+        for line in self.program.stdout:
+            if line.startswith("page stream"):
+                self.began = time.monotonic()
+                return
+        sys.exit("nothing was recorded")
+
+    def wait_until(self, seconds):
+        time.sleep(max(0, self.began + seconds - time.monotonic()))
+
+    def now(self):
+        """As the program's clock shows it."""
+        return time.time() + self.set_by
+
+    def do(self, act):
+        doing = {"frames doubled": lambda: self.disturb(act, signal.SIGUSR1),
+                 "frames swapped": lambda: self.disturb(act, signal.SIGUSR2),
+                 "folder away": lambda: self.take_folder(act),
+                 "interface away": lambda: self.take_interface(act),
+                 "clock set": lambda: self.set_clock(act),
+                 "program stopped": lambda: self.stop(act)}[act.what]
+        self.wait_until(act.at)
+        if self.program.poll() is not None:
+            sys.exit(f"the program ended with {self.program.returncode}")
+        act.begun = self.now()
+        doing()
+        act.ended = self.now()
+
+    def disturb(self, act, sign):
+        self.bus.send_signal(sign)
+        time.sleep(act.length)
+        self.bus.send_signal(sign)
+
+    def take_folder(self, act):
+        away = self.storage.with_name("Away")
+        self.storage.rename(away)
+        time.sleep(act.length)
+        away.rename(self.storage)
+
+    def take_interface(self, act):
+        """To another space of names, where the program does not see it, and back."""
+        run(f"ip link set {NEAR} netns {self.other.pid}")
+        time.sleep(act.length)
+        run(f"nsenter -t {self.other.pid} -n ip link set {NEAR} netns {os.getpid()}")
+        run(f"ip link set {NEAR} up")
+
+    def set_clock(self, act):
+        moment = time.time() + AHEAD
+        # The program has the file in its memory, so it must not become shorter for a moment.
+        with self.clock.open("r+b") as clock:
+            clock.write(struct.pack("dd", moment, HOUR_BACK))
+        time.sleep(AHEAD)
+        self.set_by = HOUR_BACK
+        act.begun = self.now()
+
+    def stop(self, act):
+        before = arrived()
+        self.program.send_signal(signal.SIGSTOP)
+        time.sleep(act.length)
+        act.sent = arrived() - before
+        self.program.send_signal(signal.SIGCONT)
+
+    def end(self, seconds):
+        """What the bus says that it sent, and where the recording is."""
+        self.wait_until(seconds)
+        self.bus.send_signal(signal.SIGTERM)
+        sent = json.loads(self.bus.communicate()[0])
+        lines = self.program.communicate()[0].splitlines()
+        for line in lines:
+            if line.startswith("box "):
+                print(line)
+        files = [line.removeprefix("file ") for line in lines if line.startswith("file ")]
+        if self.program.returncode != 0 or not files:
+            sys.exit(f"the program ended with {self.program.returncode}")
+        return sent, Path(files[0])
+
+    def clear(self):
+        for process in (self.program, self.bus, self.other):
+            if process is not None and process.poll() is None:
+                process.kill()
+                process.wait()
+
+
+def main():
+    plan, program, bus, library = sys.argv[1], *map(os.path.abspath, sys.argv[2:5])
+    if os.environ.get("VORNIK_NAMESPACE") != "own":
+        print(os.environ.get("VORNIK_NAMESPACE", "not started through in_namespace.sh"))
+        sys.exit(SKIPPED)
+    for command in (f"ip link add {NEAR} type veth peer name {FAR}", f"ip link set {NEAR} up",
+                    f"ip link set {FAR} up"):
+        run(command)
+    acts, seconds = PLANS[plan]
+    with tempfile.TemporaryDirectory() as folder:
+        night = Night(folder, bus)
+        try:
+            night.start(program, library, seconds + STARTS + BEHIND_BUS)
+            for act in acts:
+                night.do(act)
+            sent, record = night.end(seconds)
+        finally:
+            night.clear()
+        right = morning_table.compare(acts, HOUR_BACK, sent, record)
+    sys.exit(0 if right else 1)
+
+
+if __name__ == "__main__":
+    main()
