@@ -126,11 +126,6 @@ void StreamWatch::FollowClock(Watched& watched, Time arrived) {
   watched.ClockSet = Time{0};
 }
 
-StreamWatch::Time StreamWatch::Silence(std::size_t stream) const {
-  const Watched& watched = watched_[stream];
-  return clock_.WallTime() - watched.Track.Last() - watched.ClockSet;
-}
-
 StreamWatch::Time StreamWatch::TakeClockStep() {
   AskClock();
   const Time step = clockStep_;

@@ -80,8 +80,10 @@ class StreamWatch {
   }
   Time FirstArrived(std::size_t stream) const { return watched_[stream].FirstArrived; }
   Time WallTime() const { return clock_.WallTime(); }
-  /// How long no frame of the stream has come.
-  Time Silence(std::size_t stream) const;
+  /// When the latest frame of the stream came, by the clock as it shows now.
+  Time LastArrived(std::size_t stream) const {
+    return watched_[stream].Track.Last() + watched_[stream].ClockSet;
+  }
   /// What the stream is in this burst; nothing before a frame of it was looked at.
   const std::optional<StreamLook>& Look(std::size_t stream) const { return watched_[stream].Look; }
   const sv::SampleTrack& Track(std::size_t stream) const { return watched_[stream].Track; }

@@ -114,7 +114,7 @@ void FakeCapture::ReceiveInFlight(std::span<const std::uint8_t> bytes) {
 
 void FakeCapture::ReceiveCut(std::span<const std::uint8_t> bytes, std::size_t trueLength) {
   if (holds_ > 0) return;
-  const platform::CapturedFrame frame{bytes, trueLength, clock_.WallTime()};
+  const platform::CapturedFrame frame{bytes, trueLength, clock_.WallTime() - Waited};
   if (Wish) Wish(frame);
   object_->OnPacket(frame);
 }

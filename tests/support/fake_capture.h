@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <deque>
 #include <functional>
@@ -67,6 +68,8 @@ class FakeCapture : public platform::CaptureLayer {
   platform::Presence AdapterPresence = platform::Presence::There;
   /// What the system tells of frames that nobody took in time.
   std::optional<std::uint64_t> Dropped;
+  /// How long frames have waited until they are handed over.
+  std::chrono::microseconds Waited{0};
   /// What happened to collections of packets, "create" or "clear", beside the common journal.
   Journal Collections;
   FakeAdapter* Chosen = nullptr;

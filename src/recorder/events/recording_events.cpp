@@ -70,8 +70,11 @@ void RecordingEvents::RingDone(std::size_t stream, const std::string& failure) {
   const Stream& told = streams_[stream];
   TellStretch(stream, told.Failing ? told.InFile : told.InFile - 1);
   TellSystem();
-  // The other stream has no ring to be told of where it does not come.
-  for (std::size_t each = 0; each < streams_.size(); ++each) TellSilence(each);
+  // The other stream has no ring to be told of where it does not come. What frames still wait is
+  // not known, so that the time of the frame at hand counts.
+  for (std::size_t each = 0; each < streams_.size(); ++each) {
+    TellSilence(each, from_.Watch.LastArrived(stream));
+  }
   Write();
 }
 
@@ -192,14 +195,14 @@ void RecordingEvents::CountStored(std::size_t stream) {
   told.Size = size;
 }
 
-void RecordingEvents::TellSilence(std::size_t stream) {
+void RecordingEvents::TellSilence(std::size_t stream, StreamWatch::Time now) {
   Stream& told = streams_[stream];
   if (!told.Met) return;
-  const StreamWatch::Time silence = from_.Watch.Silence(stream);
-  const bool silent = silence >= LongestRest;
+  const StreamWatch::Time last = from_.Watch.LastArrived(stream);
+  const bool silent = now - last >= LongestRest;
   if (silent && !told.Silent) {
     RecordEvent event = Of(stream, "stream silent");
-    event.At -= silence;
+    event.At = last;
     event.Line = told.InFile * RecordRings::Cells + from_.Watch.Track(stream).Since().Frames + 1;
     file_.Add(event);
   }
@@ -209,9 +212,10 @@ void RecordingEvents::TellSilence(std::size_t stream) {
 void RecordingEvents::TellSilentEnd(std::size_t stream) {
   Stream& told = streams_[stream];
   if (!told.Met) return;
-  TellSilence(stream);
+  const StreamWatch::Time now = from_.Watch.WallTime();
+  TellSilence(stream, now);
   if (!told.Silent) return;
-  told.MissingAtEnd = from_.Watch.Track(stream).SamplesSent(from_.Watch.Silence(stream));
+  told.MissingAtEnd = from_.Watch.Track(stream).SamplesSent(now - from_.Watch.LastArrived(stream));
   RecordEvent event = Of(stream, "samples missing");
   event.Count = told.MissingAtEnd;
   event.Figures = "none came up to the end, " + Figure("by the time", told.MissingAtEnd);

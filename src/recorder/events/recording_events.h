@@ -70,7 +70,7 @@ class RecordingEvents : public RingWitness, public AdapterConsumer {
   /// The ring whose places are told begins behind so many.
   void TellStretch(std::size_t stream, std::int64_t ringsBefore);
   void TellGaps(std::size_t stream, const sv::Stretch& stretch);
-  void TellSilence(std::size_t stream);
+  void TellSilence(std::size_t stream, StreamWatch::Time now);
   void TellSilentEnd(std::size_t stream);
   void TellRing(std::size_t stream, const std::string& failure);
   void LookForFile(std::size_t stream);

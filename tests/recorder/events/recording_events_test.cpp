@@ -286,6 +286,24 @@ TEST_F(RecordedEvents, TellOfAStreamThatDiedWhileTheOtherLives) {
                           "2;31;samples missing;8000;by counter 0, by time of arrival 8000"));
 }
 
+TEST_F(RecordedEvents, TellOfNoSilenceWhereFramesWaitedForTheProgram) {
+  bench.TakeBoth();
+  Record();
+  senders = {"MU01", "MU02"};
+  Come(100);
+  // The program stands still, and the driver has room for the first of what comes meanwhile.
+  bench.Clock.Advance(12s);
+  bench.Capture.Waited = 12s;
+  Come(4 * Ring);
+  bench.Capture.Waited = 0s;
+  sent += 48'000;
+  Come(Ring);
+  bench.Stop();
+  EXPECT_THAT(Happened(),
+              ElementsAre("1;16101;samples missing;48000;by counter 0, by time of arrival 48000",
+                          "2;16101;samples missing;48000;by counter 0, by time of arrival 48000"));
+}
+
 TEST_F(RecordedEvents, TellOfASecondStreamThatNeverCame) {
   bench.TakeBoth();
   Record();
