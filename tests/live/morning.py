@@ -28,18 +28,18 @@ HOUR_BACK = -3600
 AHEAD = 0.1
 # The program's start, and its first ring.
 STARTS = 1.5
-# From the end of the bus to STOP. The program waits for streams that have gone for two seconds.
-BEHIND_BUS = 1.0
+# From the end of the bus to STOP.
+BEHIND_BUS = 2.5
 
 # When something is done, in seconds behind the first ring, and for how long. The program looks at
 # its interface where nothing has come for two seconds, and the driver keeps the frames of four.
 PLANS = {
-    "short": ([Act("frames doubled", 0.3, 0.5), Act("frames swapped", 1.3, 0.7),
-               Act("folder away", 2.5, 2), Act("interface away", 5.5, 4),
-               Act("clock set", 11), Act("program stopped", 12, 6.5)], 20.5),
-    "night": ([Act("frames doubled", 60, 3), Act("frames swapped", 120, 3),
-               Act("folder away", 180, 3), Act("interface away", 260, 5),
-               Act("clock set", 350), Act("program stopped", 440, 12)], 598),
+    "short": [Act("frames doubled", 0.3, 0.5), Act("frames swapped", 1.3, 0.7),
+              Act("folder away", 2.5, 2), Act("interface away", 5.5, 4), Act("clock set", 11),
+              Act("program stopped", 12, 6.5), Act("bus ended", 20.5)],
+    "night": [Act("frames doubled", 60, 3), Act("frames swapped", 120, 3),
+              Act("folder away", 180, 3), Act("interface away", 260, 5), Act("clock set", 350),
+              Act("program stopped", 440, 12), Act("bus ended", 597)],
 }
 
 
@@ -65,7 +65,7 @@ class Night:
         self.set_by = 0
         self.bus = subprocess.Popen(
             [bus, "--interface", FAR, "--profile", "locked", "--senders", str(len(IDS)),
-             "--duration", "3600"], stdout=subprocess.PIPE, text=True)
+             "--duration", "3600", "--keeps-time", "1"], stdout=subprocess.PIPE, text=True)
         # Whoever has a space of names of its own, into which the interface goes.
         self.other = subprocess.Popen(["unshare", "--net", "sleep", "3600"])
         self.program = None
@@ -94,7 +94,8 @@ class Night:
                  "folder away": lambda: self.take_folder(act),
                  "interface away": lambda: self.take_interface(act),
                  "clock set": lambda: self.set_clock(act),
-                 "program stopped": lambda: self.stop(act)}[act.what]
+                 "program stopped": lambda: self.stop(act),
+                 "bus ended": self.end_bus}[act.what]
         self.wait_until(act.at)
         if self.program.poll() is not None:
             sys.exit(f"the program ended with {self.program.returncode}")
@@ -136,11 +137,12 @@ class Night:
         act.sent = arrived() - before
         self.program.send_signal(signal.SIGCONT)
 
-    def end(self, seconds):
-        """What the bus says that it sent, and where the recording is."""
-        self.wait_until(seconds)
+    def end_bus(self):
         self.bus.send_signal(signal.SIGTERM)
-        sent = json.loads(self.bus.communicate()[0])
+        self.sent = json.loads(self.bus.communicate()[0])
+
+    def end(self):
+        """Where the recording is."""
         lines = self.program.communicate()[0].splitlines()
         for line in lines:
             if line.startswith("box "):
@@ -148,7 +150,7 @@ class Night:
         files = [line.removeprefix("file ") for line in lines if line.startswith("file ")]
         if self.program.returncode != 0 or not files:
             sys.exit(f"the program ended with {self.program.returncode}")
-        return sent, Path(files[0])
+        return Path(files[0])
 
     def clear(self):
         for process in (self.program, self.bus, self.other):
@@ -165,17 +167,17 @@ def main():
     for command in (f"ip link add {NEAR} type veth peer name {FAR}", f"ip link set {NEAR} up",
                     f"ip link set {FAR} up"):
         run(command)
-    acts, seconds = PLANS[plan]
+    acts = PLANS[plan]
     with tempfile.TemporaryDirectory() as folder:
         night = Night(folder, bus)
         try:
-            night.start(program, library, seconds + STARTS + BEHIND_BUS)
+            night.start(program, library, acts[-1].at + STARTS + BEHIND_BUS)
             for act in acts:
                 night.do(act)
-            sent, record = night.end(seconds)
+            record = night.end()
         finally:
             night.clear()
-        right = morning_table.compare(acts, HOUR_BACK, sent, record)
+        right = morning_table.compare(acts, HOUR_BACK, night.sent, record)
     sys.exit(0 if right else 1)
 
 

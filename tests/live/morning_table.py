@@ -14,6 +14,7 @@ EARLY = 0.5
 REOPENS = 3.0
 # A clock that is set may be led by so many seconds beside that.
 LED = 0.1
+SILENT, UP_TO_END = "stream silent", "none came up to the end"
 AWAY, BACK, DOWN, SET = ("interface gone", "interface is there again", "interface switched off",
                          "clock set")
 FRAME = ["start", "stream met", "total", "end"]
@@ -78,7 +79,8 @@ class Comparison:
         found = [(told.event, told.line, told.count, told.figure("by counter"))
                  for told in self.told
                  if told.stream == stream and told.event in (MISSING, DOUBLED, LATE)
-                 and told not in beside and told.line <= there.rows]
+                 and told not in beside and told.line <= there.rows
+                 and not told.figures.startswith(UP_TO_END)]
         for k in range(max(len(found), len(there.expected))):
             has = found[k] if k < len(found) else None
             due = there.expected[k] if k < len(there.expected) else None
@@ -93,13 +95,16 @@ class Comparison:
             self.wrong.append(f"stream {stream}: {len(total)} totals")
             return
         figure = total[0].figure
+        behind = sum(told.count for told in self.of(MISSING, stream)
+                     if told.figures.startswith(UP_TO_END))
         self.demand(total[0].count == total[0].line == figure("samples stored") == there.rows,
                     f"stream {stream}: {there.rows} lines in the file")
-        for name, due in (("missing", there.missing), ("doubled", there.doubled),
+        for name, due in (("missing", there.missing + behind), ("doubled", there.doubled),
                           ("out of order", there.late), ("rings not stored", lost)):
             self.demand(figure(name) == due, f"stream {stream}: {name} {due} in all")
-        due = self.sent[f"BAY-{stream:02}"] - self.sent["doubled"] - there.first
-        told = figure("received") - figure("doubled") + figure("missing")
+        due = (self.sent[f"BAY-{stream:02}"] - self.sent["doubled"] + self.sent.get("left out", 0)
+               - there.first)
+        told = figure("received") - figure("doubled") + figure("missing") - behind
         self.demand(told == due, f"stream {stream}: {due} sent since its first frame, {told} told")
 
     # What was done.
@@ -164,6 +169,17 @@ class Comparison:
         self.demand(dropped == sum(missing),
                     f"program stopped: {dropped} dropped, {missing} missing")
 
+    def check_bus(self):
+        """It ended before STOP, and what would have come since is missing."""
+        act = self.take("bus ended", [SILENT, MISSING])
+        end = self.told[-1].at
+        for stream in self.streams:
+            own = [told for told in act.told if told.stream == stream]
+            self.demand([told.event for told in own] == [SILENT, MISSING]
+                        and abs(own[0].at - act.begun) < EARLY
+                        and abs(own[1].count / RATE - (end - own[0].at)) < EARLY,
+                        f"bus ended: {own}")
+
     def check_rest(self):
         """What is told in no act is what the computer itself has done: samples that were lost,
         which the frames show too."""
@@ -191,6 +207,7 @@ class Comparison:
         self.check_interface()
         self.check_clock(by)
         self.check_stopped()
+        self.check_bus()
         self.check_order()
         self.check_rest()
 

@@ -2,6 +2,8 @@
 
 #include <sys/prctl.h>
 
+#include <algorithm>
+
 namespace bus {
 
 namespace {
@@ -27,9 +29,17 @@ std::int64_t SampleClock::TimeOf(std::int64_t sample) const {
   return begin_ + sample / rate_ * NsASecond + sample % rate_ * NsASecond / rate_;
 }
 
-std::int64_t SampleClock::Due(std::int64_t sent) {
+std::int64_t SampleClock::Passed() const {
   const std::int64_t passed = Now() - begin_;
-  const std::int64_t due = passed / NsASecond * rate_ + passed % NsASecond * rate_ / NsASecond + 1;
+  return passed / NsASecond * rate_ + passed % NsASecond * rate_ / NsASecond + 1;
+}
+
+std::int64_t SampleClock::TooLate(std::int64_t sent) const {
+  return std::max<std::int64_t>(0, Passed() - sent - LongestCatchUp);
+}
+
+std::int64_t SampleClock::Due(std::int64_t sent) {
+  const std::int64_t due = Passed();
   const std::int64_t late = due - sent - LongestCatchUp;
   if (late <= 0) return due;
   begin_ += late * NsASecond / rate_;

@@ -3,16 +3,20 @@
 #include <arpa/inet.h>
 #include <linux/if_packet.h>
 #include <net/if.h>
-#include <sys/ioctl.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <system_error>
 
 namespace bus {
 
 namespace {
+
+using Clock = std::chrono::steady_clock;
+
+/// A wire with somebody at its other end takes frames again much earlier.
+constexpr std::chrono::milliseconds Patience{30};
 
 [[noreturn]] void Fail(const std::string& what) {
   throw std::system_error(errno, std::generic_category(), what);
@@ -21,9 +25,8 @@ namespace {
 }  // namespace
 
 FarEnd::FarEnd(const std::string& interface)
-    : name_(interface),
-      // A protocol of 0 takes no frames in.
-      socket_(socket(AF_PACKET, SOCK_RAW | SOCK_CLOEXEC, 0)) {
+    // A protocol of 0 takes no frames in.
+    : socket_(socket(AF_PACKET, SOCK_RAW | SOCK_CLOEXEC, 0)) {
   if (socket_ < 0) Fail("cannot open a socket");
   sockaddr_ll place{};
   place.sll_family = AF_PACKET;
@@ -50,21 +53,21 @@ void FarEnd::Send() {
     messages_[i].msg_hdr.msg_iov = &frames_[i];
     messages_[i].msg_hdr.msg_iovlen = 1;
   }
+  const auto begun = Clock::now();
   for (std::size_t sent = 0; sent < messages_.size();) {
     const int count = sendmmsg(socket_, messages_.data() + sent,
                                static_cast<unsigned>(messages_.size() - sent), 0);
     if (count < 0 && errno != EINTR && errno != ENOBUFS) Fail("cannot send");
-    // A unit goes on whether anybody is at the other end or not.
-    if (count < 0 && errno == ENOBUFS && !OtherEndIsThere()) break;
-    if (count > 0) sent += static_cast<std::size_t>(count);
+    if (count > 0) {
+      sent += static_cast<std::size_t>(count);
+      otherEndIsThere_ = true;
+    } else if (!otherEndIsThere_ || Clock::now() - begun > Patience) {
+      // A unit goes on whether anybody is at the other end or not.
+      otherEndIsThere_ = false;
+      break;
+    }
   }
   frames_.clear();
-}
-
-bool FarEnd::OtherEndIsThere() const {
-  ifreq state{};
-  std::copy_n(name_.c_str(), std::min(name_.size(), sizeof state.ifr_name - 1), state.ifr_name);
-  return ioctl(socket_, SIOCGIFFLAGS, &state) < 0 || (state.ifr_flags & IFF_RUNNING) != 0;
 }
 
 }  // namespace bus

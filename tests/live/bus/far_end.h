@@ -26,9 +26,7 @@ class FarEnd {
   void Send();
 
  private:
-  bool OtherEndIsThere() const;
-
-  std::string name_;
+  bool otherEndIsThere_ = true;
   int socket_;
   std::vector<iovec> frames_;
   std::vector<mmsghdr> messages_;

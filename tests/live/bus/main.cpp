@@ -1,14 +1,17 @@
 // Plays a process bus on a network interface in real time:
 //
 //   vornik_live_bus --interface NAME --profile NAME [--senders N] [--duration SECONDS]
-//                   [--spacing US]
+//                   [--spacing US] [--keeps-time 1]
+//
+// A bus that was held up goes on with the next sample. One that keeps the time leaves out what it
+// is too late for, as merging units do.
 //
 // SIGUSR1 has each frame go out twice from now on, or once again; SIGUSR2 has frames change places
 // from now on, or keep them again. SIGTERM is its end.
 //
 // At the end it prints how many frames of each stream it sent, as JSON, and how many of these went
-// out a second time or behind a later one. It stops before that, and without a word, as soon as
-// nobody is left to read what it prints.
+// out a second time or behind a later one, and how many were left out. It stops before that, and
+// without a word, as soon as nobody is left to read what it prints.
 
 #include <poll.h>
 #include <unistd.h>
@@ -31,11 +34,9 @@ constexpr int MostSenders = 64;
 constexpr std::int64_t LookEvery = 64;
 
 std::map<std::string, std::string> OptionsOf(int argc, char** argv) {
-  std::map<std::string, std::string> options{{"--interface", ""},
-                                             {"--profile", ""},
-                                             {"--senders", "0"},
-                                             {"--duration", "1"},
-                                             {"--spacing", "0"}};
+  std::map<std::string, std::string> options{{"--interface", ""}, {"--profile", ""},
+                                             {"--senders", "0"},  {"--duration", "1"},
+                                             {"--spacing", "0"},  {"--keeps-time", "0"}};
   for (int i = 1; i < argc; i += 2) {
     const auto option = options.find(argv[i]);
     if (option == options.end() || i + 1 == argc) throw std::invalid_argument(argv[i]);
@@ -71,7 +72,13 @@ void Play(std::map<std::string, std::string> options) {
   bus::Player player(wire, profile, std::stoll(options["--spacing"]));
   bus::SampleClock clock(profile.Rate);
   const auto total = static_cast<std::int64_t>(std::stod(options["--duration"]) * profile.Rate);
+  const bool keepsTime = options["--keeps-time"] == "1";
   for (std::int64_t sample = 0; sample < total && ended == 0;) {
+    if (keepsTime) {
+      const std::int64_t late = clock.TooLate(sample);
+      player.LeaveOut(late);
+      sample += late;
+    }
     const std::int64_t due = std::min(total, clock.Due(sample));
     for (; sample < due; ++sample) {
       if (sample % LookEvery == 0 && NobodyReads()) return;

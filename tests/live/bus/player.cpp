@@ -91,6 +91,7 @@ std::string Player::Sent() const {
   for (const Stream& stream : streams_) add(stream.Id, stream.Sent);
   if (doubledSamples_ > 0) add("doubled", doubledSamples_);
   if (lateSamples_ > 0) add("out of order", lateSamples_);
+  if (leftOutSamples_ > 0) add("left out", leftOutSamples_);
   return json + "}";
 }
 

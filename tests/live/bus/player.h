@@ -30,8 +30,10 @@ class Player {
   /// From this sample on, but never between two that have changed places.
   void Disturb(Disturbance disturbance, std::int64_t sample);
   void Play(SampleClock& clock, std::int64_t sample);
+  /// So many samples are not sent.
+  void LeaveOut(std::int64_t samples) { leftOutSamples_ += samples; }
   /// How many frames of each stream were sent, as JSON; and how many samples went out a second
-  /// time, or behind a later one, where any did.
+  /// time, or behind a later one, or not at all, where any did.
   std::string Sent() const;
 
  private:
@@ -50,6 +52,7 @@ class Player {
   Disturbance disturbance_;
   std::int64_t doubledSamples_ = 0;
   std::int64_t lateSamples_ = 0;
+  std::int64_t leftOutSamples_ = 0;
   std::int64_t spacingUs_;
   std::vector<Stream> streams_;
   std::optional<OtherProtocols> others_;
