@@ -16,6 +16,7 @@ import sys
 import tempfile
 import time
 from pathlib import Path
+from threading import Thread
 
 import morning_table
 from morning_table import Act
@@ -69,15 +70,19 @@ class Night:
         # Whoever has a space of names of its own, into which the interface goes.
         self.other = subprocess.Popen(["unshare", "--net", "sleep", "3600"])
         self.program = None
+        self.said = []
 
     def start(self, program, library, seconds):
         surroundings = {**environment(self.folder), "TZ": "UTC", "LD_PRELOAD": library,
                         "VORNIK_CLOCK_FILE": str(self.clock)}
         self.program = subprocess.Popen([program, NEAR, TEXT, str(seconds), "1", *IDS],
                                         env=surroundings, stdout=subprocess.PIPE, text=True)
+        self.listener = Thread(target=lambda: self.said.extend(self.program.stdout))
         for line in self.program.stdout:
             if line.startswith("page stream"):
                 self.began = time.monotonic()
+                # It says so with each ring, and would stand still if nobody listened.
+                self.listener.start()
                 return
         sys.exit("nothing was recorded")
 
@@ -143,7 +148,9 @@ class Night:
 
     def end(self):
         """Where the recording is."""
-        lines = self.program.communicate()[0].splitlines()
+        self.program.wait()
+        self.listener.join()
+        lines = [line.rstrip() for line in self.said]
         for line in lines:
             if line.startswith("box "):
                 print(line)
