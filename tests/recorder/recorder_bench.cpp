@@ -67,8 +67,7 @@ std::string RecorderBench::Content(const std::string& name) const {
 std::vector<std::string> RecorderBench::Names() const {
   std::vector<std::string> names;
   for (const auto& [path, content] : Files.Stored) {
-    const std::string name = path.substr(Path("").size());
-    if (!name.starts_with("Events ")) names.push_back(name);
+    if (!support::IsEventsFile(path)) names.push_back(path.substr(Path("").size()));
   }
   return names;
 }

@@ -109,4 +109,8 @@ std::vector<std::string> Lines(const std::string& text);
 /// The name of a recording of the bench's date.
 inline const std::string Started = "SV record 09.03.2024 14-05-07";
 
+/// What the page says behind two streams in text format.
+inline const std::string WhereTotalsStand =
+    "Two streams have no log; the totals of both stand in \"Events " + Started + ".csv\".";
+
 }  // namespace recorder_tests

@@ -27,14 +27,18 @@ class Recorder : public shell_tests::TabScene {
   void Stop() { main.CWButton3.Value = false; }
   std::vector<std::string> Files() const {
     std::vector<std::string> names;
-    for (const auto& [path, content] : scene.Files.Stored) names.push_back(path);
+    for (const auto& [path, content] : scene.Files.Stored) {
+      if (!support::IsEventsFile(path)) names.push_back(path);
+    }
     return names;
   }
-  /// The first file of samples, whatever log stands beside it.
+  /// The first file of samples, whatever tells of it beside it.
   const std::string& First() const {
-    const auto first = std::find_if(
-        scene.Files.Stored.begin(), scene.Files.Stored.end(),
-        [](const auto& file) { return file.first.find("Errorlog") == std::string::npos; });
+    const auto first =
+        std::find_if(scene.Files.Stored.begin(), scene.Files.Stored.end(), [](const auto& file) {
+          return file.first.find("Errorlog") == std::string::npos &&
+                 !support::IsEventsFile(file.first);
+        });
     return first->second;
   }
 
@@ -92,7 +96,8 @@ TEST_F(Recorder, StoresTwoStreamsInTheirFiles) {
   }
   EXPECT_THAT(Files(),
               ElementsAre(folder + "1_" + started + ".txt", folder + "2_" + started + ".txt"));
-  EXPECT_TRUE(scene.Files.Stored.rbegin()->second.starts_with("0;0;2;2;2;2;0.02;"));
+  const std::string& second = scene.Files.Stored.at(folder + "2_" + started + ".txt");
+  EXPECT_TRUE(second.starts_with("0;0;2;2;2;2;0.02;"));
   EXPECT_EQ(main.Label10[line::SecondPath].Caption, folder + "2_" + started + ".txt");
 }
 

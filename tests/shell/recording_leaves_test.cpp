@@ -51,8 +51,9 @@ class Leaves : public shell_tests::TabScene {
   }
   std::vector<std::string> Names() const {
     std::vector<std::string> names;
-    for (const auto& [path, content] : scene.Files.Stored)
-      names.push_back(path.substr(folder_.size()));
+    for (const auto& [path, content] : scene.Files.Stored) {
+      if (!support::IsEventsFile(path)) names.push_back(path.substr(folder_.size()));
+    }
     return names;
   }
   const std::string& Content(const std::string& name) const {

@@ -11,6 +11,11 @@ namespace support {
 /// The contents of the files of a played platform, by path.
 using Contents = std::map<std::string, std::string>;
 
+/// The file that tells what happened to a recording, which stands beside any.
+inline bool IsEventsFile(const std::string& path) {
+  return path.find("Events SV record") != std::string::npos;
+}
+
 /// A file of a played platform, open for writing. It writes to its place even where another has
 /// opened the same file anew meanwhile; what is written to a file that was deleted is lost without
 /// a failure, as on a real disk.

@@ -222,17 +222,14 @@ void RecordingSession::Ended(EndReason reason) {
   if (!span_.End(reason)) return;
   writing_.Report.End();
   events_.End(std::string(Words(reason)));
-  // The log is for one stream alone.
-  if (HasLog() && writing_.Context.Present.StreamCount == 2 && !events_.Name().empty()) {
-    writing_.Report.Add("Two streams have no log; the totals of both stand in \"" + events_.Name() +
-                        "\"");
-  }
   if (Listener) Listener->RecordingEnded(reason);
 }
 
 void RecordingSession::Interrupt(EndReason reason) {
   // A stop that is under way has its own reason, and goes on.
-  if (phase_ == Phase::Recording) Ended(reason);
+  if (phase_ != Phase::Recording) return;
+  Ended(reason);
+  TellOfTotals();
 }
 
 void RecordingSession::InterruptForGood(EndReason reason) {
@@ -277,6 +274,7 @@ void RecordingSession::Stop(EndReason reason, Arrived arrived) {
         BuildLog(found);
       },
       [&] {
+        TellOfTotals();
         left = "The quick view is left out";
         Line(line::Progress).Caption = progress;
         ShowRecorded(found);
@@ -294,6 +292,14 @@ void RecordingSession::Stop(EndReason reason, Arrived arrived) {
 void RecordingSession::BuildLog(bool found) {
   bool nothingToRead = false;
   if (found && HasLog()) Reader->BuildRecordLog(nothingToRead);
+}
+
+void RecordingSession::TellOfTotals() {
+  // The log is for one stream alone.
+  if (HasLog() && writing_.Context.Present.StreamCount == 2 && !events_.Name().empty()) {
+    writing_.Report.Add("Two streams have no log; the totals of both stand in \"" + events_.Name() +
+                        "\"");
+  }
 }
 
 void RecordingSession::ShowRecorded(bool found) {

@@ -90,6 +90,8 @@ class RecordingSession : public packetroutines::RecordingEnd,
   /// Every end of a recording comes through here, and the first one counts.
   void Ended(EndReason reason);
   void BuildLog(bool found);
+  /// Where the totals of two streams stand.
+  void TellOfTotals();
   void ShowRecorded(bool found);
   void StopCapture(Arrived arrived);
   void StopAt(std::size_t stream);

@@ -1,79 +1,18 @@
-// What is told in the file beside a recording, from what the bus, the disk and the clock did.
+// What the file beside a recording tells of its streams, as the bus and the clock have them.
 
-#include <chrono>
-#include <string>
-#include <vector>
-
-#include "recorder/recorder_bench.h"
+#include "recorder/events/events_scene.h"
 
 namespace recorder_tests {
 namespace {
 
 using std::chrono_literals::operator""h;
 using std::chrono_literals::operator""s;
-using std::chrono_literals::operator""us;
 using support::FrameBytes;
 using support::SvFrame;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::SizeIs;
 using testing::StartsWith;
-
-constexpr int Ring = 4000;
-
-class RecordedEvents : public testing::Test {
- protected:
-  void Record(const std::string& format = "TXT") {
-    bench.Run(format);
-    Pass(1);
-  }
-  /// So many frames of each sender come, at the pace of 4000 a second.
-  void Come(int frames) {
-    for (int i = 0; i < frames; ++i) {
-      for (const char* id : senders) {
-        SvFrame frame = SvFrame(id).Count(static_cast<std::uint16_t>(sent % 4000)).AllRaw(1000);
-        bench.Receive(frame.Synch(synch).Bytes());
-      }
-      Pass(1);
-    }
-  }
-  /// So many are sent and do not come.
-  void Pass(int frames) {
-    sent += frames;
-    bench.Clock.Advance(frames * 250us);
-  }
-  void Meet(int frame) { bench.Receive(support::PlainFrame(frame % 4000)); }
-
-  /// The lines of the file, but for the heading.
-  std::vector<std::string> All() const {
-    std::vector<std::string> lines = Lines(bench.Content(Name));
-    EXPECT_EQ(lines.empty() ? "" : lines.front(), "time;stream;line;event;count;figures");
-    if (!lines.empty()) lines.erase(lines.begin());
-    return lines;
-  }
-  /// The same without the time, and without those that begin and end a file.
-  std::vector<std::string> Happened() const {
-    std::vector<std::string> events;
-    for (const std::string& line : All()) {
-      const auto is = [&](const char* what) { return line.find(what) != std::string::npos; };
-      if (is(";start;") || is(";stream met;") || is(";total;") || is(";end;")) continue;
-      events.push_back(line.substr(line.find(';') + 1));
-    }
-    return events;
-  }
-  std::string Line(const std::string& event) const {
-    for (const std::string& line : All()) {
-      if (line.find(";" + event + ";") != std::string::npos) return line;
-    }
-    return "none";
-  }
-
-  static inline const std::string Name = "Events " + Started + ".csv";
-  RecorderBench bench;
-  std::vector<const char*> senders{"MU01"};
-  int sent = 0;
-  std::uint8_t synch = 2;
-};
 
 TEST_F(RecordedEvents, BeginWithTheSettingsAndEndWithTheTotals) {
   bench.Settings.FilterString = "vlan 5";
@@ -120,17 +59,6 @@ TEST_F(RecordedEvents, TellOfMissingSamplesWithWholeSeconds) {
       Happened(),
       ElementsAre("1;4101;samples missing;31617;by counter 3617, by time of arrival 31617"));
   EXPECT_THAT(Line("total"), HasSubstr("missing 31617, of these by counter 3617"));
-}
-
-TEST_F(RecordedEvents, StandInTheFileBeforeTheNextRing) {
-  Record();
-  Come(100);
-  Pass(5);
-  Come(Ring - 101);
-  EXPECT_EQ(bench.Content(Name), "missing");
-  Come(1);
-  EXPECT_THAT(Happened(), SizeIs(1));
-  EXPECT_EQ(Line("end"), "none");
 }
 
 TEST_F(RecordedEvents, CountManyGapsOfARingTogether) {
@@ -184,8 +112,7 @@ TEST_F(RecordedEvents, TellOfBothStreamsAndWhereTheirTotalsStand) {
   bench.Stop();
   EXPECT_THAT(Happened(), ElementsAre("1;31;samples missing;2;by counter 2, by time of arrival 2",
                                       "2;31;samples missing;2;by counter 2, by time of arrival 2"));
-  EXPECT_EQ(bench.Main.NotStored.Caption.Get(),
-            "Two streams have no log; the totals of both stand in \"" + Name + "\".");
+  EXPECT_EQ(bench.Main.NotStored.Caption.Get(), WhereTotalsStand);
 }
 
 TEST_F(RecordedEvents, TellOfAChangedSynchronisation) {
@@ -233,59 +160,6 @@ TEST_F(RecordedEvents, TellOfAClockThatWasSet) {
   EXPECT_THAT(Line("total"), HasSubstr("missing 0"));
 }
 
-TEST_F(RecordedEvents, TellOfRingsThatWereNotStored) {
-  Record();
-  Come(Ring);
-  const auto stored = bench.Files.Stored;
-  bench.LoseFolder();
-  Come(2 * Ring);
-  bench.BringFolderBack();
-  bench.Files.Stored = stored;
-  Come(Ring);
-  bench.Stop();
-  EXPECT_THAT(Happened(), ElementsAre("1;;file is gone;;rings in it 1",
-                                      "1;4001;ring not stored;4000;File not found",
-                                      "1;4001;ring not stored;4000;File not found",
-                                      "1;4001;stored again;;rings lost until now 2"));
-  EXPECT_THAT(Line("total"), HasSubstr("samples stored 8000"));
-}
-
-TEST_F(RecordedEvents, CountTheLinesOfARingThatWasNotFullBehindThoseOfTheFile) {
-  Record();
-  Come(Ring + 100);
-  Pass(2);
-  Come(100);
-  bench.Stop();
-  EXPECT_THAT(Happened(),
-              ElementsAre("1;4101;samples missing;2;by counter 2, by time of arrival 2"));
-}
-
-TEST_F(RecordedEvents, TellOfAStreamThatDied) {
-  Record();
-  Come(Ring);
-  bench.Clock.Advance(10s);
-  bench.Stop();
-  EXPECT_THAT(Happened(), ElementsAre("1;4001;stream silent;;",
-                                      "1;;samples missing;40001;none came up to the end, by the "
-                                      "time 40001"));
-  EXPECT_THAT(Line("total"), HasSubstr("missing 40001, of these by counter 0"));
-}
-
-TEST_F(RecordedEvents, TellOfAStreamThatDiedWhileTheOtherLives) {
-  bench.TakeBoth();
-  Record();
-  senders = {"MU01", "MU02"};
-  Come(30);
-  senders = {"MU01"};
-  Come(2 * Ring);
-  senders = {"MU01", "MU02"};
-  Come(Ring);
-  bench.Stop();
-  EXPECT_THAT(Happened(),
-              ElementsAre("2;31;stream silent;;",
-                          "2;31;samples missing;8000;by counter 0, by time of arrival 8000"));
-}
-
 TEST_F(RecordedEvents, TellOfNoSilenceWhereFramesWaitedForTheProgram) {
   bench.TakeBoth();
   Record();
@@ -302,14 +176,6 @@ TEST_F(RecordedEvents, TellOfNoSilenceWhereFramesWaitedForTheProgram) {
   EXPECT_THAT(Happened(),
               ElementsAre("1;16101;samples missing;48000;by counter 0, by time of arrival 48000",
                           "2;16101;samples missing;48000;by counter 0, by time of arrival 48000"));
-}
-
-TEST_F(RecordedEvents, TellOfASecondStreamThatNeverCame) {
-  bench.TakeBoth();
-  Record();
-  Come(Ring);
-  bench.Stop();
-  EXPECT_THAT(All(), testing::Contains(HasSubstr(";2;0;total;0;never came")));
 }
 
 TEST_F(RecordedEvents, MissNothingWhereFramesOfTheOldTimeStillWaitBehindAClockThatWasSet) {
@@ -331,25 +197,6 @@ TEST_F(RecordedEvents, MissNothingWhereFramesOfTheOldTimeStillWaitBehindAClockTh
   }
 }
 
-TEST_F(RecordedEvents, HaveAnEndWhereAnInterfaceWentBeforeAnythingCame) {
-  Record();
-  bench.Capture.AdapterPresence = platform::Presence::Gone;
-  bench.Elapse(1s);
-  bench.Stop();
-  EXPECT_THAT(Happened(), ElementsAre(";;interface gone;;"));
-  EXPECT_THAT(All().back(), HasSubstr(";end;"));
-}
-
-TEST_F(RecordedEvents, KnowAFileThatWasMadeAnewBehindItsFirstRing) {
-  Record();
-  Come(Ring);
-  bench.Files.Stored.erase(RecorderBench::Path(Started + ".txt"));
-  Come(2 * Ring);
-  bench.Stop();
-  EXPECT_THAT(Happened(), ElementsAre("1;;file is gone;;rings in it 1"));
-  EXPECT_THAT(Line("total"), HasSubstr(";1;8000;total;12000;"));
-}
-
 TEST_F(RecordedEvents, GoByTheStructureThatComesWhereTheFirstFrameHadNone) {
   Record();
   // The length of the PDU does not fit.
@@ -360,93 +207,6 @@ TEST_F(RecordedEvents, GoByTheStructureThatComesWhereTheFirstFrameHadNone) {
   Come(Ring);
   bench.Stop();
   EXPECT_THAT(Happened(), testing::IsEmpty());
-}
-
-TEST_F(RecordedEvents, CountLinesAnewInANewFile) {
-  Record();
-  Come(2 * Ring);
-  bench.Files.Stored.erase(RecorderBench::Path(Started + ".txt"));
-  Come(Ring);
-  Pass(1);
-  Come(Ring);
-  bench.Stop();
-  EXPECT_THAT(Happened(),
-              ElementsAre("1;;file is gone;;rings in it 2",
-                          "1;4001;samples missing;1;by counter 1, by time of arrival 1"));
-}
-
-TEST_F(RecordedEvents, GoOnBehindWhatAFullDiskHasTaken) {
-  Record();
-  Come(Ring);
-  bench.Disk.Apart.clear();
-  Come(10);
-  Pass(2);
-  // The writing of events, behind that of the ring.
-  bench.Disk.FailingWrite = bench.Disk.Writes + 2;
-  Come(2 * Ring);
-  bench.Stop();
-  EXPECT_THAT(Happened(),
-              ElementsAre("1;4011;samples missing;2;by counter 2, by time of arrival 2"));
-}
-
-TEST_F(RecordedEvents, TellOfAnInterfaceThatWasGone) {
-  Record();
-  Come(20);
-  bench.Capture.AdapterPresence = platform::Presence::Gone;
-  bench.Elapse(2s);
-  bench.Capture.AdapterPresence = platform::Presence::There;
-  bench.Elapse(1s);
-  sent += 12'000;
-  Come(Ring);
-  bench.Stop();
-  EXPECT_THAT(Happened(),
-              ElementsAre(";;interface gone;;", ";;interface is there again;;",
-                          "1;21;samples missing;12000;by counter 0, by time of arrival 12000"));
-}
-
-TEST_F(RecordedEvents, NameTheFullDiskThatEndedIt) {
-  Record();
-  Come(Ring);
-  bench.Disk.FailingWrite = bench.Disk.Writes + 1;
-  Come(Ring);
-  EXPECT_THAT(Happened(), ElementsAre("1;4001;ring not stored;4000;Disk full"));
-  EXPECT_THAT(Line("end"), HasSubstr("the disk is full"));
-}
-
-TEST_F(RecordedEvents, NameTheRowLimitThatEndedIt) {
-  Record("EXCEL");
-  Come(9 * Ring);
-  EXPECT_THAT(Line("end"), HasSubstr("the worksheet is full"));
-}
-
-TEST_F(RecordedEvents, AreNotWrittenWhereNothingCame) {
-  Record();
-  bench.Stop();
-  EXPECT_EQ(bench.Content(Name), "missing");
-}
-
-TEST_F(RecordedEvents, OfAShortRecordingAreWrittenAtItsEnd) {
-  Record();
-  Come(100);
-  Pass(1);
-  Come(100);
-  bench.Stop();
-  EXPECT_THAT(Happened(), SizeIs(1));
-  EXPECT_THAT(Line("total"), HasSubstr(";1;0;total;0;samples stored 0, received 200, missing 1"));
-}
-
-TEST_F(RecordedEvents, OfTheNextRecordingAreItsOwn) {
-  Record();
-  Come(100);
-  Pass(1);
-  Come(100);
-  bench.Stop();
-  bench.Calendar.Present.Minute = 6;
-  Record();
-  Come(200);
-  bench.Stop();
-  EXPECT_THAT(bench.Content("Events SV record 09.03.2024 14-06-07.csv"),
-              HasSubstr("received 200, missing 0"));
 }
 
 }  // namespace

@@ -56,13 +56,17 @@ class EachFailure : public testing::TestWithParam<std::tuple<const char*, bool>>
     for (const auto& format : bench.Main.Option2) EXPECT_TRUE(format.Enabled);
     EXPECT_EQ(bench.Caption(forms::record_line::Progress).find("analysis"), std::string::npos);
   }
+  /// Two streams have no log.
+  static std::string LineBehindASoundOne() {
+    return Both() && Format() == std::string("TXT") ? WhereTotalsStand : std::string();
+  }
 };
 
 TEST_P(EachFailure, IsToldOnceAndLeavesARecorderThatRecordsAgain) {
   ReadingBench sound;
   Record(sound);
   ASSERT_THAT(sound.Dialogs.Shown, IsEmpty());
-  ASSERT_EQ(sound.Main.NotStored.Caption, "");
+  ASSERT_EQ(sound.Main.NotStored.Caption.Get(), LineBehindASoundOne());
   for (const Work& work : Works) {
     for (int n = 1; n <= sound.Disk.*work.Count; ++n) {
       SCOPED_TRACE(work.Name + std::string(" ") + std::to_string(n));
@@ -79,7 +83,7 @@ TEST_P(EachFailure, IsToldOnceAndLeavesARecorderThatRecordsAgain) {
       failing.Dialogs.Shown.clear();
       ASSERT_NO_THROW(Record(failing));
       ExpectRest(failing);
-      EXPECT_EQ(failing.Main.NotStored.Caption, "");
+      EXPECT_EQ(failing.Main.NotStored.Caption.Get(), LineBehindASoundOne());
       EXPECT_THAT(failing.Dialogs.Shown, IsEmpty());
       EXPECT_TRUE(failing.Files.Stored == sound.Files.Stored);
     }

@@ -80,7 +80,7 @@ TEST_F(LostRecording, OfTwoStreamsIsNotReadWhereItsMediumCannotBeWritten) {
   bench.Disk.Refusal = 70;
   EXPECT_NO_THROW(bench.Stop());
   EXPECT_THAT(bench.Dialogs.Shown, IsEmpty());
-  EXPECT_EQ(Line(), "Log and quick view are left out: Permission denied.");
+  EXPECT_EQ(Line(), "Log and quick view are left out: Permission denied. " + WhereTotalsStand);
   EXPECT_THAT(bench.Names(), ElementsAre("1_" + Started + ".txt", "2_" + Started + ".txt"));
   ExpectRest();
   ExpectNextIsStored();
@@ -119,7 +119,7 @@ TEST_F(LostRecording, WithAFullDiskInTheEventOfAFrameIsWrittenOnceAndToldOnce) {
   ASSERT_THAT(bench.Dialogs.Shown, SizeIs(1));
   EXPECT_THAT(bench.Dialogs.Shown[0].Text, HasSubstr("Disk full."));
   EXPECT_EQ(bench.Disk.Writes, 1);
-  EXPECT_EQ(Line(), "Log and quick view are left out: Disk full.");
+  EXPECT_EQ(Line(), "Log and quick view are left out: Disk full. " + WhereTotalsStand);
   ExpectRest();
   ExpectNextIsStored();
 }

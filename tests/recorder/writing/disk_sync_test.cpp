@@ -177,7 +177,8 @@ TEST_F(FailingDisk, ThatStaysSoIsToldInOneSentence) {
   EXPECT_EQ(Told(), "");
   EXPECT_EQ(Line(),
             "stream 1: 3 rings may be lost since 09.03.2024 14:05:07: Disk full. "
-            "stream 2: 1 ring may be lost since 09.03.2024 14:05:07: Disk full.");
+            "stream 2: 1 ring may be lost since 09.03.2024 14:05:07: Disk full. " +
+                WhereTotalsStand);
 }
 
 TEST_F(FailingDisk, EachTimeIsToldAndLeavesTheRecordingWhole) {
