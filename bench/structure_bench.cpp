@@ -13,7 +13,7 @@ void Structure(benchmark::State& state) {
                                         .Asdus(static_cast<std::size_t>(state.range(0)))
                                         .AllRaw(818085)
                                         .Bytes();
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     const sv::Frame frame = sv::ReadFrame(bytes, bytes.size());
     sv::AsduReader reader(frame);
     sv::Asdu asdu;
