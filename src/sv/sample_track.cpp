@@ -10,7 +10,6 @@ namespace {
 /// Samples a second at 50 and 60 Hz (IEC 61850-9-2LE, IEC 61869-9).
 constexpr std::array<std::uint32_t, 7> StandardRates = {4000,  4800,  5760, 9600,
                                                         12800, 14400, 15360};
-constexpr std::uint32_t WindowSamples = 64;
 /// A jump below this may be a stretch that the system has dropped, whatever the times say.
 constexpr std::uint32_t ShortestJump = 40;
 /// So much of the way must have gone by for a gap to be one.
@@ -57,15 +56,6 @@ std::uint64_t SampleTrack::SamplesSent(Time time) const {
 
 double SampleTrack::SamplesIn(Time time) const {
   return std::chrono::duration<double>(time).count() * round_;
-}
-
-void SampleTrack::Advance(std::uint32_t counter, Time arrived, std::uint32_t by) {
-  position_ += by;
-  window_ = by < WindowSamples ? window_ << by | 1U : 1U;
-  counter_ = counter;
-  next_ = counter + step_ < round_ ? counter + step_ : 0;
-  last_ = arrived;
-  totals_.Samples += step_;
 }
 
 void SampleTrack::TakeFirst(std::uint32_t counter, Time arrived) {

@@ -124,7 +124,17 @@ class SampleTrack {
   /// Longer than any sender rests, and shorter than a round.
   static constexpr Time Pause{500'000};
 
-  void Advance(std::uint32_t counter, Time arrived, std::uint32_t by);
+  static constexpr std::uint32_t WindowSamples = 64;
+
+  /// Each frame comes through here, so it stands where it is called.
+  void Advance(std::uint32_t counter, Time arrived, std::uint32_t by) {
+    position_ += by;
+    window_ = by < WindowSamples ? window_ << by | 1U : 1U;
+    counter_ = counter;
+    next_ = counter + step_ < round_ ? counter + step_ : 0;
+    last_ = arrived;
+    totals_.Samples += step_;
+  }
   void TakeOdd(std::uint32_t counter, Time arrived);
   void TakeFirst(std::uint32_t counter, Time arrived);
   void LearnRound(std::uint32_t counter, Time gone);
