@@ -14,6 +14,8 @@
 #include "desktop/widgets/elided_label.h"
 #include "desktop/widgets/quiet_line.h"
 #include "desktop/widgets/run_button.h"
+#include "edge_check.h"
+#include "painted_check.h"
 
 namespace tour {
 
@@ -24,6 +26,18 @@ QString NameOf(const QWidget& widget) {
   const auto* label = qobject_cast<const QLabel*>(&widget);
   const QString kind = QString::fromLatin1(widget.metaObject()->className());
   return label == nullptr ? kind : kind + " \"" + label->text() + "\"";
+}
+
+bool IsOwn(const QWidget& widget) {
+  // The parts that the toolkit puts its own widgets together of.
+  if (widget.objectName().startsWith("qt_")) return false;
+  const QWidget* parent = widget.parentWidget();
+  const bool ofArea = qobject_cast<const QAbstractScrollArea*>(parent) != nullptr ||
+                      qobject_cast<const QComboBox*>(parent) != nullptr;
+  for (const char* kind : {"QScrollBar", "QHeaderView", "QSizeGrip", "QFileDialogComboBox"}) {
+    if (widget.inherits(kind)) return false;
+  }
+  return !ofArea;
 }
 
 /// Whether the widget scrolls into sight where its place does not show it.
@@ -52,7 +66,7 @@ QString ReachesOut(const QWidget& widget, const QWidget& view) {
 const QWidget* Cover(const QWidget& widget, QWidget& view, QPoint place) {
   const QPoint there = widget.mapTo(&view, place);
   const QWidget* top = view.childAt(there);
-  if (top == nullptr || top == &widget) return nullptr;
+  if (top == nullptr || top == &widget || !IsOwn(*top)) return nullptr;
   if (widget.isAncestorOf(top) || top->isAncestorOf(&widget)) return nullptr;
   return top;
 }
@@ -129,27 +143,19 @@ QStringList CutCells(const QTableWidget& table) {
   return cut;
 }
 
-bool IsOwn(const QWidget& widget) {
-  // The parts that the toolkit puts its own widgets together of.
-  if (widget.objectName().startsWith("qt_")) return false;
-  const QWidget* parent = widget.parentWidget();
-  const bool ofArea = qobject_cast<const QAbstractScrollArea*>(parent) != nullptr ||
-                      qobject_cast<const QComboBox*>(parent) != nullptr;
-  return !ofArea && !widget.inherits("QScrollBar") && !widget.inherits("QHeaderView");
-}
-
 }  // namespace
 
 QStringList Misfits(QWidget& view) {
   QStringList misfits;
-  for (const QWidget* widget : view.findChildren<QWidget*>()) {
+  for (QWidget* widget : view.findChildren<QWidget*>()) {
     if (!widget->isVisible() || widget->isWindow() || !IsOwn(*widget)) continue;
     misfits << ReachesOut(*widget, view) << Covered(*widget, view);
+    misfits << CutPaint(*widget);
     if (IsCut(*widget)) misfits << "the text of " + NameOf(*widget) + " is cut";
     if (const auto* table = qobject_cast<const QTableWidget*>(widget)) misfits << CutCells(*table);
   }
   misfits.removeAll(QString());
-  return misfits;
+  return misfits + MissedEdges(view);
 }
 
 }  // namespace tour

@@ -1,46 +1,38 @@
 #include <QApplication>
-#include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QGuiApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QPalette>
 #include <QProcess>
 #include <QStandardPaths>
-#include <QTemporaryDir>
 #include <exception>
 #include <iostream>
+#include <string>
 
 #include "adapters/steady_clock.h"
 #include "adapters/system_capture_layer.h"
 #include "adapters/windows1252.h"
+#include "contact_sheet.h"
 #include "desktop/look/look.h"
+#include "plan.h"
 #include "walk.h"
+#include "walk_process.h"
 
 namespace {
 
-constexpr int WalkTimeoutMs = 180'000;
-
-/// One walk: its name, the window's size in its own pixels, and the screen's scale.
-struct Plan {
-  QString Name;
-  QString Width;
-  QString Height;
-  QString Scale;
-};
-
-const QList<Plan>& Plans() {
-  static const QList<Plan> plans = {{"1024x768", "1024", "768", "1"},
-                                    {"1920x1080", "1920", "1080", "1"},
-                                    {"3840x2160", "1920", "1080", "2"}};
-  return plans;
-}
+const QColor DarkButton(40, 40, 44);
+const QColor DarkWindow(20, 20, 24);
 
 int RunWalk(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName("Vornik");
   QApplication::setQuitOnLastWindowClosed(false);
-  desktop::look::Apply(application);
   const QStringList arguments = QApplication::arguments();
+  // What the settings of a dark desktop give to every program.
+  if (arguments[5] == "dark") QApplication::setPalette(QPalette(DarkButton, DarkWindow));
+  desktop::look::Apply(application);
   tour::Record record(arguments[1], arguments[2]);
   const adapters::SteadyClock clock;
   const adapters::Windows1252 code;
@@ -49,7 +41,7 @@ int RunWalk(int argc, char** argv) {
                                        [] { return std::vector<adapters::NetworkInterface>(); });
   try {
     tour::Walk walk({capture, capture, code, clock}, {arguments[3].toInt(), arguments[4].toInt()},
-                    arguments[5].toLongLong(), record);
+                    arguments[6].toLongLong(), record);
     walk.Run();
   } catch (const std::exception& error) {
     record.Step(QString::fromUtf8(error.what()), false);
@@ -57,34 +49,9 @@ int RunWalk(int argc, char** argv) {
   return record.Save() && record.AllRight() ? 0 : 1;
 }
 
-/// Each walk runs in a process of its own, since the scale of the screen holds for a whole process;
-/// its settings and data lie in a folder that goes with it.
-bool StartWalk(const QString& folder, const Plan& plan) {
-  const QTemporaryDir home;
-  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  // The pictures show the end of the data path.
-  QDir(home.path()).mkpath("home/engineer");
-  environment.insert("HOME", home.filePath("home/engineer"));
-  environment.insert("XDG_CONFIG_HOME", home.filePath("config"));
-  environment.insert("XDG_DATA_HOME", home.filePath("data"));
-  // No viewer comes up for what the walk records, whatever the computer has.
-  environment.insert("PATH", home.filePath("nothing"));
-  environment.insert("QT_SCALE_FACTOR", plan.Scale);
-  environment.insert("LC_ALL", "C.UTF-8");
-  QProcess process;
-  process.setProcessEnvironment(environment);
-  process.setProcessChannelMode(QProcess::ForwardedChannels);
-  std::cout << plan.Name.toStdString() << std::endl;
-  process.start(QCoreApplication::applicationFilePath(),
-                {folder, plan.Name, plan.Width, plan.Height,
-                 QString::number(QDateTime::currentMSecsSinceEpoch())});
-  const bool finished = process.waitForFinished(WalkTimeoutMs);
-  return finished && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
-}
-
 bool WriteSummary(const QString& folder, bool right) {
   QJsonArray walks;
-  for (const Plan& plan : Plans()) {
+  for (const tour::Plan& plan : tour::Plans()) {
     QFile file(folder + "/" + plan.Name + "_record.json");
     if (file.open(QIODevice::ReadOnly)) {
       walks.append(QJsonDocument::fromJson(file.readAll()).object());
@@ -105,21 +72,27 @@ void DrawPages(const QString& folder) {
   }
   const QDir pages(folder);
   for (const QString& page : pages.entryList({"*.pdf"}, QDir::Files)) {
+    const QString kind = page.contains("SV report") ? "printed_report" : "printed_waveforms";
     QProcess::execute(tool, {"-r", "80", "-png", "-singlefile", pages.filePath(page),
-                             pages.filePath(QFileInfo(page).completeBaseName())});
+                             pages.filePath(page.section('_', 0, 0) + "_" + kind)});
   }
 }
 
-int RunTour(int argc, char** argv) {
-  const QCoreApplication application(argc, argv);
+int RunTour(char** argv) {
+  // The sheets are painted in memory; what platform the walks run on stays theirs to say.
+  std::string platform[] = {argv[0], argv[1], "-platform", "offscreen"};
+  char* arguments[] = {platform[0].data(), platform[1].data(), platform[2].data(),
+                       platform[3].data(), nullptr};
+  int count = 4;
+  const QGuiApplication application(count, arguments);
   const QString folder = QDir(QCoreApplication::arguments()[1]).absolutePath();
   if (!QDir().mkpath(folder)) {
     std::cerr << "cannot make " << folder.toStdString() << std::endl;
     return 1;
   }
-  bool right = true;
-  for (const Plan& plan : Plans()) right = StartWalk(folder, plan) && right;
+  bool right = tour::WalkAll(folder, tour::Plans());
   DrawPages(folder);
+  right = tour::MakeContactSheets(folder) && right;
   right = WriteSummary(folder, right) && right;
   std::cout << (right ? "The tour went well: " : "The tour FAILED: ") << folder.toStdString()
             << std::endl;
@@ -130,9 +103,9 @@ int RunTour(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   constexpr int TourArguments = 2;
-  constexpr int WalkArguments = 6;
+  constexpr int WalkArguments = 7;
   try {
-    if (argc == TourArguments) return RunTour(argc, argv);
+    if (argc == TourArguments) return RunTour(argv);
     if (argc == WalkArguments) return RunWalk(argc, argv);
   } catch (const std::exception& error) {
     std::cerr << error.what() << std::endl;

@@ -49,6 +49,7 @@ void Walk::Run() {
   MakeReports();
   PrintPages();
   RecordInAllFormats();
+  MissFolder();
   MeetNoData();
   Exit();
 }
@@ -119,6 +120,7 @@ void Walk::SetUp() {
   record_.Step("the second filter is set", settings.FilterContent[1] == "VORNIK-SIM-2");
   record_.Step("the DC values are on", settings.ACDC);
   record_.Picture(program_.Window(), "setup");
+  ChooseFolder();
 }
 
 void Walk::MeasureFirstStation() {

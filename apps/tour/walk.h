@@ -35,6 +35,9 @@ class Walk {
   void RecordInAllFormats();
   void RecordAs(const QString& format);
   void PictureOfTheAnalysis();
+  void KeepWhatRuns();
+  void ChooseFolder();
+  void MissFolder();
   void MakeReports();
   void PrintPages();
   /// Leaves what the program has written beside the pictures.

@@ -70,7 +70,10 @@ void Walk::RecordAs(const QString& format) {
                Hand::WaitFor([&] { return main.CWButton3.Visible.Get(); }, RecordingMs));
   QTest::qWait(1300);
   record_.Picture(program_.Window(), "recorder_" + format);
-  if (index == 0) PictureOfTheAnalysis();
+  if (index == 0) {
+    KeepWhatRuns();
+    PictureOfTheAnalysis();
+  }
   if (index == 1) {
     hand_.OnDialog([this](QDialog& dialog) {
       record_.Picture(dialog, "no_viewer_box");
@@ -83,6 +86,44 @@ void Walk::RecordAs(const QString& format) {
   QTest::qWait(DrawMs);
   record_.Picture(program_.Window(), "recorder_" + format + "_ended");
   KeepFiles(format);
+}
+
+void Walk::KeepWhatRuns() {
+  bool asked = false;
+  hand_.OnDialog([this, &asked](QDialog& dialog) {
+    asked = true;
+    QTest::qWait(DrawMs);
+    record_.Picture(dialog, "end_question");
+    QTest::mouseClick(dialog.findChild<QAbstractButton*>("EndQuestion.Keep"), Qt::LeftButton);
+  });
+  hand_.ClickTab(forms::tab::Values);
+  record_.Step("another tab asks before it ends a recording",
+               Hand::WaitFor([&] { return asked; }, PatienceMs));
+  record_.Step("the recording is kept", program_.Application().Windows.Main.CWButton3.Value);
+}
+
+void Walk::ChooseFolder() {
+  hand_.OnDialog([this](QDialog& dialog) {
+    QTest::qWait(DrawMs);
+    record_.Picture(dialog, "folder_dialog");
+    dialog.reject();
+  });
+  hand_.Click("Command3");
+}
+
+void Walk::MissFolder() {
+  hand_.ClickTab(forms::tab::Setup);
+  const QString kept = DataFolder().path();
+  hand_.Type("Text1(3)", "/nowhere");
+  hand_.OnDialog([this](QDialog& dialog) {
+    QTest::qWait(DrawMs);
+    record_.Picture(dialog, "missing_folder_box");
+    dialog.accept();
+  });
+  hand_.ClickTab(forms::tab::Recorder);
+  record_.Step("without its folder the recorder sends to the setup",
+               program_.Application().Windows.Main.TabStrip1.SelectedTab == forms::tab::Setup);
+  hand_.Type("Text1(3)", kept);
 }
 
 void Walk::PictureOfTheAnalysis() {
