@@ -34,7 +34,7 @@ bool IsOwn(const QWidget& widget) {
   const QWidget* parent = widget.parentWidget();
   const bool ofArea = qobject_cast<const QAbstractScrollArea*>(parent) != nullptr ||
                       qobject_cast<const QComboBox*>(parent) != nullptr;
-  for (const char* kind : {"QScrollBar", "QHeaderView", "QSizeGrip", "QFileDialogComboBox"}) {
+  for (const char* kind : {"QScrollBar", "QHeaderView", "QSizeGrip"}) {
     if (widget.inherits(kind)) return false;
   }
   return !ofArea;
@@ -118,6 +118,8 @@ bool IsCut(const QWidget& widget) {
     return words.width() > WordRoom(*button) || words.height() > button->height() + 1;
   }
   if (const auto* list = qobject_cast<const QComboBox*>(&widget)) {
+    // The toolkit's own list of folders shortens what it paints.
+    if (list->window()->inherits("QFileDialog")) return false;
     QStyleOptionComboBox option;
     option.initFrom(list);
     option.subControls = QStyle::SC_ComboBoxEditField;

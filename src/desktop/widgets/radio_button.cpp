@@ -4,11 +4,13 @@
 #include <QStylePainter>
 
 #include "desktop/look/text.h"
+#include "desktop/widgets/radio_accessible.h"
 
 namespace desktop {
 
 RadioButton::RadioButton(QWidget* parent) : QRadioButton(parent), tip_(new WholeTip(*this)) {
   setAutoExclusive(false);
+  RadioAccessible::Install();
 }
 
 QSize RadioButton::minimumSizeHint() const {

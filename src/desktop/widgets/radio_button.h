@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QLabel>
+#include <QPointer>
 #include <QRadioButton>
+#include <QString>
 
 #include "desktop/widgets/whole_tip.h"
 
@@ -15,6 +18,12 @@ class RadioButton : public QRadioButton {
  public:
   explicit RadioButton(QWidget* parent);
 
+  /// What the choice is about: a heading on the page, or words where the page has none.
+  void BelongTo(QLabel& heading) { heading_ = &heading; }
+  void BelongTo(const QString& group) { group_ = group; }
+  QLabel* Heading() const { return heading_; }
+  QString Group() const { return heading_ != nullptr ? heading_->text() : group_; }
+
   QSize minimumSizeHint() const override;
 
  protected:
@@ -22,6 +31,8 @@ class RadioButton : public QRadioButton {
 
  private:
   WholeTip* tip_;
+  QPointer<QLabel> heading_;
+  QString group_;
 };
 
 }  // namespace desktop

@@ -9,6 +9,7 @@
 #include "desktop/look/scale.h"
 #include "desktop/look/text.h"
 #include "desktop/look/twips.h"
+#include "desktop/widgets/value_table_accessible.h"
 
 namespace desktop {
 
@@ -58,6 +59,7 @@ ValueTable::ValueTable(platform::Grid<Rows, Columns>& grid, QWidget* parent)
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setObjectName(QStringLiteral("Grid1"));
+  ValueTableAccessible::Install();
   setAccessibleName(QStringLiteral("Magnitudes and angles"));
   for (int row = 0; row < Rows; ++row) {
     for (int column = 0; column < Columns; ++column) {

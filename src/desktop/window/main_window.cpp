@@ -18,6 +18,7 @@
 #include "desktop/pages/setup_page.h"
 #include "desktop/pages/values_page.h"
 #include "desktop/pages/waveforms_page.h"
+#include "desktop/widgets/announced.h"
 #include "desktop/widgets/logo_view.h"
 #include "desktop/window/status_strip.h"
 #include "desktop/window/tab_keys.h"
@@ -127,6 +128,10 @@ void MainWindow::FillPages() {
   pages_->addWidget(new RecorderPage(main_, main_, main_, binder_, guard_, pages_));
   pages_->addWidget(new ReportPage(main_, main_, binder_, pages_));
   pages_->addWidget(new SetupPage(main_, main_, binder_, pages_));
+  for (int i = 0; i < pages_->count(); ++i) {
+    const platform::Tab& tab = main_.TabStrip1.Tabs[static_cast<std::size_t>(i)];
+    Announce(*pages_->widget(i), QAccessible::Pane, PlainCaption(tab.Caption));
+  }
   AddLogos(waveforms->Frame());
 }
 
