@@ -1,20 +1,59 @@
 #include "desktop/look/instrument_style.h"
 
+#include <QAbstractScrollArea>
+#include <QDialog>
 #include <QPainter>
 #include <QStyleOption>
+#include <QTableView>
+#include <algorithm>
 
 #include "desktop/look/look.h"
 #include "desktop/look/scale.h"
+#include "desktop/look/scroll_bar.h"
 #include "desktop/look/sign_icon.h"
 
 namespace desktop {
 
 namespace {
 
+// In pixels of the smallest window.
 constexpr int IndicatorSize = 17;
 constexpr int IndicatorSpacing = 8;
-constexpr int ButtonHeight = 30;
 constexpr int ButtonPadding = 16;
+/// The least width of what answers a dialog.
+constexpr int AnswerWidth = 108;
+/// What opens a list, at its right end.
+constexpr int ArrowWidth = 19;
+constexpr int RowHeight = 26;
+constexpr int RowPadding = 4;
+/// As wide as keeps square contents within rounded corners.
+constexpr int AreaEdge = 3;
+constexpr int ScrollBarWidth = 14;
+constexpr int TipPadding = 4;
+constexpr int HeaderMark = 9;
+constexpr int SmallIcon = 16;
+constexpr int LargeIcon = 32;
+/// How far the style below draws the text of a list from the room that it is given.
+constexpr int OwnListPadding = 1;
+/// The same of a field.
+constexpr int OwnFieldPadding = 2;
+/// What it keeps free below the title of a group.
+constexpr int OwnTitleGap = 3;
+
+/// A text or a list of many lines with an edge of its own: it looks as a field does.
+bool IsFieldArea(const QWidget* widget) {
+  return qobject_cast<const QAbstractScrollArea*>(widget) != nullptr &&
+         qobject_cast<const QTableView*>(widget) == nullptr;
+}
+
+/// What a scroll bar runs on: the ground of its field, or of the page that scrolls.
+QPalette::ColorRole GroundOf(const QWidget* scrollBar) {
+  const QWidget* area = scrollBar;
+  while (area != nullptr && !IsFieldArea(area)) area = area->parentWidget();
+  const auto* frame = qobject_cast<const QFrame*>(area);
+  const bool page = frame == nullptr || frame->frameShape() == QFrame::NoFrame;
+  return page ? QPalette::Window : QPalette::Base;
+}
 
 /// A rounded box whose edge tells whether it has the focus.
 void DrawBox(QPainter& painter, const QRect& area, const QColor& ground,
@@ -22,14 +61,14 @@ void DrawBox(QPainter& painter, const QRect& area, const QColor& ground,
   const bool enabled = state.testFlag(QStyle::State_Enabled);
   const bool focus = enabled && state.testFlag(QStyle::State_HasFocus);
   const bool hover = enabled && state.testFlag(QStyle::State_MouseOver);
-  const double width = focus ? 2 : 1;
+  const int width = look::LineWidth(focus ? 2 : 1);
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(focus ? look::Accent : hover ? look::QuietText : look::StrongEdge, width));
   painter.setBrush(enabled ? ground : look::Page);
-  const double inset = width / 2;
-  painter.drawRoundedRect(QRectF(area).adjusted(inset, inset, -inset, -inset), look::Corner - 1,
-                          look::Corner - 1);
+  const double inset = width / 2.0;
+  const double corner = look::Painted(look::Corner - 1);
+  painter.drawRoundedRect(QRectF(area).adjusted(inset, inset, -inset, -inset), corner, corner);
   painter.restore();
 }
 
@@ -67,10 +106,12 @@ void DrawCheck(QPainter& painter, const QStyleOption& option) {
 void DrawRadio(QPainter& painter, const QStyleOption& option) {
   const bool on = option.state.testFlag(QStyle::State_On);
   const bool marked = option.state.testFlag(QStyle::State_HasFocus) || on;
-  const QRectF circle = QRectF(option.rect).adjusted(1, 1, -1, -1);
+  const int width = look::LineWidth(marked ? 2 : 1);
+  const double inset = look::LineWidth(2) / 2.0;
+  const QRectF circle = QRectF(option.rect).adjusted(inset, inset, -inset, -inset);
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(marked ? look::Accent : look::StrongEdge, marked ? 2 : 1));
+  painter.setPen(QPen(marked ? look::Accent : look::StrongEdge, width));
   painter.setBrush(look::Card);
   painter.drawEllipse(circle);
   if (on) {
@@ -90,10 +131,66 @@ void DrawButton(QPainter& painter, const QStyleOption& option) {
 void DrawFocus(QPainter& painter, const QStyleOption& option) {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(look::Accent, 1.5));
+  const double width = look::Painted(1.5);
+  const double inset = width / 2;
+  painter.setPen(QPen(look::Accent, width));
   painter.setBrush(Qt::NoBrush);
-  painter.drawRoundedRect(QRectF(option.rect).adjusted(0.75, 0.75, -0.75, -0.75), 3, 3);
+  painter.drawRoundedRect(QRectF(option.rect).adjusted(inset, inset, -inset, -inset),
+                          look::Painted(3), look::Painted(3));
   painter.restore();
+}
+
+void DrawGroup(QPainter& painter, const QStyleOption& option) {
+  // The title stands above the frame.
+  const int title = std::max(look::Scaled(IndicatorSize), option.fontMetrics.height());
+  const QRectF frame = QRectF(option.rect).adjusted(0, title + OwnTitleGap, 0, 0);
+  const int width = look::LineWidth();
+  const double inset = width / 2.0;
+  const double corner = look::Painted(look::Corner);
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(look::StrongEdge, width));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRoundedRect(frame.adjusted(inset, inset, -inset, -inset), corner, corner);
+  painter.restore();
+}
+
+void DrawTip(QPainter& painter, const QStyleOption& option) {
+  const int width = look::LineWidth();
+  painter.fillRect(option.rect, look::StrongEdge);
+  painter.fillRect(option.rect.adjusted(width, width, -width, -width), look::Card);
+}
+
+QRect ArrowOfList(const QRect& list) {
+  const int width = look::Scaled(ArrowWidth);
+  return {list.right() + 1 - width, list.top(), width, list.height()};
+}
+
+QRect TextOfList(const QRect& list) {
+  // It starts where the text of a field does.
+  const int left = look::Scaled(look::FieldPadding) - OwnListPadding;
+  const int edge = look::LineWidth();
+  return list.adjusted(left, edge, -look::Scaled(ArrowWidth) - edge, -edge);
+}
+
+QRect PartOfScrollBar(const QStyleOptionSlider& bar, QStyle::SubControl part) {
+  const QRect slider = look::SliderOf(bar);
+  const bool across = bar.orientation == Qt::Horizontal;
+  QRect rest = bar.rect;
+  switch (part) {
+    case QStyle::SC_ScrollBarSlider:
+      return slider;
+    case QStyle::SC_ScrollBarGroove:
+      return rest;
+    case QStyle::SC_ScrollBarSubPage:
+      across ? rest.setRight(slider.left() - 1) : rest.setBottom(slider.top() - 1);
+      return rest;
+    case QStyle::SC_ScrollBarAddPage:
+      across ? rest.setLeft(slider.right() + 1) : rest.setTop(slider.bottom() + 1);
+      return rest;
+    default:
+      return {};
+  }
 }
 
 }  // namespace
@@ -115,6 +212,19 @@ void InstrumentStyle::drawPrimitive(PrimitiveElement element, const QStyleOption
     case PE_PanelButtonCommand:
       DrawButton(*painter, *option);
       break;
+    case PE_Frame:
+      if (!IsFieldArea(widget)) {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        break;
+      }
+      DrawBox(*painter, option->rect, option->palette.color(QPalette::Base), option->state);
+      break;
+    case PE_FrameGroupBox:
+      DrawGroup(*painter, *option);
+      break;
+    case PE_PanelTipLabel:
+      DrawTip(*painter, *option);
+      break;
     case PE_FrameFocusRect:
       DrawFocus(*painter, *option);
       break;
@@ -126,6 +236,12 @@ void InstrumentStyle::drawPrimitive(PrimitiveElement element, const QStyleOption
 
 void InstrumentStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                          QPainter* painter, const QWidget* widget) const {
+  const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+  if (control == CC_ScrollBar && bar != nullptr) {
+    painter->fillRect(bar->rect, bar->palette.color(GroundOf(widget)));
+    look::PaintScrollBar(*painter, *bar);
+    return;
+  }
   if (control != CC_ComboBox) {
     QProxyStyle::drawComplexControl(control, option, painter, widget);
     return;
@@ -137,10 +253,21 @@ void InstrumentStyle::drawComplexControl(ComplexControl control, const QStyleOpt
 
 QRect InstrumentStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
                                       SubControl part, const QWidget* widget) const {
-  const QRect area = QProxyStyle::subControlRect(control, option, part, widget);
-  // The text of a list starts where the text of a field does.
-  const bool text = control == CC_ComboBox && part == SC_ComboBoxEditField;
-  return text ? area.adjusted(2, 0, 0, 0) : area;
+  const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+  if (control == CC_ScrollBar && bar != nullptr) return PartOfScrollBar(*bar, part);
+  if (control == CC_ComboBox && part == SC_ComboBoxArrow) return ArrowOfList(option->rect);
+  if (control == CC_ComboBox && part == SC_ComboBoxEditField) return TextOfList(option->rect);
+  return QProxyStyle::subControlRect(control, option, part, widget);
+}
+
+QRect InstrumentStyle::subElementRect(SubElement element, const QStyleOption* option,
+                                      const QWidget* widget) const {
+  if (element != SE_LineEditContents) {
+    return QProxyStyle::subElementRect(element, option, widget);
+  }
+  const int side = look::Scaled(look::FieldPadding) - OwnFieldPadding;
+  const int edge = look::LineWidth();
+  return option->rect.adjusted(side, edge, -side, -edge);
 }
 
 QIcon InstrumentStyle::standardIcon(StandardPixmap sign, const QStyleOption* option,
@@ -162,9 +289,23 @@ QIcon InstrumentStyle::standardIcon(StandardPixmap sign, const QStyleOption* opt
 QSize InstrumentStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
                                         const QSize& contents, const QWidget* widget) const {
   const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
-  if (type != CT_PushButton) return size;
-  // As high as the fields beside it.
-  return (size + QSize(look::Scaled(ButtonPadding), 0)).expandedTo({0, look::Scaled(ButtonHeight)});
+  const int height = look::Scaled(look::FieldHeight);
+  switch (type) {
+    case CT_PushButton: {
+      const bool answer = widget != nullptr && qobject_cast<QDialog*>(widget->window()) != nullptr;
+      return (size + QSize(look::Scaled(ButtonPadding), 0))
+          .expandedTo({answer ? look::Scaled(AnswerWidth) : 0, height});
+    }
+    case CT_LineEdit:
+    case CT_ComboBox:
+      return size.expandedTo({0, height});
+    case CT_ItemViewItem:
+      return (size + QSize(look::Scaled(RowPadding), 0)).expandedTo({0, look::Scaled(RowHeight)});
+    case CT_MenuItem:
+      return size + QSize(look::Scaled(RowPadding), look::Scaled(RowPadding));
+    default:
+      return size;
+  }
 }
 
 int InstrumentStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
@@ -178,6 +319,23 @@ int InstrumentStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_CheckBoxLabelSpacing:
     case PM_RadioButtonLabelSpacing:
       return look::Scaled(IndicatorSpacing);
+    case PM_DefaultFrameWidth:
+      return IsFieldArea(widget) ? look::Scaled(AreaEdge)
+                                 : QProxyStyle::pixelMetric(metric, option, widget);
+    case PM_ScrollBarExtent:
+      return look::Scaled(ScrollBarWidth);
+    case PM_ToolTipLabelFrameWidth:
+      return look::Scaled(TipPadding);
+    case PM_HeaderMarkSize:
+      return look::Scaled(HeaderMark);
+    case PM_SmallIconSize:
+    case PM_ButtonIconSize:
+    case PM_ListViewIconSize:
+    case PM_TabBarIconSize:
+      return look::Scaled(SmallIcon);
+    case PM_LargeIconSize:
+    case PM_IconViewIconSize:
+      return look::Scaled(LargeIcon);
     default:
       return QProxyStyle::pixelMetric(metric, option, widget);
   }
@@ -187,6 +345,8 @@ int InstrumentStyle::styleHint(StyleHint hint, const QStyleOption* option, const
                                QStyleHintReturn* returned) const {
   // Mnemonics stay visible, so that the keyboard's way is found without trying.
   if (hint == SH_UnderlineShortcut) return 1;
+  // An answer is one word; a sign beside some of them would make them look unlike.
+  if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
   return QProxyStyle::styleHint(hint, option, widget, returned);
 }
 

@@ -5,8 +5,8 @@
 namespace desktop {
 
 /// The drawing of the standard controls: flat fields and boxes with one kind of edge and one kind
-/// of focus ring. Everything else is left to the style below, which looks the same on every
-/// desktop.
+/// of focus ring, whose paddings, corners and lines follow the window. Everything else is left to
+/// the style below, which looks the same on every desktop.
 class InstrumentStyle : public QProxyStyle {
   Q_OBJECT
 
@@ -22,6 +22,8 @@ class InstrumentStyle : public QProxyStyle {
   void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                           QPainter* painter, const QWidget* widget) const override;
   QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                       const QWidget* widget) const override;
+  QRect subElementRect(SubElement element, const QStyleOption* option,
                        const QWidget* widget) const override;
   QIcon standardIcon(StandardPixmap sign, const QStyleOption* option,
                      const QWidget* widget) const override;

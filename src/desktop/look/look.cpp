@@ -3,6 +3,7 @@
 #include <QFontDatabase>
 #include <QPalette>
 #include <QSvgRenderer>
+#include <QToolTip>
 #include <QWidget>
 
 #include "desktop/look/instrument_style.h"
@@ -55,6 +56,7 @@ QPalette LightPalette() {
   palette.setColor(QPalette::Highlight, Accent);
   palette.setColor(QPalette::HighlightedText, Card);
   palette.setColor(QPalette::Link, Accent);
+  palette.setColor(QPalette::LinkVisited, Accent);
   palette.setColor(QPalette::ToolTipBase, Card);
   palette.setColor(QPalette::ToolTipText, Ink);
   for (const QPalette::ColorRole role :
@@ -100,8 +102,14 @@ void SetTextColour(QWidget& widget, const QColor& colour) {
 
 void Apply(QApplication& application) {
   InitPictures();
+  // The folder dialog, too, stands in the program's look and follows its window.
+  QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+  // All texts are English, and the places on the pages are counted from the left.
+  QApplication::setLayoutDirection(Qt::LeftToRight);
   QApplication::setStyle(new InstrumentStyle);
   QApplication::setPalette(LightPalette());
+  // Tips have a palette of their own, which a desktop may have made dark.
+  QToolTip::setPalette(LightPalette());
   QApplication::setFont(TextFont(TextSize));
   application.setWindowIcon(ProgramIcon());
 }

@@ -40,6 +40,10 @@ inline constexpr int SmallSize = 11;
 inline constexpr int TextSize = 13;
 inline constexpr int HeadingSize = 14;
 inline constexpr int Corner = 5;
+/// The height of fields, lists and buttons, so that they stand in one row, and the way from a
+/// field's edge to its text.
+inline constexpr int FieldHeight = 30;
+inline constexpr int FieldPadding = 7;
 
 // The smallest window, in pixels; pages are designed in its size.
 inline constexpr double DesignWidth = 1.0 * platform::MinimumWidth / twips::PerPixel;
@@ -56,7 +60,7 @@ QFont TextFont(int pixels, const QString& family = QString());
 QFont BoldFont(int pixels);
 void SetTextColour(QWidget& widget, const QColor& colour);
 
-/// Gives the whole program its style, palette and font, whatever desktop it runs on.
+/// Gives the whole program its style, palette, font and direction, whatever desktop it runs on.
 void Apply(QApplication& application);
 
 QIcon ProgramIcon();

@@ -1,6 +1,7 @@
 #include "desktop/look/scale.h"
 
 #include <QApplication>
+#include <QFrame>
 #include <QGridLayout>
 #include <QLayout>
 #include <QVariant>
@@ -68,6 +69,11 @@ void ScaleWidget(QWidget& widget) {
     font.setPixelSize(Scaled(design[4].toInt()));
     widget.setFont(font);
   }
+  // The width of an edge in the style's hands is asked for once.
+  auto* frame = qobject_cast<QFrame*>(&widget);
+  if (frame != nullptr && frame->frameShape() == QFrame::StyledPanel) {
+    frame->setFrameStyle(frame->frameStyle());
+  }
   // The margins of a widget with a layout are those of its layout.
   if (widget.layout() != nullptr) return;
   widget.setContentsMargins(Scaled(design[5].toInt()), Scaled(design[6].toInt()),
@@ -119,6 +125,10 @@ void ScaleLayout(QLayout& layout) {
   layout.invalidate();
 }
 
+bool IsOfWindow(const QWidget* widget, const QWidget& root) {
+  return widget != nullptr && widget->window() == root.window();
+}
+
 }  // namespace
 
 double Scale() {
@@ -128,6 +138,14 @@ double Scale() {
 
 int Scaled(double pixels) {
   return static_cast<int>(std::lround(pixels * Scale()));
+}
+
+double Painted(double pixels) {
+  return pixels * Scale();
+}
+
+int LineWidth(double pixels) {
+  return std::max(1, Scaled(pixels));
 }
 
 double ScaleFor(QSize window) {
@@ -146,12 +164,12 @@ void ScaleTree(QWidget& root) {
   // The program's font reaches widgets with the next turn of the event loop, their window's at
   // once.
   root.setFont(QApplication::font());
-  for (auto* layout : root.findChildren<QLayout*>()) ScaleLayout(*layout);
-  const QList<QWidget*> widgets = root.findChildren<QWidget*>();
-  for (QWidget* widget : widgets) {
-    if (widget->isWindow()) continue;
-    ScaleWidget(*widget);
+  for (auto* layout : root.findChildren<QLayout*>()) {
+    if (IsOfWindow(layout->parentWidget(), root)) ScaleLayout(*layout);
   }
+  QList<QWidget*> widgets = root.findChildren<QWidget*>();
+  widgets.removeIf([&root](const QWidget* widget) { return !IsOfWindow(widget, root); });
+  for (QWidget* widget : widgets) ScaleWidget(*widget);
   // Those who measure their texts do it when all fonts are set.
   for (QWidget* widget : widgets) {
     if (auto* scalable = dynamic_cast<Scalable*>(widget)) scalable->TakeScale();

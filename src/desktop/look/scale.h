@@ -13,6 +13,10 @@ namespace desktop::look {
 double Scale();
 /// A length of the design, which is made for the smallest window, in the present one's pixels.
 int Scaled(double pixels);
+/// The same to parts of a pixel, for what is painted smooth: corners, slanted lines.
+double Painted(double pixels);
+/// The width of a straight line of the design: whole pixels, so that it is sharp, and one at least.
+int LineWidth(double pixels = 1);
 
 /// The factor for a window of this size.
 double ScaleFor(QSize window);
@@ -28,7 +32,7 @@ class Scalable {
 void SetScale(double scale);
 /// Brings a tree of widgets and their layouts to the present factor: margins, spacings, least and
 /// largest sizes, fonts of a size of their own. What the design gave each of them is remembered, so
-/// that nothing drifts.
+/// that nothing drifts. Other windows that belong to the tree's follow by themselves.
 void ScaleTree(QWidget& root);
 
 /// Marks a widget whose font is scaled by who owns it.

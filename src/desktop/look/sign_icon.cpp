@@ -9,8 +9,9 @@ namespace desktop {
 
 namespace {
 
-/// Large enough for a screen of twice the usual density.
-constexpr int Pixels = 96;
+/// Large enough for the largest window on a screen of twice the usual density.
+constexpr int Pixels = 192;
+constexpr int Rim = 4;
 constexpr double LetterPart = 0.64;
 
 }  // namespace
@@ -22,7 +23,7 @@ QIcon SignIcon(const QColor& disc, QChar letter) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
   painter.setBrush(disc);
-  painter.drawEllipse(picture.rect().adjusted(2, 2, -2, -2));
+  painter.drawEllipse(picture.rect().adjusted(Rim, Rim, -Rim, -Rim));
   painter.setFont(look::BoldFont(static_cast<int>(Pixels * LetterPart)));
   painter.setPen(look::Card);
   painter.drawText(picture.rect(), Qt::AlignCenter, letter);

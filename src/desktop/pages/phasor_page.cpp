@@ -123,7 +123,13 @@ void PhasorPage::Lay() {
             frame));
   const platform::Control& diagram = parts_.Phasor.phasordiagram;
   const QPoint corner(twips::Pixels(diagram.Left), twips::Pixels(diagram.Top));
-  const int side = twips::Pixels(diagram.Width);
+  int side = twips::Pixels(diagram.Width);
+  // A frame of portrait form is too narrow for the whole diagram and the controls beside it.
+  if (frame.height() > frame.width()) {
+    const int controls = PicturePad::RightMargin(side) + run_->sizeHint().width() + gap +
+                         scalesFrame_->sizeHint().width();
+    side = std::min(side, frame.width() - corner.x() - controls - 2 * gap);
+  }
   heading_->adjustSize();
   // The corner of the picture is free: the circle is far from it.
   heading_->move(corner.x(), look::Scaled(HeadingTop));

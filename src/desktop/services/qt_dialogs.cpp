@@ -1,43 +1,58 @@
 #include "desktop/services/qt_dialogs.h"
 
 #include <QApplication>
-#include <QMessageBox>
 #include <QPushButton>
+#include <QStyle>
+#include <optional>
+#include <vector>
 
 #include "desktop/look/text.h"
 #include "desktop/services/timed_dialog.h"
+#include "desktop/widgets/message_dialog.h"
 
 namespace desktop {
 
 namespace {
 
-QMessageBox::Icon ToQt(platform::Icon icon) {
+std::optional<QStyle::StandardPixmap> SignOf(platform::Icon icon) {
   switch (icon) {
     case platform::Icon::Critical:
-      return QMessageBox::Critical;
+      return QStyle::SP_MessageBoxCritical;
     case platform::Icon::Exclamation:
-      return QMessageBox::Warning;
+      return QStyle::SP_MessageBoxWarning;
     case platform::Icon::Information:
-      return QMessageBox::Information;
+      return QStyle::SP_MessageBoxInformation;
     case platform::Icon::None:
       break;
   }
-  return QMessageBox::NoIcon;
+  return std::nullopt;
 }
 
-platform::Answer AskYesNo(QMessageBox& box) {
-  box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-  return box.exec() == QMessageBox::Yes ? platform::Answer::Yes : platform::Answer::No;
-}
+struct Choice {
+  const char* Caption;
+  platform::Answer Means;
+};
 
-platform::Answer AskOkStop(QMessageBox& box) {
-  QPushButton* ok = box.addButton(QMessageBox::Ok);
-  const QPushButton* stop = box.addButton(QStringLiteral("Stop"), QMessageBox::RejectRole);
-  // Only the press of its own button stops; a box that is waved away must not.
-  box.setDefaultButton(ok);
-  box.setEscapeButton(ok);
-  box.exec();
-  return box.clickedButton() == stop ? platform::Answer::Stop : platform::Answer::Ok;
+/// What a box offers, from the left to the right.
+struct Choices {
+  std::vector<Choice> All;
+  /// What Return takes.
+  platform::Answer Usual;
+  /// What a box that is waved away means: only the press of its own button stops.
+  platform::Answer Closed;
+};
+
+Choices ChoicesOf(platform::Buttons buttons) {
+  using platform::Answer;
+  switch (buttons) {
+    case platform::Buttons::YesNo:
+      return {{{"&Yes", Answer::Yes}, {"&No", Answer::No}}, Answer::Yes, Answer::No};
+    case platform::Buttons::OkStop:
+      return {{{"&Stop", Answer::Stop}, {"&OK", Answer::Ok}}, Answer::Ok, Answer::Ok};
+    case platform::Buttons::Ok:
+      break;
+  }
+  return {{{"&OK", Answer::Ok}}, Answer::Ok, Answer::Ok};
 }
 
 }  // namespace
@@ -50,23 +65,24 @@ QWidget* QtDialogs::Parent() const {
 
 platform::Answer QtDialogs::Show(const platform::Message& message) {
   const platform::StandingBox standing(Stands);
-  QMessageBox box(Parent());
-  box.setWindowTitle(message.Title.empty() ? QStringLiteral("Vornik")
-                                           : desktop::ToQt(message.Title));
-  box.setTextFormat(Qt::PlainText);
-  box.setText(DisplayLines(message.Text));
-  box.setIcon(ToQt(message.BoxIcon));
-  switch (message.BoxButtons) {
-    case platform::Buttons::YesNo:
-      return AskYesNo(box);
-    case platform::Buttons::OkStop:
-      return AskOkStop(box);
-    case platform::Buttons::Ok:
-      break;
+  MessageDialog box(SignOf(message.BoxIcon), Parent());
+  box.setWindowTitle(message.Title.empty() ? QStringLiteral("Vornik") : ToQt(message.Title));
+  box.AddWords(DisplayLines(message.Text));
+  const Choices choices = ChoicesOf(message.BoxButtons);
+  platform::Answer answer = choices.Closed;
+  for (const Choice& choice : choices.All) {
+    QPushButton* button = box.AddAnswer(QString::fromLatin1(choice.Caption));
+    if (choice.Means == choices.Usual) {
+      button->setDefault(true);
+      button->setFocus();
+    }
+    QObject::connect(button, &QPushButton::clicked, &box, [&box, &answer, means = choice.Means] {
+      answer = means;
+      box.accept();
+    });
   }
-  box.setStandardButtons(QMessageBox::Ok);
   box.exec();
-  return platform::Answer::Ok;
+  return answer;
 }
 
 void QtDialogs::ShowTimed(const platform::TimedMessage& message) {

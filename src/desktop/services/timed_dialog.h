@@ -1,17 +1,18 @@
 #pragma once
 
-#include <QDialog>
 #include <QLabel>
 #include <QTimer>
 #include <cstdint>
 #include <string>
 
+#include "desktop/widgets/message_dialog.h"
 #include "platform/services/dialogs.h"
 
 namespace desktop {
 
-/// A message that closes by itself and counts the seconds until then.
-class TimedDialog : public QDialog {
+/// A message that closes by itself and counts the seconds until then. Its text stands in the font
+/// of the message; what stands below it steps back behind that.
+class TimedDialog : public MessageDialog {
   Q_OBJECT
 
  public:

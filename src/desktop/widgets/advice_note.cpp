@@ -3,11 +3,13 @@
 #include <QPainter>
 
 #include "desktop/look/look.h"
+#include "desktop/look/scale.h"
 
 namespace desktop {
 
 namespace {
 
+// In pixels of the smallest window.
 constexpr int Padding = 10;
 constexpr int BarWidth = 4;
 
@@ -33,9 +35,10 @@ void AdviceNote::paintEvent(QPaintEvent* event) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(look::AdviceGround);
-    painter.drawRoundedRect(rect(), look::Corner, look::Corner);
+    painter.drawRoundedRect(rect(), look::Painted(look::Corner), look::Painted(look::Corner));
     painter.setBrush(look::AdviceEdge);
-    painter.drawRoundedRect(QRectF(0, 0, BarWidth, height()), BarWidth / 2.0, BarWidth / 2.0);
+    const double bar = look::Painted(BarWidth);
+    painter.drawRoundedRect(QRectF(0, 0, bar, height()), bar / 2, bar / 2);
   }
   QLabel::paintEvent(event);
 }

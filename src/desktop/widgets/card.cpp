@@ -4,6 +4,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/look/look.h"
+#include "desktop/look/scale.h"
 
 namespace desktop {
 
@@ -26,10 +27,12 @@ void Ground::SetColour(const QColor& colour) {
 void Ground::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(look::Edge, 1));
+  const int edge = look::LineWidth();
+  const double inset = edge / 2.0;
+  const double corner = look::Painted(look::Corner + 2);
+  painter.setPen(QPen(look::Edge, edge));
   painter.setBrush(colour_);
-  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), look::Corner + 2,
-                          look::Corner + 2);
+  painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), corner, corner);
 }
 
 Card::Card(const QString& heading, QWidget* parent) : Ground(parent), grid_(new QGridLayout) {

@@ -6,26 +6,30 @@
 #include <QWheelEvent>
 #include <algorithm>
 
+#include "desktop/look/look.h"
+#include "desktop/look/scale.h"
+
 namespace desktop {
 
 namespace {
 
-constexpr int Height = 30;
 constexpr int LeastCharacters = 8;
+// In pixels of the smallest window.
 constexpr int WidestList = 760;
 constexpr int EntryPadding = 24;
 
 }  // namespace
 
 ChoiceBox::ChoiceBox(QWidget* parent) : QComboBox(parent) {
-  setFixedHeight(Height);
+  setFixedHeight(look::FieldHeight);
   setFocusPolicy(Qt::StrongFocus);
   setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   setMinimumContentsLength(LeastCharacters);
 }
 
 void ChoiceBox::showPopup() {
-  view()->setMinimumWidth(std::min(view()->sizeHintForColumn(0) + EntryPadding, WidestList));
+  view()->setMinimumWidth(std::min(view()->sizeHintForColumn(0) + look::Scaled(EntryPadding),
+                                   look::Scaled(WidestList)));
   QComboBox::showPopup();
 }
 

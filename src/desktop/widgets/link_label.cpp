@@ -4,6 +4,7 @@
 #include <QPainter>
 
 #include "desktop/look/look.h"
+#include "desktop/look/scale.h"
 #include "desktop/widgets/activation_key.h"
 
 namespace desktop {
@@ -30,8 +31,11 @@ void LinkLabel::paintEvent(QPaintEvent* event) {
   if (!hasFocus()) return;
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(look::Accent, 1.2));
-  painter.drawRoundedRect(QRectF(rect()).adjusted(0.6, 0.6, -0.6, -0.6), 3, 3);
+  const double width = look::Painted(1.2);
+  const double inset = width / 2;
+  painter.setPen(QPen(look::Accent, width));
+  painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), look::Painted(3),
+                          look::Painted(3));
 }
 
 }  // namespace desktop

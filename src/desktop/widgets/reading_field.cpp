@@ -81,7 +81,7 @@ void ReadingField::paintEvent(QPaintEvent*) {
                                      : look::Edge,
                       strong ? 2 : 1.2));
   painter.setBrush(glass);
-  painter.drawRoundedRect(face, look::Corner, look::Corner);
+  painter.drawRoundedRect(face, look::Painted(look::Corner), look::Painted(look::Corner));
 
   painter.setPen(Qt::NoPen);
   painter.setBrush(live ? look::RunGreen : life_ == Life::Resting ? look::Edge : mark_);

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "desktop/look/look.h"
+#include "desktop/look/scale.h"
 
 namespace desktop {
 
@@ -61,7 +62,7 @@ void RunButton::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   const bool pressed = isDown() || on_;
-  const double width = hasFocus() ? 2.5 : 1.5;
+  const double width = look::Painted(hasFocus() ? 2.5 : 1.5);
   const QRectF face = QRectF(rect()).adjusted(width, width, -width, -width);
   QLinearGradient shade(face.topLeft(), face.bottomLeft());
   shade.setColorAt(0, pressed ? colour_.darker(108) : colour_.lighter(104));
@@ -88,7 +89,8 @@ void RunButton::DrawSign(QPainter& painter, const QRectF& area) const {
   painter.setBrush(!isEnabled() ? look::DisabledText : on_ ? look::StopRed : look::RunGreen);
   if (on_) {
     const double inset = area.width() * 0.06;
-    painter.drawRoundedRect(area.adjusted(inset, inset, -inset, -inset), 3, 3);
+    painter.drawRoundedRect(area.adjusted(inset, inset, -inset, -inset), look::Painted(3),
+                            look::Painted(3));
     return;
   }
   QPainterPath arrow(area.topLeft() + QPointF(area.width() * 0.1, 0));

@@ -6,13 +6,18 @@ namespace desktop {
 
 namespace {
 
+/// In pixels of the smallest window.
 constexpr double Margin = 10;
 
 }  // namespace
 
 TextArea::TextArea(QWidget* parent) : QPlainTextEdit(parent) {
   setTabChangesFocus(true);
-  document()->setDocumentMargin(Margin);
+  TakeScale();
+}
+
+void TextArea::TakeScale() {
+  document()->setDocumentMargin(look::Painted(Margin));
 }
 
 void TextArea::mouseDoubleClickEvent(QMouseEvent* event) {

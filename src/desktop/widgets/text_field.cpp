@@ -4,17 +4,12 @@
 #include <QSignalBlocker>
 #include <algorithm>
 
+#include "desktop/look/look.h"
+
 namespace desktop {
 
-namespace {
-
-constexpr int Height = 30;
-
-}  // namespace
-
 TextField::TextField(QWidget* parent) : QLineEdit(parent) {
-  setFixedHeight(Height);
-  setTextMargins(4, 0, 4, 0);
+  setFixedHeight(look::FieldHeight);
 }
 
 void TextField::SetTypingLimit(int characters) {

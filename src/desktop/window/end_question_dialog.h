@@ -1,8 +1,7 @@
 #pragma once
 
-#include <QDialog>
-
 #include "desktop/binding/binder.h"
+#include "desktop/widgets/message_dialog.h"
 #include "forms/end_question.h"
 #include "platform/loop/guard.h"
 
@@ -11,7 +10,7 @@ namespace desktop {
 /// The window that asks before a recording is ended. It is built when it opens first. It stands in
 /// front of the main window and holds up nothing: nobody waits for it to close, so the recording
 /// goes on as without it.
-class EndQuestionDialog : public QDialog {
+class EndQuestionDialog : public MessageDialog {
   Q_OBJECT
 
  public:
@@ -21,8 +20,6 @@ class EndQuestionDialog : public QDialog {
   void reject() override;
 
  private:
-  QLayout* Words(Binder& binder);
-  QLayout* Answers(Binder& binder);
   void Follow();
 
   forms::EndQuestion& question_;

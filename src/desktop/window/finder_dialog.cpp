@@ -1,10 +1,6 @@
 #include "desktop/window/finder_dialog.h"
 
 #include <QGroupBox>
-#include <QLabel>
-#include <QPainter>
-#include <QPushButton>
-#include <QVBoxLayout>
 
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
@@ -13,60 +9,40 @@ namespace desktop {
 
 namespace {
 
-constexpr QSize UsualSize(560, 460);
-constexpr int HeaderHeight = 52;
-constexpr int Margin = 18;
+/// In pixels of the smallest window: a list of thirteen senders and more.
+constexpr QSize UsualSize(600, 620);
 
 }  // namespace
 
 FinderDialog::FinderDialog(forms::IDlook& look, const platform::TabStrip& strip, Binder& binder,
                            platform::Guard& guard, QWidget* parent)
-    : QDialog(parent), look_(look), strip_(strip), guard_(guard), list_(new CheckListView(this)) {
+    : HeadedDialog(look.Window, strip, guard, UsualSize, parent),
+      look_(look),
+      list_(new CheckListView(this)) {
   setObjectName(QStringLiteral("IDlook"));
-  setWindowTitle(ToQt(look.Window.Caption));
-  resize(UsualSize);
-  auto* heading = new QLabel(ToQt(look.Window.Caption), this);
-  heading->setFont(look::BoldFont(look::HeadingSize + 2));
-  heading->setFixedHeight(HeaderHeight);
-  heading->setContentsMargins(Margin, 0, Margin, 0);
-  auto* all = new QVBoxLayout(this);
-  all->setContentsMargins(0, 0, 0, 0);
-  all->setSpacing(0);
-  all->addWidget(heading);
-  all->addWidget(Sheet(binder), 1);
+  AddSenders(binder);
+  binder.Bind(look_.FrameCount, *AddLine(), QStringLiteral("IDlook.FrameCount"));
+  binder.Bind(look_.Label1, *AddLine(), QStringLiteral("IDlook.Label1"));
+  binder.Bind(look_.Command1, *AddCloseButton(), QStringLiteral("IDlook.Command1"));
   look_.Window.BackColor.Observe([this] { ShowGround(); });
   ShowGround();
-  look_.Window.Loaded.Observe([this] {
-    if (!look_.Window.Loaded) done(QDialog::Accepted);
-  });
 }
 
-QWidget* FinderDialog::Sheet(Binder& binder) {
-  auto* sheet = new QWidget(this);
-  auto* box = new QGroupBox(ToQt(look_.Frame1.Caption), sheet);
+void FinderDialog::AddSenders(Binder& binder) {
+  auto* box = new QGroupBox(ToQt(look_.Frame1.Caption), this);
   binder.Bind(look_.Frame1, *box, QStringLiteral("IDlook.Frame1"));
   list_->setAccessibleName(box->title());
   binder.Bind(look_.List1, *list_, QStringLiteral("IDlook.List1"));
   auto* inside = new QVBoxLayout(box);
   inside->addWidget(list_);
-  auto* advice = new QLabel(sheet);
-  advice->setWordWrap(true);
-  binder.Bind(look_.Label1, *advice, QStringLiteral("IDlook.Label1"));
-  auto* count = new QLabel(sheet);
-  count->setWordWrap(true);
-  binder.Bind(look_.FrameCount, *count, QStringLiteral("IDlook.FrameCount"));
-  auto* close = new QPushButton(sheet);
-  close->setDefault(true);
-  close->setMinimumWidth(6 * Margin);
-  binder.Bind(look_.Command1, *close, QStringLiteral("IDlook.Command1"));
-  auto* column = new QVBoxLayout(sheet);
-  column->setContentsMargins(Margin, Margin, Margin, Margin);
-  column->setSpacing(Margin * 2 / 3);
-  column->addWidget(box, 1);
-  column->addWidget(count);
-  column->addWidget(advice);
-  column->addWidget(close, 0, Qt::AlignRight);
-  return sheet;
+  Body().addWidget(box, 1);
+}
+
+QLabel* FinderDialog::AddLine() {
+  auto* line = new QLabel(this);
+  line->setWordWrap(true);
+  Body().addWidget(line);
+  return line;
 }
 
 void FinderDialog::ShowGround() {
@@ -75,15 +51,6 @@ void FinderDialog::ShowGround() {
   colours.setColor(QPalette::Window, look::ColourOf(look_.Window.BackColor));
   colours.setColor(QPalette::Base, look::Card);
   setPalette(colours);
-}
-
-void FinderDialog::reject() {
-  guard_([this] { look_.Window.Unload(); });
-}
-
-void FinderDialog::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
-  look::PaintStrip(painter, QRect(0, 0, width(), HeaderHeight), strip_);
 }
 
 void FinderDialog::showEvent(QShowEvent* event) {

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QClipboard>
 #include <QElapsedTimer>
 #include <QLabel>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -18,6 +18,7 @@
 #include "desktop/services/qt_dialogs.h"
 #include "desktop/services/system_locale.h"
 #include "desktop/services/timed_dialog.h"
+#include "desktop/widgets/message_dialog.h"
 #include "platform/loop/frame_turns.h"
 #include "platform/loop/timer_turns.h"
 
@@ -61,17 +62,18 @@ TEST(TimedDialogScene, ClosesByItsButton) {
   EXPECT_NE(dialog.findChild<QLabel*>("Countdown")->text(), "closes in 1 s");
 }
 
-TEST(TimedDialogScene, StandsInTheFontOfItsMessage) {
+TEST(TimedDialogScene, StandsInTheFontOfItsMessageAndOnlyItsTextIsBold) {
   for (const char* family : {"Verdana", "Courier New"}) {
     for (const bool bold : {true, false}) {
       platform::TimedMessage message = Message(30);
       message.FontName = family;
       message.Bold = bold;
       const TimedDialog dialog(message, nullptr);
-      for (const char* part : {"Text", "Countdown", "Close"}) {
+      for (const QString part : {"Text", "Countdown", "Close"}) {
         const QFont font = dialog.findChild<QWidget*>(part)->font();
-        EXPECT_EQ(font.family(), look::TextFont(look::TextSize, family).family()) << part;
-        EXPECT_EQ(font.bold(), bold) << part << " in " << family;
+        EXPECT_EQ(font.family(), look::TextFont(look::TextSize, family).family())
+            << part.toStdString();
+        EXPECT_EQ(font.bold(), bold && part == "Text") << part.toStdString() << " in " << family;
       }
     }
   }
@@ -79,47 +81,70 @@ TEST(TimedDialogScene, StandsInTheFontOfItsMessage) {
             look::TextFont(look::TextSize, "Courier New").family());
 }
 
-TEST(MessageBoxes, GiveTheAnswerOfTheUser) {
+/// The message box that stands.
+MessageDialog* Box() {
+  return qobject_cast<MessageDialog*>(QApplication::activeModalWidget());
+}
+
+/// Presses the answer of this caption.
+std::function<void(MessageDialog&)> Press(const char* caption) {
+  return [caption](MessageDialog& box) {
+    for (QPushButton* answer : box.findChildren<QPushButton*>()) {
+      if (answer->text() == QLatin1String(caption)) answer->click();
+    }
+  };
+}
+
+/// What the user's work at a box with these buttons means.
+platform::Answer AnswerTo(platform::Buttons buttons,
+                          const std::function<void(MessageDialog&)>& user) {
   QtDialogs dialogs;
-  for (const auto& [button, answer] : {std::pair(QMessageBox::Yes, platform::Answer::Yes),
-                                       std::pair(QMessageBox::No, platform::Answer::No)}) {
-    QTimer::singleShot(50, qApp, [pressed = button] {
-      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-      ASSERT_NE(box, nullptr);
-      EXPECT_EQ(box->icon(), QMessageBox::Critical);
-      EXPECT_EQ(box->windowTitle(), "Vornik");
-      box->button(pressed)->click();
-    });
-    EXPECT_EQ(dialogs.Show({"", "text", platform::Icon::Critical, platform::Buttons::YesNo}),
-              answer);
-  }
+  QTimer::singleShot(50, qApp, [&user] {
+    ASSERT_NE(Box(), nullptr);
+    user(*Box());
+  });
+  return dialogs.Show({"Attention", "text", platform::Icon::Critical, buttons});
+}
+
+const auto Escape = [](MessageDialog& box) { QTest::keyClick(&box, Qt::Key_Escape); };
+const auto Return = [](MessageDialog& box) { QTest::keyClick(&box, Qt::Key_Return); };
+const auto Close = [](MessageDialog& box) { box.close(); };
+
+TEST(MessageBoxes, GiveTheAnswerOfTheUser) {
+  using platform::Answer;
+  constexpr auto YesNo = platform::Buttons::YesNo;
+  EXPECT_EQ(AnswerTo(YesNo, Press("&Yes")), Answer::Yes);
+  EXPECT_EQ(AnswerTo(YesNo, Press("&No")), Answer::No);
+  EXPECT_EQ(AnswerTo(YesNo, Return), Answer::Yes);
+  EXPECT_EQ(AnswerTo(YesNo, Escape), Answer::No);
+  EXPECT_EQ(AnswerTo(YesNo, Close), Answer::No);
+}
+
+TEST(MessageBoxes, HaveTheProgramsNameWhereTheyHaveNoTitle) {
+  QtDialogs dialogs;
+  QString title;
+  QString text;
+  QTimer::singleShot(50, qApp, [&] {
+    ASSERT_NE(Box(), nullptr);
+    title = Box()->windowTitle();
+    text = Box()->Text();
+    QTest::keyClick(Box(), Qt::Key_C, Qt::ControlModifier);
+    Box()->accept();
+  });
+  dialogs.Show({"", "one\r\ntwo"});
+  EXPECT_EQ(title, "Vornik");
+  EXPECT_EQ(text, "one\ntwo");
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), text);
 }
 
 TEST(MessageBoxes, StopOnlyWhereStopIsPressed) {
-  QtDialogs dialogs;
-  const auto answerTo = [&](const std::function<void(QMessageBox&)>& user) {
-    QTimer::singleShot(50, qApp, [&user] {
-      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-      ASSERT_NE(box, nullptr);
-      user(*box);
-    });
-    return dialogs.Show({"Attention", "text", platform::Icon::Critical, platform::Buttons::OkStop});
-  };
-  const auto press = [](const char* caption) {
-    return [caption](QMessageBox& box) {
-      ASSERT_EQ(box.buttons().size(), 2);
-      for (QAbstractButton* button : box.buttons()) {
-        if (button->text().remove(u'&') == QLatin1String(caption)) button->click();
-      }
-    };
-  };
-  EXPECT_EQ(answerTo(press("Stop")), platform::Answer::Stop);
-  EXPECT_EQ(answerTo(press("OK")), platform::Answer::Ok);
-  EXPECT_EQ(answerTo([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); }),
-            platform::Answer::Ok);
-  EXPECT_EQ(answerTo([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); }),
-            platform::Answer::Ok);
-  EXPECT_EQ(answerTo([](QMessageBox& box) { box.close(); }), platform::Answer::Ok);
+  using platform::Answer;
+  constexpr auto OkStop = platform::Buttons::OkStop;
+  EXPECT_EQ(AnswerTo(OkStop, Press("&Stop")), Answer::Stop);
+  EXPECT_EQ(AnswerTo(OkStop, Press("&OK")), Answer::Ok);
+  EXPECT_EQ(AnswerTo(OkStop, Escape), Answer::Ok);
+  EXPECT_EQ(AnswerTo(OkStop, Return), Answer::Ok);
+  EXPECT_EQ(AnswerTo(OkStop, Close), Answer::Ok);
 }
 
 TEST(RepaintQueueScene, ManyChangesCostOneUpdateAFrame) {
@@ -309,10 +334,9 @@ TEST(GuardScene, AnUnexpectedExceptionEndsTheProgramWithABox) {
   Stage stage;
   QString text;
   QTimer::singleShot(50, qApp, [&] {
-    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    ASSERT_NE(box, nullptr);
-    text = box->text();
-    box->accept();
+    ASSERT_NE(Box(), nullptr);
+    text = Box()->Text();
+    Box()->accept();
   });
   stage.Entry([] { throw std::runtime_error("broken"); });
   EXPECT_EQ(text, "Run-time error '51':\n\nbroken");

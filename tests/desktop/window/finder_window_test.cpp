@@ -1,10 +1,10 @@
 #include <QApplication>
 #include <QLabel>
 #include <QListWidget>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
 
+#include "desktop/widgets/message_dialog.h"
 #include "window_scene.h"
 
 namespace desktop {
@@ -90,7 +90,7 @@ TEST_F(FinderWindow, RefusesAThirdCheckWithABoxOnTopOfIt) {
     QString title;
     const QWidget* owner = nullptr;
     QTimer::singleShot(200, &dialog, [&] {
-      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      auto* box = qobject_cast<MessageDialog*>(QApplication::activeModalWidget());
       if (box == nullptr) return;
       title = box->windowTitle();
       owner = box->parentWidget();

@@ -1,0 +1,107 @@
+#include <QApplication>
+#include <QImage>
+#include <QPushButton>
+#include <QTest>
+
+#include "desktop/look/instrument_style.h"
+#include "desktop/look/look.h"
+#include "desktop/look/scale.h"
+#include "desktop/widgets/card.h"
+#include "desktop/widgets/choice_box.h"
+#include "desktop/widgets/text_area.h"
+#include "desktop/widgets/text_field.h"
+
+namespace desktop {
+namespace {
+
+/// Fields as they are painted in windows of several factors.
+class Padding : public testing::TestWithParam<double> {
+ protected:
+  Padding() {
+    look::SetScale(GetParam());
+    sheet_.resize(800, 400);
+  }
+  ~Padding() override { look::SetScale(1); }
+
+  /// Shows a field at the present factor, without the focus.
+  QImage Picture(QWidget& field, QSize size) {
+    field.move(20, 20);
+    look::ScaleTree(sheet_);
+    field.resize(size);
+    field.setFocusPolicy(Qt::NoFocus);
+    sheet_.show();
+    return field.grab().toImage();
+  }
+  /// How far from the left edge the first pixel is that is as dark as a text.
+  static int TextStart(const QImage& picture) {
+    for (int x = 4; x < picture.width(); ++x) {
+      for (int y = picture.height() / 4; y < picture.height() * 3 / 4; ++y) {
+        if (picture.pixelColor(x, y).lightness() < 90) return x;
+      }
+    }
+    return -1;
+  }
+  /// Where the upper edge begins in its full colour, a little behind the round corner.
+  static int CornerStart(const QImage& picture, const QColor& edge) {
+    for (int x = 0; x < picture.width(); ++x) {
+      if (picture.pixelColor(x, 0) == edge) return x;
+    }
+    return -1;
+  }
+  static int EdgeWidth(const QImage& picture, const QColor& edge) {
+    int width = 0;
+    while (picture.pixelColor(width, picture.height() / 2) == edge) ++width;
+    return width;
+  }
+  static double Factor() { return look::Scale(); }
+
+  QWidget sheet_;
+};
+
+TEST_P(Padding, TheTextsOfFieldsAndListsBeginInOneLine) {
+  auto& field = *new TextField(&sheet_);
+  auto& list = *new ChoiceBox(&sheet_);
+  field.setText("HHH");
+  list.addItem("HHH");
+  const QSize size(look::Scaled(200), look::Scaled(look::FieldHeight));
+  const int start = TextStart(Picture(field, size));
+  // The letter itself begins a pixel behind its place.
+  EXPECT_NEAR(start, (look::FieldPadding + 1) * Factor(), 1.5);
+  EXPECT_EQ(TextStart(Picture(list, size)), start);
+}
+
+TEST_P(Padding, EdgesAndCornersOfFieldsFollow) {
+  const QSize size(look::Scaled(200), look::Scaled(100));
+  for (QWidget* field :
+       {static_cast<QWidget*>(new TextField(&sheet_)),
+        static_cast<QWidget*>(new ChoiceBox(&sheet_)), static_cast<QWidget*>(new TextArea(&sheet_)),
+        static_cast<QWidget*>(new QPushButton(&sheet_))}) {
+    field->setMaximumHeight(QWIDGETSIZE_MAX);
+    const QImage picture = Picture(*field, size);
+    EXPECT_EQ(EdgeWidth(picture, look::StrongEdge), look::LineWidth());
+    EXPECT_NEAR(CornerStart(picture, look::StrongEdge), 4.5 * Factor(), 1)
+        << field->metaObject()->className();
+  }
+}
+
+TEST_P(Padding, EdgesAndCornersOfCardsFollow) {
+  auto& card = *new Card("Heading", &sheet_);
+  const QImage picture = Picture(card, {look::Scaled(200), look::Scaled(100)});
+  EXPECT_EQ(EdgeWidth(picture, look::Edge), look::LineWidth());
+  EXPECT_NEAR(CornerStart(picture, look::Edge), 7.5 * Factor(), 1);
+}
+
+TEST_P(Padding, TheTextOfAnAreaKeepsItsMargin) {
+  auto& area = *new TextArea(&sheet_);
+  area.setPlainText("HHH");
+  const QImage picture = Picture(area, {look::Scaled(200), look::Scaled(60)});
+  EXPECT_NEAR(TextStart(picture), 14 * Factor(), 1.5);
+}
+
+INSTANTIATE_TEST_SUITE_P(OfFactor, Padding, testing::Values(1.0, 18.0 / 13, 24.0 / 13, 2.0),
+                         [](const auto& factor) {
+                           return std::to_string(static_cast<int>(factor.param * 100));
+                         });
+
+}  // namespace
+}  // namespace desktop
