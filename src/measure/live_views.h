@@ -29,7 +29,7 @@ class LiveViews : private packetroutines::BlockConsumers, private config::NameUs
                  events,
                  numbers},
         Values(main, main, main, main, context_),
-        Scope(main, main, main, context_),
+        Scope(main, main, main, main, context_),
         Diagram(main, acquisition.State, config.Present, numbers),
         Phases(main, main, Diagram, acquisition.State, context_) {
     acquisition.Upper.Views = *this;

@@ -27,8 +27,13 @@ void ScaleNow(const CWGraph& graph) {
 }  // namespace
 
 ScopeView::ScopeView(forms::WaveformsControls& scope, forms::SharedControls& shared,
-                     forms::RecorderControls& recorder, const ViewContext& context)
-    : scope_(scope), shared_(shared), recorder_(recorder), context_(context) {
+                     forms::RecorderControls& recorder, const forms::SetupControls& units,
+                     const ViewContext& context)
+    : scope_(scope),
+      shared_(shared),
+      recorder_(recorder),
+      context_(context),
+      reading_(scope, units, context) {
   scope_.CWButton1.ValueChanged = [this] { CWButton1_ValueChanged(); };
   for (std::size_t i = 0; i < scope_.Check2.size(); ++i) {
     scope_.Check2[i].Click = [this, i] { Check2_Click(i); };
@@ -57,9 +62,17 @@ void ScopeView::Load() {
     scope_.Check2[i].ForeColor = plot.LineColor.Get();
   }
   scope_.CWGraph1.ScreenLook = true;
+  FollowFrequency();
+}
+
+void ScopeView::FollowFrequency() {
+  const double seconds = platform::SecondsPerSample(context_.Settings.BaseFrequency);
+  if (scope_.CWGraph1.SecondsPerPoint != seconds) scope_.CWGraph1.SecondsPerPoint = seconds;
 }
 
 void ScopeView::Show(const platform::Routine&) {
+  // It may have been set on the Setup view meanwhile.
+  FollowFrequency();
   scope_.CWGraph1.Visible = true;
   scope_.Frame1.Visible = true;
   shared_.Picture1[forms::logo::Waveforms].Visible = true;
@@ -93,6 +106,7 @@ void ScopeView::PlotBlock(std::string_view mode) {
     if (plot.Visible != shown) plot.Visible = shown;
     plot.Y = std::move(x);
   }
+  reading_.Plotted();
   if (mode == "Auto") ScaleNow(scope_.CWGraph1);
   context_.Events.Pump();
   scope_.CWGraph1.Refresh();

@@ -7,6 +7,7 @@
 #include "forms/recorder_controls.h"
 #include "forms/shared_controls.h"
 #include "forms/waveforms_controls.h"
+#include "measure/scope_reading.h"
 #include "measure/view_context.h"
 #include "platform/analysis.h"
 
@@ -16,8 +17,10 @@ namespace subroutines {
 /// autoscaling, and the mouse behaviour of the recorder's graph.
 class ScopeView : public packetroutines::View {
  public:
+  /// `units` are the lists of units of the Setup view.
   ScopeView(forms::WaveformsControls& scope, forms::SharedControls& shared,
-            forms::RecorderControls& recorder, const ViewContext& context);
+            forms::RecorderControls& recorder, const forms::SetupControls& units,
+            const ViewContext& context);
 
   std::int16_t Tab() const override { return forms::tab::Waveforms; }
 
@@ -33,6 +36,7 @@ class ScopeView : public packetroutines::View {
   void PlotBlock(std::string_view mode);
 
  private:
+  void FollowFrequency();
   /// The block as it is while the view runs, else the last one that was complete.
   const platform::BlockMatrix& BlockToPlot() const;
   void CWButton1_ValueChanged();
@@ -47,6 +51,7 @@ class ScopeView : public packetroutines::View {
   /// The recorder's graph is of the same family.
   forms::RecorderControls& recorder_;
   ViewContext context_;
+  ScopeReading reading_;
   platform::CWArray array_;
   /// Curves are shown as sample markers instead of lines.
   bool samplesShown_ = false;

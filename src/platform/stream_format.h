@@ -31,6 +31,10 @@ constexpr bool IsNeutral(std::size_t channel) {
 /// Samples a period of the mains, and a second at 50 Hz.
 inline constexpr std::int32_t SamplesAPeriod = 80;
 inline constexpr std::int32_t SamplesASecond = 4000;
+/// From one sample to the next at a frequency of the mains in Hz; 0 where there is none.
+constexpr double SecondsPerSample(double frequency) {
+  return frequency > 0 ? 1 / (SamplesAPeriod * frequency) : 0;
+}
 inline constexpr std::chrono::nanoseconds SampleTime =
     std::chrono::nanoseconds(std::chrono::seconds(1)) / SamplesASecond;
 

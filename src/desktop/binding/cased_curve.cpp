@@ -11,9 +11,10 @@ void CasedCurve::SetGround(const QColor& ground) {
   ShowScatter();
 }
 
-void CasedCurve::ShowMarkers(const QColor& colour, double size) {
+void CasedCurve::ShowMarkers(const QColor& colour, double size, double strokes) {
   marker_ = colour;
   markerSize_ = size;
+  markerEdge_ = look::CasingWidth * strokes;
   ShowScatter();
 }
 
@@ -28,22 +29,23 @@ void CasedCurve::ShowScatter() {
     return;
   }
   const QColor edge = look::CasingOf(marker_, ground_).value_or(marker_);
-  setScatterStyle(QCPScatterStyle(QCPScatterStyle::ssCircle, QPen(edge, look::CasingWidth), marker_,
-                                  markerSize_));
+  setScatterStyle(
+      QCPScatterStyle(QCPScatterStyle::ssCircle, QPen(edge, markerEdge_), marker_, markerSize_));
 }
 
 void CasedCurve::draw(QCPPainter* painter) {
   const QPen line = pen();
   const std::optional<QColor> edge = look::CasingOf(line.color(), ground_);
   if (edge) {
-    // The edge first, as a wider curve without markers.
+    // The edge first, as a curve without markers, and within the stroke that every curve has.
     setScatterStyle(QCPScatterStyle::ssNone);
-    setPen(QPen(*edge, line.widthF() + 2 * look::CasingWidth));
+    setPen(QPen(*edge, line.widthF()));
     QCPGraph::draw(painter);
-    setPen(line);
+    setPen(QPen(line.color(), line.widthF() * look::CorePart));
   }
   ShowScatter();
   QCPGraph::draw(painter);
+  setPen(line);
 }
 
 }  // namespace desktop

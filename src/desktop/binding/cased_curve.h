@@ -4,8 +4,8 @@
 
 namespace desktop {
 
-/// A curve that stands out from its ground in any colour: where its own does not, it is drawn on a
-/// thin edge, and so are its markers.
+/// A curve that stands out from its ground in any colour: where its own does not, it has a thin
+/// edge within the width of its line, and so have its markers. No curve looks heavier than another.
 class CasedCurve : public QCPGraph {
   Q_OBJECT
 
@@ -14,8 +14,9 @@ class CasedCurve : public QCPGraph {
 
   /// What the curve lies on.
   void SetGround(const QColor& ground);
-  /// Discs of this colour, `size` pixels wide, at every point.
-  void ShowMarkers(const QColor& colour, double size);
+  /// Discs of this colour, `size` pixels wide, at every point; `strokes` is what a pixel of a line
+  /// counts.
+  void ShowMarkers(const QColor& colour, double size, double strokes);
   void HideMarkers();
 
  protected:
@@ -27,6 +28,7 @@ class CasedCurve : public QCPGraph {
   QColor ground_;
   QColor marker_;
   double markerSize_ = 0;
+  double markerEdge_ = 0;
 };
 
 }  // namespace desktop

@@ -5,7 +5,9 @@
 #include <algorithm>
 
 #include "base/raised.h"
-#include "desktop/binding/seconds_ticker.h"
+#include "desktop/binding/axis_look.h"
+#include "desktop/binding/graph_cursor.h"
+#include "desktop/binding/time_ticker.h"
 #include "desktop/look/look.h"
 #include "desktop/look/picture.h"
 #include "desktop/look/text.h"
@@ -18,12 +20,11 @@ namespace {
 // on an edge; the darkest tone decides.
 const QColor PaperLight(255, 255, 255);
 const QColor PaperDark(238, 244, 251);
-const QColor GridColour(16, 37, 61, 38);
-const QColor ZeroColour(16, 37, 61, 110);
 constexpr std::int16_t NoLine = 0;
 constexpr std::int16_t NoPoints = 0;
 /// In pixels of the smallest window, as the axes' distances are.
 constexpr double MarkerSize = 5;
+constexpr double FocusWidth = 1.5;
 /// What is left free above and below the curves, as a share of their height.
 constexpr double Headroom = 0.05;
 constexpr double InitialSamples = 399;
@@ -53,12 +54,13 @@ GraphView::GraphView(platform::CWGraph& graph, platform::Guard& guard, QWidget* 
     : QCustomPlot(parent), graph_(graph), guard_(guard) {
   setBackground(QBrush(look::Page));
   setPlottingHint(QCP::phFastPolylines);
+  // Margins are measured on the labels that were painted last, where labels are kept: those of
+  // another size of the window, or of the screen while it is printed.
+  setPlottingHint(QCP::phCacheLabels, false);
   xAxis->setRange(0, InitialSamples);
   yAxis->setRange(-1, 1);
-  for (QCPAxis* axis : {xAxis, yAxis}) {
-    axis->grid()->setPen(QPen(GridColour, 1));
-    axis->grid()->setZeroLinePen(QPen(ZeroColour, 1));
-  }
+  // The lines of the second scale stand where the time is whole.
+  xAxis2->grid()->setVisible(true);
   axisRect()->setRangeDrag(Qt::Horizontal | Qt::Vertical);
   axisRect()->setRangeZoom(Qt::Horizontal | Qt::Vertical);
   for (CasedCurve*& curve : curves_) curve = new CasedCurve(xAxis, yAxis);
@@ -70,11 +72,22 @@ GraphView::GraphView(platform::CWGraph& graph, platform::Guard& guard, QWidget* 
   TakeMouse();
   ShowAll();
   TakeScale();
+  if (graph_.ReadPoint) new GraphCursor(*this, graph_, guard_);
 }
 
 void GraphView::resizeEvent(QResizeEvent* event) {
   // A page that was not laid out yet leaves no room, and nothing can be painted on nothing.
   if (!event->size().isEmpty()) QCustomPlot::resizeEvent(event);
+}
+
+void GraphView::paintEvent(QPaintEvent* event) {
+  QCustomPlot::paintEvent(event);
+  if (!hasFocus()) return;
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const double width = FocusWidth * look::Scale();
+  painter.setPen(QPen(look::Accent, width));
+  painter.drawRect(QRectF(rect()).adjusted(width / 2, width / 2, -width / 2, -width / 2));
 }
 
 void GraphView::FollowPlots() {
@@ -119,7 +132,7 @@ void GraphView::FollowAxis(platform::Axis& axis, QCPAxis& shown) {
 }
 
 void GraphView::FollowTime() {
-  xAxis2->setTicker(QSharedPointer<SecondsTicker>::create());
+  xAxis2->setTicker(QSharedPointer<TimeTicker>::create());
   const auto follow = [this] {
     const double seconds = graph_.SecondsPerPoint;
     xAxis2->setVisible(seconds > 0);
@@ -128,11 +141,6 @@ void GraphView::FollowTime() {
   };
   graph_.SecondsPerPoint.Observe(follow);
   connect(xAxis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this, follow);
-  // What stands beside the numbers of the axis has their size.
-  connect(this, &QCustomPlot::beforeReplot, this, [this] {
-    xAxis->setLabelFont(xAxis->tickLabelFont());
-    xAxis2->setTickLabelFont(xAxis->tickLabelFont());
-  });
   follow();
 }
 
@@ -183,7 +191,7 @@ platform::Picture GraphView::DrawForPaper() {
   QFont texts = look::TextFont(look::TextSize);
   texts.setHintingPreference(QFont::PreferNoHinting);
   QPicture drawing;
-  Dress(texts, PaperStrokes);
+  Dress(texts, 1, PaperStrokes);
   {
     QCPPainter painter(&drawing);
     for (const auto mode :
@@ -192,13 +200,17 @@ platform::Picture GraphView::DrawForPaper() {
     }
     toPainter(&painter, paper.width(), paper.height());
   }
-  Dress(QApplication::font(), look::Scale());
+  DressForScreen();
   return PictureOf(drawing, paper);
 }
 
-void GraphView::Dress(const QFont& texts, double strokes) {
-  for (QCPAxis* axis : {xAxis, yAxis}) axis->setTickLabelFont(texts);
+void GraphView::Dress(const QFont& texts, double lengths, double strokes) {
+  for (QCPAxis* axis : {xAxis, xAxis2, yAxis}) DressAxis(*axis, {texts, lengths, strokes});
   for (std::size_t i = 0; i < curves_.size(); ++i) ShowStyle(i, strokes);
+}
+
+void GraphView::DressForScreen() {
+  Dress(QApplication::font(), look::Scale(), look::Scale());
 }
 
 void GraphView::DrawSoon() {
@@ -262,12 +274,12 @@ void GraphView::ShowStyle(std::size_t plot, double strokes) {
   if (state.PointStyle == NoPoints) {
     curve.HideMarkers();
   } else {
-    curve.ShowMarkers(look::ColourOf(state.PointColor), MarkerSize * strokes);
+    curve.ShowMarkers(look::ColourOf(state.PointColor), MarkerSize * strokes, strokes);
   }
 }
 
 void GraphView::TakeScale() {
-  Dress(QApplication::font(), look::Scale());
+  DressForScreen();
   DrawSoon();
 }
 

@@ -24,6 +24,7 @@ class GraphView : public QCustomPlot, public look::Scalable {
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
 
  private:
   void FollowPlots();
@@ -38,8 +39,10 @@ class GraphView : public QCustomPlot, public look::Scalable {
   void ShowTrackMode();
   void ShowBackground();
   void TellRange(platform::Axis& control, const QCPAxis& axis);
-  /// Gives texts, curves and markers their sizes; `strokes` is what a pixel of a line counts.
-  void Dress(const QFont& texts, double strokes);
+  /// Gives texts, axes, curves and markers their sizes; `lengths` is what a pixel of the design
+  /// counts, `strokes` what a pixel of a line does.
+  void Dress(const QFont& texts, double lengths, double strokes);
+  void DressForScreen();
   platform::Picture Draw();
   platform::Picture DrawForPaper();
   void ScaleX();

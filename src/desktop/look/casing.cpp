@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
-#include "desktop/look/look.h"
-
 namespace desktop::look {
 
 namespace {
+
+// Black, since half of a pixel is all that an edge has in the smallest window.
+const QColor DarkEdge(Qt::black);
+const QColor LightEdge(Qt::white);
 
 /// Relative luminance in the sRGB colour space.
 double Luminance(const QColor& colour) {
@@ -28,7 +30,7 @@ double Contrast(const QColor& one, const QColor& other) {
 
 std::optional<QColor> CasingOf(const QColor& colour, const QColor& ground) {
   if (Contrast(colour, ground) >= LeastContrast) return std::nullopt;
-  return Contrast(Ink, colour) > Contrast(Card, colour) ? Ink : Card;
+  return Contrast(DarkEdge, colour) > Contrast(LightEdge, colour) ? DarkEdge : LightEdge;
 }
 
 }  // namespace desktop::look

@@ -16,7 +16,9 @@ double Contrast(const QColor& one, const QColor& other);
 /// ground, and the colour from its edge. Nothing where the colour needs none.
 std::optional<QColor> CasingOf(const QColor& colour, const QColor& ground);
 
-/// How far the edge reaches out at each side of a line, in pixels.
+/// How wide the edge of a marker or a vector is at each side, in pixels of the smallest window.
 inline constexpr double CasingWidth = 1.1;
+/// What a curve with an edge keeps for its own colour of the width that all curves have.
+inline constexpr double CorePart = 0.5;
 
 }  // namespace desktop::look

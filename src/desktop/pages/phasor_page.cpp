@@ -9,6 +9,7 @@
 #include "desktop/look/text.h"
 #include "desktop/look/twips.h"
 #include "desktop/widgets/logo_view.h"
+#include "platform/stream_format.h"
 
 namespace desktop {
 
@@ -19,6 +20,8 @@ constexpr int Gap = 14;
 constexpr int HeadingTop = 8;
 constexpr int ScalesPadding = 12;
 constexpr int ScalesGap = 5;
+constexpr int ScalesMargin = 5;
+constexpr int LargestScales = 226;
 
 }  // namespace
 
@@ -86,12 +89,21 @@ void PhasorPage::Follow() {
   parts_.Phasor.Frame3.BackColor.Observe(colours);
   ShowColours();
   parts_.Form.Window.Layouts.Observe([this] { Lay(); });
+  FollowUnits();
+}
+
+void PhasorPage::FollowUnits() {
   auto& names = parts_.Values.Label6;
   for (std::size_t i = 0; i < names.size(); ++i) {
-    const auto describe = [this, i, &names] {
-      table_->DescribeMagnitude(static_cast<int>(i) + 1, ToQt(names[i].Caption));
+    platform::ComboBox& units =
+        parts_.Setup.Combo4[platform::channels::IsCurrent(i) ? forms::unit_list::Current
+                                                             : forms::unit_list::Voltage];
+    const auto describe = [this, i, &names, &units] {
+      table_->DescribeMagnitude(static_cast<int>(i) + 1, ToQt(names[i].Caption),
+                                ToQt(units.Text()));
     };
     names[i].Caption.Observe(describe);
+    units.ListIndex.Observe(describe);
     describe();
   }
 }
@@ -119,7 +131,7 @@ void PhasorPage::Lay() {
   const QSize frame(twips::Pixels(parts_.Phasor.Frame2.Width),
                     twips::Pixels(parts_.Phasor.Frame2.Height));
   frame_->setGeometry(
-      QRect(QPoint((width() - frame.width()) / 2, std::max(Gap, (height() - frame.height()) / 3)),
+      QRect(QPoint((width() - frame.width()) / 2, std::max(gap, (height() - frame.height()) / 3)),
             frame));
   const platform::Control& diagram = parts_.Phasor.phasordiagram;
   const QPoint corner(twips::Pixels(diagram.Left), twips::Pixels(diagram.Top));
@@ -135,28 +147,28 @@ void PhasorPage::Lay() {
   heading_->move(corner.x(), look::Scaled(HeadingTop));
   picture_->Place(corner, side);
 
-  const int free = corner.x() + side + gap;
-  table_->Lay(QPoint(free, corner.y()), frame.width() - free - gap);
-  // What a large window leaves free stands at both sides of the table.
-  const int tableLeft = free + (frame.width() - free - gap - table_->width()) / 2;
-  table_->move(tableLeft, corner.y());
-  // Below the table, clear of the scale line that may reach under it.
-  LayBelow(
-      std::max(free + PicturePad::RightMargin(side), tableLeft) - look::Scaled(RunIndicator::Reach),
-      table_->geometry().bottom() + gap, frame.width() - gap);
+  // Table and controls fill the other half, clear of the scale line that may reach out of the
+  // picture. Its right margin is that of the picture at the left, where the columns leave it.
+  const int left = corner.x() + side + std::max(gap, PicturePad::RightMargin(side));
+  const int right = std::max(frame.width() - corner.x(),
+                             std::min(left + table_->NeededWidth(), frame.width() - gap));
+  const int below = std::max(run_->sizeHint().height(), scalesFrame_->sizeHint().height());
+  table_->Lay(QRect(left, corner.y(), right - left, side - gap - below));
+  LayBelow(left, table_->geometry().bottom() + gap, right);
   // Below the frame, from under the table to the logo.
   const int quietTop = frame_->geometry().bottom() + gap / 2;
-  const int quietLeft = frame_->x() + tableLeft;
+  const int quietLeft = frame_->x() + left;
   const QRect logo = LogoView::PlaceOf(parts_.Shared.Picture1[forms::logo::Phasor], *this);
   quiet_->setGeometry(quietLeft, quietTop, logo.left() - gap - quietLeft, height() - quietTop);
 }
 
 void PhasorPage::LayBelow(int left, int top, int right) {
-  const QSize scales = scalesFrame_->sizeHint();
-  const QSize run = run_->sizeHint();
-  const int scalesLeft = std::min(left + run.width() + look::Scaled(Gap), right - scales.width());
-  run_->setGeometry(left, top, scalesLeft - left, run.height());
-  scalesFrame_->setGeometry(QRect(QPoint(scalesLeft, top), scales));
+  // The ring of the run button reaches out of the edges that the controls share with the table.
+  const int reach = look::Scaled(RunIndicator::Reach);
+  run_->setGeometry(left - reach, top - reach, run_->minimumWidth(), run_->sizeHint().height());
+  const int room = right - run_->geometry().right() - look::Scaled(ScalesMargin);
+  const int width = std::min(room, look::Scaled(LargestScales));
+  scalesFrame_->setGeometry(right - width, top, width, scalesFrame_->sizeHint().height());
 }
 
 }  // namespace desktop

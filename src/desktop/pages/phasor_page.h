@@ -13,6 +13,7 @@
 #include "desktop/widgets/run_column.h"
 #include "desktop/widgets/value_table.h"
 #include "forms/phasor_controls.h"
+#include "forms/setup_controls.h"
 #include "forms/shared_controls.h"
 #include "forms/values_controls.h"
 #include "forms/window_controls.h"
@@ -24,6 +25,8 @@ struct PhasorParts {
   forms::PhasorControls& Phasor;
   /// The table names the unit of each channel as the readings do.
   forms::ValuesControls& Values;
+  /// Its lists hold the units alone.
+  forms::SetupControls& Setup;
   forms::SharedControls& Shared;
   forms::WindowControls& Form;
 };
@@ -43,6 +46,7 @@ class PhasorPage : public QWidget {
   void BindControls(Binder& binder);
   void FillScales(Binder& binder);
   void Follow();
+  void FollowUnits();
   void Lay();
   void LayBelow(int left, int top, int right);
   void ShowColours();

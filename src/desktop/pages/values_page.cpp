@@ -14,15 +14,16 @@ namespace {
 // In pixels of the smallest window.
 constexpr int DcSize = 11;
 constexpr int CaptionGap = 5;
-constexpr int PanelLeft = 752;
 constexpr int PanelRight = 978;
+constexpr int PanelWidth = 226;
 constexpr int PanelGap = 12;
 constexpr int QualityHeight = 16;
 
 }  // namespace
 
 ValuesPage::ValuesPage(forms::ValuesControls& values, forms::SharedControls& shared,
-                       forms::WindowControls& form, Binder& binder, QWidget* parent)
+                       forms::SetupControls& setup, forms::WindowControls& form, Binder& binder,
+                       QWidget* parent)
     : QWidget(parent),
       values_(values),
       shared_(shared),
@@ -33,6 +34,7 @@ ValuesPage::ValuesPage(forms::ValuesControls& values, forms::SharedControls& sha
   BindReadings(binder);
   BindControls(binder);
   OrderTabs();
+  FollowDc(setup);
   form.Window.Layouts.Observe([this] { Lay(); });
   values_.LiveReading.Observe([this] { ShowLife(); });
 }
@@ -42,6 +44,19 @@ void ValuesPage::ShowLife() {
   const std::optional<std::size_t>& live = values_.LiveReading;
   for (std::size_t i = 0; i < Channels; ++i) {
     readings_[i]->SetLife(!live ? Life::Usual : *live == i ? Life::Live : Life::Resting);
+  }
+}
+
+void ValuesPage::FollowDc(forms::SetupControls& setup) {
+  for (std::size_t i = 0; i < Channels; ++i) {
+    platform::Label& dc = values_.Label12[i + forms::small_label::FirstDc];
+    const auto follow = [this, i, &setup, &dc] {
+      // A value that still stands keeps its room until the next block takes it away.
+      readings_[i]->SetRoomAbove(setup.Check4.Value != 0 || !dc.Caption.Get().empty());
+    };
+    setup.Check4.Value.Observe(follow);
+    dc.Caption.Observe(follow);
+    follow();
   }
 }
 
@@ -94,9 +109,8 @@ void ValuesPage::resizeEvent(QResizeEvent*) {
 
 void ValuesPage::Lay() {
   for (std::size_t i = 0; i < Channels; ++i) LayReading(i);
-  const double ratio = window()->width() / look::DesignWidth;
-  const int left = static_cast<int>(PanelLeft * ratio);
-  const int width = static_cast<int>(PanelRight * ratio) - left;
+  const int width = look::Scaled(PanelWidth);
+  const int left = static_cast<int>(PanelRight * window()->width() / look::DesignWidth) - width;
   panel_->setGeometry(left, readings_[0]->y(), width, panel_->sizeHint().height());
   const int below = panel_->geometry().bottom() + look::Scaled(PanelGap);
   const QRect logo = LogoView::PlaceOf(shared_.Picture1[forms::logo::Values], *this);

@@ -10,6 +10,7 @@
 #include "desktop/widgets/quiet_line.h"
 #include "desktop/widgets/reading_field.h"
 #include "desktop/widgets/run_column.h"
+#include "forms/setup_controls.h"
 #include "forms/shared_controls.h"
 #include "forms/values_controls.h"
 #include "forms/window_controls.h"
@@ -22,8 +23,10 @@ class ValuesPage : public QWidget {
   Q_OBJECT
 
  public:
+  /// `setup` tells whether DC values are shown.
   ValuesPage(forms::ValuesControls& values, forms::SharedControls& shared,
-             forms::WindowControls& form, Binder& binder, QWidget* parent);
+             forms::SetupControls& setup, forms::WindowControls& form, Binder& binder,
+             QWidget* parent);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -36,6 +39,7 @@ class ValuesPage : public QWidget {
   void BindControls(Binder& binder);
   void OrderTabs();
   void ShowLife();
+  void FollowDc(forms::SetupControls& setup);
   void Lay();
   void LayReading(std::size_t channel);
 

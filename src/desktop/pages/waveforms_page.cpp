@@ -72,6 +72,8 @@ void WaveformsPage::BindControls(Binder& binder) {
           *run_);
   run_->StationHeading().setText(ToQt(scope_.StationHeading.Caption));
   run_->AddRow(print_);
+  // What is used most comes first.
+  setTabOrder(print_, graph_);
 }
 
 void WaveformsPage::FillFrame() {

@@ -1,6 +1,7 @@
 #include "desktop/widgets/picture_pad.h"
 
 #include <QFontMetricsF>
+#include <QPainterPath>
 #include <QStringList>
 #include <algorithm>
 #include <optional>
@@ -22,6 +23,10 @@ constexpr int RightRoom = 4;
 constexpr int LowerRoom = 2;
 /// Width of what lies below a thin line of a colour that would vanish.
 constexpr double ThinEdge = 1.2;
+/// The side of the picture in the smallest window, in pixels.
+constexpr double DesignSide = 430;
+/// How far a halo reaches out round its text, as a part of the text's height.
+constexpr double HaloPart = 0.28;
 
 int TextSize(int side) {
   return static_cast<int>(std::clamp(side * TextShare, SmallestText, LargestText));
@@ -49,6 +54,8 @@ int PicturePad::RightMargin(int side) {
 
 void PicturePad::Place(QPoint topLeft, int side) {
   side_ = std::max(side, 1);
+  // The widths of lines follow the side.
+  stale_ = true;
   setGeometry(
       QRect(topLeft, QSize(side_ + RightMargin(side_), side_ + LowerRoom * TextSize(side_))));
 }
@@ -70,8 +77,12 @@ void PicturePad::TakeCalls() {
   }
 }
 
+double PicturePad::StrokeScale() const {
+  return std::max(1.0, side_ / DesignSide);
+}
+
 QPen PicturePad::PenOf(platform::Rgb colour) const {
-  QPen pen(look::ColourOf(colour), tools_.Width);
+  QPen pen(look::ColourOf(colour), tools_.Width * StrokeScale());
   pen.setCapStyle(Qt::RoundCap);
   // A pattern shows only in lines of one pixel.
   if (tools_.Width == 1 && tools_.Style != platform::draw_style::Solid) {
@@ -83,14 +94,15 @@ QPen PicturePad::PenOf(platform::Rgb colour) const {
 }
 
 void PicturePad::Take(const platform::draw_call::Line& line) {
-  shapes_.push_back(Stroke{line.From, line.To, PenOf(line.Colour.value_or(tools_.ForeColor))});
+  shapes_.push_back(
+      Stroke{line.From, line.To, PenOf(line.Colour.value_or(tools_.ForeColor)), tools_.Width > 1});
   position_ = line.To;
 }
 
 void PicturePad::Take(const platform::draw_call::Print& print) {
   const auto* last = shapes_.empty() ? nullptr : std::get_if<Stroke>(&shapes_.back());
   // The last barb of an arrow's head starts at its tip, where its name is printed.
-  const bool namesArrow = last != nullptr && IsArrow(*last) && last->From == position_;
+  const bool namesArrow = last != nullptr && last->Arrow && last->From == position_;
   shapes_.push_back(Text{position_, QString::fromStdString(print.Text),
                          look::ColourOf(tools_.ForeColor), namesArrow});
   const auto& [topLeft, bottomRight] = tools_.Scale;
@@ -134,19 +146,8 @@ void PicturePad::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   const std::vector<PlacedText> texts = PlaceTexts();
   painter.setClipRect(QRectF(0, 0, side_, side_));
-  for (const auto& shape : shapes_) {
-    if (const auto* ring = std::get_if<Ring>(&shape)) Paint(painter, *ring);
-    const auto* stroke = std::get_if<Stroke>(&shape);
-    if (stroke == nullptr || IsArrow(*stroke)) continue;
-    if (look::CasingOf(stroke->Pen.color(), ground_)) {
-      painter.setPen(QPen(look::StrongEdge, ThinEdge));
-      painter.drawLine(At(stroke->From), At(stroke->To));
-    }
-    Paint(painter, *stroke);
-  }
-  painter.setClipping(false);
-  for (const PlacedText& text : texts) painter.fillRect(text.Box, ground_);
-  painter.setClipRect(QRectF(0, 0, side_, side_));
+  PaintBackground(painter);
+  PaintHalos(painter, texts);
   PaintArrows(painter);
   painter.setClipping(false);
   painter.setFont(TextFont());
@@ -156,17 +157,46 @@ void PicturePad::paintEvent(QPaintEvent*) {
   }
 }
 
+void PicturePad::PaintBackground(QPainter& painter) const {
+  for (const auto& shape : shapes_) {
+    if (const auto* ring = std::get_if<Ring>(&shape)) Paint(painter, *ring);
+    const auto* stroke = std::get_if<Stroke>(&shape);
+    if (stroke == nullptr || stroke->Arrow) continue;
+    if (look::CasingOf(stroke->Pen.color(), ground_)) {
+      painter.setPen(QPen(look::StrongEdge, ThinEdge * StrokeScale()));
+      painter.drawLine(At(stroke->From), At(stroke->To));
+    }
+    Paint(painter, *stroke);
+  }
+}
+
+void PicturePad::PaintHalos(QPainter& painter, const std::vector<PlacedText>& texts) const {
+  const QFont font = TextFont();
+  const QFontMetricsF metrics(font);
+  for (const PlacedText& text : texts) {
+    QPainterPath letters;
+    letters.addText(text.Box.left(), text.Box.top() + metrics.ascent(), font, text.Source->Words);
+    painter.strokePath(letters, QPen(ground_, 2 * HaloPart * font.pixelSize(), Qt::SolidLine,
+                                     Qt::RoundCap, Qt::RoundJoin));
+  }
+  for (const auto& shape : shapes_) {
+    const auto* ring = std::get_if<Ring>(&shape);
+    if (ring != nullptr && ring->Pen.style() == Qt::SolidLine) Paint(painter, *ring);
+  }
+}
+
 void PicturePad::PaintArrows(QPainter& painter) const {
   // An arrow is drawn in several strokes; the edge of one must not lie on another of them.
   std::vector<const Stroke*> arrow;
   const auto paint = [&] {
-    for (const Stroke* stroke : arrow) PaintEdge(painter, *stroke, 2 * look::CasingWidth);
+    for (const Stroke* stroke : arrow)
+      PaintEdge(painter, *stroke, 2 * look::CasingWidth * StrokeScale());
     for (const Stroke* stroke : arrow) Paint(painter, *stroke);
     arrow.clear();
   };
   for (const auto& shape : shapes_) {
     const auto* stroke = std::get_if<Stroke>(&shape);
-    if (stroke == nullptr || !IsArrow(*stroke)) continue;
+    if (stroke == nullptr || !stroke->Arrow) continue;
     if (!arrow.empty() && arrow.front()->Pen.color() != stroke->Pen.color()) paint();
     arrow.push_back(stroke);
   }

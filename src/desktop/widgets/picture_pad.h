@@ -13,8 +13,8 @@
 namespace desktop {
 
 /// Shows a picture that is drawn call by call. It paints the calls at the screen's own resolution,
-/// so that it is crisp at every size; lines end at the edge of the picture, texts may reach into
-/// the margin.
+/// so that it is crisp at every size, with lines that grow with it; lines end at the edge of the
+/// picture, texts may reach into the margin.
 class PicturePad : public QWidget {
   Q_OBJECT
 
@@ -28,7 +28,7 @@ class PicturePad : public QWidget {
   /// Room for texts to the right of a picture of this side, in pixels.
   static int RightMargin(int side);
 
-  /// What the picture lies on; texts are cleared of lines with it.
+  /// What the picture lies on; texts have a halo of it.
   void SetGround(const QColor& ground);
 
   /// The texts that the picture shows, in the order of their drawing.
@@ -46,6 +46,8 @@ class PicturePad : public QWidget {
     platform::Point From;
     platform::Point To;
     QPen Pen;
+    /// Thicker than the lines of the background.
+    bool Arrow = false;
   };
   struct Ring {
     platform::Point Centre;
@@ -71,17 +73,33 @@ class PicturePad : public QWidget {
   QPen PenOf(platform::Rgb colour) const;
   QPointF At(platform::Point point) const;
   QFont TextFont() const;
-  static bool IsArrow(const Stroke& stroke) { return stroke.Pen.width() > 1; }
+  /// What a pixel of a line counts: lines grow with the picture.
+  double StrokeScale() const;
+  void PaintBackground(QPainter& painter) const;
+  /// Clears the lines of the background round the texts, and closes the outer circle over that.
+  void PaintHalos(QPainter& painter, const std::vector<PlacedText>& texts) const;
   void PaintArrows(QPainter& painter) const;
   /// Where the colour of a stroke would vanish.
   void PaintEdge(QPainter& painter, const Stroke& stroke, double width) const;
   void Paint(QPainter& painter, const Stroke& stroke) const;
   void Paint(QPainter& painter, const Ring& ring) const;
-  /// Where each text stands: at its place, but clear of the outer circle below it, of arrows and of
-  /// other texts.
+  /// The outer circle in pixels; a radius of 0 where there is none.
+  struct Rim {
+    QPointF Centre;
+    double Radius = 0;
+  };
+  Rim OuterRim() const;
+  /// A text that starts beyond the outer circle.
+  bool IsBeyond(const Text& text, const Rim& rim) const;
+  /// Where each text stands: at its place, but clear of the outer circle, of arrows and of other
+  /// texts.
   std::vector<PlacedText> PlaceTexts() const;
+  void PlaceBesideArrows(std::vector<PlacedText>& placed) const;
+  /// Texts of one height below the circle stay on one height.
+  void LevelTexts(std::vector<PlacedText>& placed, const Rim& rim) const;
   QRectF BoxOf(const Text& text) const;
-  QRectF BelowOuterRing(const Text& text, QRectF box) const;
+  QRectF BelowRim(const Rim& rim, QRectF box) const;
+  QRectF WithinRim(const Text& text, const Rim& rim, QRectF box) const;
   QRectF ClearOfArrows(const Text& text, const std::vector<PlacedText>& placed) const;
   bool IsFree(const QRectF& box, const std::vector<PlacedText>& placed) const;
 

@@ -13,8 +13,10 @@ namespace desktop {
 
 namespace {
 
-/// What is kept free around a text, in pixels.
+/// What is kept free around a text, in pixels of the smallest window.
 constexpr double Clearance = 2;
+/// A text that starts on the outer circle, by so many pixels, is meant to stand within.
+constexpr double OnTheRim = 1;
 /// Steps of a search for a free place, as parts of the height of a text, and how far it goes.
 constexpr double Step = 0.25;
 constexpr double Farthest = 5;
@@ -40,34 +42,61 @@ QRectF PicturePad::BoxOf(const Text& text) const {
   return {At(text.Place), QSizeF(metrics.horizontalAdvance(text.Words), metrics.height())};
 }
 
-QRectF PicturePad::BelowOuterRing(const Text& text, QRectF box) const {
+PicturePad::Rim PicturePad::OuterRim() const {
   const Ring* outer = nullptr;
   for (const auto& shape : shapes_) {
     const auto* ring = std::get_if<Ring>(&shape);
     if (ring != nullptr && (outer == nullptr || ring->Radius > outer->Radius)) outer = ring;
   }
-  if (outer == nullptr) return box;
+  if (outer == nullptr) return {};
   const QPointF centre = At(outer->Centre);
-  const QPointF rim = At({outer->Centre.X + outer->Radius, outer->Centre.Y});
-  const double radius = rim.x() - centre.x();
-  // A text that starts within the circle is meant to stand there.
-  if (QLineF(centre, At(text.Place)).length() <= radius) return box;
-  const double nearest = std::clamp(centre.x(), box.left(), box.right()) - centre.x();
-  if (std::abs(nearest) >= radius) return box;
-  const double lowest = centre.y() + std::sqrt(radius * radius - nearest * nearest);
+  return {centre, At({outer->Centre.X + outer->Radius, outer->Centre.Y}).x() - centre.x()};
+}
+
+bool PicturePad::IsBeyond(const Text& text, const Rim& rim) const {
+  return rim.Radius > 0 && QLineF(rim.Centre, At(text.Place)).length() > rim.Radius + OnTheRim;
+}
+
+QRectF PicturePad::BelowRim(const Rim& rim, QRectF box) const {
+  const double nearest = std::clamp(rim.Centre.x(), box.left(), box.right()) - rim.Centre.x();
+  if (std::abs(nearest) >= rim.Radius) return box;
+  const double lowest = rim.Centre.y() + std::sqrt(rim.Radius * rim.Radius - nearest * nearest);
   const double ascentRoom = box.height() - TextFont().pixelSize();
-  box.moveTop(std::max(box.top(), lowest + Clearance - ascentRoom / 2));
+  box.moveTop(std::max(box.top(), lowest + Clearance * StrokeScale() - ascentRoom / 2));
+  return box;
+}
+
+QRectF PicturePad::WithinRim(const Text& text, const Rim& rim, QRectF box) const {
+  if (rim.Radius <= 0) return box;
+  const QFontMetricsF metrics(TextFont());
+  const QRectF letters = metrics.tightBoundingRect(text.Words);
+  const QLineF inward(box.center(), rim.Centre);
+  const QPointF step =
+      inward.length() > 0 ? (inward.p2() - inward.p1()) / inward.length() : QPointF();
+  const double room = rim.Radius - Clearance * StrokeScale();
+  // The letters reach the centre before they have gone this far.
+  for (int moved = 0; moved < rim.Radius; ++moved) {
+    const QRectF ink = letters.translated(box.left(), box.top() + metrics.ascent());
+    const std::array<QPointF, 4> corners = {ink.topLeft(), ink.topRight(), ink.bottomLeft(),
+                                            ink.bottomRight()};
+    const bool within = std::all_of(corners.begin(), corners.end(), [&](const QPointF& corner) {
+      return QLineF(rim.Centre, corner).length() <= room;
+    });
+    if (within) break;
+    box.translate(step);
+  }
   return box;
 }
 
 bool PicturePad::IsFree(const QRectF& box, const std::vector<PlacedText>& placed) const {
-  const QRectF room = box.adjusted(-Clearance, 0, Clearance, 0);
+  const double clearance = Clearance * StrokeScale();
+  const QRectF room = box.adjusted(-clearance, 0, clearance, 0);
   for (const PlacedText& other : placed) {
     if (room.intersects(other.Box)) return false;
   }
   for (const auto& shape : shapes_) {
     const auto* stroke = std::get_if<Stroke>(&shape);
-    if (stroke == nullptr || !IsArrow(*stroke)) continue;
+    if (stroke == nullptr || !stroke->Arrow) continue;
     const double reach = stroke->Pen.widthF() / 2;
     const QRectF clear = room.adjusted(-reach, -reach, reach, reach);
     if (Meets(clear, QLineF(At(stroke->From), At(stroke->To)))) return false;
@@ -111,17 +140,35 @@ std::vector<QRectF> PicturePad::TextAreas() {
 }
 
 std::vector<PicturePad::PlacedText> PicturePad::PlaceTexts() const {
+  const Rim rim = OuterRim();
   std::vector<PlacedText> placed;
-  for (const bool arrows : {false, true}) {
-    for (const auto& shape : shapes_) {
-      const auto* text = std::get_if<Text>(&shape);
-      if (text == nullptr || text->NamesArrow != arrows) continue;
-      const QRectF box =
-          arrows ? ClearOfArrows(*text, placed) : BelowOuterRing(*text, BoxOf(*text));
-      placed.push_back({text, box});
+  for (const auto& shape : shapes_) {
+    const auto* text = std::get_if<Text>(&shape);
+    if (text == nullptr || text->NamesArrow) continue;
+    const QRectF box = BoxOf(*text);
+    placed.push_back(
+        {text, IsBeyond(*text, rim) ? BelowRim(rim, box) : WithinRim(*text, rim, box)});
+  }
+  LevelTexts(placed, rim);
+  PlaceBesideArrows(placed);
+  return placed;
+}
+
+void PicturePad::LevelTexts(std::vector<PlacedText>& placed, const Rim& rim) const {
+  for (PlacedText& text : placed) {
+    if (!IsBeyond(*text.Source, rim)) continue;
+    for (const PlacedText& other : placed) {
+      if (IsBeyond(*other.Source, rim) && other.Source->Place.Y == text.Source->Place.Y)
+        text.Box.moveTop(std::max(text.Box.top(), other.Box.top()));
     }
   }
-  return placed;
+}
+
+void PicturePad::PlaceBesideArrows(std::vector<PlacedText>& placed) const {
+  for (const auto& shape : shapes_) {
+    const auto* text = std::get_if<Text>(&shape);
+    if (text != nullptr && text->NamesArrow) placed.push_back({text, ClearOfArrows(*text, placed)});
+  }
 }
 
 }  // namespace desktop

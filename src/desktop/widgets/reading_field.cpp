@@ -19,9 +19,13 @@ namespace {
 
 /// In pixels of the smallest window.
 constexpr double BarWidth = 4;
+constexpr double BarLeft = 4;
+constexpr double BarInset = 7;
 /// Blank between the digits and the field's edges, as a part of the field's height.
 constexpr double SidePart = 0.2;
 constexpr double BottomPart = 0.15;
+/// What the small line takes, as a part of the field's height.
+constexpr double RoomPart = 0.22;
 constexpr double SmallestDigits = 9;
 
 }  // namespace
@@ -44,6 +48,12 @@ void ReadingField::SetText(const QString& text) {
 
 void ReadingField::SetDigitSize(double pixels) {
   digitSize_ = pixels;
+  update();
+}
+
+void ReadingField::SetRoomAbove(bool room) {
+  if (room == roomAbove_) return;
+  roomAbove_ = room;
   update();
 }
 
@@ -81,23 +91,34 @@ void ReadingField::paintEvent(QPaintEvent*) {
                                      : look::Edge,
                       strong ? 2 : 1.2));
   painter.setBrush(glass);
-  painter.drawRoundedRect(face, look::Painted(look::Corner), look::Painted(look::Corner));
-
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(live ? look::RunGreen : life_ == Life::Resting ? look::Edge : mark_);
-  const double inset = look::Corner + 3;
-  const double bar = BarWidth * look::Scale();
-  painter.drawRoundedRect(QRectF(face.left() + 4, face.top() + inset + face.height() * 0.22, bar,
-                                 face.height() * 0.78 - 2 * inset + 2),
-                          bar / 2, bar / 2);
-
+  const double corner = look::Painted(look::Corner);
+  painter.drawRoundedRect(face, corner, corner);
+  PaintBar(painter, face);
   painter.setFont(FittingFont());
   painter.setPen(life_ == Life::Resting ? look::DisabledText : look::Digits);
-  // Digits have no descent, so they stand on the baseline near the bottom and leave the top free.
-  const double baseline = height() * (1 - BottomPart);
   const double left =
       width() - SidePart * height() - QFontMetricsF(painter.font()).horizontalAdvance(text_);
-  painter.drawText(QPointF(left, baseline), text_);
+  painter.drawText(QPointF(left, Baseline(painter.font())), text_);
+}
+
+void ReadingField::PaintBar(QPainter& painter, const QRectF& face) const {
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(life_ == Life::Live      ? look::RunGreen
+                   : life_ == Life::Resting ? look::Edge
+                                            : mark_);
+  const double inset = BarInset * look::Scale();
+  const double top = face.top() + inset + (roomAbove_ ? face.height() * RoomPart : 0);
+  const double bar = BarWidth * look::Scale();
+  painter.drawRoundedRect(
+      QRectF(face.left() + BarLeft * look::Scale(), top, bar, face.bottom() - inset - top), bar / 2,
+      bar / 2);
+}
+
+double ReadingField::Baseline(const QFont& digits) const {
+  // Digits have no descent: they stand near the bottom and leave the top free.
+  if (roomAbove_) return height() * (1 - BottomPart);
+  const QRectF ink = QFontMetricsF(digits).tightBoundingRect(QStringLiteral("0"));
+  return (height() - ink.height()) / 2 - ink.top();
 }
 
 void ReadingField::mousePressEvent(QMouseEvent* event) {

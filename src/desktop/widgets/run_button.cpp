@@ -11,8 +11,8 @@ namespace desktop {
 
 namespace {
 
-/// One size on all views, in pixels of the smallest window.
-constexpr QSize Size(168, 64);
+/// In pixels of the smallest window; the width is that of the column which the button stands in.
+constexpr int Height = 64;
 /// Word, sign and the gap between them as parts of the button's height.
 constexpr double WordPart = 0.32;
 constexpr double SignPart = 0.34;
@@ -24,7 +24,8 @@ RunButton::RunButton(QWidget* parent) : QAbstractButton(parent) {
   setCursor(Qt::PointingHandCursor);
   setAttribute(Qt::WA_Hover);
   setFocusPolicy(Qt::StrongFocus);
-  setFixedSize(Size);
+  setFixedHeight(Height);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
 void RunButton::SetColour(const QColor& colour) {

@@ -20,8 +20,9 @@ RunColumn::RunColumn(QWidget* parent)
   constexpr int Room = RunIndicator::Reach;
   rows_->setContentsMargins(Room, Room, Room, 0);
   rows_->setSpacing(RowGap);
+  setFixedWidth(RowWidth + 2 * Room);
   KeepRoom(*button_);
-  rows_->addWidget(button_, 0, Qt::AlignLeft);
+  rows_->addWidget(button_);
 }
 
 void RunColumn::AddGroup(QLabel* heading, std::initializer_list<QWidget*> rows) {

@@ -12,14 +12,17 @@
 namespace desktop {
 
 /// What controls a view, one below the other and alike on all of them: the run button with its ring
-/// of light, what the view adds, and the choice of the station.
+/// of light, what the view adds, and the choice of the station. It has one width on all views, and
+/// its rows have one left and one right edge.
 class RunColumn : public QWidget {
   Q_OBJECT
 
  public:
   static constexpr std::size_t Stations = 2;
-  /// In pixels of the smallest window.
+  // In pixels of the smallest window.
   static constexpr int GroupGap = 10;
+  /// The width of the rows, without the ring that reaches out round the button.
+  static constexpr int RowWidth = 176;
 
   explicit RunColumn(QWidget* parent);
 

@@ -13,6 +13,7 @@ namespace {
 constexpr int SwatchWidth = 22;
 constexpr int SwatchHeight = 4;
 constexpr int SwatchGap = 8;
+constexpr int SwatchEdge = 1;
 
 }  // namespace
 
@@ -24,8 +25,10 @@ QRect PaintSwatch(QPainter& painter, const QRect& row, const QColor& colour, con
   const int thick = look::Scaled(SwatchHeight);
   const QRect swatch(row.left(), row.center().y() - thick / 2, look::Scaled(SwatchWidth), thick);
   const std::optional<QColor> casing = look::CasingOf(colour, ground);
-  if (casing) painter.fillRect(swatch.adjusted(-1, -1, 1, 1), *casing);
-  painter.fillRect(swatch, colour);
+  // All of one size: an edge is a part of its swatch, as it is one of its curve.
+  painter.fillRect(swatch, casing.value_or(colour));
+  const int edge = casing ? look::Scaled(SwatchEdge) : 0;
+  painter.fillRect(swatch.adjusted(edge, edge, -edge, -edge), colour);
   return row.adjusted(SwatchRoom(), 0, 0, 0);
 }
 

@@ -23,8 +23,17 @@ constexpr int AngleColumn = 2;
 constexpr const char* LongMagnitude = "63,509,000.0000";
 constexpr const char* LongAngle = "-179.999";
 // In pixels of the smallest window.
-constexpr int CellPadding = 8;
+constexpr int CellPadding = 6;
+constexpr int UnitGap = 4;
 constexpr int RowHeight = 29;
+/// What is painted behind the text of a cell.
+constexpr int UnitRole = Qt::UserRole;
+/// The widest of the units.
+constexpr const char* WidestUnit = "mA";
+
+int UnitRoom(const QFontMetrics& metrics) {
+  return metrics.horizontalAdvance(QString::fromLatin1(WidestUnit)) + look::Scaled(UnitGap);
+}
 
 /// Keeps the texts clear of the lines of the grid.
 class CellDelegate : public QStyledItemDelegate {
@@ -35,8 +44,17 @@ class CellDelegate : public QStyledItemDelegate {
              const QModelIndex& index) const override {
     painter->fillRect(option.rect, index.data(Qt::BackgroundRole).value<QBrush>());
     const int padding = look::Scaled(CellPadding);
-    const QRect room = option.rect.adjusted(padding, 0, -padding, 0);
+    QRect room = option.rect.adjusted(padding, 0, -padding, 0);
     painter->setFont(option.font);
+    const QString unit = index.data(UnitRole).toString();
+    if (!unit.isEmpty()) {
+      QRect behind = room;
+      behind.setLeft(room.right() + 1 - UnitRoom(option.fontMetrics) + look::Scaled(UnitGap));
+      painter->setPen(look::QuietText);
+      painter->drawText(behind, Qt::AlignLeft | Qt::AlignVCenter, unit);
+      // The numbers of a column end together, whatever their units are.
+      room.setRight(room.right() - UnitRoom(option.fontMetrics));
+    }
     painter->setPen(index.data(Qt::ForegroundRole).value<QBrush>().color());
     painter->drawText(
         room, index.data(Qt::TextAlignmentRole).toInt(),
@@ -73,6 +91,9 @@ ValueTable::ValueTable(platform::Grid<Rows, Columns>& grid, QWidget* parent)
     }
     for (int column = 0; column < Columns; ++column) ShowCell(row, column);
   }
+  item(0, MagnitudeColumn)->setToolTip(QStringLiteral("RMS value, in the unit behind it"));
+  item(0, AngleColumn)
+      ->setToolTip(QStringLiteral("degrees; what leads voltage A has a positive angle"));
 }
 
 void ValueTable::SetGround(const QColor& ground) {
@@ -81,8 +102,9 @@ void ValueTable::SetGround(const QColor& ground) {
   }
 }
 
-void ValueTable::DescribeMagnitude(int row, const QString& channel) {
+void ValueTable::DescribeMagnitude(int row, const QString& channel, const QString& unit) {
   item(row, MagnitudeColumn)->setData(Qt::AccessibleDescriptionRole, channel);
+  item(row, MagnitudeColumn)->setData(UnitRole, unit);
 }
 
 void ValueTable::ShowCell(int row, int column) {
@@ -98,29 +120,48 @@ int ValueTable::GridWidth(int column) const {
   return look::Scaled(twips::Pixels(grid_.ColumnWidth[static_cast<std::size_t>(column)]));
 }
 
-int ValueTable::TextWidth(int column, const QString& least) const {
-  int width = fontMetrics().horizontalAdvance(least);
+int ValueTable::TextWidth(int column) const {
+  int width = 0;
   for (int row = 0; row < Rows; ++row) {
     width = std::max(width, fontMetrics().horizontalAdvance(item(row, column)->text()));
   }
-  // The line of the grid takes a pixel of the cell.
-  return width + 2 * look::Scaled(CellPadding) + 2;
+  return width;
 }
 
-void ValueTable::Lay(QPoint corner, int room) {
-  const int frame = 2 * frameWidth();
-  const int magnitude = std::max(GridWidth(MagnitudeColumn),
-                                 TextWidth(MagnitudeColumn, QString::fromLatin1(LongMagnitude)));
-  const int angle =
-      std::max(GridWidth(AngleColumn), TextWidth(AngleColumn, QString::fromLatin1(LongAngle)));
-  const int name = std::min({GridWidth(ChannelColumn), TextWidth(ChannelColumn, QString()),
-                             room - frame - magnitude - angle});
-  setColumnWidth(ChannelColumn, name);
+int ValueTable::NeededWidth(int column) const {
+  // The line of the grid takes a pixel of the cell.
+  const int around = 2 * look::Scaled(CellPadding) + 2;
+  const auto widest = [&](const char* usual) {
+    return std::max(TextWidth(column), fontMetrics().horizontalAdvance(QString::fromLatin1(usual)));
+  };
+  if (column == MagnitudeColumn) return widest(LongMagnitude) + UnitRoom(fontMetrics()) + around;
+  if (column == AngleColumn) return widest(LongAngle) + around;
+  return TextWidth(column) + around;
+}
+
+int ValueTable::NeededWidth() const {
+  int width = 2 * frameWidth();
+  for (int column = 0; column < Columns; ++column) width += NeededWidth(column);
+  return width;
+}
+
+void ValueTable::Lay(const QRect& place) {
+  // What is left over goes to the columns in the proportions that the grid has.
+  const int left = std::max(0, place.width() - NeededWidth());
+  int all = 0;
+  for (int column = 0; column < Columns; ++column) all += GridWidth(column);
+  const auto width = [&](int column) {
+    return NeededWidth(column) + left * GridWidth(column) / all;
+  };
+  const int magnitude = width(MagnitudeColumn);
+  const int angle = width(AngleColumn);
+  setColumnWidth(ChannelColumn, place.width() - 2 * frameWidth() - magnitude - angle);
   setColumnWidth(MagnitudeColumn, magnitude);
   setColumnWidth(AngleColumn, angle);
-  const int row = look::Scaled(RowHeight);
+  const int frame = 2 * frameWidth();
+  const int row = std::max(look::Scaled(RowHeight), (place.height() - frame) / Rows);
   for (int i = 0; i < Rows; ++i) setRowHeight(i, row);
-  setGeometry(QRect(corner, QSize(name + magnitude + angle + frame, row * Rows + frame)));
+  setGeometry(QRect(place.topLeft(), QSize(place.width(), row * Rows + frame)));
 }
 
 }  // namespace desktop

@@ -17,16 +17,17 @@ class ValueTable : public QTableWidget {
   ValueTable(platform::Grid<Rows, Columns>& grid, QWidget* parent);
 
   void SetGround(const QColor& ground);
-  /// What a screen reader tells of the magnitude in a row: the channel and its unit.
-  void DescribeMagnitude(int row, const QString& channel);
-  /// Gives the table its corner and the width that there is for it. It takes what its columns need:
-  /// numbers stand near their names, and names are cut rather than numbers.
-  void Lay(QPoint corner, int room);
+  /// What a screen reader tells of the magnitude in a row, and the unit that is painted behind it.
+  void DescribeMagnitude(int row, const QString& channel, const QString& unit);
+  /// The width of the table where all its texts are whole.
+  int NeededWidth() const;
+  /// Fills a place; it is higher where its rows need that. Names are cut rather than numbers.
+  void Lay(const QRect& place);
 
  private:
   void ShowCell(int row, int column);
-  /// The width that the texts of a column need, and `least` beside them.
-  int TextWidth(int column, const QString& least) const;
+  int TextWidth(int column) const;
+  int NeededWidth(int column) const;
   int GridWidth(int column) const;
 
   platform::Grid<Rows, Columns>& grid_;

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -41,6 +42,19 @@ class Axis {
   Event<> ScaleNow;
 };
 
+/// What the visible curves of a graph say at one of their points.
+struct PointReading {
+  struct Value {
+    std::size_t Plot = 0;
+    std::string Name;
+    std::string Text;
+  };
+  std::int32_t Point = 0;
+  /// Where the point is, in words.
+  std::string Place;
+  std::vector<Value> Values;
+};
+
 /// A graph of eight curves that the user pans, zooms and scales with the mouse.
 class CWGraph : public Control {
  public:
@@ -64,6 +78,11 @@ class CWGraph : public Control {
   Event<> ZoomFinished;
   /// Redraws at once.
   Event<> Refresh;
+  /// The curves stand still, so that their points can be read.
+  Property<bool> Readable;
+  /// What the point nearest to a place of the x axis says; nothing where nothing can be read.
+  /// Whoever fills the graph sets it; a graph without it is none to be read.
+  std::function<std::optional<PointReading>(double x)> ReadPoint;
   /// Draws the graph as it looks now. Whoever shows the graph sets it.
   std::function<Picture()> Draw;
 

@@ -91,8 +91,7 @@ void QuickView::Plot(GroupTable groups, std::int32_t lines) {
   graph.XAxis.Caption = "x * " + context_.Services.Numbers.General(rows) + " samples; ";
   graph.XAxis.Minimum = 0;
   graph.XAxis.Maximum = end;
-  const double samplesASecond = platform::SamplesAPeriod * context_.Settings.BaseFrequency;
-  graph.SecondsPerPoint = samplesASecond > 0 ? rows / samplesASecond : 0;
+  graph.SecondsPerPoint = rows * platform::SecondsPerSample(context_.Settings.BaseFrequency);
   graph.YAxis.ScaleNow();
   graph.Visible = true;
 }
