@@ -4,5 +4,6 @@ build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev libgl-dev 
 run_packages=(libqt6gui6 libqt6svg6 qt6-qpa-plugins fontconfig fonts-dejavu-core)
 display_packages=(xvfb poppler-utils)
 test_packages=(clang libclang-rt-14-dev lld libgtest-dev libgmock-dev libbenchmark-dev clang-format clang-tidy
-  python3 iproute2 poppler-utils python3-xlrd dbus-daemon tshark)
+  python3 iproute2 poppler-utils python3-xlrd dbus-daemon tshark
+  xvfb xdotool at-spi2-core python3-pyatspi)
 bench_packages=(libbenchmark-dev iproute2)

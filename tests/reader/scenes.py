@@ -6,7 +6,7 @@ import sys
 import time
 
 import pyatspi
-from screen_reader import Reader, is_on, label_of, press, shows, text_of, type_into
+from screen_reader import Reader, all_below, is_on, label_of, press, shows, text_of, type_into
 
 STATIONS = ["VORNIK-SIM-1", "VORNIK-SIM-2"]
 PAGES = ["Info", "Values", "Phasor", "Waveforms", "Recorder", "Report", "Setup"]
@@ -53,11 +53,11 @@ def every_choice_of_a_group_is_a_radio_button_with_its_group(reader):
 def nothing_of_a_hidden_page_is_showing(reader):
     for tab in PAGES:
         shown = reader.go_to(tab)
-        assert any(shows(one) for one in reader.all(shown)), tab
+        assert any(shows(one) for one in all_below(shown)), tab
         for name, page in reader.pages().items():
             if name == tab:
                 continue
-            for one in reader.all(page):
+            for one in all_below(page):
                 # The toolkit keeps the entries of a closed list, whatever the page.
                 listed = one.getRoleName() == "list item"
                 assert listed or not shows(one), f"{tab}: {one} of {name} shows"
@@ -122,34 +122,57 @@ def the_lines_of_a_recording_are_read_with_their_names(reader):
 def the_pictures_say_what_they_are(reader):
     for tab, name in [("Phasor", "Phasor diagram"), ("Waveforms", "Waveforms")]:
         page = reader.go_to(tab)
-        named = [one for one in reader.all(page) if one.name == name and shows(one)]
+        named = [one for one in all_below(page) if one.name == name and shows(one)]
         roles = [one.getRoleName() for one in named]
         assert roles and set(roles) <= {"image", "chart"}, roles
 
 
-# What the eye meets from the upper left corner on, card by card.
-ORDER = {}
+STOPS = {"push button", "text", "check box", "radio button", "combo box", "chart"}
 
 
-def focused(reader):
-    for one in reader.all():
-        state = one.getState()
-        leaf = one.getRoleName() not in ("filler", "page tab list", "page tab")
-        if leaf and state.contains(pyatspi.STATE_FOCUSED) and shows(one):
-            return one.name
+def focused(page):
+    """What of a page has the focus, the page itself among it; None where it is elsewhere."""
+    for one in [page, *all_below(page)]:
+        if one.getState().contains(pyatspi.STATE_FOCUSED):
+            return one
     return None
 
 
+def place_of(one):
+    return one.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+
+
+def goes_on(one, other):
+    """Whether the eye goes on from one to the other: to the right, or down."""
+    here, there = place_of(one), place_of(other)
+    right = there.x >= here.x + here.width
+    down = there.y >= here.y + here.height
+    return right or down
+
+
 def the_order_of_the_tab_key_is_that_of_the_eye(reader):
-    for tab, order in ORDER.items():
-        reader.go_to(tab)
-        reader.one("page tab", tab).queryComponent().grabFocus()
-        for expected in order:
+    for tab in PAGES:
+        page = reader.go_to(tab)
+        reader.one("page tab list", "").queryComponent().grabFocus()
+        reader.wait(lambda: not focused(page), "the strip to have the focus")
+        before, met = None, []
+        while before is not None or not met:
             pyatspi.Registry.generateKeyboardEvent(TAB_KEY, None, pyatspi.KEY_PRESSRELEASE)
-            reader.wait(
-                lambda: (focused(reader) or "").startswith(expected),
-                f'the focus on "{expected}" of {tab}; it is on "{focused(reader)}"',
-            )
+            reader.wait(lambda: focused(page) != before, f"the next stop of {tab}")
+            now = focused(page)
+            # The report's rows are the page itself, which all else stands on.
+            if before not in (None, page) and now is not None:
+                assert goes_on(before, now), f"{tab}: back from {before.name} to {now.name}"
+            before = now
+            met.append(now)
+            assert len(met) < 60, f"the focus does not come round on {tab}"
+        met.pop()
+        reached = {one.path for one in met}
+        for one in all_below(page):
+            state = one.getState()
+            stops = one.getRoleName() in STOPS and shows(one)
+            if stops and state.contains(pyatspi.STATE_ENABLED):
+                assert one.path in reached, f"{tab}: no key leads to {one.name}"
 
 
 SCENES = [
@@ -187,8 +210,10 @@ def main():
                 failed += 1
             print(f"{scene.__name__}: {outcome} ({time.monotonic() - began:.1f} s)", flush=True)
     finally:
-        reader.close()
-    return 1 if failed else 0
+        ended = reader.close()
+    if ended != 0:
+        print(f"the program ended with {ended}")
+    return 1 if failed or ended != 0 else 0
 
 
 if __name__ == "__main__":

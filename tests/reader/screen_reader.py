@@ -29,26 +29,19 @@ class Reader:
         """What `look` returns as soon as it is true."""
         end = time.monotonic() + self.PATIENCE
         while time.monotonic() < end:
+            if self.process.poll() is not None:
+                raise RuntimeError(f"the program ended with {self.process.returncode}")
             found = look()
             if found:
                 return found
             time.sleep(0.05)
         raise AssertionError(f"waited in vain for {what}")
 
-    def all(self, below=None):
-        """Every object below one, in the order of the program."""
-        below = below or self.program
-        for child in below:
-            if child is None:
-                continue
-            yield child
-            yield from self.all(child)
-
     def find(self, role, name, below=None, showing=True):
         """The objects of a role whose name begins so."""
         return [
             one
-            for one in self.all(below)
+            for one in all_below(below or self.program)
             if one.getRoleName() == role
             and one.name.startswith(name)
             and (shows(one) or not showing)
@@ -67,12 +60,20 @@ class Reader:
 
     def pages(self):
         """The pages by their names, shown or not."""
-        stack = next(one for one in self.all() if one.getRoleName() == "layered pane")
+        stack = next(one for one in all_below(self.program) if one.getRoleName() == "layered pane")
         return {page.name: page for page in stack}
 
     def page(self, tab):
         page = self.pages().get(tab)
         return page if page is not None and shows(page) else None
+
+
+def all_below(one):
+    """Every object below one, in the order of the program."""
+    for child in one:
+        if child is not None:
+            yield child
+            yield from all_below(child)
 
 
 def shows(one):
