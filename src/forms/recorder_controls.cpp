@@ -16,6 +16,8 @@ RecorderControls::RecorderControls() {
   CWGraph2.XAxis.Caption = "x * 4000 samples";
   Command9.Caption = "Open &log file";
   Command9.ToolTipText = "opens the log 'txt' file in your standard text editor";
+  OpenFolder.Caption = "Open &folder";
+  OpenFolder.ToolTipText = "opens the folder of the recordings in your file manager";
   CheckRecording.Visible = false;
   Text3[trigger_field::Pause].ToolTipText = "seconds pause after trigger event";
   Option1[trigger_kind::Single].Caption = "single trig&ger";

@@ -57,6 +57,10 @@ struct RecorderControls {
   std::array<platform::Label, record_line::Count> Label10;
   platform::CWGraph CWGraph2;
   platform::CommandButton Command9;
+  /// Beside it: opens the folder that the recordings are stored in.
+  platform::CommandButton OpenFolder;
+  /// In the place of the button as long as it is hidden: what STOP waits for.
+  platform::QuietLine StopWaits;
   /// Below the progress text, while a finished recording is read back.
   platform::ProgressBar ProgressBar1;
   std::array<platform::TextBox, trigger_field::Count> Text3;

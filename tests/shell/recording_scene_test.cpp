@@ -51,6 +51,16 @@ TEST_F(Recording, EndsWithItsLogAndItsQuickView) {
   EXPECT_FALSE(Pointer.Hourglass);
 }
 
+TEST_F(Recording, SaysWhatStopWaitsForUntilAnotherTabEndsIt) {
+  EXPECT_THAT(Main.StopWaits.Caption.Get(), HasSubstr("choose another tab"));
+
+  Select(forms::tab::Values);
+  Select(forms::tab::Recorder);
+
+  EXPECT_TRUE(Main.CWButton3.Visible);
+  EXPECT_EQ(Main.StopWaits.Caption, "");
+}
+
 TEST_F(Recording, TellsNothingOfARingThatWasNotFull) {
   Receive(3999, [](int i) { return SineFrame(i, 1, 1); });
 

@@ -88,6 +88,13 @@ TEST_F(Opener, TellsThatTheFileOrItsFolderIsMissing) {
   EXPECT_EQ(Open(), 2);
 }
 
+TEST_F(Opener, HandsAFolderOverToo) {
+  Answering("echo \"$1\" > \"$0.seen\"");
+  std::filesystem::create_directory(folder_.File("records"));
+  EXPECT_GT(Open("records"), 32);
+  EXPECT_EQ(support::BytesOf(folder_.File("xdg-open.seen")), folder_.File("records") + "\n");
+}
+
 TEST_F(Opener, TellsOfTheFileItselfAtOnce) {
   Begin("other.xls");
   EXPECT_EQ(answer_, 2);

@@ -8,6 +8,9 @@ namespace desktop::look {
 /// The least contrast of a curve or a marker with what it lies on.
 inline constexpr double LeastContrast = 2.5;
 
+/// The same of a text.
+inline constexpr double ReadableContrast = 4.5;
+
 /// The contrast of two colours as the Web Content Accessibility Guidelines reckon it, from 1 to 21.
 double Contrast(const QColor& one, const QColor& other);
 

@@ -29,6 +29,8 @@ inline constexpr QColor Pressed{204, 229, 254};
 inline constexpr QColor RunGreen{15, 122, 66};
 inline constexpr QColor StopRed{184, 30, 38};
 inline constexpr QColor Digits{8, 44, 92};
+/// Under digits whose given colour does not stand out from a card.
+inline constexpr QColor Plate{12, 18, 28};
 inline constexpr QColor CurrentMark{10, 95, 190};
 inline constexpr QColor VoltageMark{168, 88, 0};
 inline constexpr QColor AdviceGround{255, 247, 222};
@@ -44,6 +46,8 @@ inline constexpr int Corner = 5;
 /// field's edge to its text.
 inline constexpr int FieldHeight = 30;
 inline constexpr int FieldPadding = 7;
+/// What a page leaves free at its sides and above, in pixels of the smallest window.
+inline constexpr int PageMargin = 16;
 
 // The smallest window, in pixels; pages are designed in its size.
 inline constexpr double DesignWidth = 1.0 * platform::MinimumWidth / twips::PerPixel;

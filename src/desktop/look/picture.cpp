@@ -9,7 +9,7 @@ namespace desktop {
 
 namespace {
 
-/// 30 mm of paper at 800 dots an inch, in the logo's proportions.
+/// 30 mm of paper at 800 dots an inch; the logo stands in its middle.
 constexpr QSize LogoSize(960, 183);
 
 /// What a painter was asked to draw.
@@ -55,7 +55,9 @@ platform::Picture LogoPicture() {
   QImage logo(LogoSize, QImage::Format_ARGB32_Premultiplied);
   logo.fill(Qt::transparent);
   QPainter painter(&logo);
-  QSvgRenderer(QStringLiteral(":/vornik/logo.svg")).render(&painter);
+  QSvgRenderer drawing(QStringLiteral(":/vornik/logo.svg"));
+  drawing.setAspectRatioMode(Qt::KeepAspectRatio);
+  drawing.render(&painter);
   painter.end();
   return PictureOf(logo);
 }

@@ -1,6 +1,7 @@
 #include "desktop/pages/info_page.h"
 
 #include <QPainter>
+#include <algorithm>
 
 #include "desktop/look/look.h"
 #include "desktop/look/places.h"
@@ -12,10 +13,10 @@ namespace desktop {
 
 namespace {
 
-constexpr int LogoWidth = 400;
+constexpr int LogoWidth = 371;
 constexpr int LinkPadding = 4;
 // The card behind the rows, in pixels of the smallest window.
-constexpr QRectF CardPlace(20, 22, 984, 470);
+constexpr double CardHeight = 476;
 constexpr double BarWidth = 5;
 const QPoint Origin(0, TabBar::DesignHeight);
 
@@ -49,17 +50,19 @@ void InfoPage::TakeScale() {
 
 void InfoPage::Fit(platform::Label& control, LinkLabel& link) {
   const QSize words = link.fontMetrics().size(0, PlainCaption(control.Caption));
-  link.resize(words + QSize(2 * LinkPadding, LinkPadding));
+  const int padding = look::Scaled(LinkPadding);
+  link.resize(words + QSize(2 * padding, padding));
   control.Width = twips::Of(link.width());
   control.Height = twips::Of(link.height());
 }
 
 void InfoPage::PlaceLinks() {
-  // Above the logo, which the window's title may have lifted.
-  const QPoint lifted(0, -logo_->Raised());
+  // Above the logo, which the window's title may have lifted. The words end where the logo does:
+  // what is left free at their side is for the edge of the focus.
+  const QPoint aside(look::Scaled(LinkPadding), -logo_->Raised());
   support_->move(PlaceOnPage(shared_.Label3[forms::side_caption::Support], *this).topLeft() +
-                 lifted);
-  history_->move(PlaceOnPage(page_.Label4, *this).topLeft() + lifted);
+                 aside);
+  history_->move(PlaceOnPage(page_.Label4, *this).topLeft() + aside);
 }
 
 void InfoPage::resizeEvent(QResizeEvent*) {
@@ -72,16 +75,18 @@ void InfoPage::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   const double ratio = look::Scale();
-  const QPointF corner = CardPlace.topLeft() * ratio;
-  const QRectF card(corner, QSizeF(width() - 2 * corner.x(), CardPlace.height() * ratio));
-  painter.setPen(QPen(look::Edge, 1));
+  const double margin = look::Scaled(look::PageMargin);
+  const QRectF card(margin, margin, width() - 2 * margin, CardHeight * ratio);
+  const double corner = (look::Corner + 2) * ratio;
+  painter.setPen(QPen(look::Edge, std::max(1, look::Scaled(1))));
   painter.setBrush(look::Card);
-  painter.drawRoundedRect(card, look::Corner + 2, look::Corner + 2);
+  painter.drawRoundedRect(card, corner, corner);
   painter.setPen(Qt::NoPen);
   painter.setBrush(look::ColourOf(form_.TabStrip1.ColorTo));
-  painter.drawRoundedRect(QRectF(card.left(), card.top() + 2 * look::Corner, BarWidth,
-                                 card.height() - 4 * look::Corner),
-                          BarWidth / 2, BarWidth / 2);
+  const double bar = BarWidth * ratio;
+  painter.drawRoundedRect(
+      QRectF(card.left(), card.top() + 1.5 * corner, bar, card.height() - 3 * corner), bar / 2,
+      bar / 2);
 }
 
 }  // namespace desktop

@@ -1,12 +1,14 @@
 #include "desktop/pages/recorder_page.h"
 
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include "desktop/look/look.h"
-#include "desktop/look/text.h"
+#include "desktop/pages/quick_view_card.h"
+#include "desktop/widgets/counter_label.h"
 #include "desktop/widgets/elided_label.h"
 #include "desktop/widgets/keep_room.h"
 #include "desktop/widgets/quiet_line.h"
@@ -17,11 +19,16 @@ namespace desktop {
 namespace {
 
 // In pixels of the smallest window.
-constexpr int Margin = 16;
 constexpr int PanelWidth = 226;
-constexpr int ShortField = 96;
+constexpr int ShortField = 80;
 constexpr int BarHeight = 8;
-constexpr int LegendGap = 2;
+constexpr int PathWidth = 640;
+/// A line that says nothing is as high as one that does.
+constexpr int LineHeight = 17;
+constexpr int LineGap = 4;
+constexpr int GroupGap = 8;
+/// Between what belongs to one pair of trigger fields and the next.
+constexpr int PairGap = 24;
 /// Two rows of text.
 constexpr int NotStoredHeight = 34;
 /// Room at the foot of the page for the logo.
@@ -38,32 +45,19 @@ void MakeHeading(QLabel& label) {
 RecorderPage::RecorderPage(forms::RecorderControls& recorder, forms::SharedControls& shared,
                            forms::ValuesControls& values, Binder& binder, platform::Guard& guard,
                            QWidget* parent)
-    : QWidget(parent), recorder_(recorder), shared_(shared), values_(values), binder_(binder) {
+    : QWidget(parent), recorder_(recorder), shared_(shared), binder_(binder) {
   auto* all = new QGridLayout(this);
-  all->setContentsMargins(Margin, Margin, Margin, 0);
-  all->setSpacing(Margin);
+  all->setContentsMargins(look::PageMargin, look::PageMargin, look::PageMargin, 0);
+  all->setSpacing(look::PageMargin);
   all->addWidget(RecordingCard(), 0, 0);
-  all->addWidget(RunPanel(), 0, 1);
-  all->addWidget(TriggerCard(), 1, 0);
-  all->addWidget(PauseCard(), 1, 1);
-  auto* graph = new GraphView(recorder.CWGraph2, guard, this);
-  graph->setObjectName(QStringLiteral("CWGraph2"));
-  graph->setAccessibleName(QStringLiteral("Quick view of the recording"));
-  QWidget* legend = Legend();
-  const auto show = [&recorder, graph, legend] {
-    for (QWidget* part : std::initializer_list<QWidget*>{graph, legend})
-      part->setVisible(recorder.CWGraph2.Visible);
-  };
-  recorder.CWGraph2.Visible.Observe(show);
-  show();
-  KeepRoom(*graph);
-  all->addWidget(graph, 2, 0);
-  // It is higher than the graph in the smallest window, and there is room above it.
-  all->addWidget(legend, 1, 1, 2, 1, Qt::AlignBottom);
-  all->addWidget(Foot(), 3, 0, 1, 2);
+  all->addLayout(RunSide(), 0, 1);
+  all->addWidget(TriggerCard(), 1, 0, 1, 2);
+  all->addWidget(PauseCard(), 2, 0, 1, 2);
+  all->addWidget(new QuickViewCard(recorder, values, guard, this), 3, 0, 1, 2);
+  all->addWidget(Foot(), 4, 0, 1, 2);
   all->setColumnStretch(0, 1);
   all->setColumnMinimumWidth(1, PanelWidth);
-  all->setRowStretch(2, 1);
+  all->setRowStretch(3, 1);
 }
 
 ClickLabel* RecorderPage::Caption(std::size_t row, QWidget* parent, QWidget* field) {
@@ -83,84 +77,129 @@ TextField* RecorderPage::Field(std::size_t index, QWidget* parent, const QString
 
 Card* RecorderPage::RecordingCard() {
   auto* card = new Card(QString(), this);
-  auto* heading = new ClickLabel(card);
+  card->AddWide(Formats(card));
+  card->AddWide(Files(card));
+  card->AddWide(Told(card));
+  return card;
+}
+
+QWidget* RecorderPage::Formats(QWidget* parent) {
+  auto* formats = new QWidget(parent);
+  auto* rows = new QVBoxLayout(formats);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(LineGap);
+  auto* heading = new ClickLabel(formats);
   MakeHeading(*heading);
   binder_.Bind(recorder_.Label10[forms::record_line::Heading], *heading, ArrayName("Label10", 0));
-  card->AddWide(heading);
+  // What the disk still takes stands beside its name, where no other text needs the room.
+  auto* room = new QLabel(formats);
+  room->setFixedHeight(LineHeight);
+  room->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  binder_.Bind(recorder_.Room, *room, QStringLiteral("Room"));
+  auto* first = new QHBoxLayout;
+  first->addWidget(heading);
+  first->addWidget(room, 1);
+  rows->addLayout(first);
   for (std::size_t i = 0; i < recorder_.Option2.size(); ++i) {
-    auto* format = new RadioButton(card);
+    auto* format = new RadioButton(formats);
     binder_.Bind(recorder_.Option2[i], *format, ArrayName("Option2", i));
-    card->AddWide(format);
+    rows->addWidget(format);
   }
-  card->Grid().setRowMinimumHeight(card->Grid().rowCount(), Margin / 2);
-  for (const std::size_t path : {1U, 4U}) {
-    auto* label = new ElidedLabel(card);
+  return formats;
+}
+
+QWidget* RecorderPage::Files(QWidget* parent) {
+  auto* files = new QWidget(parent);
+  auto* grid = new QGridLayout(files);
+  grid->setContentsMargins(0, GroupGap, 0, 0);
+  grid->setVerticalSpacing(LineGap);
+  int row = 0;
+  for (const std::size_t path : {forms::record_line::FirstPath, forms::record_line::SecondPath}) {
+    auto* label = new ElidedLabel(files);
+    label->setMaximumWidth(PathWidth);
     KeepRoom(*label);
     binder_.Bind(recorder_.Label10[path], *label, ArrayName("Label10", path), Wording::Foreign);
-    card->AddWide(label);
+    grid->addWidget(label, row++, 0);
   }
-  card->AddWide(Progress(card));
-  auto* analysis = new QProgressBar(card);
+  auto* log = new QPushButton(files);
+  binder_.Bind(recorder_.Command9, *log, QStringLiteral("Command9"));
+  KeepRoom(*log);
+  auto* folder = new QPushButton(files);
+  binder_.Bind(recorder_.OpenFolder, *folder, QStringLiteral("OpenFolder"));
+  grid->addWidget(log, 0, 1, row, 1);
+  grid->addWidget(folder, 0, 2, row, 1);
+  // The paths take what they can use, and the buttons stay beside them in a wide window.
+  grid->setColumnStretch(0, 100);
+  grid->setColumnStretch(3, 1);
+  return files;
+}
+
+QWidget* RecorderPage::Told(QWidget* parent) {
+  auto* told = new QWidget(parent);
+  auto* lines = new QVBoxLayout(told);
+  lines->setContentsMargins(0, 0, 0, 0);
+  lines->setSpacing(LineGap);
+  lines->addLayout(Progress(told));
+  auto* analysis = new QProgressBar(told);
   analysis->setFixedHeight(BarHeight);
   analysis->setAccessibleName(QStringLiteral("Progress of the analysis"));
   binder_.Bind(recorder_.ProgressBar1, *analysis, QStringLiteral("ProgressBar1"));
   // It is painted where no layout is made anew.
   KeepRoom(*analysis);
-  card->AddWide(analysis);
-  card->AddWide(OnDisk(card));
-  auto* notStored = new QuietLine(card);
+  lines->addWidget(analysis);
+  for (std::size_t i = 0; i < recorder_.OnDisk.size(); ++i) {
+    auto* stored = new QLabel(told);
+    stored->setFixedHeight(LineHeight);
+    binder_.Bind(recorder_.OnDisk[i], *stored, ArrayName("OnDisk", i));
+    lines->addWidget(stored);
+  }
+  auto* notStored = new QuietLine(told);
   notStored->setMinimumHeight(NotStoredHeight);
   binder_.Bind(recorder_.NotStored, *notStored, QStringLiteral("NotStored"));
-  card->AddWide(notStored);
-  return card;
+  lines->addWidget(notStored);
+  return told;
 }
 
-QWidget* RecorderPage::Progress(QWidget* parent) {
-  auto* line = new QWidget(parent);
-  auto* row = new QHBoxLayout(line);
-  row->setContentsMargins(0, Margin / 2, 0, 0);
-  auto* heading = new ClickLabel(line);
-  auto* counter = new ClickLabel(line);
+QLayout* RecorderPage::Progress(QWidget* parent) {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(LineGap);
+  auto* heading = new ClickLabel(parent);
+  auto* counter = new CounterLabel(parent);
   // So a screen reader tells what is counted.
   heading->setBuddy(counter);
   binder_.Bind(recorder_.Label10[2], *heading, ArrayName("Label10", 2));
   binder_.Bind(recorder_.Label10[3], *counter, ArrayName("Label10", 3));
-  for (QLabel* part : {heading, counter}) row->addWidget(part);
+  for (QLabel* part : std::initializer_list<QLabel*>{heading, counter}) row->addWidget(part);
   row->addStretch(1);
-  return line;
+  return row;
 }
 
-QWidget* RecorderPage::OnDisk(Card* card) {
-  auto* area = new QWidget(card);
-  auto* grid = new QGridLayout(area);
-  grid->setContentsMargins(0, 0, 0, 0);
-  grid->setVerticalSpacing(card->Grid().verticalSpacing());
-  for (std::size_t i = 0; i < recorder_.OnDisk.size(); ++i) {
-    auto* stored = new QLabel(area);
-    binder_.Bind(recorder_.OnDisk[i], *stored, ArrayName("OnDisk", i));
-    grid->addWidget(stored, static_cast<int>(i), 0);
-  }
-  // Beside the first stream, where the words of both have the most room.
-  auto* room = new QLabel(area);
-  binder_.Bind(recorder_.Room, *room, QStringLiteral("Room"));
-  grid->addWidget(room, 0, 1, Qt::AlignRight);
-  grid->setColumnStretch(0, 1);
-  return area;
+QLayout* RecorderPage::RunSide() {
+  auto* side = new QVBoxLayout;
+  side->setSpacing(GroupGap);
+  side->addWidget(RunCard());
+  // Below the card, which is as high as its button: there is room for a long reason.
+  auto* quiet = new QuietLine(this);
+  binder_.Bind(shared_.QuietLine[forms::quiet_line::Recorder], *quiet,
+               ArrayName("QuietLine", forms::quiet_line::Recorder));
+  side->addWidget(quiet, 1);
+  return side;
 }
 
-QWidget* RecorderPage::RunPanel() {
-  auto* panel = new Card(QString(), this);
-  auto* run = new RunColumn(panel);
+Card* RecorderPage::RunCard() {
+  auto* card = new Card(QString(), this);
+  auto* run = new RunColumn(card);
   binder_.Bind(recorder_.CWButton3, run->Button(), QStringLiteral("CWButton3"));
   // No lamp tells of this view's capture.
   run->Indicator().hide();
-  panel->AddWide(run);
-  auto* quiet = new QuietLine(panel);
-  binder_.Bind(shared_.QuietLine[forms::quiet_line::Recorder], *quiet,
-               ArrayName("QuietLine", forms::quiet_line::Recorder));
-  panel->AddWide(quiet);
-  panel->Grid().setRowStretch(panel->Grid().rowCount() - 1, 1);
-  return panel;
+  card->AddWide(run);
+  // In the place of the button, which is hidden as long as this line speaks.
+  auto* waits = new QuietLine(card);
+  binder_.Bind(recorder_.StopWaits, *waits, QStringLiteral("StopWaits"));
+  waits->setAttribute(Qt::WA_TransparentForMouseEvents);
+  waits->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  card->Grid().addWidget(waits, card->Grid().rowCount() - 1, 0, 1, 3);
+  return card;
 }
 
 Card* RecorderPage::TriggerCard() {
@@ -172,19 +211,29 @@ Card* RecorderPage::TriggerCard() {
   TextField* before = Field(4, card, QStringLiteral("seconds before the trigger"));
   TextField* after = Field(5, card, QStringLiteral("seconds after the trigger"));
   QGridLayout& grid = card->Grid();
+  grid.setColumnMinimumWidth(0, 0);
+  grid.setColumnStretch(1, 0);
   grid.addWidget(Caption(6, card, current), 0, 1);
   grid.addWidget(Caption(5, card, voltage), 0, 2);
-  grid.addWidget(Caption(22, card, current), 1, 0);
-  grid.addWidget(current, 1, 1);
-  grid.addWidget(voltage, 1, 2);
-  grid.addWidget(Caption(9, card), 1, 3);
-  grid.addWidget(Caption(24, card, before), 2, 0);
-  grid.addWidget(before, 2, 1);
-  grid.addWidget(after, 2, 2);
-  grid.addWidget(Caption(23, card), 2, 3);
-  grid.setColumnStretch(1, 0);
-  grid.setColumnStretch(3, 1);
+  grid.addWidget(StoredOnly(card), 0, 3, 1, 7);
+  const std::initializer_list<QWidget*> row = {Caption(22, card, current), current, voltage,
+                                               Caption(9, card)};
+  const std::initializer_list<QWidget*> times = {Caption(24, card, before), before, after,
+                                                 Caption(23, card)};
+  int column = 0;
+  for (QWidget* part : row) grid.addWidget(part, 1, column++);
+  grid.setColumnMinimumWidth(column++, PairGap);
+  for (QWidget* part : times) grid.addWidget(part, 1, column++);
+  grid.setColumnStretch(column, 1);
   return card;
+}
+
+QLabel* RecorderPage::StoredOnly(QWidget* parent) {
+  auto* note = new QLabel(
+      QStringLiteral("Stored only: a recording starts at RUN, whatever stands here."), parent);
+  note->setObjectName(QStringLiteral("StoredOnly"));
+  look::SetTextColour(*note, look::QuietText);
+  return note;
 }
 
 Card* RecorderPage::PauseCard() {
@@ -204,40 +253,15 @@ Card* RecorderPage::PauseCard() {
   return card;
 }
 
-QWidget* RecorderPage::Legend() {
-  auto* legend = new QWidget(this);
-  legend->setObjectName(QStringLiteral("Legend"));
-  auto* column = new QVBoxLayout(legend);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(LegendGap);
-  for (std::size_t i = 0; i < recorder_.CWGraph2.Plots.size(); ++i) {
-    auto* name = new CurveName(legend);
-    platform::Label& words = values_.Label6[i];
-    platform::Plot& curve = recorder_.CWGraph2.Plots[i];
-    const auto tell = [name, &words] { name->setText(ToQt(words.Caption)); };
-    const auto colour = [name, &curve] { name->SetColour(look::ColourOf(curve.LineColor)); };
-    words.Caption.Observe(tell);
-    curve.LineColor.Observe(colour);
-    tell();
-    colour();
-    column->addWidget(name);
-  }
-  return legend;
-}
-
 QWidget* RecorderPage::Foot() {
   auto* foot = new QWidget(this);
   foot->setFixedHeight(FootHeight);
   auto* row = new QHBoxLayout(foot);
-  row->setContentsMargins(0, 0, 0, Margin);
-  auto* log = new QPushButton(foot);
-  binder_.Bind(recorder_.Command9, *log, QStringLiteral("Command9"));
-  KeepRoom(*log);
-  row->addWidget(log);
+  row->setContentsMargins(0, 0, 0, look::PageMargin);
   auto* check = new QPushButton(foot);
   binder_.Bind(recorder_.CheckRecording, *check, QStringLiteral("CheckRecording"));
   row->addWidget(check);
-  row->addSpacing(Margin / 2);
+  row->addSpacing(GroupGap);
   auto* line = new QuietLine(foot);
   line->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   binder_.Bind(recorder_.CheckLine, *line, QStringLiteral("CheckLine"));

@@ -1,12 +1,10 @@
 #pragma once
 
-#include <QGridLayout>
+#include <QLayout>
 #include <QWidget>
 
 #include "desktop/binding/binder.h"
-#include "desktop/binding/graph_view.h"
 #include "desktop/widgets/card.h"
-#include "desktop/widgets/curve_name.h"
 #include "forms/recorder_controls.h"
 #include "forms/shared_controls.h"
 #include "forms/values_controls.h"
@@ -29,17 +27,19 @@ class RecorderPage : public QWidget {
   Card* RecordingCard();
   Card* TriggerCard();
   Card* PauseCard();
-  QWidget* RunPanel();
-  QWidget* Progress(QWidget* parent);
-  QWidget* OnDisk(Card* card);
-  QWidget* Legend();
+  Card* RunCard();
+  QLayout* RunSide();
+  QWidget* Formats(QWidget* parent);
+  QWidget* Files(QWidget* parent);
+  QWidget* Told(QWidget* parent);
+  QLayout* Progress(QWidget* parent);
+  QLabel* StoredOnly(QWidget* parent);
   QWidget* Foot();
   ClickLabel* Caption(std::size_t row, QWidget* parent, QWidget* field = nullptr);
   TextField* Field(std::size_t index, QWidget* parent, const QString& accessibleName);
 
   forms::RecorderControls& recorder_;
   forms::SharedControls& shared_;
-  forms::ValuesControls& values_;
   Binder& binder_;
 };
 

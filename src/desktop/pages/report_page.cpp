@@ -1,6 +1,7 @@
 #include "desktop/pages/report_page.h"
 
 #include <QPainter>
+#include <algorithm>
 
 #include "desktop/binding/run_binding.h"
 #include "desktop/look/look.h"
@@ -20,7 +21,6 @@ constexpr std::int32_t RowTop = 1230;
 constexpr std::int32_t TitleWidth = 3200;
 constexpr std::int32_t ValueWidth = 6900;
 // The rest, in pixels of the smallest window.
-constexpr QPointF SheetCorner(20, 22);
 constexpr double SheetHeight = 500;
 constexpr double PanelGap = 18;
 constexpr double SheetInset = 8;
@@ -102,7 +102,8 @@ void ReportPage::BindControls(forms::ReportControls& report, forms::SharedContro
 void ReportPage::resizeEvent(QResizeEvent*) {
   const double ratio = look::Scale();
   rows_.Lay(ratio);
-  const QPointF corner = SheetCorner * ratio;
+  const double margin = look::Scaled(look::PageMargin);
+  const QPointF corner(margin, margin);
   const double side = (PanelWidth + PanelGap) * ratio;
   const double room = width() - 2 * corner.x() - side;
   const double between = room - (RowsWidth + PanelGap) * ratio;
@@ -132,9 +133,10 @@ void ReportPage::resizeEvent(QResizeEvent*) {
 void ReportPage::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(look::Edge, 1));
+  const double corner = (look::Corner + 2) * look::Scale();
+  painter.setPen(QPen(look::Edge, std::max(1, look::Scaled(1))));
   painter.setBrush(look::Card);
-  painter.drawRoundedRect(sheet_, look::Corner + 2, look::Corner + 2);
+  painter.drawRoundedRect(sheet_, corner, corner);
   const double inset = SheetInset * look::Scale();
   picker_->Paint(painter, sheet_.adjusted(inset, 0, -inset, 0));
 }

@@ -6,8 +6,10 @@
 #include <QVBoxLayout>
 
 #include "desktop/look/look.h"
+#include "desktop/look/scale.h"
 #include "desktop/look/text.h"
 #include "desktop/widgets/advice_note.h"
+#include "desktop/widgets/logo_view.h"
 #include "desktop/widgets/path_field.h"
 #include "desktop/widgets/quiet_line.h"
 
@@ -19,32 +21,51 @@ namespace setup = forms::setup_field;
 namespace {
 
 // In pixels of the smallest window.
-constexpr int Margin = 16;
 constexpr int ShortField = 96;
 constexpr int TwoLines = 36;
+constexpr int FindGap = 6;
+/// From here on a third column is as wide as its captions and fields.
+constexpr double WideForThree = 1500;
+/// Room at the foot of the page for the logo.
+constexpr int FootHeight = 56;
+constexpr int NameGap = 14;
+/// A high window spreads the groups by so much, so that they do not hang at its top.
+constexpr double MostSpread = 1.35;
 constexpr std::size_t NamesInGroup = 4;
+constexpr int NamesInRow = 2;
 constexpr const char* StationHint = "station ID, e.g. VORNIK-SIM-%1";
+
+/// How many of the groups stand in each column.
+const std::vector<std::size_t>& Shares(std::size_t columns) {
+  static const std::vector<std::size_t> two = {4, 2};
+  static const std::vector<std::size_t> three = {3, 2, 1};
+  return columns == three.size() ? three : two;
+}
 
 }  // namespace
 
 SetupPage::SetupPage(forms::SetupControls& setup, forms::SharedControls& shared, Binder& binder,
                      QWidget* parent)
-    : QWidget(parent), setup_(setup), shared_(shared), binder_(binder), sheet_(new QWidget) {
-  auto* left = new QVBoxLayout;
-  auto* right = new QVBoxLayout;
-  for (Card* card : {NetworkCard(), StreamsCard(), StorageCard(), SpecialCard()}) {
-    left->addWidget(card);
+    : QWidget(parent),
+      setup_(setup),
+      shared_(shared),
+      binder_(binder),
+      sheet_(new QWidget),
+      cards_{NetworkCard(), StreamsCard(), StorageCard(), SpecialCard(), ValuesCard(), NamesCard()},
+      groups_(new QWidget(sheet_)),
+      row_(new QHBoxLayout(groups_)),
+      name_(new QLabel(this)) {
+  row_->setContentsMargins(0, 0, 0, 0);
+  row_->setSpacing(look::PageMargin);
+  for (std::size_t i = 0; i < Shares(3).size(); ++i) {
+    columns_.push_back(new QVBoxLayout);
+    columns_.back()->setSpacing(look::PageMargin);
+    row_->addLayout(columns_.back());
   }
-  for (Card* card : {ValuesCard(), NamesCard()}) right->addWidget(card);
-  right->addWidget(ProgramLine());
-  auto* columns = new QHBoxLayout(sheet_);
-  columns->setContentsMargins(Margin, Margin, Margin, Margin);
-  columns->setSpacing(Margin);
-  for (QVBoxLayout* column : {left, right}) {
-    column->setSpacing(Margin);
-    column->addStretch(1);
-    columns->addLayout(column, 1);
-  }
+  auto* rows = new QVBoxLayout(sheet_);
+  rows->setContentsMargins(look::PageMargin, look::PageMargin, look::PageMargin, 0);
+  rows->addWidget(groups_, 3);
+  rows->addStretch(1);
   auto* scroll = new QScrollArea(this);
   scroll->setFrameShape(QFrame::NoFrame);
   scroll->setWidgetResizable(true);
@@ -52,8 +73,39 @@ SetupPage::SetupPage(forms::SetupControls& setup, forms::SharedControls& shared,
   scroll->setFocusPolicy(Qt::NoFocus);
   scroll->setWidget(sheet_);
   auto* all = new QVBoxLayout(this);
-  all->setContentsMargins(0, 0, 0, 0);
+  all->setContentsMargins(0, 0, 0, FootHeight);
   all->addWidget(scroll);
+  AddName();
+  Deal(2);
+}
+
+void SetupPage::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  Deal(width() >= WideForThree * look::Scale() ? 3 : 2);
+  Spread();
+  PlaceName();
+}
+
+void SetupPage::Spread() {
+  for (QVBoxLayout* column : columns_) {
+    for (int i = 0; i < column->count(); ++i) {
+      column->setStretch(i, column->itemAt(i)->sizeHint().height());
+    }
+  }
+  groups_->setMaximumHeight(static_cast<int>(groups_->sizeHint().height() * MostSpread));
+}
+
+void SetupPage::Deal(std::size_t columns) {
+  if (columns == dealt_) return;
+  dealt_ = columns;
+  const std::vector<std::size_t>& shares = Shares(columns);
+  auto card = cards_.begin();
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    const std::size_t share = i < shares.size() ? shares[i] : 0;
+    // A layout takes a widget away from the one that held it.
+    for (std::size_t k = 0; k < share; ++k) columns_[i]->addWidget(*card++);
+    row_->setStretch(static_cast<int>(i), share > 0 ? 1 : 0);
+  }
 }
 
 QLabel* SetupPage::Caption(std::size_t row, QWidget* parent) {
@@ -86,11 +138,21 @@ QPushButton* SetupPage::Button(platform::CommandButton& control, const QString& 
   return button;
 }
 
-QLabel* SetupPage::ProgramLine() {
-  auto* line = new QLabel(sheet_);
-  look::SetTextColour(*line, look::QuietText);
-  binder_.Bind(setup_.Label13, *line, QStringLiteral("Label13"));
-  return line;
+void SetupPage::AddName() {
+  look::SetTextColour(*name_, look::QuietText);
+  binder_.Bind(setup_.Label13, *name_, QStringLiteral("Label13"));
+  platform::PictureBox& logo = shared_.Picture1[forms::logo::Setup];
+  for (platform::Property<std::int32_t>* place : {&logo.Left, &logo.Top}) {
+    place->Observe([this] { PlaceName(); });
+  }
+}
+
+void SetupPage::PlaceName() {
+  const QRect logo = LogoView::PlaceOf(shared_.Picture1[forms::logo::Setup], *this);
+  const QSize words = name_->sizeHint();
+  name_->setGeometry(QRect(QPoint(logo.left() - look::Scaled(NameGap) - words.width(),
+                                  logo.center().y() - words.height() / 2),
+                           words));
 }
 
 Card* SetupPage::NetworkCard() {
@@ -114,13 +176,21 @@ Card* SetupPage::StreamsCard() {
                Field(setup::Content1, card, QString::fromLatin1(StationHint).arg(1)));
   card->AddRow(Caption(caption::Content2, card),
                Field(setup::Content2, card, QString::fromLatin1(StationHint).arg(2)));
-  QPushButton* find = Button(setup_.Command7, QStringLiteral("Command7"), card);
-  card->Grid().addWidget(find, card->Grid().rowCount(), 1, Qt::AlignLeft);
-  auto* told = new QuietLine(card);
-  told->setMinimumHeight(TwoLines);
+  auto* search = new QWidget(card);
+  auto* row = new QHBoxLayout(search);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->addWidget(Button(setup_.Command7, QStringLiteral("Command7"), search));
+  row->addSpacing(FindGap);
+  auto* told = new QuietLine(search);
+  told->setFixedHeight(TwoLines);
+  QSizePolicy policy = told->sizePolicy();
+  policy.setVerticalPolicy(QSizePolicy::Fixed);
+  told->setSizePolicy(policy);
+  told->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   binder_.Bind(shared_.QuietLine[forms::quiet_line::Setup], *told,
                ArrayName("QuietLine", forms::quiet_line::Setup));
-  card->AddWide(told);
+  row->addWidget(told, 1);
+  card->AddWide(search);
   return card;
 }
 
@@ -148,6 +218,8 @@ Card* SetupPage::ValuesCard() {
   card->AddRow(Caption(caption::Frequency, card), frequency, Caption(caption::FrequencyUnit, card));
   card->AddRow(Caption(caption::CurrentUnit, card), current);
   card->AddRow(Caption(caption::VoltageUnit, card), voltage);
+  // So that the fields begin where those of the other groups do.
+  card->Grid().setColumnStretch(2, 1);
   auto* offset = new QCheckBox(card);
   binder_.Bind(setup_.Check4, *offset, QStringLiteral("Check4"));
   card->AddWide(offset);
@@ -157,20 +229,22 @@ Card* SetupPage::ValuesCard() {
 Card* SetupPage::NamesCard() {
   auto* card = new Card(QStringLiteral("Channel names"), sheet_);
   card->Grid().setColumnMinimumWidth(0, 0);
-  card->Grid().setColumnStretch(0, 1);
-  AddNames(*card, 0, caption::FirstNames, setup::FirstName);
-  AddNames(*card, 1, caption::SecondNames, setup::FirstName + NamesInGroup);
+  for (int column = 0; column < NamesInRow; ++column) card->Grid().setColumnStretch(column, 1);
+  AddNames(*card, caption::FirstNames, setup::FirstName);
+  AddNames(*card, caption::SecondNames, setup::FirstName + NamesInGroup);
   return card;
 }
 
-void SetupPage::AddNames(Card& card, int column, std::size_t captionRow, std::size_t firstField) {
+void SetupPage::AddNames(Card& card, std::size_t captionRow, std::size_t firstField) {
   QLabel* heading = Caption(captionRow, &card);
-  heading->setWordWrap(true);
-  card.Grid().addWidget(heading, 0, column);
+  int row = card.Grid().rowCount();
+  card.Grid().addWidget(heading, row, 0, 1, NamesInRow);
   for (std::size_t i = 0; i < NamesInGroup; ++i) {
     TextField* field = Field(firstField + i, &card);
     field->setAccessibleName(QStringLiteral("name of channel %1").arg(firstField + i - 3));
-    card.Grid().addWidget(field, static_cast<int>(i) + 1, column);
+    const int column = static_cast<int>(i) % NamesInRow;
+    if (column == 0) ++row;
+    card.Grid().addWidget(field, row, column, Qt::AlignVCenter);
     if (i == 0) heading->setBuddy(field);
   }
 }

@@ -1,9 +1,11 @@
 #pragma once
 
-#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QVBoxLayout>
 #include <QWidget>
+#include <vector>
 
 #include "desktop/binding/binder.h"
 #include "desktop/widgets/card.h"
@@ -12,14 +14,18 @@
 
 namespace desktop {
 
-/// The Setup view: the settings in groups, in two columns. Each field takes effect at once, so
-/// there is nothing to confirm.
+/// The Setup view: the settings in groups, in two columns, and in three where the window is wide
+/// for them. Each field takes effect at once, so there is nothing to confirm. The groups scroll
+/// above the foot of the page, where the program's name stands beside its logo.
 class SetupPage : public QWidget {
   Q_OBJECT
 
  public:
   SetupPage(forms::SetupControls& setup, forms::SharedControls& shared, Binder& binder,
             QWidget* parent);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   QLabel* Caption(std::size_t row, QWidget* parent);
@@ -34,14 +40,28 @@ class SetupPage : public QWidget {
   Card* NamesCard();
   Card* SpecialCard();
   QPushButton* Button(platform::CommandButton& control, const QString& name, QWidget* parent);
-  QLabel* ProgramLine();
-  void AddNames(Card& card, int column, std::size_t captionRow, std::size_t firstField);
+  void AddName();
+  /// Beside the logo, wherever that stands.
+  void PlaceName();
+  void AddNames(Card& card, std::size_t captionRow, std::size_t firstField);
+  /// Deals the groups out to so many columns, in the order of their making.
+  void Deal(std::size_t columns);
+  void Spread();
 
   forms::SetupControls& setup_;
   forms::SharedControls& shared_;
   Binder& binder_;
   /// The content, which scrolls where a window is too low for it.
   QWidget* sheet_;
+  std::vector<Card*> cards_;
+  /// What is dealt out.
+  QWidget* groups_;
+  QHBoxLayout* row_;
+  /// The columns in the row.
+  std::vector<QVBoxLayout*> columns_;
+  /// In how many columns the groups stand.
+  std::size_t dealt_ = 0;
+  QLabel* name_;
 };
 
 }  // namespace desktop

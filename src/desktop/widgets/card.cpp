@@ -47,15 +47,16 @@ Card::Card(const QString& heading, QWidget* parent) : Ground(parent), grid_(new 
   all->setContentsMargins(Padding, Padding - 4, Padding, Padding);
   all->setSpacing(RowGap + 2);
   all->addWidget(title);
-  all->addLayout(grid_);
+  all->addLayout(grid_, 1);
 }
 
 void Card::AddRow(QLabel* caption, QWidget* field, QWidget* behind) {
   const int row = grid_->rowCount();
   caption->setBuddy(field);
   grid_->addWidget(caption, row, 0);
-  grid_->addWidget(field, row, 1, 1, behind != nullptr ? 1 : 2);
-  if (behind != nullptr) grid_->addWidget(behind, row, 2);
+  // A card that is higher than its rows spreads them, whatever their fields are made of.
+  grid_->addWidget(field, row, 1, 1, behind != nullptr ? 1 : 2, Qt::AlignVCenter);
+  if (behind != nullptr) grid_->addWidget(behind, row, 2, Qt::AlignVCenter);
 }
 
 void Card::AddWide(QWidget* content) {

@@ -23,7 +23,7 @@ QSize CurveName::minimumSizeHint() const {
 
 void CurveName::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  PaintSwatch(painter, rect(), colour_, look::Page);
+  PaintSwatch(painter, rect(), colour_, look::Card);
   painter.setPen(palette().color(QPalette::WindowText));
   const QRect words = contentsRect();
   painter.drawText(words, Qt::AlignVCenter | Qt::AlignLeft,

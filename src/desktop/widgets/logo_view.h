@@ -16,7 +16,7 @@ class LogoView : public QWidget, public look::Scalable {
  public:
   /// Width of the logo on the views that are not the information page, in pixels of the smallest
   /// window.
-  static constexpr int UsualWidth = 142;
+  static constexpr int UsualWidth = 132;
 
   /// What the places of the control count from.
   enum class From { Window, Parent };

@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTextOption>
+#include <algorithm>
 
 #include "desktop/look/look.h"
 #include "desktop/widgets/keep_room.h"
@@ -59,6 +60,9 @@ int QuietLine::LayOut(QTextLayout& layout) const {
     if (below <= height()) ++fitting;
   }
   layout.endLayout();
+  // In the middle of its room where it is to stand there and leaves any free.
+  const qreal free = std::max(0.0, (height() - below) / 2);
+  layout.setPosition({0, alignment().testFlag(Qt::AlignVCenter) ? free : 0});
   return fitting;
 }
 
@@ -75,11 +79,11 @@ void QuietLine::paintEvent(QPaintEvent*) {
   const int fitting = LayOut(layout);
   const bool whole = fitting == layout.lineCount();
   const int last = whole ? fitting : fitting - 1;
-  for (int i = 0; i < last; ++i) layout.lineAt(i).draw(&painter, {0, 0});
+  for (int i = 0; i < last; ++i) layout.lineAt(i).draw(&painter, layout.position());
   if (whole || fitting == 0) return;
   const QTextLine line = layout.lineAt(last);
   const QString rest = text().mid(line.textStart());
-  painter.drawText(QPointF(line.x(), line.y() + line.ascent()),
+  painter.drawText(layout.position() + QPointF(line.x(), line.y() + line.ascent()),
                    fontMetrics().elidedText(rest, Qt::ElideRight, width()));
 }
 

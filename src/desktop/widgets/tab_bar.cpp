@@ -18,18 +18,20 @@ namespace {
 constexpr int LeastWidth = 112;
 constexpr int SidePadding = 22;
 constexpr int Top = 7;
+constexpr int SideGap = 2;
 /// The layout rules have views begin 800 twips below the window's top, whatever its size. The
 /// row's words grow with the window, the row itself to there.
 constexpr int LargestHeight = 48;
 constexpr double TabCorner = 7;
+constexpr double MarkHeight = 3;
 
 /// A tab that stands on the lower edge of its area.
-QPainterPath TabShape(const QRectF& area) {
+QPainterPath TabShape(const QRectF& area, double corner) {
   QPainterPath shape(area.bottomLeft());
-  shape.lineTo(area.left(), area.top() + TabCorner);
-  shape.quadTo(area.topLeft(), area.topLeft() + QPointF(TabCorner, 0));
-  shape.lineTo(area.right() - TabCorner, area.top());
-  shape.quadTo(area.topRight(), area.topRight() + QPointF(0, TabCorner));
+  shape.lineTo(area.left(), area.top() + corner);
+  shape.quadTo(area.topLeft(), area.topLeft() + QPointF(corner, 0));
+  shape.lineTo(area.right() - corner, area.top());
+  shape.quadTo(area.topRight(), area.topRight() + QPointF(0, corner));
   shape.lineTo(area.bottomRight());
   return shape;
 }
@@ -124,7 +126,10 @@ void TabBar::paintEvent(QPaintEvent*) {
 void TabBar::DrawTab(QPainter& painter, int index) const {
   const bool selected = index == currentIndex();
   const bool hover = tabRect(index).contains(mapFromGlobal(QCursor::pos()));
-  const QRectF area = QRectF(tabRect(index)).adjusted(2, Top, -2, 0);
+  const int gap = look::Scaled(SideGap);
+  // The first one begins at the window's edge, where the strip is white.
+  const QRectF area = QRectF(tabRect(index)).adjusted(index == 0 ? 0 : gap, Top, -gap, 0);
+  const double corner = TabCorner * look::Scale();
   QFont words = font();
   words.setBold(selected);
   painter.setFont(words);
@@ -132,12 +137,14 @@ void TabBar::DrawTab(QPainter& painter, int index) const {
     QColor ground = look::Page;
     if (!selected) ground.setAlphaF(0.4F);
     painter.setPen(Qt::NoPen);
-    painter.fillPath(TabShape(area), ground);
+    painter.fillPath(TabShape(area, corner), ground);
   }
   if (selected) {
     painter.setBrush(look::Accent);
+    const double mark = look::Scaled(MarkHeight);
     painter.drawRoundedRect(
-        QRectF(area.left() + TabCorner, area.top(), area.width() - 2 * TabCorner, 3), 1.5, 1.5);
+        QRectF(area.left() + corner, area.top(), area.width() - 2 * corner, mark), mark / 2,
+        mark / 2);
   }
   if (selected && hasFocus()) {
     painter.setPen(QPen(look::Accent, 1.5));

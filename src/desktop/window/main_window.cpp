@@ -27,7 +27,6 @@ namespace desktop {
 
 namespace {
 
-constexpr int StripPadding = 12;
 constexpr int WrapTipsFrom = 60;
 constexpr QSize UsualSize(1280, 860);
 
@@ -49,7 +48,7 @@ MainWindow::MainWindow(const Forms& forms, platform::Guard& guard, RepaintQueue&
   FillTabs();
   FillPages();
   auto* strip = new QHBoxLayout;
-  strip->setContentsMargins(StripPadding, 0, StripPadding, 0);
+  strip->setContentsMargins(0, 0, 0, 0);
   strip->addWidget(tabs_, 0, Qt::AlignLeft);
   auto* all = new QVBoxLayout(this);
   all->setContentsMargins(0, 0, 0, 0);

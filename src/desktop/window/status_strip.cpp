@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QPainter>
+#include <algorithm>
 #include <array>
 
 #include "desktop/look/look.h"
@@ -14,7 +15,9 @@ namespace {
 
 /// In pixels of the smallest window.
 constexpr int Height = 28;
-constexpr int Padding = 16;
+constexpr int Gap = 16;
+/// Keeps the tip of an empty panel in reach.
+constexpr int LeastWidth = 16;
 /// The panels' shares of the width. The second one has room for the name of a printed file.
 constexpr std::array<int, 4> Shares = {4, 5, 3, 2};
 
@@ -26,16 +29,22 @@ StatusStrip::StatusStrip(platform::StatusBar& bar, Binder& binder, QWidget* pare
   setFixedHeight(Height);
   TakeScale();
   auto* row = new QHBoxLayout(this);
-  row->setContentsMargins(Padding, 0, Padding, 0);
-  row->setSpacing(Padding);
+  row->setContentsMargins(look::PageMargin, 0, look::PageMargin, 0);
+  row->setSpacing(Gap);
   for (std::size_t i = 0; i < bar.Panels.size(); ++i) {
     // A panel may hold the path of a file.
     auto* panel = new ElidedLabel(this);
-    panel->setFont(look::TextFont(look::SmallSize));
-    panel->setMinimumWidth(1);
+    panel->setMinimumWidth(LeastWidth);
     look::SetTextColour(*panel, look::QuietText);
     binder.Bind(bar.Panels[i], *panel, ArrayName("StatusBar1.Panels", i + 1));
-    row->addWidget(panel, Shares[i]);
+    row->addWidget(panel);
+    // One that says nothing leaves its room to the others.
+    const platform::Property<std::string>& text = bar.Panels[i].Text;
+    const auto share = [row, i, &text] {
+      row->setStretch(static_cast<int>(i), text.Get().empty() ? 0 : Shares[i]);
+    };
+    bar.Panels[i].Text.Observe(share);
+    share();
   }
 }
 
@@ -46,8 +55,7 @@ void StatusStrip::TakeScale() {
 void StatusStrip::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), look::Panel);
-  painter.setPen(look::Edge);
-  painter.drawLine(0, 0, width(), 0);
+  painter.fillRect(0, 0, width(), std::max(1, look::Scaled(1)), look::Edge);
 }
 
 }  // namespace desktop

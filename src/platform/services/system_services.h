@@ -51,9 +51,9 @@ class ShellLinks {
   /// What came of opening a file: a code above 32 where it was handed over, else one of
   /// `open_code`.
   using Told = std::function<void(std::int32_t code)>;
-  /// Opens a file in the viewer of its kind and waits for nobody: `told` is called at once where
-  /// the file itself is in the way, else when the desktop has its answer, which may be much later.
-  /// It is not called while a box stands.
+  /// Opens a file or a folder in the viewer of its kind and waits for nobody: `told` is called at
+  /// once where the file itself is in the way, else when the desktop has its answer, which may be
+  /// much later. It is not called while a box stands.
   virtual void OpenFile(const std::string& path, Told told) = 0;
 };
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstdint>
+#include <string>
+
 #include "capture/packet_bytes.h"
 #include "forms/recorder_controls.h"
 #include "recorder/reading/quick_view.h"
@@ -21,10 +24,15 @@ class RecordAnalysis : public RecordReader {
 
  private:
   void OpenTextFile();
+  void OpenFolder();
+  void TellOfFolder(std::int32_t code);
 
   ReadingContext context_;
+  forms::RecorderControls& recorder_;
   RecordLog log_;
   subroutines::QuickView view_;
+  /// What the line says of the folder; empty where it says nothing of it.
+  std::string folderTrouble_;
 };
 
 }  // namespace packetroutines

@@ -23,6 +23,8 @@ namespace {
 constexpr platform::Rgb Black{0, 0, 0};
 constexpr platform::Rgb LightRed{255, 0, 0};
 constexpr platform::Rgb ButtonColour{237, 246, 240};
+constexpr const char* StopComes =
+    "STOP comes when 4000 samples are stored. To end before, choose another tab.";
 
 }  // namespace
 
@@ -72,6 +74,9 @@ RecordingSession::RecordingSession(forms::RecorderControls& recorder, platform::
   for (std::size_t i = 0; i < recorder_.Option2.size(); ++i) {
     recorder_.Option2[i].Click = [this, i] { Option2_Click(i); };
   }
+  // Whoever hides the button or brings it back, and switches it off meanwhile.
+  recorder_.CWButton3.Visible.Observe([this] { TellWhatStopWaitsFor(); });
+  recorder_.CWButton3.Value.Observe([this] { TellWhatStopWaitsFor(); });
 }
 
 void RecordingSession::Load() {
@@ -347,6 +352,11 @@ void RecordingSession::StopOnFullDisk() {
   if (stopping.First()) Stop(EndReason::DiskFull, Arrived::Dropped);
   recorder_.CWButton3.Enabled = true;
   writing_.Open.CloseQuietly(packetroutines::TextFile);
+}
+
+void RecordingSession::TellWhatStopWaitsFor() {
+  const bool awaited = recorder_.CWButton3.Value && !recorder_.CWButton3.Visible;
+  recorder_.StopWaits.Say(awaited ? StopComes : "");
 }
 
 void RecordingSession::EnableFormats(bool enabled) {

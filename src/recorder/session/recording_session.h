@@ -104,6 +104,8 @@ class RecordingSession : public packetroutines::RecordingEnd,
   std::string PathOf(const std::string& name) const;
   /// Sets the button without any step of a recording.
   void SetQuietly(bool value);
+  /// Why there is no button, as long as a run has none.
+  void TellWhatStopWaitsFor();
   void EnableFormats(bool enabled);
   platform::Label& Line(std::size_t line) { return recorder_.Label10[line]; }
 

@@ -42,7 +42,8 @@ TEST_P(Fit, ARecordingThatIsNotStoredSaysSoUncut) {
       "stream 1: stored again since 21 Nov 2026 18:15:57; 86,400 rings lost: Path/File access "
       "error. "
       "Log and quick view are left out: Path/File access error.");
-  // A busy computer lays out later.
+  // The texts come to their labels with the next painting; a busy computer lays out later.
+  ASSERT_TRUE(WaitFor([this] { return !Find<QLabel>("Room").text().isEmpty(); }));
   (void)WaitFor([this] { return tour::Misfits(program_->Window()).isEmpty(); });
   const auto& line = Find<QWidget>("NotStored");
   const QRect words =
@@ -62,6 +63,7 @@ TEST_P(Fit, ARecordingThatCanBeCheckedIsNamedUncut) {
   Form().CheckLine.Say(
       "1_SV record 30.12.2026 18-15-57.txt and 2_SV record 30.12.2026 18-15-57.txt of 30 Dec 2026 "
       "18:15:57 have no log.");
+  ASSERT_TRUE(WaitFor([this] { return !Find<QLabel>("CheckLine").text().isEmpty(); }));
   (void)WaitFor([this] { return tour::Misfits(program_->Window()).isEmpty(); });
   const auto& line = Find<QWidget>("CheckLine");
   const QRect words =

@@ -5,6 +5,8 @@
 #include <QLabel>
 #include <QLineEdit>
 
+#include "desktop/look/casing.h"
+#include "desktop/look/scale.h"
 #include "window_scene.h"
 
 namespace desktop {
@@ -80,6 +82,47 @@ TEST_F(DataPath, ThatIsLongShowsItsEndUntilItIsEdited) {
   EXPECT_EQ(Field().cursorPosition(), 0);
   QTest::keyClick(&Field(), Qt::Key_Tab);
   EXPECT_EQ(Field().cursorPosition(), path.size());
+}
+
+/// The first column of a field's picture that holds words, and the rows of it that do.
+struct FirstInk {
+  int Column = 0;
+  int Top = 0;
+};
+
+FirstInk FirstInkOf(QWidget& field) {
+  const QImage picture = field.grab().toImage();
+  const QColor ground = picture.pixelColor(field.width() - 5, field.height() / 2);
+  for (int x = 4; x < picture.width(); ++x) {
+    for (int y = 5; y < picture.height() - 5; ++y) {
+      if (look::Contrast(picture.pixelColor(x, y), ground) > 2) return {x, y};
+    }
+  }
+  return {};
+}
+
+TEST_F(DataPath, ThatIsLongBeginsWithDotsUntilItIsEdited) {
+  Store("Path of stored data", "/" + QString(300, 'l') + "/records");
+  Start();
+  ClickTab(forms::tab::Setup);
+  for (const QSize size : {QSize(1024, 768), QSize(1920, 1080)}) {
+    ResizeFrame(size);
+    QTest::qWait(30);
+    Find<QWidget>("Combo1").setFocus();
+    const FirstInk dots = FirstInkOf(Field());
+    EXPECT_GT(dots.Top, Field().height() / 2) << "dots stand on the line";
+    EXPECT_LE(dots.Column, look::Scaled(11)) << "where a text of a field begins";
+    Field().setFocus();
+    Field().setCursorPosition(40);
+    EXPECT_LT(FirstInkOf(Field()).Top, Field().height() / 2) << "the letters themselves";
+  }
+}
+
+TEST_F(DataPath, ThatFitsIsShownAsItIs) {
+  Store("Path of stored data", "l/records");
+  Start();
+  ClickTab(forms::tab::Setup);
+  EXPECT_LT(FirstInkOf(Field()).Top, Field().height() / 2);
 }
 
 TEST_F(DataPath, IsToldWholeInTheTip) {

@@ -117,6 +117,42 @@ TEST_F(RecordFiles, TheLogOpensByItsButton) {
               ElementsAre("c:\\StoredData\\Errorlog SV record 09.03.2024 13-04-06.txt"));
 }
 
+TEST_F(RecordFiles, TheFolderOfTheRecordingsOpensByItsButton) {
+  Recorder.OpenFolder.Click();
+  EXPECT_THAT(Links.Opened, ElementsAre("c:\\StoredData"));
+  EXPECT_EQ(Recorder.NotStored.Caption, "");
+}
+
+TEST_F(RecordFiles, AFolderThatDoesNotOpenIsToldOnTheLine) {
+  const auto told = [this](std::int32_t code) {
+    Links.Code = code;
+    Recorder.OpenFolder.Click();
+    return Recorder.NotStored.Caption.Get();
+  };
+  EXPECT_EQ(told(platform::open_code::PathNotFound),
+            "The data folder is not there. Check the data path under 'Setup'.");
+  EXPECT_EQ(told(platform::open_code::FileNotFound),
+            "The data folder is not there. Check the data path under 'Setup'.");
+  EXPECT_EQ(told(platform::open_code::AccessDenied),
+            "The data folder must not be read. Check its rights, or the data path under 'Setup'.");
+  EXPECT_EQ(told(platform::open_code::NoViewer),
+            "The data folder was not opened: this computer has no file manager for it.");
+  EXPECT_EQ(told(platform::open_code::Opened), "") << "what was told before holds no longer";
+  EXPECT_THAT(Dialogs.Shown, IsEmpty());
+}
+
+TEST_F(RecordFiles, WhatIsToldOfARecordingStaysForTheFolder) {
+  Recorder.NotStored.Say("not stored");
+  Links.Late = true;
+  Recorder.OpenFolder.Click();
+  Links.Waiting[0](platform::open_code::NoViewer);
+  EXPECT_EQ(Recorder.NotStored.Caption, "not stored");
+  Links.Late = false;
+  Links.Code = platform::open_code::Opened;
+  Recorder.OpenFolder.Click();
+  EXPECT_EQ(Recorder.NotStored.Caption, "not stored");
+}
+
 TEST_F(RecordFiles, TheButtonIgnoresThatThereIsNoLog) {
   Made("TXT", ".txt");
   Links.Code = platform::open_code::FileNotFound;
