@@ -8,6 +8,7 @@
 #include "desktop/look/scale.h"
 #include "desktop/look/text.h"
 #include "desktop/look/twips.h"
+#include "desktop/widgets/announced.h"
 #include "desktop/widgets/logo_view.h"
 #include "platform/stream_format.h"
 
@@ -41,7 +42,7 @@ PhasorPage::PhasorPage(const PhasorParts& parts, Binder& binder, QWidget* parent
   heading_->setFont(look::BoldFont(look::HeadingSize));
   picture_->lower();
   picture_->setObjectName(QStringLiteral("phasordiagram"));
-  picture_->setAccessibleName(QStringLiteral("Phasor diagram"));
+  Announce(*picture_, QAccessible::Graphic, QStringLiteral("Phasor diagram"));
   BindControls(binder);
   FillScales(binder);
   Follow();

@@ -4,6 +4,7 @@
 
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
+#include "desktop/widgets/announced.h"
 #include "desktop/widgets/curve_name.h"
 #include "desktop/widgets/keep_room.h"
 
@@ -25,7 +26,7 @@ QuickViewCard::QuickViewCard(forms::RecorderControls& recorder, forms::ValuesCon
   heading->setFont(look::BoldFont(look::HeadingSize));
   auto* graph = new GraphView(graph_, guard, this);
   graph->setObjectName(QStringLiteral("CWGraph2"));
-  graph->setAccessibleName(QStringLiteral("Quick view of the recording"));
+  Announce(*graph, QAccessible::Chart, QStringLiteral("Quick view of the recording"));
   QWidget* legend = Legend(values);
   QLabel* hint = Hint();
   const auto show = [this, graph, legend, hint] {

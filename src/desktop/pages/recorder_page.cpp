@@ -95,6 +95,7 @@ QWidget* RecorderPage::Formats(QWidget* parent) {
   auto* room = new QLabel(formats);
   room->setFixedHeight(LineHeight);
   room->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  room->setAccessibleDescription(QStringLiteral("room on the disk"));
   binder_.Bind(recorder_.Room, *room, QStringLiteral("Room"));
   auto* first = new QHBoxLayout;
   first->addWidget(heading);
@@ -102,6 +103,7 @@ QWidget* RecorderPage::Formats(QWidget* parent) {
   rows->addLayout(first);
   for (std::size_t i = 0; i < recorder_.Option2.size(); ++i) {
     auto* format = new RadioButton(formats);
+    format->BelongTo(*heading);
     binder_.Bind(recorder_.Option2[i], *format, ArrayName("Option2", i));
     rows->addWidget(format);
   }
@@ -116,6 +118,7 @@ QWidget* RecorderPage::Files(QWidget* parent) {
   int row = 0;
   for (const std::size_t path : {forms::record_line::FirstPath, forms::record_line::SecondPath}) {
     auto* label = new ElidedLabel(files);
+    label->setAccessibleDescription(QStringLiteral("file of stream %1").arg(row + 1));
     label->setMaximumWidth(PathWidth);
     KeepRoom(*label);
     binder_.Bind(recorder_.Label10[path], *label, ArrayName("Label10", path), Wording::Foreign);
@@ -150,11 +153,13 @@ QWidget* RecorderPage::Told(QWidget* parent) {
   for (std::size_t i = 0; i < recorder_.OnDisk.size(); ++i) {
     auto* stored = new QLabel(told);
     stored->setFixedHeight(LineHeight);
+    stored->setAccessibleDescription(QStringLiteral("stored of stream %1").arg(i + 1));
     binder_.Bind(recorder_.OnDisk[i], *stored, ArrayName("OnDisk", i));
     lines->addWidget(stored);
   }
   auto* notStored = new QuietLine(told);
   notStored->setMinimumHeight(NotStoredHeight);
+  notStored->setAccessibleDescription(QStringLiteral("what was not stored"));
   binder_.Bind(recorder_.NotStored, *notStored, QStringLiteral("NotStored"));
   lines->addWidget(notStored);
   return told;
@@ -180,6 +185,7 @@ QLayout* RecorderPage::RunSide() {
   side->addWidget(RunCard());
   // Below the card, which is as high as its button: there is room for a long reason.
   auto* quiet = new QuietLine(this);
+  quiet->setAccessibleDescription(QStringLiteral("state of the recording"));
   binder_.Bind(shared_.QuietLine[forms::quiet_line::Recorder], *quiet,
                ArrayName("QuietLine", forms::quiet_line::Recorder));
   side->addWidget(quiet, 1);
@@ -195,6 +201,7 @@ Card* RecorderPage::RunCard() {
   card->AddWide(run);
   // In the place of the button, which is hidden as long as this line speaks.
   auto* waits = new QuietLine(card);
+  waits->setAccessibleDescription(QStringLiteral("what STOP waits for"));
   binder_.Bind(recorder_.StopWaits, *waits, QStringLiteral("StopWaits"));
   waits->setAttribute(Qt::WA_TransparentForMouseEvents);
   waits->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
@@ -242,6 +249,7 @@ Card* RecorderPage::PauseCard() {
   card->Grid().setColumnMinimumWidth(0, 0);
   for (std::size_t i = 0; i < recorder_.Option1.size(); ++i) {
     auto* kind = new RadioButton(card);
+    kind->BelongTo(QStringLiteral("start of a recording"));
     binder_.Bind(recorder_.Option1[i], *kind, ArrayName("Option1", i));
     card->AddWide(kind);
   }
@@ -263,6 +271,7 @@ QWidget* RecorderPage::Foot() {
   row->addWidget(check);
   row->addSpacing(GroupGap);
   auto* line = new QuietLine(foot);
+  line->setAccessibleDescription(QStringLiteral("recordings without a log"));
   line->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   binder_.Bind(recorder_.CheckLine, *line, QStringLiteral("CheckLine"));
   row->addWidget(line, 1);

@@ -1,6 +1,7 @@
 #include "desktop/pages/report_page.h"
 
 #include <QPainter>
+#include <vector>
 #include <algorithm>
 
 #include "desktop/binding/run_binding.h"
@@ -70,9 +71,10 @@ void ReportPage::AddRows(forms::ReportControls& report) {
     const bool dump = i >= forms::report_row::FirstDump;
     QLabel* value = rows_.Add(report.Label8[i], ArrayName("Label8", i),
                               dump ? Wording::Columns : Wording::Foreign);
+    // So a screen reader tells what the value is of.
+    title->setBuddy(value);
     picker_->Add({title, value});
   }
-  setAccessibleName(QStringLiteral("Rows of the report"));
 }
 
 void ReportPage::AddStructure(forms::ReportControls& report, Binder& binder) {
@@ -120,6 +122,7 @@ void ReportPage::resizeEvent(QResizeEvent*) {
                                            QPointF(panel.left() - PanelGap * ratio, bottom))
                                   : QRectF(QPointF(panel.left(), panel.bottom() + PanelGap * ratio),
                                            QPointF(panel.right(), height() - LogoRoom * ratio));
+  OrderTabs(beside);
   const double heading = HeadingHeight * ratio;
   heading_->setGeometry(QRectF(structure.topLeft(), QSizeF(structure.width(), heading)).toRect());
   structure_->setGeometry(structure.adjusted(0, heading, 0, 0).toRect());
@@ -130,11 +133,21 @@ void ReportPage::resizeEvent(QResizeEvent*) {
   update();
 }
 
+void ReportPage::OrderTabs(bool structureBeside) {
+  // As the eye goes, column by column; the structure stands beside the rows or below the buttons.
+  std::vector<QWidget*> order = {this, dump_, &run_->Button(), &run_->Station(0), &run_->Station(1),
+                                 print_};
+  order.insert(structureBeside ? order.begin() + 2 : order.end(), structure_);
+  for (std::size_t i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
+}
+
 void ReportPage::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   const double corner = (look::Corner + 2) * look::Scale();
-  painter.setPen(QPen(look::Edge, std::max(1, look::Scaled(1))));
+  // The rows are picked by keys too, so their sheet shows the focus of the page.
+  painter.setPen(hasFocus() ? QPen(look::Accent, look::LineWidth(2))
+                            : QPen(look::Edge, look::LineWidth()));
   painter.setBrush(look::Card);
   painter.drawRoundedRect(sheet_, corner, corner);
   const double inset = SheetInset * look::Scale();

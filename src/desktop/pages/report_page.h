@@ -34,6 +34,7 @@ class ReportPage : public QWidget {
   void AddRows(forms::ReportControls& report);
   void BindControls(forms::ReportControls& report, forms::SharedControls& shared, Binder& binder);
 
+  void OrderTabs(bool structureBeside);
   void AddStructure(forms::ReportControls& report, Binder& binder);
 
   RichRows rows_;

@@ -1,5 +1,7 @@
 #include "desktop/pages/values_page.h"
 
+#include <vector>
+
 #include "desktop/binding/run_binding.h"
 #include "desktop/look/look.h"
 #include "desktop/look/places.h"
@@ -94,13 +96,13 @@ void ValuesPage::BindControls(Binder& binder) {
 }
 
 void ValuesPage::OrderTabs() {
-  // What is used most comes first; the readings follow in the order of the channels.
-  setTabOrder(&run_->Station(1), realTime_);
-  QWidget* last = realTime_;
-  for (ReadingField* reading : readings_) {
-    setTabOrder(last, reading);
-    last = reading;
+  // As the eye goes: both columns of readings, then what controls them.
+  std::vector<QWidget*> order(readings_.begin(), readings_.end());
+  for (QWidget* control : std::initializer_list<QWidget*>{&run_->Button(), &run_->Station(0),
+                                                          &run_->Station(1), realTime_}) {
+    order.push_back(control);
   }
+  for (std::size_t i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
 }
 
 void ValuesPage::resizeEvent(QResizeEvent*) {

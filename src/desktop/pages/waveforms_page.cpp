@@ -7,6 +7,7 @@
 #include "desktop/look/places.h"
 #include "desktop/look/text.h"
 #include "desktop/look/twips.h"
+#include "desktop/widgets/announced.h"
 
 namespace desktop {
 
@@ -42,7 +43,7 @@ WaveformsPage::WaveformsPage(forms::WaveformsControls& scope, forms::SharedContr
   TakeScale();
   frame_->setObjectName(QStringLiteral("Frame1"));
   graph_->setObjectName(QStringLiteral("CWGraph1"));
-  graph_->setAccessibleName(QStringLiteral("Waveforms"));
+  Announce(*graph_, QAccessible::Chart, QStringLiteral("Waveforms"));
   graph_->setToolTip(ToQt(scope_.CWGraph1.ToolTipText));
   BindControls(binder);
   FillFrame();

@@ -5,6 +5,7 @@
 
 #include "desktop/look/look.h"
 #include "desktop/look/scale.h"
+#include "desktop/widgets/announced.h"
 
 namespace desktop {
 
@@ -39,6 +40,7 @@ Card::Card(const QString& heading, QWidget* parent) : Ground(parent), grid_(new 
   auto* title = new QLabel(heading, this);
   title->setFont(look::BoldFont(look::HeadingSize));
   title->setVisible(!heading.isEmpty());
+  Announce(*this, QAccessible::Grouping, heading);
   grid_->setHorizontalSpacing(ColumnGap);
   grid_->setVerticalSpacing(RowGap);
   grid_->setColumnMinimumWidth(0, CaptionWidth);

@@ -7,6 +7,7 @@
 
 #include "desktop/look/places.h"
 #include "desktop/look/twips.h"
+#include "desktop/widgets/announced.h"
 
 namespace desktop {
 
@@ -24,7 +25,7 @@ QSvgRenderer& Logo() {
 LogoView::LogoView(platform::PictureBox& control, int width, From from, QWidget* parent)
     : QWidget(parent), control_(control), width_(width), from_(from) {
   setAttribute(Qt::WA_TransparentForMouseEvents);
-  setAccessibleName(QStringLiteral("Vornik"));
+  Announce(*this, QAccessible::Graphic, QStringLiteral("Vornik"));
   TakeScale();
   control_.Left.Observe([this] { Place(); });
   control_.Top.Observe([this] { Place(); });

@@ -30,7 +30,10 @@ void RunColumn::AddGroup(QLabel* heading, std::initializer_list<QWidget*> rows) 
   rows_->addSpacing(GroupGap);
   KeepRoom(*heading);
   rows_->addWidget(heading);
-  for (QWidget* row : rows) AddRow(row, 0);
+  for (QWidget* row : rows) {
+    if (auto* choice = qobject_cast<RadioButton*>(row)) choice->BelongTo(*heading);
+    AddRow(row, 0);
+  }
 }
 
 void RunColumn::AddRow(QWidget* row, int gap) {

@@ -5,12 +5,13 @@
 
 #include "desktop/look/look.h"
 #include "desktop/look/scale.h"
+#include "desktop/widgets/announced.h"
 
 namespace desktop {
 
 RunIndicator::RunIndicator(QWidget& button) : QWidget(button.parentWidget()) {
   setAttribute(Qt::WA_TransparentForMouseEvents);
-  setAccessibleName(QStringLiteral("capture is running"));
+  Announce(*this, QAccessible::Indicator, QStringLiteral("capture is running"));
   stackUnder(&button);
   button.installEventFilter(this);
 }
