@@ -1,6 +1,6 @@
 #include "desktop/look/instrument_style.h"
 
-#include <QAbstractScrollArea>
+#include <QAbstractItemView>
 #include <QDialog>
 #include <QPainter>
 #include <QStyleOption>
@@ -26,6 +26,8 @@ constexpr int AnswerWidth = 108;
 constexpr int ArrowWidth = 19;
 constexpr int RowHeight = 26;
 constexpr int RowPadding = 4;
+/// Beside the text of an entry, and beside its box.
+constexpr int EntryPadding = 3;
 /// As wide as keeps square contents within rounded corners.
 constexpr int AreaEdge = 3;
 constexpr int ScrollBarWidth = 14;
@@ -56,15 +58,15 @@ QPalette::ColorRole GroundOf(const QWidget* scrollBar) {
 }
 
 /// A rounded box whose edge tells whether it has the focus.
-void DrawBox(QPainter& painter, const QRect& area, const QColor& ground,
-             const QStyle::State& state) {
+void DrawBox(QPainter& painter, const QRect& area, const QColor& ground, const QStyle::State& state,
+             const QColor& edge = look::StrongEdge) {
   const bool enabled = state.testFlag(QStyle::State_Enabled);
   const bool focus = enabled && state.testFlag(QStyle::State_HasFocus);
   const bool hover = enabled && state.testFlag(QStyle::State_MouseOver);
   const int width = look::LineWidth(focus ? 2 : 1);
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(focus ? look::Accent : hover ? look::QuietText : look::StrongEdge, width));
+  painter.setPen(QPen(focus ? look::Accent : hover ? look::QuietText : edge, width));
   painter.setBrush(enabled ? ground : look::Page);
   const double inset = width / 2.0;
   const double corner = look::Painted(look::Corner - 1);
@@ -125,7 +127,12 @@ void DrawRadio(QPainter& painter, const QStyleOption& option) {
 
 void DrawButton(QPainter& painter, const QStyleOption& option) {
   const bool down = option.state.testFlag(QStyle::State_Sunken);
-  DrawBox(painter, option.rect, down ? look::Pressed : look::Panel, option.state);
+  const auto* button = qstyleoption_cast<const QStyleOptionButton*>(&option);
+  // The one that Return presses, also while the focus is elsewhere.
+  const bool usual =
+      button != nullptr && button->features.testFlag(QStyleOptionButton::DefaultButton);
+  DrawBox(painter, option.rect, down ? look::Pressed : look::Panel, option.state,
+          usual ? look::Accent : look::StrongEdge);
 }
 
 void DrawFocus(QPainter& painter, const QStyleOption& option) {
@@ -326,6 +333,10 @@ int InstrumentStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
       return look::Scaled(ScrollBarWidth);
     case PM_ToolTipLabelFrameWidth:
       return look::Scaled(TipPadding);
+    case PM_FocusFrameHMargin:
+      return qobject_cast<const QAbstractItemView*>(widget) != nullptr
+                 ? look::Scaled(EntryPadding)
+                 : QProxyStyle::pixelMetric(metric, option, widget);
     case PM_HeaderMarkSize:
       return look::Scaled(HeaderMark);
     case PM_SmallIconSize:

@@ -34,7 +34,9 @@ class AnyDesktop : public DialogScene {
     for (const char* kind : Kinds) QApplication::setFont(font, kind);
   }
   static void GiveDarkColours() {
-    const QPalette dark(QColor(40, 40, 44), QColor(20, 20, 24));
+    QPalette dark(QColor(40, 40, 44), QColor(20, 20, 24));
+    dark.setColor(QPalette::ToolTipBase, QColor(20, 20, 24));
+    dark.setColor(QPalette::ToolTipText, Qt::white);
     QApplication::setPalette(dark);
     for (const char* kind : Kinds) QApplication::setPalette(dark, kind);
     QToolTip::setPalette(dark);
