@@ -6,6 +6,7 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QToolButton>
 
 #include "desktop/look/look.h"
 #include "desktop/look/scale.h"
@@ -106,6 +107,18 @@ TEST_P(Dialogs, TheListOfTheFinderHasTheEdgeAndTheCornersOfAField) {
     EXPECT_EQ(picture.pixelColor(side + QPoint(look::LineWidth(), 0)), look::Card);
     // The window shows beside the round corner.
     EXPECT_EQ(picture.pixelColor(corner), QColor(147, 201, 254));
+  });
+}
+
+TEST_P(Dialogs, TheFolderDialogHasButtonsAndPlacesInTheFactor) {
+  StartThere();
+  InFolderDialog([](QWidget& window) {
+    const int side = look::Scaled(look::FieldHeight);
+    const QList<QToolButton*> buttons = window.findChildren<QToolButton*>();
+    ASSERT_GE(buttons.size(), 4);
+    for (const auto* button : buttons) EXPECT_EQ(button->size(), QSize(side, side));
+    EXPECT_GE(window.findChild<QWidget*>("sidebar")->width(), look::Scaled(180));
+    EXPECT_EQ(window.findChild<QWidget*>("fileNameEdit")->height(), side);
   });
 }
 
