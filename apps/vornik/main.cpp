@@ -1,5 +1,4 @@
 #include <QApplication>
-#include <QMessageBox>
 #include <exception>
 #include <filesystem>
 #include <iostream>
@@ -10,6 +9,7 @@
 #include "desktop/binding/termination.h"
 #include "desktop/desktop_program.h"
 #include "desktop/look/look.h"
+#include "desktop/services/qt_dialogs.h"
 #include "system/places.h"
 
 namespace {
@@ -46,8 +46,7 @@ int main(int argc, char** argv) {
   } catch (const std::exception& error) {
     // What fails before the window is there has no other place to be told.
     std::cerr << error.what() << std::endl;
-    QMessageBox::critical(nullptr, QApplication::applicationName(),
-                          QString::fromUtf8(error.what()));
+    desktop::QtDialogs().Show({"", error.what(), platform::Icon::Critical});
     return 1;
   }
 }

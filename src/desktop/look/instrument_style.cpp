@@ -1,12 +1,12 @@
 #include "desktop/look/instrument_style.h"
 
-#include <QAbstractScrollArea>
+#include <QAbstractItemView>
 #include <QDialog>
 #include <QPainter>
 #include <QStyleOption>
 #include <QTableView>
-#include <algorithm>
 
+#include "desktop/look/control_paint.h"
 #include "desktop/look/look.h"
 #include "desktop/look/scale.h"
 #include "desktop/look/scroll_bar.h"
@@ -17,7 +17,6 @@ namespace desktop {
 namespace {
 
 // In pixels of the smallest window.
-constexpr int IndicatorSize = 17;
 constexpr int IndicatorSpacing = 8;
 constexpr int ButtonPadding = 16;
 /// The least width of what answers a dialog.
@@ -26,6 +25,8 @@ constexpr int AnswerWidth = 108;
 constexpr int ArrowWidth = 19;
 constexpr int RowHeight = 26;
 constexpr int RowPadding = 4;
+/// Beside the text of an entry, and beside its box.
+constexpr int EntryPadding = 3;
 /// As wide as keeps square contents within rounded corners.
 constexpr int AreaEdge = 3;
 constexpr int ScrollBarWidth = 14;
@@ -37,8 +38,6 @@ constexpr int LargeIcon = 32;
 constexpr int OwnListPadding = 1;
 /// The same of a field.
 constexpr int OwnFieldPadding = 2;
-/// What it keeps free below the title of a group.
-constexpr int OwnTitleGap = 3;
 
 /// A text or a list of many lines with an edge of its own: it looks as a field does.
 bool IsFieldArea(const QWidget* widget) {
@@ -53,112 +52,6 @@ QPalette::ColorRole GroundOf(const QWidget* scrollBar) {
   const auto* frame = qobject_cast<const QFrame*>(area);
   const bool page = frame == nullptr || frame->frameShape() == QFrame::NoFrame;
   return page ? QPalette::Window : QPalette::Base;
-}
-
-/// A rounded box whose edge tells whether it has the focus.
-void DrawBox(QPainter& painter, const QRect& area, const QColor& ground,
-             const QStyle::State& state) {
-  const bool enabled = state.testFlag(QStyle::State_Enabled);
-  const bool focus = enabled && state.testFlag(QStyle::State_HasFocus);
-  const bool hover = enabled && state.testFlag(QStyle::State_MouseOver);
-  const int width = look::LineWidth(focus ? 2 : 1);
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(focus ? look::Accent : hover ? look::QuietText : look::StrongEdge, width));
-  painter.setBrush(enabled ? ground : look::Page);
-  const double inset = width / 2.0;
-  const double corner = look::Painted(look::Corner - 1);
-  painter.drawRoundedRect(QRectF(area).adjusted(inset, inset, -inset, -inset), corner, corner);
-  painter.restore();
-}
-
-void DrawChevron(QPainter& painter, const QRect& area, const QColor& colour) {
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  const double scale = look::Scale();
-  painter.setPen(QPen(colour, 1.6 * scale, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  const QPointF tip = QRectF(area).center() + QPointF(0, 2.5 * scale);
-  const double reach = 4.5 * scale;
-  const QPointF corners[] = {tip + QPointF(-reach, -reach), tip, tip + QPointF(reach, -reach)};
-  painter.drawPolyline(corners, 3);
-  painter.restore();
-}
-
-void DrawTick(QPainter& painter, const QRect& area) {
-  const QRectF box(area);
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(look::Card, 2 * look::Scale(), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  const QPointF corners[] = {box.topLeft() + QPointF(box.width() * 0.24, box.height() * 0.52),
-                             box.topLeft() + QPointF(box.width() * 0.43, box.height() * 0.71),
-                             box.topLeft() + QPointF(box.width() * 0.77, box.height() * 0.31)};
-  painter.drawPolyline(corners, 3);
-  painter.restore();
-}
-
-void DrawCheck(QPainter& painter, const QStyleOption& option) {
-  const bool on = option.state.testFlag(QStyle::State_On);
-  const bool enabled = option.state.testFlag(QStyle::State_Enabled);
-  DrawBox(painter, option.rect, on && enabled ? look::Accent : look::Card, option.state);
-  if (on) DrawTick(painter, option.rect);
-}
-
-void DrawRadio(QPainter& painter, const QStyleOption& option) {
-  const bool on = option.state.testFlag(QStyle::State_On);
-  const bool marked = option.state.testFlag(QStyle::State_HasFocus) || on;
-  const int width = look::LineWidth(marked ? 2 : 1);
-  const double inset = look::LineWidth(2) / 2.0;
-  const QRectF circle = QRectF(option.rect).adjusted(inset, inset, -inset, -inset);
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(marked ? look::Accent : look::StrongEdge, width));
-  painter.setBrush(look::Card);
-  painter.drawEllipse(circle);
-  if (on) {
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(look::Accent);
-    const double rim = circle.width() * 0.27;
-    painter.drawEllipse(circle.adjusted(rim, rim, -rim, -rim));
-  }
-  painter.restore();
-}
-
-void DrawButton(QPainter& painter, const QStyleOption& option) {
-  const bool down = option.state.testFlag(QStyle::State_Sunken);
-  DrawBox(painter, option.rect, down ? look::Pressed : look::Panel, option.state);
-}
-
-void DrawFocus(QPainter& painter, const QStyleOption& option) {
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  const double width = look::Painted(1.5);
-  const double inset = width / 2;
-  painter.setPen(QPen(look::Accent, width));
-  painter.setBrush(Qt::NoBrush);
-  painter.drawRoundedRect(QRectF(option.rect).adjusted(inset, inset, -inset, -inset),
-                          look::Painted(3), look::Painted(3));
-  painter.restore();
-}
-
-void DrawGroup(QPainter& painter, const QStyleOption& option) {
-  // The title stands above the frame.
-  const int title = std::max(look::Scaled(IndicatorSize), option.fontMetrics.height());
-  const QRectF frame = QRectF(option.rect).adjusted(0, title + OwnTitleGap, 0, 0);
-  const int width = look::LineWidth();
-  const double inset = width / 2.0;
-  const double corner = look::Painted(look::Corner);
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(look::StrongEdge, width));
-  painter.setBrush(Qt::NoBrush);
-  painter.drawRoundedRect(frame.adjusted(inset, inset, -inset, -inset), corner, corner);
-  painter.restore();
-}
-
-void DrawTip(QPainter& painter, const QStyleOption& option) {
-  const int width = look::LineWidth();
-  painter.fillRect(option.rect, look::StrongEdge);
-  painter.fillRect(option.rect.adjusted(width, width, -width, -width), look::Card);
 }
 
 QRect ArrowOfList(const QRect& list) {
@@ -201,36 +94,48 @@ void InstrumentStyle::drawPrimitive(PrimitiveElement element, const QStyleOption
                                     QPainter* painter, const QWidget* widget) const {
   switch (element) {
     case PE_PanelLineEdit:
-      DrawBox(*painter, option->rect, look::Field, option->state);
+      look::DrawBox(*painter, option->rect, look::Field, option->state);
       break;
     case PE_IndicatorCheckBox:
-      DrawCheck(*painter, *option);
+      look::DrawCheck(*painter, *option);
       break;
     case PE_IndicatorRadioButton:
-      DrawRadio(*painter, *option);
+      look::DrawRadio(*painter, *option);
       break;
     case PE_PanelButtonCommand:
-      DrawButton(*painter, *option);
+      look::DrawButton(*painter, *option);
       break;
     case PE_Frame:
       if (!IsFieldArea(widget)) {
         QProxyStyle::drawPrimitive(element, option, painter, widget);
         break;
       }
-      DrawBox(*painter, option->rect, option->palette.color(QPalette::Base), option->state);
+      look::DrawBox(*painter, option->rect, option->palette.color(QPalette::Base), option->state);
       break;
     case PE_FrameGroupBox:
-      DrawGroup(*painter, *option);
+      look::DrawGroup(*painter, *option);
       break;
     case PE_PanelTipLabel:
-      DrawTip(*painter, *option);
+      look::DrawTip(*painter, *option);
       break;
     case PE_FrameFocusRect:
-      DrawFocus(*painter, *option);
+      look::DrawFocus(*painter, *option);
       break;
     default:
       QProxyStyle::drawPrimitive(element, option, painter, widget);
       break;
+  }
+}
+
+void InstrumentStyle::drawControl(ControlElement element, const QStyleOption* option,
+                                  QPainter* painter, const QWidget* widget) const {
+  const auto* bar = qstyleoption_cast<const QStyleOptionProgressBar*>(option);
+  if (element == CE_ProgressBarGroove) {
+    look::DrawBox(*painter, option->rect, look::Field, State_Enabled);
+  } else if (element == CE_ProgressBarContents && bar != nullptr) {
+    look::DrawProgress(*painter, *bar);
+  } else {
+    QProxyStyle::drawControl(element, option, painter, widget);
   }
 }
 
@@ -246,9 +151,10 @@ void InstrumentStyle::drawComplexControl(ComplexControl control, const QStyleOpt
     QProxyStyle::drawComplexControl(control, option, painter, widget);
     return;
   }
-  DrawBox(*painter, option->rect, option->palette.color(QPalette::Base), option->state);
-  DrawChevron(*painter, proxy()->subControlRect(CC_ComboBox, option, SC_ComboBoxArrow, widget),
-              option->state.testFlag(State_Enabled) ? look::Ink : look::DisabledText);
+  look::DrawBox(*painter, option->rect, option->palette.color(QPalette::Base), option->state);
+  look::DrawChevron(*painter,
+                    proxy()->subControlRect(CC_ComboBox, option, SC_ComboBoxArrow, widget),
+                    option->state.testFlag(State_Enabled) ? look::Ink : look::DisabledText);
 }
 
 QRect InstrumentStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
@@ -315,7 +221,7 @@ int InstrumentStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_IndicatorHeight:
     case PM_ExclusiveIndicatorWidth:
     case PM_ExclusiveIndicatorHeight:
-      return look::Scaled(IndicatorSize);
+      return look::Scaled(look::IndicatorSize);
     case PM_CheckBoxLabelSpacing:
     case PM_RadioButtonLabelSpacing:
       return look::Scaled(IndicatorSpacing);
@@ -326,6 +232,10 @@ int InstrumentStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
       return look::Scaled(ScrollBarWidth);
     case PM_ToolTipLabelFrameWidth:
       return look::Scaled(TipPadding);
+    case PM_FocusFrameHMargin:
+      return qobject_cast<const QAbstractItemView*>(widget) != nullptr
+                 ? look::Scaled(EntryPadding)
+                 : QProxyStyle::pixelMetric(metric, option, widget);
     case PM_HeaderMarkSize:
       return look::Scaled(HeaderMark);
     case PM_SmallIconSize:

@@ -1,5 +1,6 @@
 #include "desktop/look/look.h"
 
+#include <QEvent>
 #include <QFontDatabase>
 #include <QPalette>
 #include <QSvgRenderer>
@@ -7,6 +8,7 @@
 #include <QWidget>
 
 #include "desktop/look/instrument_style.h"
+#include "desktop/look/scale.h"
 
 // In a library the pictures must be asked for by name, and outside of any namespace.
 static void InitPictures() {
@@ -66,6 +68,25 @@ QPalette LightPalette() {
   return palette;
 }
 
+void TakeColoursAndFont() {
+  QApplication::setPalette(LightPalette());
+  // Tips have a palette of their own, which a desktop may have made dark.
+  QToolTip::setPalette(LightPalette());
+  QApplication::setFont(TextFont(Scaled(TextSize)));
+}
+
+/// A desktop that changes its colours or fonts while the program runs gives those of menus, lists
+/// and tips to the toolkit anew.
+class DesktopWatch : public QObject {
+ public:
+  using QObject::QObject;
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::ThemeChange && watched->isWindowType()) TakeColoursAndFont();
+    return QObject::eventFilter(watched, event);
+  }
+};
+
 }  // namespace
 
 QColor ColourOf(const platform::Rgb& rgb) {
@@ -107,10 +128,8 @@ void Apply(QApplication& application) {
   // All texts are English, and the places on the pages are counted from the left.
   QApplication::setLayoutDirection(Qt::LeftToRight);
   QApplication::setStyle(new InstrumentStyle);
-  QApplication::setPalette(LightPalette());
-  // Tips have a palette of their own, which a desktop may have made dark.
-  QToolTip::setPalette(LightPalette());
-  QApplication::setFont(TextFont(TextSize));
+  TakeColoursAndFont();
+  application.installEventFilter(new DesktopWatch(QApplication::style()));
   application.setWindowIcon(ProgramIcon());
 }
 

@@ -6,6 +6,9 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStringList>
+#include <QTextLayout>
+#include <algorithm>
+#include <cmath>
 
 #include "desktop/look/scale.h"
 #include "desktop/widgets/window_fit.h"
@@ -50,15 +53,32 @@ class Words : public QLabel {
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
     painter.setPen(palette().color(QPalette::WindowText));
-    painter.drawText(rect(), Wrapped, text());
+    QTextLayout lines(Lines(), font());
+    LayOut(lines, width());
+    lines.draw(&painter, {0, 0});
   }
 
  private:
-  static constexpr int Wrapped =
-      Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap | Qt::TextWrapAnywhere;
-
+  QString Lines() const { return text().replace(QLatin1Char('\n'), QChar::LineSeparator); }
+  /// The size of the words within this width.
+  static QSizeF LayOut(QTextLayout& lines, int width) {
+    QTextOption wrapped;
+    wrapped.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    lines.setTextOption(wrapped);
+    QSizeF size;
+    lines.beginLayout();
+    for (QTextLine line = lines.createLine(); line.isValid(); line = lines.createLine()) {
+      line.setLineWidth(width);
+      line.setPosition({0, size.height()});
+      size = {std::max(size.width(), line.naturalTextWidth()), size.height() + line.height()};
+    }
+    lines.endLayout();
+    return size;
+  }
   QSize Room(int width) const {
-    return fontMetrics().boundingRect(QRect(0, 0, width, QWIDGETSIZE_MAX), Wrapped, text()).size();
+    QTextLayout lines(Lines(), font());
+    const QSizeF size = LayOut(lines, width);
+    return {static_cast<int>(std::ceil(size.width())), static_cast<int>(std::ceil(size.height()))};
   }
 };
 
@@ -71,6 +91,8 @@ MessageDialog::MessageDialog(std::optional<QStyle::StandardPixmap> sign, QWidget
   if (sign) upper->addWidget(new Sign(style()->standardIcon(*sign), this), 0, Qt::AlignTop);
   words_->setSpacing(Gap);
   upper->addLayout(words_, 1);
+  // A line that is lower than the sign stands beside its middle.
+  upper->setAlignment(words_, Qt::AlignVCenter);
   answers_->setSpacing(AnswerGap);
   answers_->addStretch(1);
   auto* all = new QVBoxLayout(this);

@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "desktop/look/look.h"
+#include "desktop/look/scale.h"
 
 namespace desktop {
 
@@ -47,9 +48,11 @@ void RowPicker::Paint(QPainter& painter, const QRectF& area) const {
     const QRectF mark(area.left(), place.top(), area.width(), place.height());
     painter.fillRect(mark, look::Pressed);
     if (row != current_ || !page_.hasFocus()) continue;
-    painter.setPen(QPen(look::Accent, 1));
+    const int edge = look::LineWidth();
+    const double inset = edge / 2.0;
+    painter.setPen(QPen(look::Accent, edge));
     painter.setBrush(Qt::NoBrush);
-    painter.drawRect(mark.adjusted(0.5, 0.5, -0.5, -0.5));
+    painter.drawRect(mark.adjusted(inset, inset, -inset, -inset));
   }
 }
 

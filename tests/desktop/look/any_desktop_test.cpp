@@ -28,18 +28,18 @@ class AnyDesktop : public DialogScene {
  protected:
   ~AnyDesktop() override { look::Apply(*qApp); }
 
-  static void HaveFont(int points) {
+  static void GiveFont(int points) {
     const QFont font(QStringLiteral("DejaVu Serif"), points);
     QApplication::setFont(font);
     for (const char* kind : Kinds) QApplication::setFont(font, kind);
-    look::Apply(*qApp);
   }
-  static void HaveDarkColours() {
-    const QPalette dark(QColor(40, 40, 44), QColor(20, 20, 24));
+  static void GiveDarkColours() {
+    QPalette dark(QColor(40, 40, 44), QColor(20, 20, 24));
+    dark.setColor(QPalette::ToolTipBase, QColor(20, 20, 24));
+    dark.setColor(QPalette::ToolTipText, Qt::white);
     QApplication::setPalette(dark);
     for (const char* kind : Kinds) QApplication::setPalette(dark, kind);
     QToolTip::setPalette(dark);
-    look::Apply(*qApp);
   }
   static void ReadFromTheRight() {
     QGuiApplication::setLayoutDirection(Qt::RightToLeft);
@@ -113,7 +113,8 @@ double BestContrast(QWidget& window) {
 }
 
 TEST_F(AnyDesktop, OfDarkColoursLeavesWhatOpensLightAndItsTextsDark) {
-  HaveDarkColours();
+  GiveDarkColours();
+  look::Apply(*qApp);
   StartOn("usual", {1024, 768});
   const auto expectLight = [](const std::string& name, QWidget& window) {
     EXPECT_GT(Lightness(window), 180) << name;
@@ -133,7 +134,8 @@ TEST_F(AnyDesktop, OfDarkColoursLeavesWhatOpensLightAndItsTextsDark) {
 
 TEST_F(AnyDesktop, OfSmallOrLargeLettersLeavesTheSizesOfTheDesign) {
   for (const int points : {8, 16}) {
-    HaveFont(points);
+    GiveFont(points);
+    look::Apply(*qApp);
     StartOn("usual", {1024, 768});
     ExpectNoMisfitsOnPages();
     const auto expectUsual = [points](const std::string& name, QWidget& window) {
@@ -151,6 +153,20 @@ TEST_F(AnyDesktop, OfSmallOrLargeLettersLeavesTheSizesOfTheDesign) {
     InEachPopup(expectUsual);
     program_.reset();
   }
+}
+
+TEST_F(AnyDesktop, ThatChangesWhileTheProgramRunsChangesNothingOfIt) {
+  StartOn("large", {3840, 2160});
+  const QFont usual = QApplication::font();
+  GiveFont(16);
+  GiveDarkColours();
+  QEvent change(QEvent::ThemeChange);
+  QCoreApplication::sendEvent(program_->Window().windowHandle(), &change);
+  EXPECT_EQ(QApplication::font(), usual);
+  InEachPopup([&](const std::string& name, QWidget& window) {
+    EXPECT_GT(Lightness(window), 180) << name;
+    EXPECT_EQ(window.fontInfo().pixelSize(), look::Scaled(look::TextSize)) << name;
+  });
 }
 
 TEST_F(AnyDesktop, ThatReadsFromTheRightLeavesTheProgramToReadFromTheLeft) {

@@ -1,6 +1,8 @@
 #include <QApplication>
 #include <QImage>
+#include <QProgressBar>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTest>
 
 #include "desktop/look/instrument_style.h"
@@ -96,6 +98,34 @@ TEST_P(Padding, TheTextOfAnAreaKeepsItsMargin) {
   area.setPlainText("HHH");
   const QImage picture = Picture(area, {look::Scaled(200), look::Scaled(60)});
   EXPECT_NEAR(TextStart(picture), 14 * Factor(), 1.5);
+}
+
+TEST_P(Padding, ABarFillsFromEdgeToEdge) {
+  auto& bar = *new QProgressBar(&sheet_);
+  bar.setTextVisible(false);
+  const QSize size(look::Scaled(200), look::Scaled(8));
+  const auto filled = [&](int percent) {
+    bar.setValue(percent);
+    const QImage picture = Picture(bar, size);
+    int count = 0;
+    for (int x = 0; x < picture.width(); ++x) {
+      if (picture.pixelColor(x, picture.height() / 2) == look::Accent) ++count;
+    }
+    return count;
+  };
+  EXPECT_EQ(filled(0), 0);
+  EXPECT_NEAR(filled(50), size.width() / 2, 3 * look::LineWidth());
+  EXPECT_NEAR(filled(100), size.width() - 2 * look::LineWidth(), 2);
+}
+
+TEST_P(Padding, AChoiceThatIsLockedHasNoLiveColour) {
+  auto& choice = *new QRadioButton(&sheet_);
+  choice.setChecked(true);
+  const QSize size(look::Scaled(30), look::Scaled(24));
+  const QPoint middle(look::Scaled(17) / 2, size.height() / 2);
+  EXPECT_EQ(Picture(choice, size).pixelColor(middle), look::Accent);
+  choice.setEnabled(false);
+  EXPECT_EQ(Picture(choice, size).pixelColor(middle), look::DisabledText);
 }
 
 INSTANTIATE_TEST_SUITE_P(OfFactor, Padding, testing::Values(1.0, 18.0 / 13, 24.0 / 13, 2.0),

@@ -1,10 +1,12 @@
 #include <QAbstractButton>
+#include <QApplication>
 #include <QFileDialog>
 #include <QImage>
 #include <QLabel>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QToolButton>
 
 #include "desktop/look/look.h"
 #include "desktop/look/scale.h"
@@ -53,6 +55,8 @@ TEST_P(Dialogs, StandInTheFactorOfTheWindow) {
   StartThere();
   InEach([](const std::string& name, QWidget& window) {
     for (const auto* label : window.findChildren<QLabel*>()) {
+      const QPixmap sign = label->pixmap();
+      if (!sign.isNull()) EXPECT_EQ(sign.deviceIndependentSize().width(), look::Scaled(40)) << name;
       if (!label->isVisible() || label->text().isEmpty()) continue;
       EXPECT_GE(label->fontInfo().pixelSize(), look::Scaled(look::TextSize))
           << name << ": " << label->text().toStdString();
@@ -106,6 +110,18 @@ TEST_P(Dialogs, TheListOfTheFinderHasTheEdgeAndTheCornersOfAField) {
   });
 }
 
+TEST_P(Dialogs, TheFolderDialogHasButtonsAndPlacesInTheFactor) {
+  StartThere();
+  InFolderDialog([](QWidget& window) {
+    const int side = look::Scaled(look::FieldHeight);
+    const QList<QToolButton*> buttons = window.findChildren<QToolButton*>();
+    ASSERT_GE(buttons.size(), 4);
+    for (const auto* button : buttons) EXPECT_EQ(button->size(), QSize(side, side));
+    EXPECT_GE(window.findChild<QWidget*>("sidebar")->width(), look::Scaled(180));
+    EXPECT_EQ(window.findChild<QWidget*>("fileNameEdit")->height(), side);
+  });
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Of, Dialogs,
     testing::Values(Place{"smallest", {1024, 768}}, Place{"low", {1366, 768}},
@@ -114,6 +130,62 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& place) {
       return std::string(place.param.Screen) + std::to_string(place.param.Window.width());
     });
+
+TEST_F(DialogScene, TheAnswerThatReturnGivesIsMarkedWhileTheFocusIsElsewhere) {
+  StartOn("usual", {1024, 768});
+  InFinder([](QWidget& window) {
+    auto& close = *window.findChild<QPushButton*>();
+    ASSERT_FALSE(close.hasFocus());
+    const QImage picture = close.grab().toImage();
+    EXPECT_EQ(picture.pixelColor(0, picture.height() / 2), look::Accent);
+  });
+}
+
+/// The words of a message as they are painted.
+class MessageWords : public DialogScene, public testing::WithParamInterface<QSize> {
+ protected:
+  QImage Painted(const QString& words) {
+    QImage picture;
+    InMessageBox({"", words.toStdString()},
+                 [&](QWidget& box) { picture = box.findChild<QLabel*>()->grab().toImage(); });
+    return picture;
+  }
+  /// The same words with their lines broken, as late as may be, in a width of the design.
+  static QString Broken(const QString& words, int width) {
+    QString broken;
+    QString line;
+    for (const QString& word : words.split(' ')) {
+      const QString longer = line.isEmpty() ? word : line + ' ' + word;
+      const bool fits =
+          QFontMetrics(QApplication::font()).horizontalAdvance(longer) <= look::Scaled(width);
+      if (!fits) broken += line + '\n';
+      line = fits ? longer : word;
+    }
+    return broken + line;
+  }
+};
+
+TEST_P(MessageWords, AreBrokenBetweenEachOther) {
+  StartOn("large", GetParam());
+  const QString words =
+      "It was not possible to open a program for viewing the stored data file. Nevertheless the "
+      "file is stored properly, and it can be opened by hand at any time from the folder that "
+      "Setup names.";
+  const QString broken = Broken(words, 600);
+  ASSERT_GE(broken.count('\n'), 2);
+  EXPECT_EQ(Painted(words), Painted(broken));
+}
+
+TEST_P(MessageWords, AreBrokenWithinThemselvesWhereOneIsWiderThanABox) {
+  StartOn("large", GetParam());
+  const QImage one = Painted(QString(40, 'm'));
+  const QImage many = Painted(QString(200, 'm'));
+  EXPECT_LE(many.width(), look::Scaled(600));
+  EXPECT_GE(many.height(), 3 * one.height());
+}
+
+INSTANTIATE_TEST_SUITE_P(In, MessageWords, testing::Values(QSize(1024, 768), QSize(3840, 2160)),
+                         [](const auto& size) { return std::to_string(size.param.width()); });
 
 /// A window that stands while the main one changes its size.
 class FollowingDialogs : public DialogScene {};
