@@ -340,6 +340,7 @@ TEST_F(Picture, TheNamesOfTheAnglesLeaveTheOuterCircleClosed) {
       drawn.Print(angle);
     }
     const QImage picture = Shown();
+    picture.save(QString("/tmp/pics_lookC/ring_%1.png").arg(side));
     const double middle = side / 2.0;
     const double radius = middle * 1000 / static_cast<double>(Edge);
     for (int step = 0; step < 3600; ++step) {
