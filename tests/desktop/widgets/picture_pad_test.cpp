@@ -340,16 +340,16 @@ TEST_F(Picture, TheNamesOfTheAnglesLeaveTheOuterCircleClosed) {
       drawn.Print(angle);
     }
     const QImage picture = Shown();
-    picture.save(QString("/tmp/pics_lookC/ring_%1.png").arg(side));
+   
     const double middle = side / 2.0;
     const double radius = middle * 1000 / static_cast<double>(Edge);
     for (int step = 0; step < 3600; ++step) {
       const double turn = step / 1800.0 * std::numbers::pi;
       const QPointF rim(middle + std::cos(turn) * radius, middle + std::sin(turn) * radius);
       int darkest = 255;
-      for (const QPoint near :
-           {QPoint(0, 0), QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1)}) {
-        const QColor there = picture.pixelColor(rim.toPoint() + near);
+      const QPoint pixel(static_cast<int>(rim.x()), static_cast<int>(rim.y()));
+      for (int near = 0; near < 9; ++near) {
+        const QColor there = picture.pixelColor(pixel + QPoint(near % 3 - 1, near / 3 - 1));
         // The letters are blue, the circle is not.
         if (there.blue() - there.red() < 60) darkest = std::min(darkest, there.lightness());
       }
