@@ -150,11 +150,15 @@ void PhasorPage::Lay() {
 
   // Table and controls fill the other half, clear of the scale line that may reach out of the
   // picture. Its right margin is that of the picture at the left, where the columns leave it.
-  const int left = corner.x() + side + std::max(gap, PicturePad::RightMargin(side));
-  const int right = std::max(frame.width() - corner.x(),
-                             std::min(left + table_->NeededWidth(), frame.width() - gap));
+  const int most = frame.width() - gap;
+  const int margin = std::max(gap, PicturePad::RightMargin(side));
+  // A high window leaves little beside the picture, but the controls end above the scale line.
+  const bool wide = corner.x() + side + margin + table_->NeededWidth() <= most;
+  const int left = corner.x() + side + (wide ? margin : gap);
+  const int right = std::clamp(left + table_->NeededWidth(), frame.width() - corner.x(), most);
   const int below = std::max(run_->sizeHint().height(), scalesFrame_->sizeHint().height());
-  table_->Lay(QRect(left, corner.y(), right - left, side - gap - below));
+  const int high = wide ? side - gap - below : 0;
+  table_->Lay(QRect(left, corner.y(), right - left, high));
   LayBelow(left, table_->geometry().bottom() + gap, right);
   // Below the frame, from under the table to the logo.
   const int quietTop = frame_->geometry().bottom() + gap / 2;

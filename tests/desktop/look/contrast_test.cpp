@@ -3,6 +3,7 @@
 #include <QImage>
 #include <QTest>
 #include <algorithm>
+#include <cmath>
 #include <vector>
 
 #include "desktop/binding/graph_view.h"
@@ -41,6 +42,8 @@ class Curve : public testing::TestWithParam<Rgb> {
  protected:
   Curve() {
     view_.resize(600, 400);
+    // It is never shown.
+    view_.setViewport(view_.rect());
     view_.yAxis->setRange(-1, 1);
     view_.xAxis->setRange(0, 2);
     for (QCPAxis* axis : {view_.xAxis, view_.yAxis}) axis->grid()->setVisible(false);
@@ -48,14 +51,21 @@ class Curve : public testing::TestWithParam<Rgb> {
     plot_.Visible = true;
     plot_.LineColor = GetParam();
     plot_.PointColor = GetParam();
+    // As wide as in a large window; in the smallest the edge has half a pixel.
+    plot_.LineWidth = std::int16_t{4};
+    view_.replot();
+  }
+  /// Where a line of four pixels covers whole rows.
+  double Level() const {
+    return view_.yAxis->pixelToCoord(std::round(view_.yAxis->coordToPixel(0.4)) - 0.5);
   }
   /// Painted pixels from the middle of the picture's only curve downward.
-  std::vector<QColor> Way(std::vector<double> y, double atX) {
-    plot_.Y = std::move(y);
+  std::vector<QColor> Way(double atX) {
+    plot_.Y = std::vector<double>(3, Level());
     view_.replot();
     const QImage picture = view_.toPixmap().toImage();
     const int x = static_cast<int>(view_.xAxis->coordToPixel(atX));
-    const int middle = static_cast<int>(view_.yAxis->coordToPixel(0.4));
+    const int middle = static_cast<int>(std::round(view_.yAxis->coordToPixel(0.4)));
     std::vector<QColor> way;
     for (int i = 0; i < 9; ++i) way.push_back(picture.pixelColor(x, middle + i));
     return way;
@@ -72,7 +82,7 @@ class Curve : public testing::TestWithParam<Rgb> {
 TEST_P(Curve, StandsOutFromThePaperOfTheScreenAndOfThePrint) {
   for (const bool screen : {true, false}) {
     graph_.ScreenLook = screen;
-    const std::vector<QColor> way = Way({0.4, 0.4, 0.4}, 0.5);
+    const std::vector<QColor> way = Way(0.5);
     EXPECT_EQ(way.front(), look::ColourOf(GetParam()));
     EXPECT_GE(StandsOut(way), look::LeastContrast) << screen;
   }
@@ -83,7 +93,7 @@ TEST_P(Curve, ItsMarkersStandOutToo) {
   plot_.PointStyle = 15;
   for (const bool screen : {true, false}) {
     graph_.ScreenLook = screen;
-    const std::vector<QColor> way = Way({0.4, 0.4, 0.4}, 1);
+    const std::vector<QColor> way = Way(1);
     EXPECT_EQ(way.front(), look::ColourOf(GetParam()));
     EXPECT_GE(StandsOut(way), look::LeastContrast) << screen;
   }

@@ -141,6 +141,34 @@ TEST_F(Phasors, KeepThePictureSquareAndInsideItsFrame) {
   }
 }
 
+TEST_F(Phasors, ShowTheUnitBehindEachMagnitude) {
+  Start();
+  ClickTab(forms::tab::Phasor);
+  for (std::size_t row = 1; row <= 8; ++row) Form().Grid1.Cell[row][1] = "1.0000";
+  auto& table = Find<QTableWidget>("Grid1");
+  // Where something is painted in the magnitude of a row.
+  const auto ink = [&](int row) {
+    const QImage cell = table.viewport()
+                            ->grab(table.visualItemRect(table.item(row, 1)).adjusted(3, 3, -3, -3))
+                            .toImage();
+    QRect painted;
+    for (int y = 0; y < cell.height(); ++y) {
+      for (int x = 0; x < cell.width(); ++x) {
+        if (cell.pixelColor(x, y).lightness() < 180) painted |= QRect(x, y, 1, 1);
+      }
+    }
+    return painted;
+  };
+  const QRect amperes = ink(1);
+  const QRect kilovolts = ink(5);
+  EXPECT_EQ(amperes.left(), kilovolts.left()) << "the numbers end together";
+  EXPECT_GT(kilovolts.right(), amperes.right());
+  EXPECT_EQ(Cell(1, 1), "1.0000");
+
+  Form().Combo4[0].ListIndex = 1;
+  EXPECT_GT(ink(1).right(), amperes.right());
+}
+
 TEST_F(Phasors, WithoutDataTheRunButtonsStayLockedForASecondAfterTheDialog) {
   Start();
   GoMeasure("NOBODY");

@@ -105,6 +105,67 @@ TEST_F(Values, TheDcValuesStandInTheirFieldsWithoutTouchingTheDigits) {
   EXPECT_LE(dc.geometry().bottom(), digitTop);
 }
 
+TEST_F(Values, WithoutADcValueTheDigitsAndTheBarStandInTheMiddle) {
+  Start();
+  GoMeasure();
+  const auto& field = Find<ReadingField>(Member("Label5", 0));
+  // How far what is dark in a strip of the field reaches from its upper and its lower edge.
+  const auto margins = [&](int left, int right) {
+    const QImage picture = Find<QWidget>(Member("Label5", 0)).grab().toImage();
+    int first = picture.height();
+    int last = 0;
+    for (int y = 3; y < picture.height() - 3; ++y) {
+      for (int x = left; x < right; ++x) {
+        if (picture.pixelColor(x, y).lightness() > 140) continue;
+        first = std::min(first, y);
+        last = y;
+      }
+    }
+    return std::pair(first, picture.height() - 1 - last);
+  };
+  for (const QSize size : {QSize(1024, 768), QSize(1920, 1080), QSize(3840, 2160)}) {
+    ResizeFrame(size);
+    QTest::qWait(50);
+    for (const auto& [above, below] :
+         {margins(field.width() / 2, field.width()), margins(3, field.width() / 10)}) {
+      EXPECT_NEAR(above, below, 2) << size.width();
+      EXPECT_GT(above, 4) << size.width();
+    }
+  }
+  Form().Check4.Value = 1;
+  const auto [above, below] = margins(field.width() / 2, field.width());
+  EXPECT_GT(above, below + 4) << "the DC value gets its room";
+}
+
+TEST_F(Values, ADcValueThatStillStandsKeepsItsRoom) {
+  Start();
+  Form().Check4.Value = 1;
+  GoMeasure();
+  Click("CWButton4");
+  ASSERT_TRUE(WaitFor([&] { return !Form().Label12[8].Caption.Get().empty(); }));
+  ASSERT_TRUE(WaitFor([&] { return Run().isEnabled(); }));
+  Click("CWButton4");
+  auto& field = Find<QWidget>(Member("Label5", 0));
+  const QImage shown = field.grab().toImage();
+  Form().Check4.Value = 0;
+  EXPECT_EQ(field.grab().toImage(), shown);
+}
+
+TEST_F(Values, TheRoomBetweenTheReadingsFollowsTheWindow) {
+  Start();
+  GoMeasure();
+  const auto gap = [&] {
+    return Find<QWidget>(Member("Label5", 1)).y() -
+           Find<QWidget>(Member("Label5", 0)).geometry().bottom();
+  };
+  const int first = gap();
+  for (const QSize size : {QSize(1366, 768), QSize(1920, 1080), QSize(3840, 2160)}) {
+    ResizeFrame(size);
+    QTest::qWait(50);
+    EXPECT_NEAR(gap(), first * size.height() / 768.0, 3) << size.height();
+  }
+}
+
 TEST_F(Values, AClickOnAReadingChoosesTheRealTimeChannel) {
   Start();
   GoMeasure();

@@ -167,7 +167,7 @@ TEST(PrintPage, GivesATextThatThePaperWouldSwallowAnEdge) {
     int count = 0;
     for (int y = area.top() * Dots; y < area.bottom() * Dots; ++y) {
       for (int x = area.left() * Dots; x < area.right() * Dots; ++x) {
-        count += paper.pixelColor(x, y) == QColor(look::Ink) ? 1 : 0;
+        count += paper.pixelColor(x, y) == QColor(Qt::black) ? 1 : 0;
       }
     }
     return count;
