@@ -23,6 +23,7 @@ struct Framed {
   QString Name;
   QRect Place;
   const QWidget* Parent;
+  QByteArray Kind;
 };
 
 /// Whether the edges of the widget are seen.
@@ -54,8 +55,8 @@ QList<Framed> FramedIn(QWidget& view) {
     if (!widget->isVisible() || !HasEdges(*widget) || IsToolkits(*widget)) continue;
     const QString name =
         widget->objectName().isEmpty() ? widget->metaObject()->className() : widget->objectName();
-    framed.append(
-        {name, QRect(widget->mapTo(&view, QPoint(0, 0)), widget->size()), widget->parentWidget()});
+    framed.append({name, QRect(widget->mapTo(&view, QPoint(0, 0)), widget->size()),
+                   widget->parentWidget(), widget->metaObject()->className()});
   }
   return framed;
 }
@@ -74,8 +75,14 @@ QString Told(const Framed& one, const Framed& other, const QString& edge, int di
       .arg(std::abs(distance));
 }
 
+/// Whether the two belong to one group, or are of one kind on different groups.
+bool BelongTogether(const Framed& one, const Framed& other) {
+  return one.Parent == other.Parent || one.Kind == other.Kind;
+}
+
 QStringList Missed(const Framed& one, const Framed& other) {
   QStringList missed;
+  if (!BelongTogether(one, other)) return missed;
   const QRect& a = one.Place;
   const QRect& b = other.Place;
   const bool beside = a.top() <= b.bottom() && b.top() <= a.bottom();
