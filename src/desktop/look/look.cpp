@@ -79,8 +79,6 @@ void TakeColoursAndFont() {
 /// and tips to the toolkit anew.
 class DesktopWatch : public QObject {
  public:
-  using QObject::QObject;
-
   bool eventFilter(QObject* watched, QEvent* event) override {
     if (event->type() == QEvent::ThemeChange && watched->isWindowType()) TakeColoursAndFont();
     return QObject::eventFilter(watched, event);
@@ -129,7 +127,8 @@ void Apply(QApplication& application) {
   QApplication::setLayoutDirection(Qt::LeftToRight);
   QApplication::setStyle(new InstrumentStyle);
   TakeColoursAndFont();
-  application.installEventFilter(new DesktopWatch(QApplication::style()));
+  static DesktopWatch watch;
+  application.installEventFilter(&watch);
   application.setWindowIcon(ProgramIcon());
 }
 

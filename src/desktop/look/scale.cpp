@@ -125,8 +125,8 @@ void ScaleLayout(QLayout& layout) {
   layout.invalidate();
 }
 
-bool IsOfWindow(const QWidget* widget, const QWidget& root) {
-  return widget != nullptr && widget->window() == root.window();
+bool IsOfWindow(const QWidget& widget, const QWidget& root) {
+  return widget.window() == root.window();
 }
 
 }  // namespace
@@ -165,15 +165,17 @@ void ScaleTree(QWidget& root) {
   // once.
   root.setFont(QApplication::font());
   for (auto* layout : root.findChildren<QLayout*>()) {
-    if (IsOfWindow(layout->parentWidget(), root)) ScaleLayout(*layout);
+    const QWidget* owner = layout->parentWidget();
+    if (owner != nullptr && IsOfWindow(*owner, root)) ScaleLayout(*layout);
   }
   QList<QWidget*> widgets = root.findChildren<QWidget*>();
-  widgets.removeIf([&root](const QWidget* widget) { return !IsOfWindow(widget, root); });
+  widgets.removeIf([&root](const QWidget* widget) { return !IsOfWindow(*widget, root); });
   for (QWidget* widget : widgets) ScaleWidget(*widget);
   // Those who measure their texts do it when all fonts are set.
-  for (QWidget* widget : widgets) {
-    if (auto* scalable = dynamic_cast<Scalable*>(widget)) scalable->TakeScale();
-    widget->updateGeometry();
+  for (QWidget* each : widgets) {
+    QWidget& widget = *each;
+    if (auto* scalable = dynamic_cast<Scalable*>(&widget)) scalable->TakeScale();
+    widget.updateGeometry();
   }
 }
 
