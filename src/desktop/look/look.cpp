@@ -125,7 +125,9 @@ void Apply(QApplication& application) {
   QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   // All texts are English, and the places on the pages are counted from the left.
   QApplication::setLayoutDirection(Qt::LeftToRight);
-  QApplication::setStyle(new InstrumentStyle);
+  auto* style = new InstrumentStyle;
+  style->setParent(&application);
+  QApplication::setStyle(style);
   TakeColoursAndFont();
   static DesktopWatch watch;
   application.installEventFilter(&watch);

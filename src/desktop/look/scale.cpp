@@ -129,6 +129,12 @@ bool IsOfWindow(const QWidget& widget, const QWidget& root) {
   return widget.window() == root.window();
 }
 
+QList<QWidget*> WidgetsOf(const QWidget& root) {
+  QList<QWidget*> widgets = root.findChildren<QWidget*>();
+  widgets.removeIf([&root](const QWidget* widget) { return !IsOfWindow(*widget, root); });
+  return widgets;
+}
+
 }  // namespace
 
 double Scale() {
@@ -168,15 +174,14 @@ void ScaleTree(QWidget& root) {
     const QWidget* owner = layout->parentWidget();
     if (owner != nullptr && IsOfWindow(*owner, root)) ScaleLayout(*layout);
   }
-  QList<QWidget*> widgets = root.findChildren<QWidget*>();
-  widgets.removeIf([&root](const QWidget* widget) { return !IsOfWindow(*widget, root); });
+  const QList<QWidget*> widgets = WidgetsOf(root);
   for (QWidget* widget : widgets) ScaleWidget(*widget);
   // Those who measure their texts do it when all fonts are set.
-  for (QWidget* each : widgets) {
-    QWidget& widget = *each;
-    if (auto* scalable = dynamic_cast<Scalable*>(&widget)) scalable->TakeScale();
-    widget.updateGeometry();
+  for (QWidget* widget : widgets) {
+    auto* scalable = dynamic_cast<Scalable*>(widget);
+    if (scalable != nullptr) scalable->TakeScale();
   }
+  for (QWidget* widget : widgets) widget->updateGeometry();
 }
 
 void KeepFont(QWidget& widget) {
