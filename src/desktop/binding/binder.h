@@ -50,6 +50,10 @@ class Binder {
  public:
   Binder(platform::Guard& guard, RepaintQueue& repaints);
 
+  /// Shows at once what was stored since the last frame, for a window that opens by the size of its
+  /// words.
+  void ShowNow() { repaints_.Flush(); }
+
   void Bind(platform::Label& control, QLabel& widget, const QString& name,
             Wording wording = Wording::Own);
   void Bind(platform::Label& control, ClickLabel& widget, const QString& name,

@@ -79,8 +79,6 @@ void TakeColoursAndFont() {
 /// and tips to the toolkit anew.
 class DesktopWatch : public QObject {
  public:
-  using QObject::QObject;
-
   bool eventFilter(QObject* watched, QEvent* event) override {
     if (event->type() == QEvent::ThemeChange && watched->isWindowType()) TakeColoursAndFont();
     return QObject::eventFilter(watched, event);
@@ -127,9 +125,12 @@ void Apply(QApplication& application) {
   QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   // All texts are English, and the places on the pages are counted from the left.
   QApplication::setLayoutDirection(Qt::LeftToRight);
-  QApplication::setStyle(new InstrumentStyle);
+  auto* style = new InstrumentStyle;
+  style->setParent(&application);
+  QApplication::setStyle(style);
   TakeColoursAndFont();
-  application.installEventFilter(new DesktopWatch(QApplication::style()));
+  static DesktopWatch watch;
+  application.installEventFilter(&watch);
   application.setWindowIcon(ProgramIcon());
 }
 

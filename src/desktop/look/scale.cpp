@@ -125,8 +125,14 @@ void ScaleLayout(QLayout& layout) {
   layout.invalidate();
 }
 
-bool IsOfWindow(const QWidget* widget, const QWidget& root) {
-  return widget != nullptr && widget->window() == root.window();
+bool IsOfWindow(const QWidget& widget, const QWidget& root) {
+  return widget.window() == root.window();
+}
+
+QList<QWidget*> WidgetsOf(const QWidget& root) {
+  QList<QWidget*> widgets = root.findChildren<QWidget*>();
+  widgets.removeIf([&root](const QWidget* widget) { return !IsOfWindow(*widget, root); });
+  return widgets;
 }
 
 }  // namespace
@@ -165,16 +171,17 @@ void ScaleTree(QWidget& root) {
   // once.
   root.setFont(QApplication::font());
   for (auto* layout : root.findChildren<QLayout*>()) {
-    if (IsOfWindow(layout->parentWidget(), root)) ScaleLayout(*layout);
+    const QWidget* owner = layout->parentWidget();
+    if (owner != nullptr && IsOfWindow(*owner, root)) ScaleLayout(*layout);
   }
-  QList<QWidget*> widgets = root.findChildren<QWidget*>();
-  widgets.removeIf([&root](const QWidget* widget) { return !IsOfWindow(widget, root); });
+  const QList<QWidget*> widgets = WidgetsOf(root);
   for (QWidget* widget : widgets) ScaleWidget(*widget);
   // Those who measure their texts do it when all fonts are set.
   for (QWidget* widget : widgets) {
-    if (auto* scalable = dynamic_cast<Scalable*>(widget)) scalable->TakeScale();
-    widget->updateGeometry();
+    auto* scalable = dynamic_cast<Scalable*>(widget);
+    if (scalable != nullptr) scalable->TakeScale();
   }
+  for (QWidget* widget : widgets) widget->updateGeometry();
 }
 
 void KeepFont(QWidget& widget) {

@@ -23,7 +23,8 @@ QRect SliderOf(const QStyleOptionSlider& bar) {
   const int way = across ? bar.rect.width() : bar.rect.height();
   const qint64 range = static_cast<qint64>(bar.maximum) - bar.minimum;
   if (range <= 0) return bar.rect;
-  const auto part = static_cast<int>(way * bar.pageStep / (range + bar.pageStep));
+  const auto part =
+      static_cast<int>(static_cast<qint64>(way) * bar.pageStep / (range + bar.pageStep));
   const int length = std::clamp(part, std::min(Scaled(LeastSlider), way), way);
   const int start = QStyle::sliderPositionFromValue(bar.minimum, bar.maximum, bar.sliderPosition,
                                                     way - length, bar.upsideDown);

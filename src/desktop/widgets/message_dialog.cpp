@@ -29,7 +29,7 @@ constexpr int LeastWords = 200;
 /// The sign of the box in the present factor.
 class Sign : public QLabel, public look::Scalable {
  public:
-  Sign(QIcon icon, QWidget* parent) : QLabel(parent), icon_(std::move(icon)) { TakeScale(); }
+  Sign(QIcon icon, QWidget* parent) : QLabel(parent), icon_(std::move(icon)) {}
   void TakeScale() override { setPixmap(icon_.pixmap(look::Scaled(SignSize))); }
 
  private:

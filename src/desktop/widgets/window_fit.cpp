@@ -22,19 +22,26 @@ WindowFit::WindowFit(QWidget& window, QSize usual)
 }
 
 void WindowFit::Follow() {
+  TakeSize();
   look::ScaleTree(window_);
-  if (design_.isValid()) FollowSize();
+  // What the layout asks for is still that of the factor before, and a window opens in the middle
+  // of its owner by the size that it has now.
+  if (window_.layout() != nullptr) window_.layout()->activate();
+  GiveSize();
 }
 
-void WindowFit::FollowSize() {
-  if (given_.isValid() && window_.size() != given_) design_ = window_.size().toSizeF() / factor_;
+void WindowFit::TakeSize() {
+  const bool byUser = given_.isValid() && window_.size() != given_;
+  if (byUser) design_ = window_.size().toSizeF() / factor_;
+}
+
+void WindowFit::GiveSize() {
+  if (!design_.isValid()) return;
   factor_ = look::Scale();
   // The system puts it in front of its owner when it is on the screen, which is later than this.
   const QWidget* owner = window_.parentWidget();
   const QScreen* screen = (owner != nullptr ? owner->window() : &window_)->screen();
   const QSize room = screen->availableSize() - FrameRoom;
-  // What the layout asks for at least is still that of the factor before.
-  if (window_.layout() != nullptr) window_.layout()->activate();
   window_.resize((design_ * factor_).toSize().boundedTo(room));
   given_ = window_.size();
 }

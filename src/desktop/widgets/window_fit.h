@@ -21,7 +21,8 @@ class WindowFit : public QObject {
 
  private:
   void Follow();
-  void FollowSize();
+  void TakeSize();
+  void GiveSize();
 
   QWidget& window_;
   QSizeF design_;

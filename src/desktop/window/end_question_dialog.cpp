@@ -11,7 +11,10 @@ namespace desktop {
 
 EndQuestionDialog::EndQuestionDialog(forms::EndQuestion& question, Binder& binder,
                                      platform::Guard& guard, QWidget* parent)
-    : MessageDialog(QStyle::SP_MessageBoxQuestion, parent), question_(question), guard_(guard) {
+    : MessageDialog(QStyle::SP_MessageBoxQuestion, parent),
+      question_(question),
+      binder_(binder),
+      guard_(guard) {
   setObjectName(QStringLiteral("EndQuestion"));
   setWindowTitle(ToQt(question.Window.Caption));
   QLabel* text = AddWords();
@@ -36,6 +39,7 @@ void EndQuestionDialog::Follow() {
   }
   setAccessibleDescription(ToQt(question_.Question.Caption));
   keep_->setFocus();
+  binder_.ShowNow();
   open();
 }
 

@@ -23,6 +23,7 @@ class EndQuestionDialog : public MessageDialog {
   void Follow();
 
   forms::EndQuestion& question_;
+  Binder& binder_;
   platform::Guard& guard_;
   QPushButton* keep_;
 };

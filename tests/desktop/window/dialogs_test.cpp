@@ -68,6 +68,16 @@ TEST_P(Dialogs, StandInTheFactorOfTheWindow) {
   });
 }
 
+TEST_P(Dialogs, OpenInTheMiddleOfTheWindow) {
+  StartThere();
+  InEach([this](const std::string& name, QWidget& window) {
+    if (name == "debug window") return;
+    const QPoint off =
+        window.frameGeometry().center() - program_->Window().frameGeometry().center();
+    EXPECT_LE(off.manhattanLength(), 60) << name;
+  });
+}
+
 TEST_P(Dialogs, HaveAnswersOfOneHeightAndOneLeastWidthWithoutASign) {
   StartThere();
   int answers = 0;
