@@ -3,6 +3,7 @@
 #include <QSettings>
 #include <utility>
 
+#include "desktop/look/scale.h"
 #include "desktop/widgets/reading_field.h"
 
 namespace desktop {
@@ -20,6 +21,8 @@ WindowScene::WindowScene(adapters::SystemCaptureLayer::InterfaceLister interface
 WindowScene::~WindowScene() = default;
 
 void WindowScene::Build() {
+  // As in a process of its own, whatever the size of the window before.
+  look::SetScale(1);
   program_.emplace(Sources{capture_, capture_, code_, clock_},
                    [this](int exitCode) { exitCode_ = exitCode; });
 }

@@ -30,7 +30,7 @@ constexpr double WideForThree = 1500;
 constexpr int FootHeight = 56;
 constexpr int NameGap = 14;
 /// A high window spreads the groups by so much, so that they do not hang at its top.
-constexpr double MostSpread = 1.35;
+constexpr double MostSpread = 1.45;
 constexpr std::size_t NamesInGroup = 4;
 constexpr int NamesInRow = 2;
 constexpr const char* StationHint = "station ID, e.g. VORNIK-SIM-%1";
