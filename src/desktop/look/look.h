@@ -42,15 +42,10 @@ inline constexpr int SmallSize = 11;
 inline constexpr int TextSize = 13;
 inline constexpr int HeadingSize = 14;
 inline constexpr int Corner = 5;
-<<<<<<< HEAD
 /// The height of fields, lists and buttons, so that they stand in one row, and the way from a
 /// field's edge to its text.
 inline constexpr int FieldHeight = 30;
 inline constexpr int FieldPadding = 7;
-/// What a page leaves free at its sides and above, in pixels of the smallest window.
-inline constexpr int PageMargin = 16;
-=======
->>>>>>> lookB
 
 // The smallest window, in pixels; pages are designed in its size.
 inline constexpr double DesignWidth = 1.0 * platform::MinimumWidth / twips::PerPixel;

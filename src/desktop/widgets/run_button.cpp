@@ -64,7 +64,8 @@ void RunButton::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   const bool pressed = isDown() || on_;
   const double width = look::Painted(hasFocus() ? 2.5 : 1.5);
-  const QRectF face = QRectF(rect()).adjusted(width, width, -width, -width);
+  const double inset = width / 2;
+  const QRectF face = QRectF(rect()).adjusted(inset, inset, -inset, -inset);
   QLinearGradient shade(face.topLeft(), face.bottomLeft());
   shade.setColorAt(0, pressed ? colour_.darker(108) : colour_.lighter(104));
   shade.setColorAt(1, pressed ? colour_ : colour_.darker(104));

@@ -23,7 +23,8 @@ int SwatchRoom() {
 
 QRect PaintSwatch(QPainter& painter, const QRect& row, const QColor& colour, const QColor& ground) {
   const int thick = look::Scaled(SwatchHeight);
-  const QRect swatch(row.left(), row.top() + (row.height() - thick) / 2, look::Scaled(SwatchWidth), thick);
+  const QRect swatch(row.left(), row.top() + (row.height() - thick) / 2, look::Scaled(SwatchWidth),
+                     thick);
   const std::optional<QColor> casing = look::CasingOf(colour, ground);
   // All of one size: an edge is a part of its swatch, as it is one of its curve.
   painter.fillRect(swatch, casing.value_or(colour));

@@ -340,7 +340,7 @@ TEST_F(Picture, TheNamesOfTheAnglesLeaveTheOuterCircleClosed) {
       drawn.Print(angle);
     }
     const QImage picture = Shown();
-   
+
     const double middle = side / 2.0;
     const double radius = middle * 1000 / static_cast<double>(Edge);
     for (int step = 0; step < 3600; ++step) {
