@@ -22,16 +22,19 @@ constexpr int InkContrast = 90;
 
 enum class Side { Left, Top, Right, Bottom };
 
-/// The outermost pixels at one side of a picture.
-QList<QRgb> Rim(const QImage& picture, Side side) {
+/// A graph keeps its outermost pixel free, so ink that is cut ends beside it.
+constexpr int RimDepth = 2;
+
+/// The outermost pixels at one side of a picture, `depth` pixels within it.
+QList<QRgb> Rim(const QImage& picture, Side side, int depth) {
   const bool upright = side == Side::Left || side == Side::Right;
   const int length = upright ? picture.height() : picture.width();
   QList<QRgb> rim;
   for (int i = 0; i < length; ++i) {
-    rim << (side == Side::Left    ? picture.pixel(0, i)
-            : side == Side::Right ? picture.pixel(picture.width() - 1, i)
-            : side == Side::Top   ? picture.pixel(i, 0)
-                                  : picture.pixel(i, picture.height() - 1));
+    rim << (side == Side::Left    ? picture.pixel(depth, i)
+            : side == Side::Right ? picture.pixel(picture.width() - 1 - depth, i)
+            : side == Side::Top   ? picture.pixel(i, depth)
+                                  : picture.pixel(i, picture.height() - 1 - depth));
   }
   return rim;
 }
@@ -56,8 +59,11 @@ QStringList InkAtRims(QWidget& widget) {
   const QMap<Side, QString> sides = {
       {Side::Left, "left"}, {Side::Top, "upper"}, {Side::Right, "right"}, {Side::Bottom, "lower"}};
   for (auto side = sides.begin(); side != sides.end(); ++side) {
-    if (!IsInked(Rim(picture, side.key()))) continue;
-    cut << widget.objectName() + " is cut at its " + side.value() + " edge";
+    bool inked = false;
+    for (int depth = 0; depth < RimDepth; ++depth) {
+      inked = inked || IsInked(Rim(picture, side.key(), depth));
+    }
+    if (inked) cut << widget.objectName() + " is cut at its " + side.value() + " edge";
   }
   return cut;
 }
