@@ -54,9 +54,6 @@ GraphView::GraphView(platform::CWGraph& graph, platform::Guard& guard, QWidget* 
     : QCustomPlot(parent), graph_(graph), guard_(guard) {
   setBackground(QBrush(look::Page));
   setPlottingHint(QCP::phFastPolylines);
-  // Margins are measured on the labels that were painted last, where labels are kept: those of
-  // another size of the window, or of the screen while it is printed.
-  setPlottingHint(QCP::phCacheLabels, false);
   xAxis->setRange(0, InitialSamples);
   yAxis->setRange(-1, 1);
   // The lines of the second scale stand where the time is whole.
