@@ -114,7 +114,7 @@ TEST_P(Padding, ABarFillsFromEdgeToEdge) {
     return count;
   };
   EXPECT_EQ(filled(0), 0);
-  EXPECT_NEAR(filled(50), size.width() / 2, 3 * look::LineWidth());
+  EXPECT_NEAR(filled(50), size.width() / 2.0, 3 * look::LineWidth());
   EXPECT_NEAR(filled(100), size.width() - 2 * look::LineWidth(), 2);
 }
 
