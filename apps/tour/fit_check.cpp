@@ -11,6 +11,7 @@
 #include <QTableWidget>
 #include <array>
 
+#include "desktop/widgets/counter_label.h"
 #include "desktop/widgets/elided_label.h"
 #include "desktop/widgets/quiet_line.h"
 #include "desktop/widgets/run_button.h"
@@ -106,6 +107,9 @@ bool IsCut(const QWidget& widget) {
     const QRect words = line->fontMetrics().boundingRect(
         QRect(0, 0, line->width(), 0), Qt::TextWordWrap | Qt::TextWrapAnywhere, line->text());
     return words.height() > line->height();
+  }
+  if (const auto* counter = qobject_cast<const desktop::CounterLabel*>(&widget)) {
+    return !counter->IsWhole();
   }
   if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
     if (label->text().isEmpty()) return false;

@@ -198,7 +198,7 @@ Card* RecorderPage::RunCard() {
   binder_.Bind(recorder_.CWButton3, run->Button(), QStringLiteral("CWButton3"));
   // No lamp tells of this view's capture.
   run->Indicator().hide();
-  card->AddWide(run);
+  card->Grid().addWidget(run, card->Grid().rowCount(), 0, 1, 3, Qt::AlignHCenter);
   // In the place of the button, which is hidden as long as this line speaks.
   auto* waits = new QuietLine(card);
   waits->setAccessibleDescription(QStringLiteral("what STOP waits for"));

@@ -1,14 +1,15 @@
 #include "desktop/pages/report_page.h"
 
 #include <QPainter>
-#include <vector>
 #include <algorithm>
+#include <vector>
 
 #include "desktop/binding/run_binding.h"
 #include "desktop/look/look.h"
 #include "desktop/look/scale.h"
 #include "desktop/look/twips.h"
 #include "desktop/widgets/tab_bar.h"
+#include "desktop/widgets/tab_order.h"
 #include "platform/rich_row.h"
 
 namespace desktop {
@@ -135,10 +136,10 @@ void ReportPage::resizeEvent(QResizeEvent*) {
 
 void ReportPage::OrderTabs(bool structureBeside) {
   // As the eye goes, column by column; the structure stands beside the rows or below the buttons.
-  std::vector<QWidget*> order = {this, dump_, &run_->Button(), &run_->Station(0), &run_->Station(1),
-                                 print_};
+  std::vector<QWidget*> order = {
+      this, dump_, &run_->Button(), &run_->Station(0), &run_->Station(1), print_};
   order.insert(structureBeside ? order.begin() + 2 : order.end(), structure_);
-  for (std::size_t i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
+  LeadTabs(order);
 }
 
 void ReportPage::paintEvent(QPaintEvent*) {

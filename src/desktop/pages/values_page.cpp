@@ -8,6 +8,7 @@
 #include "desktop/look/scale.h"
 #include "desktop/look/twips.h"
 #include "desktop/widgets/logo_view.h"
+#include "desktop/widgets/tab_order.h"
 
 namespace desktop {
 
@@ -102,7 +103,7 @@ void ValuesPage::OrderTabs() {
                                                           &run_->Station(1), realTime_}) {
     order.push_back(control);
   }
-  for (std::size_t i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
+  LeadTabs(order);
 }
 
 void ValuesPage::resizeEvent(QResizeEvent*) {

@@ -8,6 +8,7 @@
 #include "desktop/look/text.h"
 #include "desktop/look/twips.h"
 #include "desktop/widgets/announced.h"
+#include "desktop/widgets/tab_order.h"
 
 namespace desktop {
 
@@ -73,8 +74,17 @@ void WaveformsPage::BindControls(Binder& binder) {
           *run_);
   run_->StationHeading().setText(ToQt(scope_.StationHeading.Caption));
   run_->AddRow(print_);
-  // What is used most comes first.
-  setTabOrder(print_, graph_);
+  OrderTabs();
+}
+
+void WaveformsPage::OrderTabs() {
+  // As the eye goes: the graph, then the column beside it from its head to its foot.
+  std::vector<QWidget*> order = {graph_, &run_->Button()};
+  order.insert(order.end(), legend_.begin(), legend_.end());
+  order.insert(order.end(), modes_.begin(), modes_.end());
+  for (std::size_t i = 0; i < RunColumn::Stations; ++i) order.push_back(&run_->Station(i));
+  order.push_back(print_);
+  LeadTabs(order);
 }
 
 void WaveformsPage::FillFrame() {

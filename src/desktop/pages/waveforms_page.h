@@ -38,6 +38,7 @@ class WaveformsPage : public QWidget, public look::Scalable {
 
  private:
   void BindControls(Binder& binder);
+  void OrderTabs();
   void FillFrame();
   void Follow(forms::WindowControls& form);
   void Lay();

@@ -13,6 +13,7 @@ namespace desktop {
 
 namespace {
 
+/// In pixels of the smallest window.
 constexpr int Clearance = 6;
 
 QSvgRenderer& Logo() {
@@ -43,7 +44,7 @@ void LogoView::TakeScale() {
 
 QRect LogoView::PlaceOf(const platform::PictureBox& control, const QWidget& page) {
   QRect place = PlaceOnPage(control, page);
-  place.moveTop(std::min(place.top(), page.height() - place.height() - Clearance));
+  place.moveTop(std::min(place.top(), page.height() - place.height() - look::Scaled(Clearance)));
   return place;
 }
 

@@ -23,6 +23,7 @@ constexpr int SideGap = 2;
 /// row's words grow with the window, the row itself to there.
 constexpr int LargestHeight = 48;
 constexpr double TabCorner = 7;
+constexpr double FocusInset = 8;
 constexpr double MarkHeight = 3;
 
 /// A tab that stands on the lower edge of its area.
@@ -147,9 +148,11 @@ void TabBar::DrawTab(QPainter& painter, int index) const {
         mark / 2);
   }
   if (selected && hasFocus()) {
-    painter.setPen(QPen(look::Accent, 1.5));
+    painter.setPen(QPen(look::Accent, look::Painted(1.5)));
     painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(area.adjusted(8, 8, -8, -6), 3, 3);
+    const double side = look::Painted(FocusInset);
+    painter.drawRoundedRect(area.adjusted(side, side, -side, -side * 3 / 4), look::Painted(3),
+                            look::Painted(3));
   }
   painter.setPen(look::Ink);
   painter.drawText(area.adjusted(0, 2, 0, 0), Qt::AlignCenter | Qt::TextShowMnemonic,

@@ -53,6 +53,19 @@ TEST_P(Fit, ARecordingThatIsNotStoredSaysSoUncut) {
   ExpectNoMisfits("Recorder");
 }
 
+TEST_P(Fit, TheWordsOfALongAnalysisStandBesideItsCounterUncut) {
+  Start();
+  ResizeFrame(GetParam());
+  ClickTab(forms::tab::Recorder);
+  auto& progress = Form().Label10[forms::record_line::Progress];
+  progress.Caption = "86400.9s / 345603600 samples; please keep patient, analysis running...";
+  progress.FontBold = true;
+  ASSERT_TRUE(
+      WaitFor([this] { return Find<QLabel>(Member("Label10", 3)).text().endsWith("running..."); }));
+  QTest::qWait(30);
+  ExpectNoMisfits("Recorder");
+}
+
 TEST_P(Fit, ARecordingThatCanBeCheckedIsNamedUncut) {
   Start();
   ResizeFrame(GetParam());
