@@ -8,6 +8,10 @@
 
 namespace desktop {
 
+std::string NameOfSize(const testing::TestParamInfo<QSize>& size) {
+  return std::to_string(size.param.width()) + "x" + std::to_string(size.param.height());
+}
+
 QString Member(const char* array, int index) {
   return QStringLiteral("%1(%2)").arg(QLatin1String(array)).arg(index);
 }

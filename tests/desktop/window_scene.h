@@ -4,10 +4,12 @@
 
 #include <QAbstractButton>
 #include <QDialog>
+#include <QSize>
 #include <QTemporaryDir>
 #include <QTest>
 #include <functional>
 #include <optional>
+#include <string>
 #include <utility>
 
 #include "adapters/steady_clock.h"
@@ -68,6 +70,8 @@ class WindowScene : public testing::Test {
   std::optional<DesktopProgram> program_;
 };
 
+/// What a scene in a window of this size is called.
+std::string NameOfSize(const testing::TestParamInfo<QSize>& size);
 /// The name of a member of a control array.
 QString Member(const char* array, int index);
 

@@ -1,30 +1,17 @@
 #include <gmock/gmock.h>
 
-#include "support/scene.h"
+#include "scope_scene.h"
 
 namespace {
 
 using platform::PointReading;
 using std::chrono::milliseconds;
-using support::Scene;
 using support::SineFrame;
 using testing::SizeIs;
 
 /// What the graph of the Waveforms view says at one of its samples.
-class ScopeReading : public testing::Test {
+class ScopeReading : public ScopeScene {
  protected:
-  ScopeReading() {
-    scene.Start();
-    scene.Select(forms::tab::Waveforms);
-  }
-
-  void Run() {
-    main.CWButton1.Value = true;
-    scene.Receive(support::SvFrame().Bytes());
-  }
-  void Block(double amps, double kilovolts) {
-    scene.Receive(scene.Present.BaseSamples, [=](int i) { return SineFrame(i, amps, kilovolts); });
-  }
   void Stop() {
     scene.Elapse(milliseconds(1000));
     main.CWButton1.Value = false;
@@ -42,9 +29,6 @@ class ScopeReading : public testing::Test {
     change();
     scene.Select(forms::tab::Waveforms);
   }
-
-  Scene scene;
-  forms::Main& main = scene.Main;
 };
 
 TEST_F(ScopeReading, TellsTheSampleItsTimeAndTheValueOfEachChannelWithItsUnit) {

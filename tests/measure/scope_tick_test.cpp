@@ -1,40 +1,24 @@
 #include <gmock/gmock.h>
 
-#include "support/scene.h"
+#include "scope_scene.h"
 
 namespace {
 
 using std::chrono::milliseconds;
-using support::Scene;
 using support::SineFrame;
 using testing::AllOf;
 using testing::Each;
 using testing::SizeIs;
 
 /// A channel is ticked on the Waveforms view: which block is drawn again.
-class ScopeTick : public ::testing::Test {
+class ScopeTick : public ScopeScene {
  protected:
-  ScopeTick() {
-    scene.Start();
-    scene.Select(forms::tab::Waveforms);
-  }
-
-  void Run() {
-    main.CWButton1.Value = true;
-    scene.Receive(support::SvFrame().Bytes());
-  }
-  void Block(double amps, double kilovolts) {
-    scene.Receive(400, [=](int i) { return SineFrame(i, amps, kilovolts); });
-  }
   std::vector<double> Curve(std::size_t i) const { return main.CWGraph1.Plots[i].Y; }
   std::vector<std::vector<double>> Curves() const {
     std::vector<std::vector<double>> curves;
     for (const platform::Plot& plot : main.CWGraph1.Plots) curves.push_back(plot.Y);
     return curves;
   }
-
-  Scene scene;
-  forms::Main& main = scene.Main;
 };
 
 TEST_F(ScopeTick, BehindAStopPlotsTheLastCompleteBlockAgain) {

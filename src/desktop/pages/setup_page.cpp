@@ -106,6 +106,8 @@ void SetupPage::Deal(std::size_t columns) {
     for (std::size_t k = 0; k < share; ++k) columns_[i]->addWidget(*card++);
     row_->setStretch(static_cast<int>(i), share > 0 ? 1 : 0);
   }
+  // A column of their own holds them one below the other.
+  PlaceNames(columns == 3 ? 1 : NamesInRow);
 }
 
 QLabel* SetupPage::Caption(std::size_t row, QWidget* parent) {
@@ -230,22 +232,33 @@ Card* SetupPage::NamesCard() {
   auto* card = new Card(QStringLiteral("Channel names"), sheet_);
   card->Grid().setColumnMinimumWidth(0, 0);
   for (int column = 0; column < NamesInRow; ++column) card->Grid().setColumnStretch(column, 1);
-  AddNames(*card, caption::FirstNames, setup::FirstName);
-  AddNames(*card, caption::SecondNames, setup::FirstName + NamesInGroup);
+  nameGroups_[0] = Names(*card, caption::FirstNames, setup::FirstName);
+  nameGroups_[1] = Names(*card, caption::SecondNames, setup::FirstName + NamesInGroup);
   return card;
 }
 
-void SetupPage::AddNames(Card& card, std::size_t captionRow, std::size_t firstField) {
-  QLabel* heading = Caption(captionRow, &card);
-  int row = card.Grid().rowCount();
-  card.Grid().addWidget(heading, row, 0, 1, NamesInRow);
+SetupPage::NameGroup SetupPage::Names(Card& card, std::size_t captionRow, std::size_t firstField) {
+  NameGroup group{Caption(captionRow, &card), {}};
   for (std::size_t i = 0; i < NamesInGroup; ++i) {
     TextField* field = Field(firstField + i, &card);
     field->setAccessibleName(QStringLiteral("name of channel %1").arg(firstField + i - 3));
-    const int column = static_cast<int>(i) % NamesInRow;
-    if (column == 0) ++row;
-    card.Grid().addWidget(field, row, column, Qt::AlignVCenter);
-    if (i == 0) heading->setBuddy(field);
+    group.Fields.push_back(field);
+  }
+  group.Heading->setBuddy(group.Fields.front());
+  return group;
+}
+
+void SetupPage::PlaceNames(int inRow) {
+  QGridLayout& grid = cards_.back()->Grid();
+  const int span = NamesInRow / inRow;
+  int row = 0;
+  for (const NameGroup& group : nameGroups_) {
+    grid.addWidget(group.Heading, row++, 0, 1, NamesInRow);
+    for (std::size_t i = 0; i < group.Fields.size(); ++i) {
+      const int at = static_cast<int>(i);
+      grid.addWidget(group.Fields[i], row + at / inRow, at % inRow, 1, span, Qt::AlignVCenter);
+    }
+    row += static_cast<int>(NamesInGroup);
   }
 }
 

@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <QWidget>
+#include <array>
 #include <vector>
 
 #include "desktop/binding/binder.h"
@@ -43,7 +44,14 @@ class SetupPage : public QWidget {
   void AddName();
   /// Beside the logo, wherever that stands.
   void PlaceName();
-  void AddNames(Card& card, std::size_t captionRow, std::size_t firstField);
+  /// A heading and the names of four channels.
+  struct NameGroup {
+    QLabel* Heading = nullptr;
+    std::vector<TextField*> Fields;
+  };
+  NameGroup Names(Card& card, std::size_t captionRow, std::size_t firstField);
+  /// So many of them in a row.
+  void PlaceNames(int inRow);
   /// Deals the groups out to so many columns, in the order of their making.
   void Deal(std::size_t columns);
   void Spread();
@@ -53,6 +61,7 @@ class SetupPage : public QWidget {
   Binder& binder_;
   /// The content, which scrolls where a window is too low for it.
   QWidget* sheet_;
+  std::array<NameGroup, 2> nameGroups_;
   std::vector<Card*> cards_;
   /// What is dealt out.
   QWidget* groups_;

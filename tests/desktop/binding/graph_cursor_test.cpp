@@ -105,11 +105,13 @@ TEST_F(Cursor, IsMovedByTheKeysToo) {
   EXPECT_FALSE(Shown());
 }
 
-TEST_F(Cursor, IsReachedByTheTabulatorBehindTheControls) {
+TEST_F(Cursor, IsReachedByTheTabulatorBeforeTheControls) {
   ShowBlock();
-  Find<QWidget>("Command1").setFocus();
+  Find<QWidget>("TabStrip1").setFocus();
   QTest::keyClick(&program_->Window(), Qt::Key_Tab);
   EXPECT_EQ(QApplication::focusWidget(), &Graph());
+  QTest::keyClick(&program_->Window(), Qt::Key_Tab);
+  EXPECT_EQ(QApplication::focusWidget(), &Find<QWidget>("CWButton1"));
 }
 
 TEST_F(Cursor, FollowsTheCurvesAndTheAxes) {

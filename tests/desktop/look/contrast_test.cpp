@@ -6,11 +6,10 @@
 #include <cmath>
 #include <vector>
 
-#include "desktop/binding/graph_view.h"
 #include "desktop/look/casing.h"
 #include "desktop/look/look.h"
-#include "desktop/services/qt_dialogs.h"
 #include "desktop/widgets/picture_pad.h"
+#include "look/lone_curve.h"
 
 namespace desktop {
 namespace {
@@ -38,17 +37,9 @@ double StandsOut(const std::vector<QColor>& way) {
   return best;
 }
 
-class Curve : public testing::TestWithParam<Rgb> {
+class Curve : public LoneCurve, public testing::WithParamInterface<Rgb> {
  protected:
   Curve() {
-    view_.resize(600, 400);
-    // It is never shown.
-    view_.setViewport(view_.rect());
-    view_.yAxis->setRange(-1, 1);
-    view_.xAxis->setRange(0, 2);
-    for (QCPAxis* axis : {view_.xAxis, view_.yAxis}) axis->grid()->setVisible(false);
-    for (platform::Plot& plot : graph_.Plots) plot.Visible = false;
-    plot_.Visible = true;
     plot_.LineColor = GetParam();
     plot_.PointColor = GetParam();
     // As wide as in a large window; in the smallest the edge has half a pixel.
@@ -70,13 +61,6 @@ class Curve : public testing::TestWithParam<Rgb> {
     for (int i = 0; i < 9; ++i) way.push_back(picture.pixelColor(x, middle + i));
     return way;
   }
-
-  platform::RunningProgram program_{[] {}, [](int) {}};
-  QtDialogs dialogs_;
-  platform::Guard guard_{dialogs_, program_};
-  platform::CWGraph graph_;
-  platform::Plot& plot_ = graph_.Plots[0];
-  GraphView view_{graph_, guard_, nullptr};
 };
 
 TEST_P(Curve, StandsOutFromThePaperOfTheScreenAndOfThePrint) {

@@ -75,10 +75,7 @@ TEST_P(Focus, IsSeenOnEveryControl) {
 }
 
 INSTANTIATE_TEST_SUITE_P(OfTheWindow, Focus, testing::Values(QSize(1024, 768), QSize(2560, 1440)),
-                         [](const auto& size) {
-                           return std::to_string(size.param.width()) + "x" +
-                                  std::to_string(size.param.height());
-                         });
+                         NameOfSize);
 
 }  // namespace
 }  // namespace desktop

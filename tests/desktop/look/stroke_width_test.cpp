@@ -5,12 +5,11 @@
 #include <array>
 #include <cmath>
 
-#include "desktop/binding/graph_view.h"
 #include "desktop/look/casing.h"
 #include "desktop/look/look.h"
-#include "desktop/services/qt_dialogs.h"
 #include "desktop/widgets/picture_pad.h"
 #include "desktop/widgets/swatch.h"
+#include "look/lone_curve.h"
 
 namespace desktop {
 namespace {
@@ -22,18 +21,10 @@ constexpr std::array<Rgb, 8> Channels = {Rgb{0, 0, 0},     Rgb{255, 0, 0},    Rg
                                          Rgb{96, 96, 96},  Rgb{0, 255, 0},    Rgb{255, 0, 255},
                                          Rgb{0, 255, 255}, Rgb{128, 128, 128}};
 
-/// A curve alone on its paper, level with the middle of a row of pixels.
-class Strokes : public testing::Test {
+/// A curve that is level with the middle of a row of pixels.
+class Strokes : public LoneCurve {
  protected:
   Strokes() {
-    view_.resize(600, 400);
-    // It is never shown.
-    view_.setViewport(view_.rect());
-    view_.yAxis->setRange(-1, 1);
-    view_.xAxis->setRange(0, 2);
-    for (QCPAxis* axis : {view_.xAxis, view_.yAxis}) axis->grid()->setVisible(false);
-    for (platform::Plot& plot : graph_.Plots) plot.Visible = false;
-    plot_.Visible = true;
     view_.replot();
     // A line at a whole number covers the row of pixels of that number.
     row_ = static_cast<int>(view_.yAxis->coordToPixel(0.4));
@@ -61,12 +52,6 @@ class Strokes : public testing::Test {
   }
 
   static constexpr int Reach = 12;
-  platform::RunningProgram program_{[] {}, [](int) {}};
-  QtDialogs dialogs_;
-  platform::Guard guard_{dialogs_, program_};
-  platform::CWGraph graph_;
-  platform::Plot& plot_ = graph_.Plots[0];
-  GraphView view_{graph_, guard_, nullptr};
   int row_ = 0;
 };
 

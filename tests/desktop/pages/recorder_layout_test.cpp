@@ -195,10 +195,7 @@ TEST_P(RecorderPlaces, TheRedDigitsAreReadable) {
 
 INSTANTIATE_TEST_SUITE_P(OfTheWindow, RecorderPlaces,
                          testing::Values(QSize(1024, 768), QSize(1920, 1080), QSize(3840, 2160)),
-                         [](const auto& size) {
-                           return std::to_string(size.param.width()) + "x" +
-                                  std::to_string(size.param.height());
-                         });
+                         NameOfSize);
 
 }  // namespace
 }  // namespace desktop

@@ -183,10 +183,7 @@ TEST_P(ReportStructureFit, StandsClearOfAllOthers) {
 INSTANTIATE_TEST_SUITE_P(OfTheWindow, ReportStructureFit,
                          testing::Values(QSize(1024, 768), QSize(1366, 768), QSize(1280, 1024),
                                          QSize(1920, 1080), QSize(2560, 1440), QSize(3840, 2160)),
-                         [](const auto& size) {
-                           return std::to_string(size.param.width()) + "x" +
-                                  std::to_string(size.param.height());
-                         });
+                         NameOfSize);
 
 }  // namespace
 }  // namespace desktop

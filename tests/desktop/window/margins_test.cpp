@@ -125,10 +125,7 @@ TEST_P(Margins, AnEmptyPanelGivesItsShareAway) {
 INSTANTIATE_TEST_SUITE_P(OfTheWindow, Margins,
                          testing::Values(QSize(1024, 768), QSize(1366, 768), QSize(1920, 1080),
                                          QSize(2560, 1440), QSize(3840, 2160)),
-                         [](const auto& size) {
-                           return std::to_string(size.param.width()) + "x" +
-                                  std::to_string(size.param.height());
-                         });
+                         NameOfSize);
 
 }  // namespace
 }  // namespace desktop
