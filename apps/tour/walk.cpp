@@ -151,7 +151,7 @@ void Walk::MeasureRealTime() {
   hand_.Click(Member("Label5", Channel));
   // The click clears all readings; only the chosen one comes up again.
   const auto alone = [this] {
-    return Value(0) == 0 && Value(5) == 0 && std::abs(Value(Channel) - FirstKilovolts) < 0.01;
+    return Value(0) == 0 && Value(5) == 0 && std::abs(Value(Channel) - FirstKilovolts) < 0.001;
   };
   record_.Step("the real-time value comes up alone", Hand::WaitFor(alone, PatienceMs));
   record_.Number("voltage C in real time", Reading(Channel), FirstKilovolts);

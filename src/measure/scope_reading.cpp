@@ -61,7 +61,7 @@ std::optional<platform::PointReading> ScopeReading::At(double x) const {
 }
 
 std::string ScopeReading::PlaceOf(std::int32_t sample) const {
-  const std::string place = "sample " + std::to_string(sample);
+  std::string place = "sample " + std::to_string(sample);
   const double seconds = scope_.CWGraph1.SecondsPerPoint;
   if (seconds <= 0) return place;
   return place + ", " + context_.Numbers.Format(sample * seconds * 1000, MillisecondFormat) + " ms";

@@ -28,7 +28,7 @@ void RadioAccessible::Install() {
 
 QString RadioAccessible::text(QAccessible::Text kind) const {
   if (kind == QAccessible::Name) return PlainCaption(FromQt(button_.text()));
-  const QString usual = QAccessibleWidget::text(kind);
+  QString usual = QAccessibleWidget::text(kind);
   if (kind != QAccessible::Description) return usual;
   return (button_.Group() + QLatin1Char(' ') + usual).trimmed();
 }
