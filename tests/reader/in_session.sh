@@ -12,7 +12,7 @@ for place in /usr/libexec /usr/lib/at-spi2-core; do
   [ -x "$place/at-spi-bus-launcher" ] && launcher=$place/at-spi-bus-launcher
 done
 [ -n "$launcher" ] || skip "no accessibility bus on this computer (at-spi2-core)"
-for tool in Xvfb dbus-run-session; do
+for tool in Xvfb dbus-run-session xdotool; do
   command -v "$tool" >/dev/null || skip "$tool is not on this computer"
 done
 python=/usr/bin/python3
@@ -23,6 +23,7 @@ if [ -z "${READER_SESSION:-}" ]; then
   READER_SESSION=1 exec dbus-run-session -- "$0" "$@"
 fi
 home=$(mktemp -d)
+unset DISPLAY
 children=()
 leave() {
   kill "${children[@]}" 2>/dev/null
@@ -36,11 +37,11 @@ exec 3<>"$home/display"
 Xvfb -displayfd 3 -screen 0 1920x1200x24 -nolisten tcp 2>/dev/null &
 children+=($!)
 for _ in $(seq 100); do
-  [ -s "$home/display" ] && break
+  [ -s "$home/display" ] && export DISPLAY=":$(cat "$home/display")"
+  xdotool getdisplaygeometry >/dev/null 2>&1 && break
   sleep 0.1
 done
-[ -s "$home/display" ] || skip "no virtual screen came up"
-export DISPLAY=":$(cat "$home/display")"
+xdotool getdisplaygeometry >/dev/null 2>&1 || skip "no virtual screen came up"
 export HOME=$home XDG_CONFIG_HOME=$home/config XDG_DATA_HOME=$home/data XDG_RUNTIME_DIR=$home/run
 export QT_QPA_PLATFORM=xcb QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 LC_ALL=C.UTF-8
 "$launcher" --launch-immediately 2>/dev/null &

@@ -9,7 +9,7 @@ import pyatspi
 class Reader:
     """Starts the program and reads it."""
 
-    PATIENCE = 20
+    PATIENCE = 60
 
     def __init__(self, command):
         self.process = subprocess.Popen(command)
