@@ -94,18 +94,20 @@ void PhasorPage::Follow() {
 }
 
 void PhasorPage::FollowUnits() {
-  auto& names = parts_.Values.Label6;
-  for (std::size_t i = 0; i < names.size(); ++i) {
+  for (std::size_t i = 0; i < platform::channels::Count; ++i) {
     platform::ComboBox& units =
         parts_.Setup.Combo4[platform::channels::IsCurrent(i) ? forms::unit_list::Current
                                                              : forms::unit_list::Voltage];
-    const auto describe = [this, i, &names, &units] {
-      table_->DescribeMagnitude(static_cast<int>(i) + 1, ToQt(names[i].Caption),
-                                ToQt(units.Text()));
+    auto& row = parts_.Phasor.Grid1.Cell[i + 1];
+    const auto tell = [this, i, &units] {
+      table_->TellUnit(static_cast<int>(i) + 1, ToQt(units.Text()));
     };
-    names[i].Caption.Observe(describe);
-    units.ListIndex.Observe(describe);
-    describe();
+    // A number keeps the unit that it was reckoned in, whatever is chosen behind it.
+    row[1].Observe(tell);
+    units.ListIndex.Observe([tell, &row] {
+      if (row[1].Get().empty()) tell();
+    });
+    tell();
   }
 }
 

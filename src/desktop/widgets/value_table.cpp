@@ -102,18 +102,26 @@ void ValueTable::SetGround(const QColor& ground) {
   }
 }
 
-void ValueTable::DescribeMagnitude(int row, const QString& channel, const QString& unit) {
-  item(row, MagnitudeColumn)->setData(Qt::AccessibleDescriptionRole, channel);
+void ValueTable::TellUnit(int row, const QString& unit) {
   item(row, MagnitudeColumn)->setData(UnitRole, unit);
+  Describe(row);
+}
+
+void ValueTable::Describe(int row) {
+  const QString channel = item(row, ChannelColumn)->text();
+  const auto describe = [&](int column, const QString& unit) {
+    item(row, column)
+        ->setData(Qt::AccessibleDescriptionRole, QStringLiteral("%1 / [%2]").arg(channel, unit));
+  };
+  describe(MagnitudeColumn, item(row, MagnitudeColumn)->data(UnitRole).toString());
+  describe(AngleColumn, QStringLiteral("°"));
 }
 
 void ValueTable::ShowCell(int row, int column) {
   const QString text =
       ToQt(grid_.Cell[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)]);
   item(row, column)->setText(text);
-  if (row == 0 || column != ChannelColumn) return;
-  item(row, AngleColumn)
-      ->setData(Qt::AccessibleDescriptionRole, QStringLiteral("%1 / [°]").arg(text));
+  if (row > 0 && column == ChannelColumn) Describe(row);
 }
 
 int ValueTable::GridWidth(int column) const {

@@ -17,8 +17,9 @@ class ValueTable : public QTableWidget {
   ValueTable(platform::Grid<Rows, Columns>& grid, QWidget* parent);
 
   void SetGround(const QColor& ground);
-  /// What a screen reader tells of the magnitude in a row, and the unit that is painted behind it.
-  void DescribeMagnitude(int row, const QString& channel, const QString& unit);
+  /// The unit of the magnitude in a row: it is painted behind the number, and a screen reader tells
+  /// it with the channel.
+  void TellUnit(int row, const QString& unit);
   /// The width of the table where all its texts are whole.
   int NeededWidth() const;
   /// Fills a place; it is higher where its rows need that. Names are cut rather than numbers.
@@ -26,6 +27,7 @@ class ValueTable : public QTableWidget {
 
  private:
   void ShowCell(int row, int column);
+  void Describe(int row);
   int TextWidth(int column) const;
   int NeededWidth(int column) const;
   int GridWidth(int column) const;

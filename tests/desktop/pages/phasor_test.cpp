@@ -166,6 +166,8 @@ TEST_F(Phasors, ShowTheUnitBehindEachMagnitude) {
   EXPECT_EQ(Cell(1, 1), "1.0000");
 
   Form().Combo4[0].ListIndex = 1;
+  EXPECT_EQ(ink(1), amperes) << "the number was measured before";
+  Form().Grid1.Cell[1][1] = "1000.0000";
   EXPECT_GT(ink(1).right(), amperes.right());
 }
 

@@ -86,6 +86,22 @@ TEST_F(Accessibility, TheNumbersOfTheTableTellTheirChannelsAndUnits) {
   EXPECT_EQ(table->cellAt(5, 2)->text(QAccessible::Description), "Voltage Sensor A / [°]");
 }
 
+TEST_F(Accessibility, AMagnitudeKeepsTheUnitThatItWasMeasuredIn) {
+  Start();
+  ClickTab(forms::tab::Phasor);
+  QAccessibleTableInterface* table = Of("Grid1").tableInterface();
+  const auto told = [&] { return table->cellAt(5, 1)->text(QAccessible::Description); };
+  Form().Combo4[1].ListIndex = 1;
+  EXPECT_EQ(told(), "Voltage Sensor A / [V]") << "nothing was measured yet";
+  Form().Grid1.Cell[5][1] = "63,509.0";
+
+  Form().Combo4[1].ListIndex = 0;
+  EXPECT_EQ(told(), "Voltage Sensor A / [V]");
+
+  Form().Grid1.Cell[5][1] = "63.5090";
+  EXPECT_EQ(told(), "Voltage Sensor A / [kV]");
+}
+
 TEST_F(Accessibility, TheProgressOfTheRecorderTellsWhatItCounts) {
   Start();
   ClickTab(forms::tab::Recorder);
