@@ -15,7 +15,6 @@
 #include "forms/phasor_controls.h"
 #include "forms/setup_controls.h"
 #include "forms/shared_controls.h"
-#include "forms/values_controls.h"
 #include "forms/window_controls.h"
 
 namespace desktop {
@@ -23,9 +22,7 @@ namespace desktop {
 /// What the Phasor view shows.
 struct PhasorParts {
   forms::PhasorControls& Phasor;
-  /// The table names the unit of each channel as the readings do.
-  forms::ValuesControls& Values;
-  /// Its lists hold the units alone.
+  /// Its lists hold the units of the table's magnitudes.
   forms::SetupControls& Setup;
   forms::SharedControls& Shared;
   forms::WindowControls& Form;

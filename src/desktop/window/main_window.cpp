@@ -122,7 +122,7 @@ void MainWindow::FillPages() {
   auto* waveforms = new WaveformsPage(main_, main_, main_, binder_, guard_, pages_);
   pages_->addWidget(new InfoPage(main_, main_, main_, binder_, pages_));
   pages_->addWidget(new ValuesPage(main_, main_, main_, main_, binder_, pages_));
-  pages_->addWidget(new PhasorPage({main_, main_, main_, main_, main_}, binder_, pages_));
+  pages_->addWidget(new PhasorPage({main_, main_, main_, main_}, binder_, pages_));
   pages_->addWidget(waveforms);
   pages_->addWidget(new RecorderPage(main_, main_, main_, binder_, guard_, pages_));
   pages_->addWidget(new ReportPage(main_, main_, binder_, pages_));
