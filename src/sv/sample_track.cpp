@@ -46,6 +46,7 @@ void SampleTrack::Begin(std::uint32_t round, std::uint32_t step) {
   round_ = std::max(round, 1U);
   step_ = std::max(step, 1U);
   lastRound_ = 0;
+  unseenEnds_ = 0;
   // Never the counter of a frame, so that the first one is met as such.
   next_ = ~0U;
 }
@@ -113,7 +114,7 @@ void SampleTrack::TakeOdd(std::uint32_t counter, Time arrived) {
 
 void SampleTrack::LearnRound(std::uint32_t counter, Time gone) {
   if (counter >= round_) {
-    round_ = RoundFor(counter);
+    Lengthen(RoundFor(counter));
     next_ = counter_ + step_;
     return;
   }
@@ -126,6 +127,16 @@ void SampleTrack::LearnRound(std::uint32_t counter, Time gone) {
     next_ = 0;
   }
   lastRound_ = round;
+}
+
+void SampleTrack::Lengthen(std::uint32_t round) {
+  // Where an end of the round was missing, more was missing than the shorter one told.
+  const std::uint64_t more = std::uint64_t{unseenEnds_} * (round - round_);
+  totals_.Missing += more;
+  totals_.ByCounter += more;
+  position_ += static_cast<std::int64_t>(more);
+  unseenEnds_ = 0;
+  round_ = round;
 }
 
 void SampleTrack::LearnRoundByPace(std::uint32_t counter) {
@@ -193,6 +204,7 @@ void SampleTrack::KeepGap(const Gap& gap) {
 void SampleTrack::TakeGap(std::uint32_t counter, Time arrived) {
   std::uint32_t distance = Distance(counter_, counter);
   if (distance == 0) distance = round_;
+  if (counter < counter_) ++unseenEnds_;
   // Fewer than a frame holds: the sender's steps are uneven, and nothing is missing.
   const std::uint64_t byCounter = distance > step_ ? distance - step_ : 0;
   const double beyond = SamplesIn(arrived - last_) - distance;
