@@ -27,7 +27,7 @@ void LogLines::Heading(const LogHeading& heading) {
 }
 
 void LogLines::Counts(const GapSearch& gaps, const LongestRun& run, double frequency) {
-  const platform::NumberText& numbers = services_.Numbers;
+  const platform::NumberText& numbers = texts_.Numbers;
   Line("Count of received samples        : " + numbers.General(gaps.Lines()));
   Line("Count of lost samples            : " + numbers.General(gaps.Lost()));
   const double sent = static_cast<double>(gaps.Lost()) + gaps.Lines();
@@ -43,11 +43,11 @@ void LogLines::Counts(const GapSearch& gaps, const LongestRun& run, double frequ
 }
 
 void LogLines::Line(const std::string& text) {
-  log_.Write(LogText(services_.Code, text) + Crlf);
+  log_.Write(LogText(texts_.Code, text) + Crlf);
 }
 
 std::string LogLines::Date(const platform::LocalTime& moment) const {
-  return LogDate(services_.Code, services_.Calendar, moment);
+  return LogDate(texts_.Code, texts_.Calendar, moment);
 }
 
 }  // namespace packetroutines

@@ -3,10 +3,12 @@
 #include <string>
 
 #include "base/local_time.h"
+#include "base/number_text.h"
+#include "platform/services/calendar.h"
+#include "platform/services/code_page.h"
 #include "platform/services/file_system.h"
 #include "recorder/reading/frame_identity.h"
 #include "recorder/reading/gap_search.h"
-#include "recorder/writing/recorder_services.h"
 
 namespace packetroutines {
 
@@ -21,12 +23,18 @@ struct LogHeading {
   std::string Filters;
 };
 
+/// How the texts of a log are written.
+struct LogTexts {
+  const platform::CodePage& Code;
+  const platform::NumberText& Numbers;
+  const platform::Calendar& Calendar;
+};
+
 /// Writes the lines of a log, each at once, with labels that readers of logs know: those of a stop
 /// and those of a later check look the same.
 class LogLines {
  public:
-  LogLines(platform::OutputFile& log, const RecorderServices& services)
-      : log_(log), services_(services) {}
+  LogLines(platform::OutputFile& log, const LogTexts& texts) : log_(log), texts_(texts) {}
 
   /// The lines in front of the counts.
   void Heading(const LogHeading& heading);
@@ -39,7 +47,7 @@ class LogLines {
   std::string Date(const platform::LocalTime& moment) const;
 
   platform::OutputFile& log_;
-  const RecorderServices& services_;
+  LogTexts texts_;
 };
 
 }  // namespace packetroutines
