@@ -25,8 +25,10 @@ class GapSearch {
   static constexpr std::int32_t LogRound = 4000;
   static constexpr std::int32_t LastGapEntry = 2'000'000;
 
-  /// `round` is the number of values of the ramp, at least 1.
-  explicit GapSearch(std::int32_t round = LogRound) : lastValue_(round - 1) {}
+  /// Follows the ramp of a log.
+  GapSearch() = default;
+  /// Follows one of so many values, at least 1.
+  explicit GapSearch(std::int32_t round) : lastValue_(round - 1) {}
 
   /// The next line has this ramp value. The first one sets where the ramp begins; failure 6 where
   /// that is no 16-bit integer.
@@ -51,7 +53,7 @@ class GapSearch {
   void TakeEntries(std::int64_t count);
   void EndRun();
 
-  std::int32_t lastValue_;
+  std::int32_t lastValue_ = LogRound - 1;
   std::int32_t lines_ = 0;
   std::int32_t lost_ = 0;
   std::int32_t expected_ = 0;

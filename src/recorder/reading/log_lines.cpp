@@ -12,11 +12,13 @@ using platform::Crlf;
 
 void LogLines::Heading(const LogHeading& heading) {
   Line("Error log for file               : " + heading.Path);
-  Line("Measurement started              : " + Date(heading.Start));
+  Line("Measurement started              : " + (heading.Start ? Date(*heading.Start) : NotKnown));
   Line("Measurement stopped              : " + Date(heading.Stop));
   Line("Duration time of data aquisition : " +
-       platform::TimeOfDayText(platform::SecondsBetween(heading.Start, heading.Stop)) +
-       " hh:mm:ss;");
+       (heading.Start
+            ? platform::TimeOfDayText(platform::SecondsBetween(*heading.Start, heading.Stop)) +
+                  " hh:mm:ss;"
+            : NotKnown));
   Line("");
   Line("MAC adress sender                : " + heading.Frame.Sender);
   Line("MAC adress receiver              : " + heading.Frame.Receiver);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "base/local_time.h"
@@ -12,13 +13,17 @@
 
 namespace packetroutines {
 
+/// What stands in a log for what nobody knows any more.
+inline constexpr const char* NotKnown = "not known (checked later)";
+
 /// What a log tells of a recording beside its samples.
 struct LogHeading {
   /// The file that was read.
   std::string Path;
   /// Its ID is in the system's code page, as the frame held it.
   FrameIdentity Frame;
-  platform::LocalTime Start;
+  /// Nothing where nobody knows it.
+  std::optional<platform::LocalTime> Start;
   platform::LocalTime Stop;
   std::string Filters;
 };

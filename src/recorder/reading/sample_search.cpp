@@ -13,7 +13,6 @@ using platform::Failure;
 
 namespace {
 
-constexpr const char* NotKnown = "not known (checked later)";
 constexpr std::int32_t MostLines = std::numeric_limits<std::int32_t>::max();
 
 }  // namespace
@@ -53,9 +52,9 @@ std::string ReasonInTheSamples(const Failure& failure, std::int32_t round) {
   }
 }
 
-void WriteCheckLog(LogLines& lines, const std::string& path, const platform::LocalTime& start,
-                   const platform::LocalTime& stop, const SearchedSamples& samples,
-                   double frequency) {
+void WriteCheckLog(LogLines& lines, const std::string& path,
+                   const std::optional<platform::LocalTime>& start, const platform::LocalTime& stop,
+                   const SearchedSamples& samples, double frequency) {
   lines.Heading({.Path = path,
                  .Frame = {NotKnown, NotKnown, NotKnown},
                  .Start = start,

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "base/failure.h"
@@ -42,9 +43,10 @@ SearchedSamples SearchSamples(
 std::string ReasonInTheSamples(const platform::Failure& failure, std::int32_t round);
 
 /// Writes the log of a later check, for which nobody knows who sent the samples. `start` is the
-/// moment of RUN, `stop` that of the last write to the file; the seconds go by the frequency.
-void WriteCheckLog(LogLines& lines, const std::string& path, const platform::LocalTime& start,
-                   const platform::LocalTime& stop, const SearchedSamples& samples,
-                   double frequency);
+/// moment of RUN, where the file's name tells it, `stop` that of the last write to the file; the
+/// seconds go by the frequency.
+void WriteCheckLog(LogLines& lines, const std::string& path,
+                   const std::optional<platform::LocalTime>& start, const platform::LocalTime& stop,
+                   const SearchedSamples& samples, double frequency);
 
 }  // namespace packetroutines
