@@ -143,7 +143,7 @@ TEST(Files, AFileTakesTheNameAndThePlaceOfAnother) {
   files.Rename(folder.File("new"), folder.File("old"));
 
   EXPECT_FALSE(files.FileExists(folder.File("new")));
-  EXPECT_EQ(BytesOf(folder.File("old")), "new");
+  EXPECT_EQ(Content(files, folder.File("old")), "new");
   EXPECT_EQ(FailureOf([&] { files.Rename(folder.File("new"), folder.File("old")); }), 53);
   EXPECT_EQ(FailureOf([&] { files.Rename(folder.File("old"), folder.File("none/old")); }), 76);
 }
