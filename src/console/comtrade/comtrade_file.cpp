@@ -62,7 +62,7 @@ ComtradeFile::ComtradeFile(platform::FileSystem& files, ComtradeHead head, Comtr
 }
 
 std::string ComtradeFile::HeadText() const {
-  const std::string configuration = ConfigurationText(head_);
+  std::string configuration = ConfigurationText(head_);
   if (kind_ == ComtradeFiles::Pair) return configuration;
   const std::string before = SectionLine("CFG") + configuration + SectionLine("INF") +
                              SectionLine("HDR") + "Written by " + ComtradeDevice();

@@ -20,7 +20,7 @@ using platform::Crlf;
 const platform::NumberText Numbers;
 
 struct FormFacts {
-  const char* Name;
+  const char* Name = nullptr;
   StoredRange Range;
 };
 
@@ -40,7 +40,7 @@ const FormFacts& FactsOf(ComtradeForm form) {
 std::string LimitText(double limit, ComtradeForm form, int side) {
   if (form != ComtradeForm::Float32) return Numbers.General(limit);
   constexpr std::size_t FieldLength = 13;
-  const std::string text = Numbers.General(static_cast<float>(limit));
+  std::string text = Numbers.General(static_cast<float>(limit));
   if (text.size() <= FieldLength) return text;
   constexpr int DigitsBehindPoint = 5;
   constexpr double LastDigit = 1e-5;
