@@ -28,7 +28,9 @@ void LookThrough(CheckedRecording& checked, platform::FileSystem& files) {
 
 CheckedRecording CheckRecording(platform::FileSystem& files, const std::string& path,
                                 std::optional<std::int32_t> round) {
-  CheckedRecording checked{.Path = path, .Start = NameOf(files, path).Start()};
+  CheckedRecording checked;
+  checked.Path = path;
+  checked.Start = NameOf(files, path).Start();
   checked.Stop = files.LastWrite(path);
   if (files.FileSize(path) == 0) {
     throw platform::Failure(platform::failure::TypeMismatch, "it is empty");

@@ -146,6 +146,7 @@ void ConvertCommand::TakeNames(Conversion& conversion) const {
   conversion.Head.Station = station_;
   for (std::size_t k = 0; k < channels_.size(); ++k) {
     demand(channels_[k]);
+    if (channels_[k].empty()) throw WrongUse("each of the eight channels needs a name");
     conversion.Names[k] = channels_[k];
   }
 }
@@ -200,7 +201,7 @@ void ConvertCommand::Tell(const Converted& converted, const Machine& machine) co
   };
   note(converted.Missing, " lost by the counter, with missing values in the files.");
   note(converted.Doubled, " doubled, and left out.");
-  note(converted.Late, " out of order, and put in their places.");
+  note(converted.Late, " out of order, and put in place.");
   note(converted.BeforeFirst, " sent before the first one, and left out.");
   if (!converted.Cut) return;
   machine.Notes << "vornik-cli: " << file_ << ": the last line was cut, and is left out."

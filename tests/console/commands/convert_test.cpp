@@ -60,7 +60,7 @@ TEST_F(ConvertCommandScene, TellsWhatTheRecordingLacks) {
                              ": 1 sample doubled, and left out.\n"
                              "vornik-cli: " +
                              file +
-                             ": 1 sample out of order, and put in their places.\n"
+                             ": 1 sample out of order, and put in place.\n"
                              "vornik-cli: " +
                              file +
                              ": 1 sample sent before the first one, and left out.\n"
@@ -232,6 +232,7 @@ TEST_F(ConvertCommandScene, RefusesWhatTheStandardHasNot) {
       {"convert", file, "--to", "cff", "--station", "a,b"},
       {"convert", file, "--to", "comtrade-1999", "--station", "Čakovec"},
       {"convert", file, "--to", "cff", "--channels", "a,b,c"},
+      {"convert", file, "--to", "cff", "--channels", "a", "b", "c", "d", "e", "f", "g", ""},
       {"convert", file, "--to", "cff", "--unit", "V,A"},
       {"convert", file, "--to", "cff", "--round", "1"},
       {"convert", file, "--to", "cff", "--start", "21.11.2026"},
