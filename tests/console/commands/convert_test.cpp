@@ -168,7 +168,7 @@ TEST_F(ConvertCommandScene, NamesTheLineThatIsNoSampleAndLeavesNothing) {
       std::string(300'000, ';') + "\r\n",
   };
   for (const std::string& line : hostile) {
-    const std::string file = Recorded(good + line + good);
+    const std::string file = Recorded(std::string(good).append(line).append(good));
     EXPECT_EQ(Run({"convert", file, "--to", "comtrade-1999"}), ExitCode::FileTrouble) << line;
     EXPECT_EQ(Notes.str(),
               "vornik-cli: " + file + ": line 3: it is no sample of a text recording\n");
