@@ -11,6 +11,8 @@
 #include "config/program_facts.h"
 #include "console/command.h"
 #include "console/commands/adapters.h"
+#include "console/commands/check.h"
+#include "console/commands/convert.h"
 #include "console/commands/report.h"
 #include "console/commands/streams.h"
 #include "console/commands/watch.h"
@@ -27,6 +29,8 @@ std::vector<std::unique_ptr<Command>> AllCommands() {
   commands.push_back(std::make_unique<StreamsCommand>());
   commands.push_back(std::make_unique<WatchCommand>());
   commands.push_back(std::make_unique<ReportCommand>());
+  commands.push_back(std::make_unique<CheckCommand>());
+  commands.push_back(std::make_unique<ConvertCommand>());
   return commands;
 }
 

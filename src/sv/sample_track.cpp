@@ -3,13 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "sv/standard_rates.h"
+
 namespace sv {
 
 namespace {
 
-/// Samples a second at 50 and 60 Hz (IEC 61850-9-2LE, IEC 61869-9).
-constexpr std::array<std::uint32_t, 7> StandardRates = {4000,  4800,  5760, 9600,
-                                                        12800, 14400, 15360};
 /// A jump below this may be a stretch that the system has dropped, whatever the times say.
 constexpr std::uint32_t ShortestJump = 40;
 /// So much of the way must have gone by for a gap to be one.
@@ -21,16 +20,6 @@ constexpr SampleTrack::Time OldBearings{2'000'000};
 /// A rate is told from so much time, to so much of itself.
 constexpr SampleTrack::Time ShortestLook{50'000};
 constexpr double RateError = 0.03;
-
-bool IsStandard(std::uint32_t rate) {
-  return std::find(StandardRates.begin(), StandardRates.end(), rate) != StandardRates.end();
-}
-
-/// The smallest standard round that holds the counter; the counter's own where none does.
-std::uint32_t RoundFor(std::uint32_t counter) {
-  const auto* const found = std::upper_bound(StandardRates.begin(), StandardRates.end(), counter);
-  return found == StandardRates.end() ? counter + 1 : *found;
-}
 
 /// A rest between two of whole rounds is one of a sender that goes on where it was.
 double WholeRounds(double rounds) {
@@ -122,7 +111,7 @@ void SampleTrack::LearnRound(std::uint32_t counter, Time gone) {
   if (counter != 0 || counter_ < WindowSamples || next_ == 0) return;
   if (SamplesIn(gone) > ShortestJump) return;
   const std::uint32_t round = counter_ + step_;
-  if (IsStandard(round) || round == lastRound_) {
+  if (IsStandardRate(round) || round == lastRound_) {
     round_ = round;
     next_ = 0;
   }
