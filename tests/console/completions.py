@@ -20,8 +20,11 @@ TIME = 60
 FILES = ["morning.pcap", "noon of today.pcapng", "SV record 21.11.2026 18-04-09.txt", "notes.md"]
 CAPTURES, RECORDINGS = set(FILES[:2]), {FILES[2]}
 FOLDER = "StoredData"
-# What an adapter is expected for where an option names it.
+# What is offered for an argument of this name.
 FILES_OF_ARGUMENT = {"ADAPTER": CAPTURES, "FILE": RECORDINGS}
+# What is offered behind options whose help names no choice in braces.
+LISTS = {"--fail-on": {"loss", "synch", "silence"}}
+FOLDERS = {"--folder", "--output"}
 
 # Tells what the function of the completion leaves for a line, whose last word is the one to complete.
 BASH = r"""
@@ -55,18 +58,16 @@ zpty -d shell
 def offered(*words):
     """What the shell offers behind these words, for the last of them."""
     path = f"{PROGRAM.parent}:{os.environ['PATH']}"
-    with tempfile.TemporaryDirectory() as room, tempfile.TemporaryDirectory() as place:
-        for name in FILES:
-            (Path(place) / name).touch()
-        (Path(place) / FOLDER).mkdir()
-        if SHELL == "bash":
-            command = ["bash", "--norc", "-c", BASH, "bash",
-                       ROOT / "packaging/completions/vornik-cli.bash", "vornik-cli", *words]
-        else:
-            command = ["zsh", "-f", "-c", ZSH, "zsh", ROOT / "packaging/completions", room,
-                       " ".join(["vornik-cli", *words])]
-        run = subprocess.run(command, cwd=place, capture_output=True, text=True, timeout=TIME,
-                             env={**os.environ, "PATH": path, "TERM": "dumb"})
+    if SHELL == "bash":
+        command = ["bash", "--norc", "-c", BASH, "bash",
+                   ROOT / "packaging/completions/vornik-cli.bash", "vornik-cli", *words]
+    else:
+        for told in ["ready", "done"]:
+            (room / told).unlink(missing_ok=True)
+        command = ["zsh", "-f", "-c", ZSH, "zsh", ROOT / "packaging/completions", room,
+                   " ".join(["vornik-cli", *words])]
+    run = subprocess.run(command, cwd=place, capture_output=True, text=True, timeout=TIME,
+                         env={**os.environ, "PATH": path, "TERM": "dumb"})
     if run.stderr:
         faults.append(f"{words}: {run.stderr}")
     return set(run.stdout.splitlines())
@@ -82,13 +83,12 @@ def check_values(command, option, value):
     found = offered(command, option, "")
     if isinstance(value, set):
         compare(f"{command} {option}", found, value)
-    elif option in {"--folder", "--output"}:
+    elif option in FOLDERS:
         compare(f"{command} {option}", {name.rstrip("/") for name in found}, {FOLDER})
     elif option in LISTS:
         compare(f"{command} {option}", found, LISTS[option])
-
-
-LISTS = {"--fail-on": {"loss", "synch", "silence"}}
+    elif value.startswith(("FLOAT", "INT", "UINT")):
+        compare(f"{command} {option}", found, set())
 
 
 def check_arguments(command):
@@ -108,15 +108,21 @@ faults = []
 if not shutil.which(SHELL):
     print(f"{SHELL} is not installed")
     sys.exit(77)
-commands = program_help.commands(PROGRAM)
-compare("first word", {word for word in offered("") if word[0] != "-"}, set(commands))
-for command in commands:
-    options = program_help.options(PROGRAM, command)
-    compare(command, {word for word in offered(command, "-") if word.startswith("--")}, set(options))
-    for option, value in options.items():
-        if value:
-            check_values(command, option, value)
-    check_arguments(command)
+with tempfile.TemporaryDirectory() as rooms:
+    room, place = Path(rooms) / "room", Path(rooms) / "place"
+    room.mkdir()
+    (place / FOLDER).mkdir(parents=True)
+    for name in FILES:
+        (place / name).touch()
+    commands = program_help.commands(PROGRAM)
+    compare("first word", {word for word in offered("") if word[0] != "-"}, set(commands))
+    for command in commands:
+        options = program_help.options(PROGRAM, command)
+        compare(command, {word for word in offered(command, "-") if word.startswith("--")}, set(options))
+        for option, value in options.items():
+            if value:
+                check_values(command, option, value)
+        check_arguments(command)
 print("\n".join(faults))
 print(f"{len(commands)} commands")
 sys.exit(1 if faults or not commands else 0)
