@@ -41,6 +41,8 @@ void StreamFigures::Take(const sv::Frame& frame, const sv::Asdu& first, std::uin
   last_ = arrived;
   ++frames_;
   track_.Take(first.SmpCnt.value_or(0), arrived);
+  constexpr std::uint64_t LookEvery = 256;
+  if (frames_ % LookEvery == 0) track_.TakeBearings();
 }
 
 void StreamFigures::BeginStretch(Time now) {

@@ -89,8 +89,9 @@ ExitCode WatchCommand::Run(const Machine& machine) {
     return !alarm_ && machine.Results.good();
   };
   listening_.Go(take, more);
-  // A part of a second is no second of losses or silence, but a short file has told nothing yet.
-  if (!alarm_ && any && listening_.Tap().Ended()) SecondIsOver(listening_.Tap().Now(), machine);
+  // The part of a second at the end is told too. Who has not come in it is not silent yet.
+  std::erase(failOn_, AlarmKind::Silence);
+  if (!alarm_ && bus_->AnyInStretch()) SecondIsOver(listening_.Tap().Now(), machine);
   listening_.TellTrouble();
   if (alarm_) return ExitCode::Alarm;
   if (!listening_.Tap().Trouble().empty() || !metricsTrouble_.empty()) return ExitCode::FileTrouble;
