@@ -18,6 +18,11 @@ void EventsFile::Begin(const std::string& path) {
   written_ = false;
 }
 
+void EventsFile::GoOn(const std::string& path) {
+  path_ = path;
+  written_ = false;
+}
+
 void EventsFile::Add(const RecordEvent& event) {
   if (waiting_.size() >= MostWaiting) {
     ++leftOut_;

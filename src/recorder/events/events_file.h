@@ -20,6 +20,9 @@ class EventsFile {
 
   /// A recording begins whose events go to this path. Nothing is written yet.
   void Begin(const std::string& path);
+  /// The recording goes on with another file. Events that still wait for the one before are told in
+  /// this one.
+  void GoOn(const std::string& path);
   void Add(const RecordEvent& event);
   /// Brings what waits to the file. True where something was written.
   bool Write();
