@@ -15,6 +15,7 @@ set(below_report base platform sv forms config capture)
 set(below_shell base platform sv forms config capture measure recorder report)
 set(below_adapters base platform)
 set(below_system base platform)
+set(below_console system base platform sv forms config capture measure recorder report shell)
 set(below_desktop system base platform sv forms config capture measure recorder report shell)
 # The rooms of a folder, each with those that it may look into.
 set(below_platform_controls "")
@@ -28,6 +29,10 @@ set(below_recorder_session writing events reading)
 set(below_adapters_interfaces "")
 set(below_adapters_files "")
 set(below_adapters_simulated "")
+set(below_console_comtrade "")
+set(below_console_bus "")
+set(below_console_program "")
+set(below_console_commands comtrade bus program)
 set(below_desktop_look "")
 set(below_desktop_widgets look)
 set(below_desktop_binding look widgets services)
@@ -47,6 +52,9 @@ set(system_headers ${core_headers} cerrno cstdio ctime deque filesystem system_e
 # Threads stand in that room alone, each behind a service that the program's own thread calls.
 set(posix_headers condition_variable fcntl.h mutex signal.h spawn.h sys/stat.h sys/types.h sys/wait.h
     systemd/sd-bus.h thread unistd.h)
+
+# What the face without a window may take: the core's headers, texts to write to, options and JSON.
+set(console_headers ${core_headers} iomanip sstream iostream CLI/CLI.hpp nlohmann/json.hpp)
 
 set(failures "")
 file(GLOB folders RELATIVE "${ROOT}/src" "${ROOT}/src/*")
@@ -84,6 +92,7 @@ foreach(folder IN LISTS folders)
         if((folder IN_LIST core AND NOT header IN_LIST core_headers)
            OR (folder STREQUAL "system" AND NOT header IN_LIST system_headers
                AND NOT (room STREQUAL "posix" AND header IN_LIST posix_headers))
+           OR (folder STREQUAL "console" AND NOT header IN_LIST console_headers)
            OR (folder STREQUAL "adapters" AND header MATCHES "^[Qq]")
            OR (folder STREQUAL "desktop" AND header MATCHES "^pcap"))
           list(APPEND failures "${file}: ${include}")

@@ -1,10 +1,9 @@
 #include "adapters/system_capture_layer.h"
 
 #include <algorithm>
-#include <cctype>
-#include <system_error>
 #include <utility>
 
+#include "adapters/capture_files.h"
 #include "adapters/files/file_source.h"
 #include "adapters/interfaces/pcap_source.h"
 #include "adapters/simulated/simulated_bus.h"
@@ -21,41 +20,6 @@ class EmptyCollection : public platform::PacketCollection {
   void Clear() override {}
 };
 
-bool IsCaptureFile(const std::filesystem::directory_entry& entry) {
-  std::error_code error;
-  if (!entry.is_regular_file(error)) return false;
-  std::string extension = entry.path().extension().string();
-  std::transform(extension.begin(), extension.end(), extension.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return extension == ".pcap" || extension == ".pcapng";
-}
-
-/// The capture files of the folder by name; none where there is no folder.
-std::vector<std::filesystem::path> CaptureFiles(const std::filesystem::path& folder) {
-  std::vector<std::filesystem::path> files;
-  std::error_code error;
-  std::filesystem::directory_iterator entry(folder, error);
-  while (!error && entry != std::filesystem::directory_iterator()) {
-    if (IsCaptureFile(*entry)) files.push_back(entry->path());
-    entry.increment(error);
-  }
-  std::sort(files.begin(), files.end());
-  return files;
-}
-
-std::string WhyNot(Reach state) {
-  switch (state) {
-    case Reach::Ready:
-      return {};
-    case Reach::NoRight:
-      return ", no right to capture";
-    case Reach::Down:
-      return ", switched off";
-    default:
-      return ", cannot capture";
-  }
-}
-
 }  // namespace
 
 SystemCaptureLayer::SystemCaptureLayer(const platform::Clock& clock, CapturePaths paths,
@@ -70,7 +34,7 @@ std::unique_ptr<platform::CaptureObject> SystemCaptureLayer::NewCaptureObject() 
   Entries entries;
   advice_ = {};
   entries.push_back(std::make_unique<SourceAdapter>(
-      "Simulated process bus (built in)", true, std::make_unique<SimulatedBus>(clock_), clock_));
+      SimulatedTitle, true, std::make_unique<SimulatedBus>(clock_), clock_));
   AddInterfaces(entries);
   AddFiles(entries);
   // What cannot capture comes last, so that the places of the others are the same with and without
@@ -99,10 +63,8 @@ void SystemCaptureLayer::AddFiles(Entries& entries) {
     const std::string trouble = WhyUnplayable(file);
     const bool playable = trouble.empty();
     if (!playable) advice_.AddFile(file, trouble);
-    const std::string title = file.filename().string() + " (capture file)";
-    entries.push_back(
-        std::make_unique<SourceAdapter>(playable ? title : title + ", cannot be played", playable,
-                                        std::make_unique<FileSource>(file, clock_), clock_));
+    entries.push_back(std::make_unique<SourceAdapter>(
+        FileTitle(file, playable), playable, std::make_unique<FileSource>(file, clock_), clock_));
   }
 }
 

@@ -9,6 +9,7 @@
 
 #include "base/failure.h"
 #include "system/calendar.h"
+#include "system/error_number.h"
 #include "system/places.h"
 #include "system/stdio_files.h"
 
@@ -102,6 +103,15 @@ void ComputerFiles::DeleteFile(const std::string& path) {
   std::error_code refused;
   if (!std::filesystem::remove(PlaceOf(path), refused)) {
     throw platform::Failure(platform::failure::PermissionDenied);
+  }
+}
+
+void ComputerFiles::Rename(const std::string& from, const std::string& to) {
+  if (!FileExists(from)) throw platform::Failure(platform::failure::FileNotFound);
+  std::error_code refused;
+  std::filesystem::rename(PlaceOf(from), PlaceOf(to), refused);
+  if (refused) {
+    throw platform::Failure(FailureNumber(refused.value(), platform::failure::PathNotFound));
   }
 }
 

@@ -19,6 +19,7 @@ class ComputerFiles : public platform::FileSystem {
   std::optional<std::int64_t> FreeSpace(const std::string& path) const override;
   platform::LocalTime LastWrite(const std::string& path) const override;
   void DeleteFile(const std::string& path) override;
+  void Rename(const std::string& from, const std::string& to) override;
   std::unique_ptr<platform::OutputFile> Append(const std::string& path) override;
   std::unique_ptr<platform::OutputFile> Create(const std::string& path) override;
   std::unique_ptr<platform::InputFile> Read(const std::string& path) override;

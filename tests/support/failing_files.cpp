@@ -48,6 +48,11 @@ void FailingFiles::DeleteFile(const std::string& path) {
   files_.DeleteFile(path);
 }
 
+void FailingFiles::Rename(const std::string& from, const std::string& to) {
+  Change(Renames, FailingRename);
+  files_.Rename(from, to);
+}
+
 bool FailingFiles::IsApart(const std::string& path) const {
   return !Apart.empty() && path.find(Apart) != std::string::npos;
 }

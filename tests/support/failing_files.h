@@ -34,6 +34,7 @@ class FailingFiles : public platform::FileSystem {
     return files_.FreeSpace(path);
   }
   void DeleteFile(const std::string& path) override;
+  void Rename(const std::string& from, const std::string& to) override;
   std::unique_ptr<platform::OutputFile> Append(const std::string& path) override;
   std::unique_ptr<platform::OutputFile> Create(const std::string& path) override;
   std::unique_ptr<platform::InputFile> Read(const std::string& path) override;
@@ -54,6 +55,8 @@ class FailingFiles : public platform::FileSystem {
   int FailingClose = 0;
   /// The deleting that fails, counted likewise.
   int FailingDelete = 0;
+  /// The renaming that fails, counted likewise.
+  int FailingRename = 0;
   /// The opening for reading that fails, counted likewise.
   int FailingRead = 0;
   /// The number of the failure.
@@ -67,6 +70,7 @@ class FailingFiles : public platform::FileSystem {
   int Opens = 0;
   int Closes = 0;
   int Deletes = 0;
+  int Renames = 0;
   int Reads = 0;
   /// How often a folder was looked through.
   mutable int Lists = 0;

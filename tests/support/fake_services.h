@@ -55,6 +55,12 @@ class FakeFiles : public platform::FileSystem {
   void DeleteFile(const std::string& path) override {
     if (Stored.erase(path) == 0) throw platform::Failure(platform::failure::FileNotFound);
   }
+  void Rename(const std::string& from, const std::string& to) override {
+    const auto file = Stored.find(from);
+    if (file == Stored.end()) throw platform::Failure(platform::failure::FileNotFound);
+    Stored[to] = file->second;
+    Stored.erase(from);
+  }
   std::unique_ptr<platform::OutputFile> Append(const std::string& path) override {
     if (Folders.count(path.substr(0, path.rfind(SeparatorText))) == 0) {
       throw platform::Failure(platform::failure::PathNotFound);

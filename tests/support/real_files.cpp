@@ -103,6 +103,11 @@ void RealFiles::DeleteFile(const std::string& path) {
   if (!std::filesystem::remove(path)) throw Failure(failure::FileNotFound);
 }
 
+void RealFiles::Rename(const std::string& from, const std::string& to) {
+  if (!FileExists(from)) throw Failure(failure::FileNotFound);
+  std::filesystem::rename(from, to);
+}
+
 std::unique_ptr<platform::OutputFile> RealFiles::Append(const std::string& path) {
   return std::make_unique<RealOutput>(path, std::ios::app);
 }

@@ -120,6 +120,20 @@ TEST(Files, ADeletedFileIsGone) {
   EXPECT_EQ(FailureOf([&] { files.DeleteFile(path); }), 53);
 }
 
+TEST(Files, AFileTakesTheNameAndThePlaceOfAnother) {
+  const TemporaryFolder folder;
+  ComputerFiles files;
+  files.Create(folder.File("new"))->Write("new");
+  files.Create(folder.File("old"))->Write("old");
+
+  files.Rename(folder.File("new"), folder.File("old"));
+
+  EXPECT_FALSE(files.FileExists(folder.File("new")));
+  EXPECT_EQ(BytesOf(folder.File("old")), "new");
+  EXPECT_EQ(FailureOf([&] { files.Rename(folder.File("new"), folder.File("old")); }), 53);
+  EXPECT_EQ(FailureOf([&] { files.Rename(folder.File("old"), folder.File("none/old")); }), 76);
+}
+
 TEST(Files, AFolderTellsTheNamesInItAndNoneBelow) {
   const TemporaryFolder folder;
   ComputerFiles files;

@@ -67,7 +67,7 @@ Trouble TroubleOf(const std::filesystem::path& file, const std::string& words) {
 Failure FailureOf(const std::filesystem::path& file, const std::string& words) {
   const Trouble trouble = TroubleOf(file, words);
   return {trouble.Number, "The capture file " + file.string() + " " + trouble.Words +
-                              ", or choose another network adapter in the Setup."};
+                              ", or choose another network adapter."};
 }
 
 }  // namespace

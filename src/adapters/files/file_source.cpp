@@ -121,8 +121,7 @@ void FileSource::ReportDamage() {
 Failure FileSource::Unplayable() const {
   return {failure::DeviceIo, "The capture file " + file_.string() +
                                  " holds no frame that can be read. Please put a sound Ethernet "
-                                 "capture in its place, or choose another network adapter in the "
-                                 "Setup."};
+                                 "capture in its place, or choose another network adapter."};
 }
 
 }  // namespace adapters

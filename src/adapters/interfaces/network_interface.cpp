@@ -18,6 +18,8 @@ namespace failure = platform::failure;
 
 /// Enough to learn what an interface carries; its ring is gone again at once.
 constexpr OpenRequest Probe{128, 65536, false};
+/// A heap is handed over when it is so old, if it is not full before.
+constexpr int HeapMilliseconds = 20;
 
 /// Capture devices of the library that are no network interfaces. They are known by name, because
 /// without rights none of them can be asked what it carries. Some exist once, under just this name,
@@ -71,7 +73,8 @@ void Configure(pcap_t* handle, const OpenRequest& request) {
   pcap_set_snaplen(handle, request.SnapshotBytes);
   pcap_set_buffer_size(handle, request.BufferBytes);
   pcap_set_promisc(handle, request.Promiscuous ? 1 : 0);
-  pcap_set_immediate_mode(handle, 1);
+  pcap_set_immediate_mode(handle, request.InHeaps ? 0 : 1);
+  if (request.InHeaps) pcap_set_timeout(handle, HeapMilliseconds);
 }
 
 std::string TitleOf(const pcap_if_t& device) {
@@ -152,15 +155,15 @@ platform::Failure InterfaceFailure(const std::string& name, Reach state, const s
     case Reach::Missing:
       return {failure::DeviceIo, network +
                                      " is gone. Please connect it again, or choose another "
-                                     "network adapter in the Setup."};
+                                     "network adapter."};
     case Reach::NotEthernet:
       return {failure::DeviceIo, network +
                                      " does not carry Ethernet frames. Please choose another "
-                                     "network adapter in the Setup."};
+                                     "network adapter."};
     default:
       return {failure::DeviceIo, network + " cannot be used: " + words +
                                      ". Please check it, or "
-                                     "choose another network adapter in the Setup."};
+                                     "choose another network adapter."};
   }
 }
 

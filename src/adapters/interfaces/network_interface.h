@@ -32,6 +32,8 @@ struct OpenRequest {
   int SnapshotBytes = 0;
   int BufferBytes = 0;
   bool Promiscuous = false;
+  /// Frames are handed over heap by heap rather than one by one.
+  bool InHeaps = false;
 };
 
 /// What came of opening: the handle where `State` is `Ready`, the library's words otherwise.
@@ -41,7 +43,8 @@ struct OpenResult {
   std::string Words;
 };
 
-/// Opens an interface so that each frame is there at once and reading never waits.
+/// Opens an interface so that reading never waits, and each frame is there at once where heaps are
+/// not asked for.
 OpenResult OpenInterface(const std::string& name, const OpenRequest& request);
 
 /// The Ethernet interfaces of this computer, each tried whether it can capture. Devices that carry

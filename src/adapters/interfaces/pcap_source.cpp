@@ -23,12 +23,15 @@ constexpr int SlotBytes = 1600;
 constexpr int UsualFrameBytes = 128;
 constexpr int FewestSlots = 2048;
 constexpr int MostSlots = 32768;
+/// Heaps are packed frame behind frame, so that the same memory holds ten times as many.
+constexpr int HeapRingBytes = 64 << 20;
 
 /// How often a lost interface is looked for.
 constexpr std::chrono::milliseconds LostInterfacePause{500};
 
-int RingBytes(std::int32_t bufferBytes) {
-  return std::clamp(bufferBytes / UsualFrameBytes, FewestSlots, MostSlots) * SlotBytes;
+int RingBytes(const SourceSettings& settings) {
+  if (settings.InHeaps) return HeapRingBytes;
+  return std::clamp(settings.BufferBytes / UsualFrameBytes, FewestSlots, MostSlots) * SlotBytes;
 }
 
 /// Lets nothing pass.
@@ -44,7 +47,7 @@ PcapSource::PcapSource(std::string interfaceName, std::string programPath)
 
 bool PcapSource::FitsOpenHandle(const SourceSettings& settings) const {
   return handle_ && !lost_ && settings.Promiscuous == settings_.Promiscuous &&
-         RingBytes(settings.BufferBytes) == RingBytes(settings_.BufferBytes);
+         settings.InHeaps == settings_.InHeaps && RingBytes(settings) == RingBytes(settings_);
 }
 
 void PcapSource::Prepare(const SourceSettings& settings) {
@@ -56,8 +59,10 @@ void PcapSource::Prepare(const SourceSettings& settings) {
 }
 
 OpenResult PcapSource::Opened(const SourceSettings& settings) const {
-  return OpenInterface(name_,
-                       {WholeFrameBytes, RingBytes(settings.BufferBytes), settings.Promiscuous});
+  return OpenInterface(name_, {.SnapshotBytes = WholeFrameBytes,
+                               .BufferBytes = RingBytes(settings),
+                               .Promiscuous = settings.Promiscuous,
+                               .InHeaps = settings.InHeaps});
 }
 
 void PcapSource::Open(const SourceSettings& settings) {

@@ -62,6 +62,9 @@ class FileSystem {
   virtual LocalTime LastWrite(const std::string& path) const = 0;
   /// Failure 53 where there is no such file.
   virtual void DeleteFile(const std::string& path) = 0;
+  /// Gives a file the name of another one, which is gone with that: whoever reads under that name
+  /// meets the whole of the one or the whole of the other. Failure 53 where there is no such file.
+  virtual void Rename(const std::string& from, const std::string& to) = 0;
   /// Opens a file to write behind its end; one that is missing is made. What cannot be opened
   /// raises the failure of its reason, such as 76 for a folder that is missing.
   virtual std::unique_ptr<OutputFile> Append(const std::string& path) = 0;

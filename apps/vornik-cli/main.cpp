@@ -1,0 +1,57 @@
+#include <poll.h>
+
+#include <chrono>
+#include <filesystem>
+#include <iostream>
+#include <system_error>
+
+#include "adapters/steady_clock.h"
+#include "adapters/system_bus_taps.h"
+#include "adapters/windows1252.h"
+#include "console/console.h"
+#include "system/calendar.h"
+#include "system/computer_files.h"
+#include "system/places.h"
+#include "system/posix/termination_signals.h"
+
+namespace {
+
+std::filesystem::path ProgramFile() {
+  std::error_code error;
+  return std::filesystem::read_symlink("/proc/self/exe", error);
+}
+
+/// Blocks the thread until the time is over or the user asks for the end.
+void SleepOrEnd(const host::TerminationSignals& signals, std::chrono::nanoseconds time) {
+  pollfd request{signals.Descriptor(), POLLIN, 0};
+  const auto milliseconds = std::chrono::ceil<std::chrono::milliseconds>(time).count();
+  poll(&request, 1, static_cast<int>(milliseconds));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::ios::sync_with_stdio(false);
+  const adapters::SteadyClock clock;
+  const adapters::Windows1252 code;
+  const platform::NumberText numbers;
+  const host::Calendar calendar;
+  host::ComputerFiles files;
+  host::TerminationSignals signals;
+  bool endAsked = false;
+  adapters::SystemBusTaps taps(clock, {host::DataFolder() / "vornik" / "captures", ProgramFile()});
+  const console::Machine machine{
+      .Results = std::cout,
+      .Notes = std::cerr,
+      .Clock = clock,
+      .Calendar = calendar,
+      .Code = code,
+      .Numbers = numbers,
+      .Files = files,
+      .Taps = taps,
+      .Sleep = [&](std::chrono::nanoseconds time) { SleepOrEnd(signals, time); },
+      .EndAsked = [&] { return endAsked = endAsked || signals.Take(); }};
+  const console::ExitCode exitCode = console::Run(argc, argv, machine);
+  std::cout.flush();
+  return static_cast<int>(exitCode);
+}

@@ -1,0 +1,65 @@
+#include "adapters/system_bus_taps.h"
+
+#include <system_error>
+#include <utility>
+
+#include "adapters/capture_files.h"
+#include "adapters/files/file_tap.h"
+#include "adapters/interfaces/pcap_source.h"
+#include "adapters/simulated/simulated_bus.h"
+#include "adapters/source_tap.h"
+
+namespace adapters {
+
+NamedPlace PlaceOfName(const std::string& name, const std::filesystem::path& captures) {
+  if (name == SimulatedName) return {NamedPlace::Kind::Simulated, name, {}};
+  std::error_code error;
+  const std::filesystem::path path(name);
+  if (IsCaptureFileName(path) || std::filesystem::is_regular_file(path, error)) {
+    const std::filesystem::path stored = captures / path;
+    const bool isStored = !std::filesystem::exists(path, error) && !captures.empty() &&
+                          std::filesystem::exists(stored, error);
+    return {NamedPlace::Kind::File, {}, isStored ? stored : path};
+  }
+  return {NamedPlace::Kind::Interface, name, {}};
+}
+
+SystemBusTaps::SystemBusTaps(const platform::Clock& clock, CapturePaths paths,
+                             InterfaceLister listInterfaces)
+    : clock_(clock), paths_(std::move(paths)), listInterfaces_(std::move(listInterfaces)) {}
+
+std::vector<platform::CapturePlace> SystemBusTaps::Places() {
+  advice_ = {};
+  std::vector<platform::CapturePlace> places;
+  places.push_back({SimulatedName, SimulatedTitle, true});
+  for (const NetworkInterface& found : listInterfaces_()) {
+    advice_.AddInterface(found);
+    places.push_back({found.Name, found.Title + WhyNot(found.State), found.State == Reach::Ready});
+  }
+  for (const std::filesystem::path& file : CaptureFiles(paths_.Captures)) {
+    const std::string trouble = WhyUnplayable(file);
+    if (!trouble.empty()) advice_.AddFile(file, trouble);
+    places.push_back({file.filename().string(), FileTitle(file, trouble.empty()), trouble.empty()});
+  }
+  return places;
+}
+
+std::string SystemBusTaps::Advice() const {
+  return advice_.Text(paths_.Program.string());
+}
+
+std::unique_ptr<platform::BusTap> SystemBusTaps::Open(const std::string& name,
+                                                      platform::TapPace pace) {
+  const NamedPlace place = PlaceOfName(name, paths_.Captures);
+  switch (place.What) {
+    case NamedPlace::Kind::Simulated:
+      return std::make_unique<SourceTap>(std::make_unique<SimulatedBus>(clock_), clock_);
+    case NamedPlace::Kind::File:
+      return std::make_unique<FileTap>(place.File, clock_, pace);
+    default:
+      return std::make_unique<SourceTap>(
+          std::make_unique<PcapSource>(place.Name, paths_.Program.string()), clock_);
+  }
+}
+
+}  // namespace adapters

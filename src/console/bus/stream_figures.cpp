@@ -1,0 +1,72 @@
+#include "console/bus/stream_figures.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace console {
+
+namespace {
+
+/// The round that a counter is expected to have before it shows its own.
+constexpr std::uint32_t UsualRound = 4000;
+/// Longer than any sender rests.
+constexpr StreamFigures::Time Silence{500'000};
+
+std::optional<double> Rate(std::uint64_t steps, StreamFigures::Time time) {
+  if (time.count() <= 0 || steps == 0) return std::nullopt;
+  return static_cast<double>(steps) * 1e6 / static_cast<double>(time.count());
+}
+
+}  // namespace
+
+StreamFigures::StreamFigures(StreamIdentity who, Time arrived)
+    : who_(std::move(who)), first_(arrived), last_(arrived) {}
+
+void StreamFigures::Take(const sv::Frame& frame, const sv::Asdu& first, std::uint32_t asdus,
+                         Time arrived) {
+  const bool newForm = !met_ || asdus != state_.Asdus;
+  if (newForm) track_.Begin(UsualRound, asdus);
+  if (met_ && first.SmpSynch != state_.SmpSynch) ++synchChanges_;
+  state_.Simulated = frame.Simulated();
+  state_.Asdus = asdus;
+  state_.Channels = first.Channels();
+  state_.ConfRev = first.ConfRev;
+  state_.SmpSynch = first.SmpSynch;
+  state_.SmpRate = first.SmpRate;
+  state_.SmpMod = first.SmpMod;
+  if (first.Datset.value_or("") != state_.Datset) state_.Datset = first.Datset.value_or("");
+  state_.Lan = frame.Prp ? frame.Prp->Lan : 0;
+  who_.Tag = frame.TagCount == 0 ? std::nullopt : std::optional(frame.Tags[frame.TagCount - 1]);
+  if (met_) gaps_.Add(arrived - last_);
+  if (frames_ == 0) first_ = arrived;
+  met_ = true;
+  last_ = arrived;
+  ++frames_;
+  track_.Take(first.SmpCnt.value_or(0), arrived);
+}
+
+void StreamFigures::BeginStretch(Time now) {
+  framesBefore_ += frames_;
+  frames_ = 0;
+  totalsBefore_ = track_.Totals();
+  synchChanges_ = 0;
+  gaps_.Clear();
+  sums_.Clear();
+  first_ = now;
+}
+
+std::uint64_t StreamFigures::SilentSamples(Time now) const {
+  return now - last_ < Silence ? 0 : track_.SamplesSent(now - last_);
+}
+
+std::optional<double> StreamFigures::FramesASecond() const {
+  return frames_ < 2 ? std::nullopt : Rate(frames_ - 1, last_ - first_);
+}
+
+std::optional<double> StreamFigures::SamplesASecond() const {
+  const std::optional<double> frames = FramesASecond();
+  if (!frames) return std::nullopt;
+  return *frames * state_.Asdus;
+}
+
+}  // namespace console

@@ -1,0 +1,97 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "console/bus/arrival_gaps.h"
+#include "console/bus/channel_sums.h"
+#include "sv/asdu.h"
+#include "sv/frame.h"
+#include "sv/sample_track.h"
+
+namespace console {
+
+/// Who sends a stream, and how it goes over the bus: what no two streams of a bus have in common.
+struct StreamIdentity {
+  /// The station ID in the sender's own octets.
+  std::string SvId;
+  sv::Address Source{};
+  sv::Address Destination{};
+  std::uint16_t AppId = 0;
+  /// The innermost tag; nothing where the frames have none.
+  std::optional<sv::VlanTag> Tag;
+};
+
+/// What a frame of a stream tells beside its samples, as it stood in the latest one.
+struct StreamState {
+  bool Simulated = false;
+  /// ASDUs of this stream in a frame.
+  std::uint32_t Asdus = 0;
+  std::size_t Channels = 0;
+  std::optional<std::uint32_t> ConfRev;
+  std::optional<std::uint8_t> SmpSynch;
+  std::optional<std::uint16_t> SmpRate;
+  std::optional<std::uint16_t> SmpMod;
+  std::string Datset;
+  /// The network of a doubled bus that the latest frame came from, 'A' or 'B'; 0 without a trailer.
+  char Lan = 0;
+};
+
+/// One stream of a bus, frame by frame: what it is, what is missing in it, and when it comes. What
+/// is counted is counted of a stretch: from its first frame on, or from the last look.
+class StreamFigures {
+ public:
+  using Time = std::chrono::microseconds;
+
+  StreamFigures(StreamIdentity who, Time arrived);
+
+  /// The ASDUs of a frame that are of this stream: the first of them, and how many there are.
+  void Take(const sv::Frame& frame, const sv::Asdu& first, std::uint32_t asdus, Time arrived);
+  /// Adds the samples of one of them to what is measured.
+  void Measure(const sv::Asdu& asdu, const NominalWave& wave) { sums_.Add(asdu, wave); }
+  /// A look: what comes from now on is a stretch of its own.
+  void BeginStretch(Time now);
+
+  const StreamIdentity& Who() const { return who_; }
+  const StreamState& State() const { return state_; }
+  std::uint64_t Frames() const { return frames_; }
+  /// Samples received, missing, doubled and out of order in this stretch, and since it was met.
+  sv::TrackTotals Totals() const { return track_.Totals() - totalsBefore_; }
+  const sv::TrackTotals& TotalsOfAll() const { return track_.Totals(); }
+  std::uint64_t FramesOfAll() const { return framesBefore_ + frames_; }
+  /// Samples that are missing since the latest frame, by the time that has gone; nothing before a
+  /// frame is later than any sender rests.
+  std::uint64_t SilentSamples(Time now) const;
+  /// smpSynch was another one than in the frame before.
+  std::uint64_t SynchChanges() const { return synchChanges_; }
+  const ArrivalGaps& Gaps() const { return gaps_; }
+  const ChannelSums& Sums() const { return sums_; }
+  Time First() const { return first_; }
+  Time Last() const { return last_; }
+  /// As they were measured between the first and the last frame of the stretch; nothing of a single
+  /// one.
+  std::optional<double> FramesASecond() const;
+  std::optional<double> SamplesASecond() const;
+  /// The rate that the standards name, where counter and times tell it.
+  std::optional<std::uint32_t> NominalRate() const { return track_.Rate(); }
+
+ private:
+  StreamIdentity who_;
+  StreamState state_;
+  sv::SampleTrack track_;
+  sv::TrackTotals totalsBefore_;
+  std::uint64_t framesBefore_ = 0;
+  std::uint64_t frames_ = 0;
+  std::uint64_t synchChanges_ = 0;
+  ArrivalGaps gaps_;
+  ChannelSums sums_;
+  /// Of the stretch, and of all.
+  Time first_;
+  Time last_;
+  bool met_ = false;
+};
+
+}  // namespace console

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "console/machine.h"
+#include "platform/services/bus_tap.h"
+
+namespace console {
+
+/// Where a command listens, and for how long: the options that all of them share.
+class Listening {
+ public:
+  using Time = std::chrono::microseconds;
+
+  /// `forEver` is the command that ends at its user's wish alone, if no time is given.
+  void Declare(CLI::App& command, const std::string& secondsHelp);
+
+  /// Begins; fails where nothing can be heard.
+  void Begin(const Machine& machine);
+  /// Hands over what comes until the time is over, a capture file ends, the user ends the command,
+  /// or `more` says no, which is asked between two frames, at least a hundred times a second.
+  void Go(
+      const std::function<void(const platform::CapturedFrame&)>& take,
+      const std::function<bool()>& more = [] { return true; });
+
+  /// Given by the user.
+  std::optional<double> Seconds;
+  /// What lasts as long as a capture file or the user's patience.
+  platform::BusTap& Tap() { return *tap_; }
+  const std::string& Name() const { return adapter_; }
+  /// Tells what kept the end from being the true one, and what was dropped.
+  void TellTrouble() const;
+
+ private:
+  bool TimeIsOver();
+
+  std::string adapter_;
+  bool fast_ = false;
+  const Machine* machine_ = nullptr;
+  std::unique_ptr<platform::BusTap> tap_;
+  std::optional<Time> begun_;
+};
+
+}  // namespace console

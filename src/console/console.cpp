@@ -1,0 +1,86 @@
+#include "console/console.h"
+
+#include <CLI/CLI.hpp>
+#include <array>
+#include <exception>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "base/failure.h"
+#include "config/program_facts.h"
+#include "console/command.h"
+#include "console/commands/adapters.h"
+#include "console/commands/report.h"
+#include "console/commands/streams.h"
+
+namespace console {
+
+namespace {
+
+namespace failure = platform::failure;
+
+std::vector<std::unique_ptr<Command>> AllCommands() {
+  std::vector<std::unique_ptr<Command>> commands;
+  commands.push_back(std::make_unique<AdaptersCommand>());
+  commands.push_back(std::make_unique<StreamsCommand>());
+  commands.push_back(std::make_unique<ReportCommand>());
+  return commands;
+}
+
+ExitCode CodeOf(const platform::Failure& failure) {
+  switch (failure.Number()) {
+    case failure::PermissionDenied:
+      return ExitCode::NotPermitted;
+    case failure::FilterRefused:
+      return ExitCode::WrongUse;
+    default:
+      return ExitCode::FileTrouble;
+  }
+}
+
+ExitCode RunChosen(Command& command, const Machine& machine) {
+  try {
+    return command.Run(machine);
+  } catch (const WrongUse& wrong) {
+    machine.Notes << "vornik-cli: " << wrong.what() << std::endl;
+    return ExitCode::WrongUse;
+  } catch (const platform::Failure& failure) {
+    machine.Notes << "vornik-cli: " << failure.Text() << std::endl;
+    return CodeOf(failure);
+  } catch (const std::exception& unexpected) {
+    machine.Notes << "vornik-cli: " << unexpected.what() << std::endl;
+    return ExitCode::FileTrouble;
+  }
+}
+
+}  // namespace
+
+ExitCode Run(int argc, const char* const* argv, const Machine& machine) {
+  CLI::App program(
+      "Sampled values of IEC 61850-9-2 and IEC 61869-9 on a process bus, without a window",
+      "vornik-cli");
+  program.set_version_flag("--version", std::string("vornik-cli ") + config::ProgramVersion);
+  program.require_subcommand(1);
+  program.footer(
+      "Exit codes: 0 done, 1 nothing received, 2 wrong use, 3 not permitted, 4 disk or file "
+      "trouble, "
+      "5 an alarm.\nvornik-cli COMMAND --help tells of a command.");
+  std::vector<std::pair<CLI::App*, std::unique_ptr<Command>>> declared;
+  for (std::unique_ptr<Command>& command : AllCommands()) {
+    CLI::App* const words = command->Declare(program);
+    declared.emplace_back(words, std::move(command));
+  }
+  try {
+    program.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    const int code = program.exit(error, machine.Results, machine.Notes);
+    return code == 0 ? ExitCode::Done : ExitCode::WrongUse;
+  }
+  for (const auto& [words, command] : declared) {
+    if (words->parsed()) return RunChosen(*command, machine);
+  }
+  return ExitCode::WrongUse;
+}
+
+}  // namespace console
