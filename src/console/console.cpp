@@ -11,6 +11,7 @@
 #include "config/program_facts.h"
 #include "console/command.h"
 #include "console/commands/adapters.h"
+#include "console/commands/record.h"
 #include "console/commands/report.h"
 #include "console/commands/streams.h"
 
@@ -25,6 +26,7 @@ std::vector<std::unique_ptr<Command>> AllCommands() {
   commands.push_back(std::make_unique<AdaptersCommand>());
   commands.push_back(std::make_unique<StreamsCommand>());
   commands.push_back(std::make_unique<ReportCommand>());
+  commands.push_back(std::make_unique<RecordCommand>());
   return commands;
 }
 

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "adapters/system_bus_taps.h"
 #include "adapters/windows1252.h"
 #include "console/console.h"
 #include "support/fake_calendar.h"
@@ -45,6 +46,9 @@ class ConsoleScene : public testing::Test {
   platform::NumberText Numbers;
   support::RealFiles Files;
   support::PlayedTaps Taps{Clock};
+  /// The simulated bus and capture files; no interfaces.
+  adapters::SystemBusTaps Captures{
+      Clock, {}, [] { return std::vector<adapters::NetworkInterface>(); }};
   std::ostringstream Results;
   std::ostringstream Notes;
   /// Runs whenever the program rests.
@@ -58,6 +62,7 @@ class ConsoleScene : public testing::Test {
                            .Numbers = Numbers,
                            .Files = Files,
                            .Taps = Taps,
+                           .Captures = Captures,
                            .Sleep =
                                [this](std::chrono::nanoseconds time) {
                                  Clock.Advance(time);

@@ -160,13 +160,25 @@ void RecordingSession::Start() {
   }
   phase_ = Phase::Recording;
   span_.Begin();
-  events_.Begin();
-  parts_.Begin();
-  capture_.StartCapture("LookingForRecording");
+  BeginCapture();
   // A refused filter has ended it.
   if (Left() || recorder_.CWButton3.Value) return;
   recorder_.CWButton3.Visible = true;
   Check->Offer();
+}
+
+void RecordingSession::BeginCapture() {
+  events_.Begin();
+  parts_.Begin();
+  capture_.StartCapture("LookingForRecording");
+}
+
+void RecordingSession::AwaitAnew() {
+  if (!Running()) return;
+  capture_.PrepareRun(packetroutines::RecordingBuffer);
+  NameFiles();
+  BeginCapture();
+  run_.CallOffWatchdog();
 }
 
 Flow RecordingSession::Prepare() {

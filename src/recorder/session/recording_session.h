@@ -65,6 +65,9 @@ class RecordingSession : public packetroutines::RecordingEnd,
   void Interrupt(EndReason reason);
   /// The same where the program ends as well: the files get their end, but no log.
   void InterruptForGood(EndReason reason);
+  /// No frame has come since RUN: what waits for one begins anew, with the length of the frames
+  /// that come by now, and under the name of this moment. Who does so needs no watchdog.
+  void AwaitAnew();
   /// From the next RUN on the recording goes on in new files whenever one has held so long; 0 for
   /// one file, as at first.
   void DivideEvery(std::chrono::nanoseconds span) { parts_.Every(span); }
@@ -92,6 +95,8 @@ class RecordingSession : public packetroutines::RecordingEnd,
 
   void Start();
   platform::Flow Prepare();
+  /// Capture begins for files that have their names.
+  void BeginCapture();
   void BeginProgress();
   void LockFormats();
   void NameFiles();
