@@ -14,6 +14,10 @@ constexpr std::array<std::uint32_t, 7> StandardRates = {4000,  4800,  5760, 9600
 constexpr std::uint32_t ShortestJump = 40;
 /// So much of the way must have gone by for a gap to be one.
 constexpr double GoneOfGap = 0.25;
+/// Or so much of it must have been missing before, for a stream that is late.
+constexpr double BehindOfGap = 0.5;
+/// Nothing holds up a stream for so long, but its clock goes another way.
+constexpr SampleTrack::Time OldBearings{2'000'000};
 /// A rate is told from so much time, to so much of itself.
 constexpr SampleTrack::Time ShortestLook{50'000};
 constexpr double RateError = 0.03;
@@ -54,6 +58,21 @@ std::uint64_t SampleTrack::SamplesSent(Time time) const {
   return static_cast<std::uint64_t>(std::max(SamplesIn(time), 0.0));
 }
 
+void SampleTrack::TakeBearings() {
+  const bool keepsTime = Rate() == round_;
+  // What was held up on its way would be a wrong line to measure by.
+  const bool late = Behind(last_) > ShortestJump && last_ - lookedAt_ < OldBearings;
+  if (!keepsTime || late) return;
+  keptTime_ = true;
+  lookedAt_ = last_;
+  lookedPosition_ = position_;
+}
+
+double SampleTrack::Behind(Time now) const {
+  if (!keptTime_) return 0;
+  return SamplesIn(now - lookedAt_) - static_cast<double>(position_ - lookedPosition_);
+}
+
 double SampleTrack::SamplesIn(Time time) const {
   return std::chrono::duration<double>(time).count() * round_;
 }
@@ -65,6 +84,7 @@ void SampleTrack::TakeFirst(std::uint32_t counter, Time arrived) {
   Advance(counter, arrived, WindowSamples);
   floor_ = position_;
   begunAt_ = arrived;
+  keptTime_ = false;
 }
 
 void SampleTrack::TakeOdd(std::uint32_t counter, Time arrived) {
@@ -80,8 +100,11 @@ void SampleTrack::TakeOdd(std::uint32_t counter, Time arrived) {
     return;
   }
   if (gone < Pause && TakeBack(counter, arrived)) return;
+  LearnRoundByPace(counter);
   const std::uint32_t distance = Distance(counter_, counter);
-  if (distance > ShortestJump && SamplesIn(gone) < GoneOfGap * distance) {
+  // What was held up on its way comes late and all at once; what is missing behind it is no jump.
+  if (distance > ShortestJump && SamplesIn(gone) < GoneOfGap * distance &&
+      Behind(arrived) < BehindOfGap * distance) {
     Jump(counter, arrived);
   } else {
     TakeGap(counter, arrived);
@@ -103,6 +126,13 @@ void SampleTrack::LearnRound(std::uint32_t counter, Time gone) {
     next_ = 0;
   }
   lastRound_ = round;
+}
+
+void SampleTrack::LearnRoundByPace(std::uint32_t counter) {
+  // Where the first end of a round is missing, nothing has shown where it is but the pace so far.
+  if (counter >= counter_ || position_ - floor_ >= round_) return;
+  const std::optional<std::uint32_t> rate = Rate();
+  if (rate && *rate > counter_) round_ = *rate;
 }
 
 bool SampleTrack::TakeBack(std::uint32_t counter, Time arrived) {
@@ -188,6 +218,7 @@ void SampleTrack::Jump(std::uint32_t counter, Time arrived) {
   Advance(counter, arrived, WindowSamples);
   floor_ = position_;
   begunAt_ = arrived;
+  keptTime_ = false;
 }
 
 std::optional<std::uint32_t> SampleTrack::Rate() const {

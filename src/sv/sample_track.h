@@ -107,6 +107,7 @@ class SampleTrack {
   void SetClock(Time step) {
     last_ += step;
     begunAt_ += step;
+    lookedAt_ += step;
   }
 
   /// When the latest frame came.
@@ -116,7 +117,13 @@ class SampleTrack {
   const TrackTotals& Totals() const { return totals_; }
   const Stretch& Since() const { return stretch_; }
   /// A look: what comes from now on is a stretch of its own.
-  void BeginStretch() { stretch_ = {}; }
+  void BeginStretch() {
+    stretch_ = {};
+    TakeBearings();
+  }
+  /// Remembers how the stream keeps its time, where it does. Who watches it does so now and then,
+  /// the more often the better.
+  void TakeBearings();
   /// Samples a second, one of those that the standards name, where the times of arrival tell it.
   std::optional<std::uint32_t> Rate() const;
 
@@ -138,11 +145,14 @@ class SampleTrack {
   void TakeOdd(std::uint32_t counter, Time arrived);
   void TakeFirst(std::uint32_t counter, Time arrived);
   void LearnRound(std::uint32_t counter, Time gone);
+  void LearnRoundByPace(std::uint32_t counter);
   bool TakeBack(std::uint32_t counter, Time arrived);
   void TakeGap(std::uint32_t counter, Time arrived);
   void Jump(std::uint32_t counter, Time arrived);
   void FillGap(std::int64_t position);
   void KeepGap(const Gap& gap);
+  /// By how many samples the stream is late, as far as its pace is known.
+  double Behind(Time now) const;
   /// From one counter on to another, the way round.
   std::uint32_t Distance(std::uint32_t from, std::uint32_t to) const;
   double SamplesIn(Time time) const;
@@ -160,6 +170,10 @@ class SampleTrack {
   std::int64_t position_ = 0;
   std::int64_t floor_ = 0;
   Time begunAt_{0};
+  /// When and where it kept its time; nowhere before its pace was known.
+  bool keptTime_ = false;
+  Time lookedAt_{0};
+  std::int64_t lookedPosition_ = 0;
   /// A bit for each of the latest 64 samples that came, the newest lowest.
   std::uint64_t window_ = 0;
   TrackTotals totals_;

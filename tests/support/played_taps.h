@@ -5,6 +5,7 @@
 #include <deque>
 #include <memory>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,8 @@
 #include "platform/services/bus_tap.h"
 #include "support/manual_clock.h"
 #include "support/sv_frame.h"
+#include "sv/asdu.h"
+#include "sv/frame.h"
 
 namespace support {
 
@@ -37,6 +40,23 @@ class PlayedTaps : public platform::BusTaps {
   void Send(const SvFrame& frame, std::chrono::microseconds gap) {
     const auto before = Frames.empty() ? clock_.WallTime() : Frames.back().Arrived + gap;
     Frames.push_back({frame.Bytes(), before});
+  }
+
+  /// Frames of one form, whose counters go from one number to another, round by round.
+  void SendRun(const SvFrame& form, std::uint32_t from, std::uint32_t to,
+               std::chrono::microseconds gap, std::uint32_t round = 4000) {
+    // Only the counter differs, and building a frame costs more than all that is done with it.
+    FrameBytes bytes = form.Bytes();
+    const sv::Frame frame = sv::ReadFrame(bytes, bytes.size());
+    sv::AsduReader reader(frame);
+    sv::Asdu asdu;
+    if (!reader.Next(asdu)) throw std::logic_error("a frame without a counter");
+    for (std::uint32_t i = from; i < to; ++i) {
+      bytes[asdu.SmpCntAt] = static_cast<std::uint8_t>(i % round >> 8U);
+      bytes[asdu.SmpCntAt + 1] = static_cast<std::uint8_t>(i % round);
+      const auto arrived = Frames.empty() ? clock_.WallTime() : Frames.back().Arrived + gap;
+      Frames.push_back({bytes, arrived});
+    }
   }
 
   std::vector<platform::CapturePlace> List{{"eth0", "eth0 (network interface)", true}};

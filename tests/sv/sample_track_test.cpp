@@ -232,6 +232,33 @@ TEST_F(Stream, LearnsALongerRound) {
   EXPECT_EQ(track.Rate(), 4800U);
 }
 
+TEST_F(Stream, LearnsARoundWhoseFirstEndIsMissing) {
+  round = 4800;
+  Come(3950);
+  Lose(900);
+  Come(6000);
+  Expect(900, 0, 0);
+  EXPECT_EQ(track.Rate(), 4800U);
+}
+
+TEST_F(Stream, ThatWasHeldUpAndThenLeftSamplesOutHasNotBegunAnew) {
+  for (int look = 0; look < 20; ++look) {
+    Come(250);
+    track.TakeBearings();
+  }
+  // A hundred milliseconds of frames come late and all at once, and the next ones are left out.
+  const auto held = now + 100ms;
+  for (int i = 0; i < 60; ++i) {
+    track.Take(counter, held);
+    ++counter;
+    track.TakeBearings();
+  }
+  now = held;
+  counter += 340;
+  Come(1000);
+  Expect(340, 0, 0);
+}
+
 TEST_F(Stream, LearnsAShorterRound) {
   track.Begin(4800, 1);
   round = 4000;

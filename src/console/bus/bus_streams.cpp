@@ -1,5 +1,7 @@
 #include "console/bus/bus_streams.h"
 
+#include <algorithm>
+
 namespace console {
 
 namespace {
@@ -87,6 +89,11 @@ void BusStreams::Measure(const sv::Frame& frame, std::string_view svId, StreamFi
   for (sv::Asdu asdu; reader.Next(asdu);) {
     if (asdu.SvId == svId) stream.Measure(asdu, wave);
   }
+}
+
+bool BusStreams::AnyInStretch() const {
+  return std::any_of(streams_.begin(), streams_.end(),
+                     [](const auto& stream) { return stream->Frames() > 0; });
 }
 
 void BusStreams::BeginStretch(Time now) {

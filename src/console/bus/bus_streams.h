@@ -32,6 +32,8 @@ class BusStreams {
   /// A look at all of them.
   void BeginStretch(Time now);
 
+  /// A stream has come since the last look.
+  bool AnyInStretch() const;
   const std::vector<std::unique_ptr<StreamFigures>>& Streams() const { return streams_; }
   /// Sampled values frames of any kind, also those that belong to no stream.
   std::uint64_t Frames() const { return frames_; }

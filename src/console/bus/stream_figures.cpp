@@ -9,8 +9,6 @@ namespace {
 
 /// The round that a counter is expected to have before it shows its own.
 constexpr std::uint32_t UsualRound = 4000;
-/// Longer than any sender rests.
-constexpr StreamFigures::Time Silence{500'000};
 
 std::optional<double> Rate(std::uint64_t steps, StreamFigures::Time time) {
   if (time.count() <= 0 || steps == 0) return std::nullopt;
@@ -43,20 +41,18 @@ void StreamFigures::Take(const sv::Frame& frame, const sv::Asdu& first, std::uin
   last_ = arrived;
   ++frames_;
   track_.Take(first.SmpCnt.value_or(0), arrived);
+  constexpr std::uint64_t LookEvery = 256;
+  if (frames_ % LookEvery == 0) track_.TakeBearings();
 }
 
 void StreamFigures::BeginStretch(Time now) {
   framesBefore_ += frames_;
   frames_ = 0;
   totalsBefore_ = track_.Totals();
-  synchChanges_ = 0;
+  synchChangesBefore_ = synchChanges_;
   gaps_.Clear();
   sums_.Clear();
   first_ = now;
-}
-
-std::uint64_t StreamFigures::SilentSamples(Time now) const {
-  return now - last_ < Silence ? 0 : track_.SamplesSent(now - last_);
 }
 
 std::optional<double> StreamFigures::FramesASecond() const {

@@ -62,11 +62,9 @@ class StreamFigures {
   sv::TrackTotals Totals() const { return track_.Totals() - totalsBefore_; }
   const sv::TrackTotals& TotalsOfAll() const { return track_.Totals(); }
   std::uint64_t FramesOfAll() const { return framesBefore_ + frames_; }
-  /// Samples that are missing since the latest frame, by the time that has gone; nothing before a
-  /// frame is later than any sender rests.
-  std::uint64_t SilentSamples(Time now) const;
-  /// smpSynch was another one than in the frame before.
-  std::uint64_t SynchChanges() const { return synchChanges_; }
+  /// smpSynch was another one than in the frame before; in this stretch, and since it was met.
+  std::uint64_t SynchChanges() const { return synchChanges_ - synchChangesBefore_; }
+  std::uint64_t SynchChangesOfAll() const { return synchChanges_; }
   const ArrivalGaps& Gaps() const { return gaps_; }
   const ChannelSums& Sums() const { return sums_; }
   Time First() const { return first_; }
@@ -86,6 +84,7 @@ class StreamFigures {
   std::uint64_t framesBefore_ = 0;
   std::uint64_t frames_ = 0;
   std::uint64_t synchChanges_ = 0;
+  std::uint64_t synchChangesBefore_ = 0;
   ArrivalGaps gaps_;
   ChannelSums sums_;
   /// Of the stretch, and of all.

@@ -8,6 +8,8 @@ namespace {
 
 /// How long a listener rests where nothing has come.
 constexpr std::chrono::milliseconds Rest{10};
+/// A frame is handed over so much behind its coming at most.
+constexpr std::chrono::milliseconds Late{100};
 /// Frames between two looks at the time and the user.
 constexpr int FramesATurn = 256;
 
@@ -26,27 +28,27 @@ void Listening::Begin(const Machine& machine) {
                            fast_ ? platform::TapPace::AsFastAsRead : platform::TapPace::AsRecorded);
 }
 
-bool Listening::TimeIsOver() {
+bool Listening::IsBehindEnd(Time moment) {
   if (!Seconds) return false;
-  const Time now = tap_->Now();
   // A capture file has no present before its first frame.
-  if (!begun_ && now.count() > 0) begun_ = now;
-  return begun_ && now - *begun_ >= std::chrono::duration<double>(*Seconds);
+  if (!begun_) begun_ = moment;
+  return moment - *begun_ >= std::chrono::duration<double>(*Seconds);
 }
 
 void Listening::Go(const std::function<void(const platform::CapturedFrame&)>& take,
                    const std::function<bool()>& more) {
-  while (!TimeIsOver() && !machine_->EndAsked() && more()) {
-    bool waits = true;
+  if (!tap_->Ends()) IsBehindEnd(tap_->Now());
+  while (!machine_->EndAsked() && more()) {
+    std::optional<platform::CapturedFrame> frame;
     for (int i = 0; i < FramesATurn; ++i) {
-      const std::optional<platform::CapturedFrame> frame = tap_->Next();
-      waits = frame.has_value();
-      if (!waits) break;
-      if (TimeIsOver()) return;
+      frame = tap_->Next();
+      if (!frame) break;
+      // Who is late still hands over all that came in time.
+      if (IsBehindEnd(frame->Arrived)) return;
       take(*frame);
     }
-    if (waits) continue;
-    if (tap_->Ended()) return;
+    if (frame) continue;
+    if (tap_->Ended() || (!tap_->Ends() && IsBehindEnd(tap_->Now() - Late))) return;
     machine_->Sleep(Rest);
   }
 }

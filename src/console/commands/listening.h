@@ -37,7 +37,8 @@ class Listening {
   void TellTrouble() const;
 
  private:
-  bool TimeIsOver();
+  /// Where there is no end, nothing is behind it. The first moment that is asked for is the begin.
+  bool IsBehindEnd(Time moment);
 
   std::string adapter_;
   bool fast_ = false;

@@ -1,0 +1,157 @@
+#include "console_scene.h"
+#include "support/failing_files.h"
+
+namespace console {
+namespace {
+
+using namespace std::chrono_literals;
+using support::SvFrame;
+
+class WatchCommandScene : public ConsoleScene {
+ protected:
+  void Send(std::uint32_t from, std::uint32_t to) {
+    Taps.SendRun(SvFrame("MU01").Synch(synch_), from, to, 250us);
+  }
+  std::vector<nlohmann::json> Lines() const {
+    std::vector<nlohmann::json> lines;
+    std::istringstream text(Results.str());
+    for (std::string line; std::getline(text, line);) lines.push_back(nlohmann::json::parse(line));
+    return lines;
+  }
+  std::string MetricsPath() const { return Folder.File("bus.prom"); }
+
+  std::uint8_t synch_ = 2;
+};
+
+TEST_F(WatchCommandScene, ALineEachSecondTellsThatSecond) {
+  Send(0, 4000);
+  Send(4010, 8000);
+  Taps.Send(SvFrame("MU01").Count(0), 250us);
+
+  EXPECT_EQ(Run({"watch", "file.pcap", "--fast"}), ExitCode::Done);
+
+  const auto lines = Lines();
+  ASSERT_EQ(lines.size(), 2U);
+  EXPECT_EQ(lines[0].at("time"), "2024-03-09T14:05:08.000000Z");
+  EXPECT_EQ(lines[0].at("frames"), 4000);
+  EXPECT_EQ(lines[0].at("samplesLost"), 0);
+  EXPECT_EQ(lines[1].at("samplesLost"), 10);
+  EXPECT_EQ(lines[1].at("svID"), "MU01");
+  EXPECT_EQ(lines[1].at("channelReadings").size(), 8U);
+}
+
+TEST_F(WatchCommandScene, TellTheReadingsOfTheChannels) {
+  Taps.SendRun(SvFrame("MU01").Raw(0, 7000).Raw(4, -300), 0, 4001, 250us);
+
+  Run({"watch", "file.pcap"});
+
+  const nlohmann::json channels = Lines().at(0).at("channelReadings");
+  EXPECT_EQ(channels.at(0).at("rms"), 7000.0);
+  EXPECT_EQ(channels.at(0).at("magnitude"), 0.0);
+  EXPECT_EQ(channels.at(4).at("mean"), -300.0);
+}
+
+TEST_F(WatchCommandScene, GoOnForEverAndTellOfAStreamThatFellSilent) {
+  Taps.IsFile = false;
+  Send(0, 4200);
+  WhileResting = [this] { EndAsked = Clock.Now() > 5s; };
+
+  EXPECT_EQ(Run({"watch", "eth0"}), ExitCode::Done);
+
+  const auto lines = Lines();
+  ASSERT_GE(lines.size(), 3U);
+  EXPECT_EQ(lines[1].at("frames"), 200);
+  EXPECT_EQ(lines[2].at("frames"), 0);
+  EXPECT_FALSE(lines[2].contains("first"));
+}
+
+TEST_F(WatchCommandScene, EndAtALossThatIsWatchedFor) {
+  Send(0, 3000);
+  Send(3001, 12'000);
+
+  EXPECT_EQ(Run({"watch", "file.pcap", "--fast", "--fail-on", "silence,loss"}), ExitCode::Alarm);
+
+  EXPECT_EQ(Notes.str(), "vornik-cli: the stream MU01 has lost 1 sample.\n");
+  EXPECT_EQ(Lines().size(), 1U) << "the second of the alarm is the last one that is told";
+}
+
+TEST_F(WatchCommandScene, EndAtSilenceAndNotBeforeAStreamCame) {
+  Taps.IsFile = false;
+  Clock.Advance(3s);
+  Taps.Frames.push_back({SvFrame("MU01").Bytes(), Clock.WallTime() + 3s});
+
+  EXPECT_EQ(Run({"watch", "eth0", "--fail-on", "silence"}), ExitCode::Alarm);
+
+  EXPECT_EQ(Notes.str(), "vornik-cli: the stream MU01 is silent.\n");
+  EXPECT_GT(Clock.Now(), 7s);
+}
+
+TEST_F(WatchCommandScene, EndAtASynchronisationThatIsLostOrChanges) {
+  synch_ = 0;
+  Send(0, 4001);
+  EXPECT_EQ(Run({"watch", "file.pcap", "--fail-on", "synch"}), ExitCode::Alarm);
+  EXPECT_EQ(Notes.str(), "vornik-cli: the stream MU01 is not synchronised.\n");
+
+  Taps.Frames.clear();
+  synch_ = 1;
+  Send(0, 2000);
+  synch_ = 2;
+  Send(2000, 4001);
+  EXPECT_EQ(Run({"watch", "file.pcap", "--fail-on", "synch"}), ExitCode::Alarm);
+  EXPECT_EQ(Notes.str(), "vornik-cli: the stream MU01 has another smpSynch.\n");
+}
+
+TEST_F(WatchCommandScene, NoAlarmWhereNothingIsWrong) {
+  Send(0, 8001);
+  EXPECT_EQ(Run({"watch", "file.pcap", "--fail-on", "loss,synch,silence"}), ExitCode::Done);
+  EXPECT_EQ(Notes.str(), "");
+  EXPECT_EQ(Run({"watch", "file.pcap", "--fail-on", "thunder"}), ExitCode::WrongUse);
+}
+
+TEST_F(WatchCommandScene, WriteTheMetricsOfASecondInOnePiece) {
+  Send(0, 4001);
+
+  Run({"watch", "file.pcap", "--metrics", MetricsPath()});
+
+  const std::string text = support::BytesOf(MetricsPath());
+  const std::string labels =
+      "{svID=\"MU01\",appid=\"0x4000\",source=\"02:00:00:00:00:07\","
+      "destination=\"01:0C:CD:04:00:01\",vlan=\"\"} ";
+  EXPECT_NE(text.find("\nvornik_stream_frames_total" + labels + "4001\n"), std::string::npos)
+      << text;
+  EXPECT_NE(text.find("\nvornik_stream_smp_synch" + labels + "2\n"), std::string::npos);
+  EXPECT_FALSE(Files.FileExists(MetricsPath() + ".new"));
+}
+
+TEST_F(WatchCommandScene, ADiskThatFailsForAWhileIsToldOnceAndTheWatchGoesOn) {
+  support::FailingFiles failing(Files);
+  failing.FailingRename = 2;
+  console::Machine machine = Machine;
+  const console::Machine weak{machine.Results, machine.Notes,   machine.Clock, machine.Calendar,
+                              machine.Code,    machine.Numbers, failing,       machine.Taps,
+                              machine.Sleep,   machine.EndAsked};
+  Send(0, 16'001);
+  const std::string path = MetricsPath();
+  const std::vector<const char*> words{"vornik-cli", "watch", "x.pcap", "--metrics", path.c_str()};
+
+  EXPECT_EQ(console::Run(static_cast<int>(words.size()), words.data(), weak), ExitCode::Done);
+
+  EXPECT_EQ(Notes.str(), "vornik-cli: " + path + " is not written: Disk full\nvornik-cli: " + path +
+                             " is written again.\n");
+  EXPECT_EQ(Lines().size(), 5U);
+}
+
+TEST_F(WatchCommandScene, MetricsThatCannotBeWrittenAtTheEndAreATrouble) {
+  Send(0, 4001);
+  EXPECT_EQ(Run({"watch", "x.pcap", "--metrics", Folder.File("none/bus.prom")}),
+            ExitCode::FileTrouble);
+  EXPECT_EQ(Lines().size(), 2U);
+}
+
+TEST_F(WatchCommandScene, NothingCame) {
+  Taps.IsFile = false;
+  EXPECT_EQ(Run({"watch", "eth0", "--seconds", "2"}), ExitCode::NothingReceived);
+}
+
+}  // namespace
+}  // namespace console
