@@ -41,7 +41,7 @@ int main(int argc, char** argv) {
   const platform::NumberText numbers;
   const host::Calendar calendar;
   host::ComputerFiles files;
-  host::TerminationSignals signals;
+  host::TerminationSignals signals(host::SecondRequest::EndsAtOnce);
   bool endAsked = false;
   const std::unique_ptr<platform::SleepInhibitor> awake = host::NewSleepInhibitor();
   const std::unique_ptr<platform::DiskSync> sync = host::MakeDiskSync();

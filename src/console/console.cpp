@@ -14,6 +14,7 @@
 #include "console/commands/record.h"
 #include "console/commands/report.h"
 #include "console/commands/streams.h"
+#include "console/commands/values.h"
 #include "console/commands/watch.h"
 
 namespace console {
@@ -28,6 +29,7 @@ std::vector<std::unique_ptr<Command>> AllCommands() {
   commands.push_back(std::make_unique<StreamsCommand>());
   commands.push_back(std::make_unique<WatchCommand>());
   commands.push_back(std::make_unique<ReportCommand>());
+  commands.push_back(std::make_unique<ValuesCommand>());
   commands.push_back(std::make_unique<RecordCommand>());
   return commands;
 }

@@ -31,6 +31,24 @@ class ConsoleScene : public testing::Test {
     Notes.str({});
     return console::Run(static_cast<int>(arguments.size()), arguments.data(), Machine);
   }
+  /// The played computer with other files.
+  console::Machine MachineWith(platform::FileSystem& files) {
+    return {.Results = Results,
+            .Notes = Notes,
+            .Clock = Clock,
+            .Calendar = Calendar,
+            .Code = Code,
+            .Numbers = Numbers,
+            .Files = files,
+            .Taps = Taps,
+            .Captures = Captures,
+            .Sleep =
+                [this](std::chrono::nanoseconds time) {
+                  Clock.Advance(time);
+                  if (WhileResting) WhileResting();
+                },
+            .EndAsked = [this] { return EndAsked; }};
+  }
   nlohmann::json Json() const { return nlohmann::json::parse(Results.str()); }
   /// The stream of a bus's only one.
   nlohmann::json OnlyStream() const {
@@ -54,21 +72,7 @@ class ConsoleScene : public testing::Test {
   /// Runs whenever the program rests.
   std::function<void()> WhileResting;
   bool EndAsked = false;
-  console::Machine Machine{.Results = Results,
-                           .Notes = Notes,
-                           .Clock = Clock,
-                           .Calendar = Calendar,
-                           .Code = Code,
-                           .Numbers = Numbers,
-                           .Files = Files,
-                           .Taps = Taps,
-                           .Captures = Captures,
-                           .Sleep =
-                               [this](std::chrono::nanoseconds time) {
-                                 Clock.Advance(time);
-                                 if (WhileResting) WhileResting();
-                               },
-                           .EndAsked = [this] { return EndAsked; }};
+  console::Machine Machine = MachineWith(Files);
 };
 
 }  // namespace console

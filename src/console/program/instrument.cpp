@@ -1,8 +1,22 @@
 #include "console/program/instrument.h"
 
+#include <utility>
+
 #include "forms/window_controls.h"
 
 namespace console {
+
+void TellWhatIsSaid(platform::QuietLine& line, NoteLines& notes, const platform::Clock& clock,
+                    std::function<bool()> urgent) {
+  static constexpr std::chrono::minutes Pause{1};
+  std::optional<std::chrono::nanoseconds> told;
+  line.Caption.Observe([&line, &notes, &clock, urgent = std::move(urgent), told]() mutable {
+    const std::chrono::nanoseconds now = clock.Now();
+    if (line.Caption.Get().empty() || (!urgent() && told && now - *told < Pause)) return;
+    told = now;
+    notes.Tell(line.Caption);
+  });
+}
 
 Instrument::Instrument(const Machine& machine, const Setup& setup, NoteLines& notes)
     : machine_(machine),

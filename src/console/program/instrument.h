@@ -47,6 +47,11 @@ struct Setup {
   std::int32_t Interval = 500;
 };
 
+/// Has what a quiet line of the program says told with the notes; once a minute, since what a line
+/// says may change with every frame, unless it is `urgent` by now.
+void TellWhatIsSaid(platform::QuietLine& line, NoteLines& notes, const platform::Clock& clock,
+                    std::function<bool()> urgent);
+
 /// The whole program without a window, from its load to its end: one adapter, settings of its own,
 /// and boxes that are lines. What a user does comes in by `Do`, as it does from a window.
 class Instrument {

@@ -6,6 +6,11 @@ namespace console {
 
 namespace {
 
+/// The dialog's own reasons speak of the window.
+constexpr const char* NoData =
+    "No data received. Check the cable, the adapter, the filter and the ID of the station; "
+    "'vornik-cli streams' tells what comes.";
+
 /// The lines of a box behind each other.
 std::string OneLine(std::string_view text) {
   std::string line;
@@ -36,9 +41,9 @@ platform::Answer LineDialogs::Show(const platform::Message& message) {
   return platform::Answer::Ok;
 }
 
-void LineDialogs::ShowTimed(const platform::TimedMessage& message) {
+void LineDialogs::ShowTimed(const platform::TimedMessage&) {
   noDataTold_ = true;
-  tell_(OneLine(message.Text));
+  tell_(NoData);
 }
 
 }  // namespace console

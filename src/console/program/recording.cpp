@@ -37,12 +37,10 @@ Recording::Recording(Instrument& instrument, NoteLines& notes, std::ostream& res
   session.Listener = static_cast<subroutines::EndListener&>(*this);
   session.Reader = static_cast<packetroutines::RecordReader&>(*this);
   forms::Main& main = Program().Windows.Main;
-  for (platform::QuietLine* each :
-       {&main.NotStored, &main.QuietLine[forms::quiet_line::Recorder]}) {
-    each->Caption.Observe([this, each] {
-      if (!each->Caption.Get().empty()) notes_.Tell(each->Caption);
-    });
-  }
+  const platform::Clock& time = instrument_.Time();
+  TellWhatIsSaid(main.NotStored, notes_, time, [] { return true; });
+  TellWhatIsSaid(main.QuietLine[forms::quiet_line::Recorder], notes_, time,
+                 [&session] { return !session.Running(); });
   main.Label10[line::SecondPath].Caption.Observe([this] { NameChanged(); });
 }
 
@@ -69,8 +67,6 @@ void Recording::AwaitFrames() {
   const std::chrono::nanoseconds now = instrument_.Time().Now();
   if (now - awaitedSince_ < LongestSilence) return;
   awaitedSince_ = now;
-  notes_.Tell("No frame of '" + Program().Config.Settings.FilterContent[0] +
-              "' has come yet; the recording waits for it. 'vornik-cli streams' tells what comes.");
   instrument_.Do([this] { Program().Recorder.Session.AwaitAnew(); });
 }
 

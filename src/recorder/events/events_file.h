@@ -24,6 +24,9 @@ class EventsFile {
   /// this one.
   void GoOn(const std::string& path);
   void Add(const RecordEvent& event);
+  /// Nothing was recorded that a file is worth: its events are dropped, but for those that still
+  /// wait for the file before.
+  void LeaveOut();
   /// Brings what waits to the file. True where something was written.
   bool Write();
   const std::string& Path() const { return path_; }
@@ -36,6 +39,8 @@ class EventsFile {
   std::string path_;
   /// Lines that are not written yet.
   std::string waiting_;
+  /// So many bytes of them are of the file before.
+  std::size_t carried_ = 0;
   std::uint64_t leftOut_ = 0;
   bool written_ = false;
 };

@@ -280,7 +280,10 @@ void RecordingEvents::End(const std::string& why) {
     if (streams_[stream].Met) TellStretch(stream, streams_[stream].InFile);
     TellSilentEnd(stream);
   }
-  if (!streams_[0].Met && !streams_[1].Met && !file_.IsThere()) return;
+  if (!streams_[0].Met && !streams_[1].Met && !file_.IsThere()) {
+    file_.LeaveOut();
+    return;
+  }
   for (std::size_t stream = 0; stream < streams_.size(); ++stream) TellTotals(stream);
   Add("end", why);
   Write();
