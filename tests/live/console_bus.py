@@ -17,7 +17,11 @@ import tempfile
 import time
 from pathlib import Path
 
+sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "console"))
+
+import comtrade_reader
 import console_wire
+from morning import arrived
 from soak import FAR, NEAR
 
 SKIPPED = 77
@@ -27,6 +31,8 @@ LISTENING = SECONDS + 2.5
 RATES = {"locked60": 4800}
 FREQUENCIES = {"locked60": 60}
 GAP_ERROR = 50
+# Stations that are recorded too, where the profile has them.
+RECORDED = ["BAY-01", "BAY-02"]
 
 
 def run(command):
@@ -46,6 +52,10 @@ class Wire:
         self.streams = begin("streams", NEAR, "--json")
         self.watch = begin("watch", NEAR, "--frequency", str(FREQUENCIES.get(profile, 50)))
         self.report = begin("report", NEAR, "--json")
+        self.data = folder / "data"
+        self.data.mkdir()
+        stations = [word for name in RECORDED for word in ("--station", name)]
+        self.record = begin("record", NEAR, "--format", "cff", "--folder", self.data, *stations)
         time.sleep(1.2)
 
     def end_recorder(self):
@@ -60,6 +70,7 @@ class Wire:
 
     def heard(self):
         texts = [listener.communicate()[0] for listener in (self.streams, self.watch, self.report)]
+        self.record.communicate()
         self.end_recorder()
         return (json.loads(texts[0]), [json.loads(line) for line in texts[1].splitlines()],
                 [json.loads(line) for line in texts[2].splitlines()])
@@ -69,7 +80,11 @@ def play(profile, bus):
     """What the bus has sent. In the midst it is disturbed, as buses are."""
     command = [bus, "--interface", FAR, "--profile", profile, "--duration", str(SECONDS),
                "--keeps-time", "1"]
+    before = arrived()
     with subprocess.Popen(command, stdout=subprocess.PIPE, text=True) as player:
+        # Before its first frames a signal would end it.
+        while arrived() < before + 100:
+            time.sleep(0.01)
         for moment in (signal.SIGUSR1, signal.SIGUSR1, signal.SIGUSR2, signal.SIGUSR2,
                        signal.SIGSTOP, signal.SIGCONT):
             time.sleep(0.1)
@@ -146,7 +161,27 @@ def as_text(name):
     return name.decode("latin-1")
 
 
-def compare(profile, sent, heard, again, seen):
+def recorded(comparison, data, seen, rate):
+    """Each sample of a recording stands where its counter and its time say, as it was on the wire."""
+    files = sorted(data.glob("*.cff"))
+    expected = [key for name in RECORDED for key in seen if key[0] == name.encode()]
+    comparison.same("recorded files", len(files), len(expected))
+    for path, key in zip(files, expected):
+        recording = comtrade_reader.read_single(path)
+        stream = seen[key]
+        first = stream.positions[0]
+        comparison.same(f"{path.name} rate", recording.head.rate, float(rate))
+        comparison.same(f"{path.name} channels", len(recording.head.channels), stream.channels)
+        wrong = 0
+        for place, sample in enumerate(recording.samples):
+            wire = stream.values.get(first + place, [None] * stream.channels)
+            wrong += sample.stored != wire
+        comparison.same(f"{path.name} samples unlike the wire", wrong, 0)
+        comparison.same(f"{path.name} samples", len(recording.samples),
+                        max(stream.positions) + stream.asdus - first)
+
+
+def compare(profile, sent, heard, again, seen, data):
     rate = RATES.get(profile, 4000)
     streams, watch, report = heard
     comparison = Comparison()
@@ -167,6 +202,7 @@ def compare(profile, sent, heard, again, seen):
     told = {field["value"] for frame in report for field in frame["fields"]
             if field["title"] == "svID"}
     comparison.same("report", sorted(told), sorted({s["svID"] for s in streams["streams"]}))
+    recorded(comparison, data, seen, rate)
     for each in ("doubled", "out of order", "left out"):
         if sent.get(each, 0) == 0:
             comparison.wrong.append(f"the bus was not disturbed: nothing {each}")
@@ -191,7 +227,7 @@ def main():
             [program, "streams", wire.capture, "--fast", "--json"], stdout=subprocess.PIPE,
             check=True).stdout)
         seen = console_wire.streams_of(wire.capture, RATES.get(profile, 4000))
-        wrong = compare(profile, sent, heard, again, seen)
+        wrong = compare(profile, sent, heard, again, seen, wire.data)
     for line in wrong[:40]:
         print(line)
     print(f"{profile}: {len(seen)} streams, {sum(len(s.positions) for s in seen.values())} frames, "

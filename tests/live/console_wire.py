@@ -55,7 +55,8 @@ def elements(data, begin, end):
 class Frame:
     key: tuple
     counters: list
-    channels: int
+    # Of each ASDU, the values of its channels.
+    values: list
 
 
 def read(data):
@@ -68,7 +69,7 @@ def read(data):
         return None
     appid = struct.unpack_from(">H", data, at + 2)[0]
     _, begin, end = element(data, at + 10)
-    counters, name, channels = [], b"", 0
+    counters, values, name = [], [], b""
     for tag, inside, behind in elements(data, begin, end):
         if tag != 0xA2:
             continue
@@ -79,9 +80,10 @@ def read(data):
                 if kind == 0x82:
                     counters.append(struct.unpack_from(">H", data, value)[0])
                 if kind == 0x87:
-                    channels = (behind_value - value) // 8
+                    count = (behind_value - value) // 8
+                    values.append(list(struct.unpack_from(">" + "iI" * count, data, value)[::2]))
     vlan = tags[-1] & 0x0FFF if tags else None
-    return Frame((name, data[:6], data[6:12], appid, vlan), counters, channels)
+    return Frame((name, data[:6], data[6:12], appid, vlan), counters, values)
 
 
 @dataclass
@@ -90,6 +92,8 @@ class Seen:
     rate: int
     arrivals: list = field(default_factory=list)
     positions: list = field(default_factory=list)
+    # By position.
+    values: dict = field(default_factory=dict)
     channels: int = 0
     asdus: int = 0
 
@@ -101,7 +105,9 @@ class Seen:
             counter += round((expected - counter) / self.rate) * self.rate
         self.arrivals.append(arrived)
         self.positions.append(counter)
-        self.channels, self.asdus = frame.channels, len(frame.counters)
+        for place, values in enumerate(frame.values):
+            self.values.setdefault(counter + place, values)
+        self.channels, self.asdus = len(frame.values[0]), len(frame.counters)
 
     def told(self):
         """What is to be told of it, under the names of the program."""
