@@ -11,6 +11,8 @@
 #include "config/program_facts.h"
 #include "console/command.h"
 #include "console/commands/adapters.h"
+#include "console/commands/check.h"
+#include "console/commands/convert.h"
 #include "console/commands/record.h"
 #include "console/commands/report.h"
 #include "console/commands/streams.h"
@@ -31,6 +33,8 @@ std::vector<std::unique_ptr<Command>> AllCommands() {
   commands.push_back(std::make_unique<ReportCommand>());
   commands.push_back(std::make_unique<ValuesCommand>());
   commands.push_back(std::make_unique<RecordCommand>());
+  commands.push_back(std::make_unique<CheckCommand>());
+  commands.push_back(std::make_unique<ConvertCommand>());
   return commands;
 }
 

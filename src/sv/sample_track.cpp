@@ -3,13 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "sv/standard_rates.h"
+
 namespace sv {
 
 namespace {
 
-/// Samples a second at 50 and 60 Hz (IEC 61850-9-2LE, IEC 61869-9).
-constexpr std::array<std::uint32_t, 7> StandardRates = {4000,  4800,  5760, 9600,
-                                                        12800, 14400, 15360};
 /// A jump below this may be a stretch that the system has dropped, whatever the times say.
 constexpr std::uint32_t ShortestJump = 40;
 /// So much of the way must have gone by for a gap to be one.
@@ -21,16 +20,6 @@ constexpr SampleTrack::Time OldBearings{2'000'000};
 /// A rate is told from so much time, to so much of itself.
 constexpr SampleTrack::Time ShortestLook{50'000};
 constexpr double RateError = 0.03;
-
-bool IsStandard(std::uint32_t rate) {
-  return std::find(StandardRates.begin(), StandardRates.end(), rate) != StandardRates.end();
-}
-
-/// The smallest standard round that holds the counter; the counter's own where none does.
-std::uint32_t RoundFor(std::uint32_t counter) {
-  const auto* const found = std::upper_bound(StandardRates.begin(), StandardRates.end(), counter);
-  return found == StandardRates.end() ? counter + 1 : *found;
-}
 
 /// A rest between two of whole rounds is one of a sender that goes on where it was.
 double WholeRounds(double rounds) {
@@ -46,6 +35,7 @@ void SampleTrack::Begin(std::uint32_t round, std::uint32_t step) {
   round_ = std::max(round, 1U);
   step_ = std::max(step, 1U);
   lastRound_ = 0;
+  unseenEnds_ = 0;
   // Never the counter of a frame, so that the first one is met as such.
   next_ = ~0U;
 }
@@ -113,7 +103,7 @@ void SampleTrack::TakeOdd(std::uint32_t counter, Time arrived) {
 
 void SampleTrack::LearnRound(std::uint32_t counter, Time gone) {
   if (counter >= round_) {
-    round_ = RoundFor(counter);
+    Lengthen(RoundFor(counter));
     next_ = counter_ + step_;
     return;
   }
@@ -121,11 +111,21 @@ void SampleTrack::LearnRound(std::uint32_t counter, Time gone) {
   if (counter != 0 || counter_ < WindowSamples || next_ == 0) return;
   if (SamplesIn(gone) > ShortestJump) return;
   const std::uint32_t round = counter_ + step_;
-  if (IsStandard(round) || round == lastRound_) {
+  if (IsStandardRate(round) || round == lastRound_) {
     round_ = round;
     next_ = 0;
   }
   lastRound_ = round;
+}
+
+void SampleTrack::Lengthen(std::uint32_t round) {
+  // Where an end of the round was missing, more was missing than the shorter one told.
+  const std::uint64_t more = std::uint64_t{unseenEnds_} * (round - round_);
+  totals_.Missing += more;
+  totals_.ByCounter += more;
+  position_ += static_cast<std::int64_t>(more);
+  unseenEnds_ = 0;
+  round_ = round;
 }
 
 void SampleTrack::LearnRoundByPace(std::uint32_t counter) {
@@ -193,6 +193,7 @@ void SampleTrack::KeepGap(const Gap& gap) {
 void SampleTrack::TakeGap(std::uint32_t counter, Time arrived) {
   std::uint32_t distance = Distance(counter_, counter);
   if (distance == 0) distance = round_;
+  if (counter < counter_) ++unseenEnds_;
   // Fewer than a frame holds: the sender's steps are uneven, and nothing is missing.
   const std::uint64_t byCounter = distance > step_ ? distance - step_ : 0;
   const double beyond = SamplesIn(arrived - last_) - distance;

@@ -146,6 +146,7 @@ class SampleTrack {
   void TakeFirst(std::uint32_t counter, Time arrived);
   void LearnRound(std::uint32_t counter, Time gone);
   void LearnRoundByPace(std::uint32_t counter);
+  void Lengthen(std::uint32_t round);
   bool TakeBack(std::uint32_t counter, Time arrived);
   void TakeGap(std::uint32_t counter, Time arrived);
   void Jump(std::uint32_t counter, Time arrived);
@@ -170,6 +171,8 @@ class SampleTrack {
   std::int64_t position_ = 0;
   std::int64_t floor_ = 0;
   Time begunAt_{0};
+  /// Ends of rounds that stood in gaps, before the round had shown its end.
+  std::uint32_t unseenEnds_ = 0;
   /// When and where it kept its time; nowhere before its pace was known.
   bool keptTime_ = false;
   Time lookedAt_{0};

@@ -123,6 +123,10 @@ std::unique_ptr<platform::OutputFile> ComputerFiles::Create(const std::string& p
   return OpenAnew(PlaceOf(path));
 }
 
+std::unique_ptr<platform::OutputFile> ComputerFiles::Amend(const std::string& path) {
+  return OpenToAmend(PlaceOf(path));
+}
+
 std::unique_ptr<platform::InputFile> ComputerFiles::Read(const std::string& path) {
   return OpenToRead(PlaceOf(path));
 }

@@ -11,6 +11,7 @@ namespace host {
 /// why a write or a close failed.
 std::unique_ptr<platform::OutputFile> OpenToAppend(const std::filesystem::path& place);
 std::unique_ptr<platform::OutputFile> OpenAnew(const std::filesystem::path& place);
+std::unique_ptr<platform::OutputFile> OpenToAmend(const std::filesystem::path& place);
 std::unique_ptr<platform::InputFile> OpenToRead(const std::filesystem::path& place);
 
 }  // namespace host

@@ -71,6 +71,11 @@ std::unique_ptr<platform::OutputFile> FailingFiles::Create(const std::string& pa
   return std::make_unique<Output>(*this, files_.Create(path));
 }
 
+std::unique_ptr<platform::OutputFile> FailingFiles::Amend(const std::string& path) {
+  Change(Opens, FailingOpen);
+  return std::make_unique<Output>(*this, files_.Amend(path));
+}
+
 std::unique_ptr<platform::InputFile> FailingFiles::Read(const std::string& path) {
   Meet(Reads, FailingRead);
   return files_.Read(path);

@@ -37,6 +37,7 @@ class FailingFiles : public platform::FileSystem {
   void Rename(const std::string& from, const std::string& to) override;
   std::unique_ptr<platform::OutputFile> Append(const std::string& path) override;
   std::unique_ptr<platform::OutputFile> Create(const std::string& path) override;
+  std::unique_ptr<platform::OutputFile> Amend(const std::string& path) override;
   std::unique_ptr<platform::InputFile> Read(const std::string& path) override;
 
   /// Files with this in their names are not counted, so that a scene counts the writing of samples;

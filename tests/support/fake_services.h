@@ -73,6 +73,10 @@ class FakeFiles : public platform::FileSystem {
     Stored[path].clear();
     return file;
   }
+  std::unique_ptr<platform::OutputFile> Amend(const std::string& path) override {
+    if (!FileExists(path)) throw platform::Failure(platform::failure::PathNotFound);
+    return std::make_unique<MemoryAmendment>(Stored, path);
+  }
   std::unique_ptr<platform::InputFile> Read(const std::string& path) override {
     if (!FileExists(path)) throw platform::Failure(platform::failure::FileNotFound);
     return std::make_unique<MemoryInput>(Stored[path]);

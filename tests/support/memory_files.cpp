@@ -9,7 +9,7 @@ namespace support {
 void MemoryOutput::Write(std::string_view bytes) {
   if (closed_) throw platform::Failure(platform::failure::BadFileNumber);
   const auto file = contents_.find(path_);
-  if (file != contents_.end()) file->second += bytes;
+  if (file != contents_.end()) Put(file->second, bytes);
 }
 
 void MemoryOutput::Close() {

@@ -26,10 +26,29 @@ class MemoryOutput : public platform::OutputFile {
   void Write(std::string_view bytes) override;
   void Close() override;
 
+ protected:
+  /// Puts bytes into the file.
+  virtual void Put(std::string& content, std::string_view bytes) { content += bytes; }
+
  private:
   Contents& contents_;
   std::string path_;
   bool closed_ = false;
+};
+
+/// One that was opened to write over its beginning.
+class MemoryAmendment : public MemoryOutput {
+ public:
+  using MemoryOutput::MemoryOutput;
+
+ protected:
+  void Put(std::string& content, std::string_view bytes) override {
+    content.replace(at_, bytes.size(), bytes);
+    at_ += bytes.size();
+  }
+
+ private:
+  std::size_t at_ = 0;
 };
 
 /// A file of a played platform, open for reading.

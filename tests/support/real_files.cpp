@@ -116,6 +116,11 @@ std::unique_ptr<platform::OutputFile> RealFiles::Create(const std::string& path)
   return std::make_unique<RealOutput>(path, std::ios::trunc);
 }
 
+std::unique_ptr<platform::OutputFile> RealFiles::Amend(const std::string& path) {
+  if (!FileExists(path)) throw Failure(failure::PathNotFound);
+  return std::make_unique<RealOutput>(path, std::ios::in);
+}
+
 std::unique_ptr<platform::InputFile> RealFiles::Read(const std::string& path) {
   return std::make_unique<RealInput>(path);
 }

@@ -43,6 +43,7 @@ class RealFiles : public platform::FileSystem {
   void Rename(const std::string& from, const std::string& to) override;
   std::unique_ptr<platform::OutputFile> Append(const std::string& path) override;
   std::unique_ptr<platform::OutputFile> Create(const std::string& path) override;
+  std::unique_ptr<platform::OutputFile> Amend(const std::string& path) override;
   std::unique_ptr<platform::InputFile> Read(const std::string& path) override;
 };
 

@@ -241,6 +241,16 @@ TEST_F(Stream, LearnsARoundWhoseFirstEndIsMissing) {
   EXPECT_EQ(track.Rate(), 4800U);
 }
 
+TEST_F(Stream, ThatKeepsNoPaceYetLearnsAfterwardsHowMuchWasMissing) {
+  round = 4800;
+  Come(100);
+  now += 200ms;
+  Come(3800);
+  Lose(950);
+  Come(6000);
+  Expect(950, 0, 0);
+}
+
 TEST_F(Stream, ThatWasHeldUpAndThenLeftSamplesOutHasNotBegunAnew) {
   for (int look = 0; look < 20; ++look) {
     Come(250);

@@ -87,6 +87,20 @@ TEST(Files, ANewFileIsEmpty) {
   EXPECT_EQ(Content(files, path), "new");
 }
 
+TEST(Files, WhatIsAmendedStandsOverTheBeginning) {
+  const TemporaryFolder folder;
+  const std::string path = folder.File("a.txt");
+  ComputerFiles files;
+  const auto growing = files.Create(path);
+  growing->Write("older and ");
+
+  files.Amend(path)->Write("newer");
+  growing->Write("longer");
+
+  EXPECT_EQ(Content(files, path), "newer and longer");
+  EXPECT_EQ(FailureOf([&] { files.Amend(folder.File("none.txt")); }), 76);
+}
+
 TEST(Files, AWriteIsOnDiskBeforeTheFileIsClosed) {
   const TemporaryFolder folder;
   const std::string path = folder.File("a.txt");
@@ -129,7 +143,7 @@ TEST(Files, AFileTakesTheNameAndThePlaceOfAnother) {
   files.Rename(folder.File("new"), folder.File("old"));
 
   EXPECT_FALSE(files.FileExists(folder.File("new")));
-  EXPECT_EQ(BytesOf(folder.File("old")), "new");
+  EXPECT_EQ(Content(files, folder.File("old")), "new");
   EXPECT_EQ(FailureOf([&] { files.Rename(folder.File("new"), folder.File("old")); }), 53);
   EXPECT_EQ(FailureOf([&] { files.Rename(folder.File("old"), folder.File("none/old")); }), 76);
 }

@@ -31,14 +31,14 @@ std::string LabelValue(const std::string& text) {
   std::string value;
   for (const char c : text) {
     if (c == '\\' || c == '"') value += '\\';
-    value += c;
+    value += c == '\n' ? std::string("\\n") : std::string(1, c);
   }
   return value;
 }
 
 std::string LabelsOf(const StreamFigures& stream, const platform::CodePage& code) {
   const StreamIdentity& who = stream.Who();
-  return "svID=\"" + LabelValue(TextOf(who.SvId, code)) + "\",appid=\"" +
+  return ",svID=\"" + LabelValue(TextOf(who.SvId, code)) + "\",appid=\"" +
          platform::HexWordText(who.AppId) + "\",source=\"" + platform::HexAddressText(who.Source) +
          "\",destination=\"" + platform::HexAddressText(who.Destination) + "\",vlan=\"" +
          (who.Tag ? std::to_string(who.Tag->Vlan()) : std::string()) + "\"";
@@ -47,7 +47,8 @@ std::string LabelsOf(const StreamFigures& stream, const platform::CodePage& code
 /// The text, family by family, as the format demands it.
 class Families {
  public:
-  Families(const BusStreams& bus, const platform::CodePage& code) : bus_(bus) {
+  Families(const BusStreams& bus, const std::string& adapter, const platform::CodePage& code)
+      : bus_(bus), adapter_("adapter=\"" + LabelValue(adapter) + "\"") {
     for (const auto& stream : bus.Streams()) labels_.push_back(LabelsOf(*stream, code));
   }
 
@@ -55,8 +56,9 @@ class Families {
     name_ = "vornik_" + name;
     Text += "# HELP " + name_ + " " + help + "\n# TYPE " + name_ + " " + type + "\n";
   }
+  /// Labels beside the adapter have a comma in front.
   void Line(const std::string& labels, const std::string& value) {
-    Text += name_ + (labels.empty() ? "" : "{" + labels + "}") + " " + value + "\n";
+    Text += name_ + "{" + adapter_ + labels + "} " + value + "\n";
   }
   /// A value of each stream.
   template <typename Value>
@@ -83,6 +85,7 @@ class Families {
 
  private:
   const BusStreams& bus_;
+  std::string adapter_;
   std::vector<std::string> labels_;
   std::string name_;
 };
@@ -154,11 +157,11 @@ void AddChannels(Families& families, const std::string& name, const char* help,
 
 }  // namespace
 
-std::string MetricsText(const BusStreams& bus, std::uint64_t dropped,
+std::string MetricsText(const BusStreams& bus, const std::string& adapter, std::uint64_t dropped,
                         const platform::CodePage& code) {
-  Families families(bus, code);
+  Families families(bus, adapter, code);
   families.Head("build_info", Gauge, "The program that has written this.");
-  families.Line(std::string("version=\"") + config::ProgramVersion + "\"", "1");
+  families.Line(std::string(",version=\"") + config::ProgramVersion + "\"", "1");
   families.Head("capture_frames_total", Counter, "Sampled values frames received.");
   families.Line("", NumberOf(bus.Frames()));
   families.Head("capture_faulty_frames_total", Counter, "Frames whose structure is not whole.");

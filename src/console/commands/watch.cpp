@@ -22,6 +22,7 @@ CLI::App* WatchCommand::Declare(CLI::App& program) {
       ->add_option("--fail-on", failOn_,
                    "end with code 5 at the first of these: loss, synch, silence")
       ->delimiter(',')
+      ->allow_extra_args(false)
       ->transform(CLI::CheckedTransformer(kinds).description(""))
       ->type_name("KIND[,KIND]");
   words->add_option("--frequency", frequency_, "nominal frequency in Hz, 50 unless told")
@@ -49,7 +50,8 @@ void WatchCommand::WriteMetrics(const Machine& machine) {
   std::string trouble;
   try {
     const auto file = machine.Files.Create(fresh);
-    file->Write(MetricsText(*bus_, listening_.Tap().Dropped().value_or(0), machine.Code));
+    file->Write(MetricsText(*bus_, listening_.Name(), listening_.Tap().Dropped().value_or(0),
+                            machine.Code));
     file->Close();
     machine.Files.Rename(fresh, metrics_);
   } catch (const platform::Failure& failure) {

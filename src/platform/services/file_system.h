@@ -70,6 +70,9 @@ class FileSystem {
   virtual std::unique_ptr<OutputFile> Append(const std::string& path) = 0;
   /// Opens a new file; an older one of that name is emptied.
   virtual std::unique_ptr<OutputFile> Create(const std::string& path) = 0;
+  /// Opens a file to write over its beginning: what was there behind that stays. Failure 76 where
+  /// there is no such file.
+  virtual std::unique_ptr<OutputFile> Amend(const std::string& path) = 0;
   /// Opens a file to read; failure 53 where it is missing.
   virtual std::unique_ptr<InputFile> Read(const std::string& path) = 0;
 };

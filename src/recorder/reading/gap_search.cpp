@@ -5,12 +5,6 @@
 
 namespace packetroutines {
 
-namespace {
-
-constexpr std::int64_t RampLength = GapSearch::LastRampValue + 1;
-
-}  // namespace
-
 void GapSearch::Begin(std::int32_t ramp) {
   expected_ = platform::Narrow<std::int16_t>(ramp);
   // The value behind it is expected next, and it must be a 16-bit integer too.
@@ -18,12 +12,12 @@ void GapSearch::Begin(std::int32_t ramp) {
 }
 
 void GapSearch::Lose(std::int32_t ramp) {
-  const bool ahead = ramp > expected_ && ramp <= LastRampValue;
+  const bool ahead = ramp > expected_ && ramp <= lastValue_;
   const bool behind = ramp >= 0 && ramp < expected_;
   // A value that the ramp never takes is looked for until the table is full.
   std::int64_t steps = LastGapEntry + 1;
   if (ahead) steps = ramp - expected_;
-  if (behind) steps = RampLength - expected_ + ramp;
+  if (behind) steps = std::int64_t{lastValue_} + 1 - expected_ + ramp;
   TakeEntries(steps);
   EndRun();
 }

@@ -12,11 +12,13 @@ using platform::Crlf;
 
 void LogLines::Heading(const LogHeading& heading) {
   Line("Error log for file               : " + heading.Path);
-  Line("Measurement started              : " + Date(heading.Start));
+  Line("Measurement started              : " + (heading.Start ? Date(*heading.Start) : NotKnown));
   Line("Measurement stopped              : " + Date(heading.Stop));
   Line("Duration time of data aquisition : " +
-       platform::TimeOfDayText(platform::SecondsBetween(heading.Start, heading.Stop)) +
-       " hh:mm:ss;");
+       (heading.Start
+            ? platform::TimeOfDayText(platform::SecondsBetween(*heading.Start, heading.Stop)) +
+                  " hh:mm:ss;"
+            : NotKnown));
   Line("");
   Line("MAC adress sender                : " + heading.Frame.Sender);
   Line("MAC adress receiver              : " + heading.Frame.Receiver);
@@ -27,7 +29,7 @@ void LogLines::Heading(const LogHeading& heading) {
 }
 
 void LogLines::Counts(const GapSearch& gaps, const LongestRun& run, double frequency) {
-  const platform::NumberText& numbers = services_.Numbers;
+  const platform::NumberText& numbers = texts_.Numbers;
   Line("Count of received samples        : " + numbers.General(gaps.Lines()));
   Line("Count of lost samples            : " + numbers.General(gaps.Lost()));
   const double sent = static_cast<double>(gaps.Lost()) + gaps.Lines();
@@ -43,11 +45,11 @@ void LogLines::Counts(const GapSearch& gaps, const LongestRun& run, double frequ
 }
 
 void LogLines::Line(const std::string& text) {
-  log_.Write(LogText(services_.Code, text) + Crlf);
+  log_.Write(LogText(texts_.Code, text) + Crlf);
 }
 
 std::string LogLines::Date(const platform::LocalTime& moment) const {
-  return LogDate(services_.Code, services_.Calendar, moment);
+  return LogDate(texts_.Code, texts_.Calendar, moment);
 }
 
 }  // namespace packetroutines

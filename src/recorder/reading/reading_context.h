@@ -4,6 +4,7 @@
 
 #include "capture/acquisition_state.h"
 #include "config/settings.h"
+#include "recorder/reading/log_lines.h"
 #include "recorder/writing/file_numbers.h"
 #include "recorder/writing/record_names.h"
 #include "recorder/writing/recorder_services.h"
@@ -31,6 +32,7 @@ struct ReadingContext {
   std::string PathOf(const std::string& name) const {
     return RecordPath(Services.Files, Settings, name);
   }
+  LogTexts Texts() const { return {Services.Code, Services.Numbers, Services.Calendar}; }
 };
 
 }  // namespace packetroutines

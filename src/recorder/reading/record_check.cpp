@@ -1,17 +1,13 @@
 #include "recorder/reading/record_check.h"
 
-#include <limits>
 #include <memory>
 
 #include "base/trap.h"
-#include "recorder/reading/line_reader.h"
 #include "recorder/reading/log_lines.h"
-#include "recorder/reading/ramp_field.h"
 #include "recorder/writing/text_format.h"
 
 namespace packetroutines {
 
-namespace failure = platform::failure;
 using platform::Failure;
 
 namespace {
@@ -21,9 +17,7 @@ constexpr const char* CheckTip =
     "counts the lost samples of the recording beside, which has no log, and writes a log of them";
 constexpr const char* OpenCaption = "Open &check log";
 constexpr const char* OpenTip = "opens the log of the check in your standard text editor";
-constexpr const char* NotKnown = "not known (checked later)";
 constexpr std::int64_t WholeBar = 100;
-constexpr std::int32_t MostLines = std::numeric_limits<std::int32_t>::max();
 
 /// "a", "a and b", "a, b and c"
 std::string Joined(const std::vector<std::string>& words) {
@@ -33,19 +27,6 @@ std::string Joined(const std::vector<std::string>& words) {
     text += words[i];
   }
   return text;
-}
-
-/// Why the samples of a file could not be counted; nothing where that is for another time to tell.
-std::string ReasonInTheFile(const Failure& failure) {
-  switch (failure.Number()) {
-    case failure::SubscriptOutOfRange:
-      return "more than two million samples are missing in it, or its counter goes beyond 3999";
-    case failure::InvalidProcedureCall:
-    case failure::Overflow:
-      return "it holds a line that is no sample";
-    default:
-      return {};
-  }
 }
 
 }  // namespace
@@ -102,7 +83,7 @@ void RecordCheck::Check() {
   for (std::size_t file = 0; file < offered_.Names.size(); ++file) {
     const auto tell = [&](const Failure& met) {
       const std::string& name = offered_.Names[file];
-      const std::string reason = ReasonInTheFile(met);
+      const std::string reason = ReasonInTheSamples(met, GapSearch::LogRound);
       if (!reason.empty()) refused_.insert(name);
       findings.Trouble +=
           " " + name + " could not be checked: " + (reason.empty() ? met.Text() : reason) + ".";
@@ -115,47 +96,30 @@ void RecordCheck::Check() {
 
 void RecordCheck::CheckFile(std::size_t file, Findings& findings) {
   const std::string& name = offered_.Names[file];
-  const Samples samples = Search(file);
+  const SearchedSamples samples = Search(file);
   WriteLog(name, samples);
   findings.Lost.push_back(samples.Gaps.Lost());
   opened_.push_back(context_.PathOf(CheckBeginning + name));
 }
 
-RecordCheck::Samples RecordCheck::Search(std::size_t file) {
+SearchedSamples RecordCheck::Search(std::size_t file) {
   const auto percent = [this](std::size_t files) {
     return static_cast<std::int16_t>(WholeBar * files / offered_.Names.size());
   };
   const std::string path = context_.PathOf(offered_.Names[file]);
-  const std::unique_ptr<platform::InputFile> open = context_.Services.Files.Read(path);
   AnalysisPass pass(recorder_.ProgressBar1, percent(file), percent(file + 1),
                     context_.Services.Files.FileSize(path));
-  LineReader reader(*open, pass);
-  Samples samples;
-  while (!reader.AtEnd()) {
-    const std::string_view line = reader.Next();
-    samples.Cut = !reader.WasWhole();
-    if (samples.Cut) break;
-    if (samples.Gaps.Lines() == MostLines) throw Failure(failure::Overflow, "It is too long");
-    samples.Gaps.Line(RampOf(line));
-  }
-  if (samples.Gaps.Lines() == 0) throw Failure(failure::InvalidProcedureCall);
-  samples.Run = samples.Gaps.Finish();
-  return samples;
+  return SearchSamples(context_.Services.Files, path, pass);
 }
 
-void RecordCheck::WriteLog(const std::string& name, const Samples& samples) {
-  const LogHeading heading{.Path = context_.PathOf(name),
-                           .Frame = {NotKnown, NotKnown, NotKnown},
-                           .Start = offered_.Start,
-                           .Stop = context_.Services.Files.LastWrite(context_.PathOf(name)),
-                           .Filters = NotKnown};
+void RecordCheck::WriteLog(const std::string& name, const SearchedSamples& samples) {
+  const std::string recording = context_.PathOf(name);
   const std::string path = context_.PathOf(CheckBeginning + name);
   std::unique_ptr<platform::OutputFile> log = context_.Services.Files.Create(path);
   try {
-    LogLines lines(*log, context_.Services);
-    lines.Heading(heading);
-    lines.Counts(samples.Gaps, samples.Run, context_.Settings.BaseFrequency);
-    if (samples.Cut) lines.Line("The last line was cut and is not counted");
+    LogLines lines(*log, context_.Texts());
+    WriteCheckLog(lines, recording, offered_.Start, context_.Services.Files.LastWrite(recording),
+                  samples, context_.Settings.BaseFrequency);
     log->Close();
   } catch (const Failure&) {
     // A log that is not whole would keep the recording from being offered again.

@@ -10,8 +10,8 @@
 #include "forms/recorder_controls.h"
 #include "recorder/reading/analysis_progress.h"
 #include "recorder/reading/check_offer.h"
-#include "recorder/reading/gap_search.h"
 #include "recorder/reading/reading_context.h"
+#include "recorder/reading/sample_search.h"
 #include "recorder/reading/unchecked_recording.h"
 
 namespace packetroutines {
@@ -36,20 +36,14 @@ class RecordCheck : public CheckOffer {
     /// Sentences about files that have got no log.
     std::string Trouble;
   };
-  struct Samples {
-    GapSearch Gaps;
-    LongestRun Run;
-    /// Behind the last whole line stands a part of another one.
-    bool Cut = false;
-  };
 
   void Pressed();
   void OpenFiles();
   void Check();
   /// Checks the file of this number.
   void CheckFile(std::size_t file, Findings& findings);
-  Samples Search(std::size_t file);
-  void WriteLog(const std::string& name, const Samples& samples);
+  SearchedSamples Search(std::size_t file);
+  void WriteLog(const std::string& name, const SearchedSamples& samples);
   void Tell(const Findings& findings);
 
   ReadingContext context_;

@@ -88,7 +88,7 @@ void RecordLog::WriteLog(const GapSearch& gaps, const LongestRun& run) {
                                       " / " + settings.FilterContent[1]};
   const std::unique_ptr<platform::OutputFile> log =
       context_.Services.Files.Create(context_.LogPath());
-  LogLines lines(*log, context_.Services);
+  LogLines lines(*log, context_.Texts());
   lines.Heading(heading);
   lines.Counts(gaps, run, settings.BaseFrequency);
   log->Close();

@@ -130,14 +130,14 @@ TEST_F(RecordCommandScene, TakeTheTimesOfTheFileForTheirEvents) {
 }
 
 TEST_F(RecordCommandScene, GoOnInNewFiles) {
-  Bus.Add(7 * Ring + 1).Save(Folder.File("bus.pcap"));
+  Bus.Add(3 * Ring + 1).Save(Folder.File("bus.pcap"));
   EXPECT_EQ(Run(RecordWords()), ExitCode::Done);
   const std::string whole = Content(Name + ".txt");
   std::filesystem::remove_all(Data);
   std::filesystem::create_directory(Data);
 
-  EXPECT_EQ(Run(RecordWords({"--every", "5s"})), ExitCode::Done);
-  const std::string second = "SV record 09.03.2024 14-05-12.txt";
+  EXPECT_EQ(Run(RecordWords({"--every", "2s"})), ExitCode::Done);
+  const std::string second = "SV record 09.03.2024 14-05-09.txt";
   EXPECT_EQ(Content(Name + ".txt") + Content(second), whole);
   EXPECT_EQ(Results.str(), Data + "/" + Name + ".txt\n" + Data + "/" + second + "\n");
   EXPECT_THAT(Names(), testing::IsSupersetOf({"Errorlog " + Name + ".txt", "Errorlog " + second,

@@ -108,6 +108,12 @@ TEST_F(WatchCommandScene, NoAlarmWhereNothingIsWrong) {
   EXPECT_EQ(Run({"watch", "file.pcap", "--fail-on", "thunder"}), ExitCode::WrongUse);
 }
 
+TEST_F(WatchCommandScene, TheAdapterMayStandBehindWhatIsWatchedFor) {
+  Send(0, 4001);
+  EXPECT_EQ(Run({"watch", "--fail-on", "loss,silence", "file.pcap"}), ExitCode::Done);
+  EXPECT_EQ(Notes.str(), "");
+}
+
 TEST_F(WatchCommandScene, WriteTheMetricsOfASecondInOnePiece) {
   Send(0, 4001);
 
@@ -115,11 +121,13 @@ TEST_F(WatchCommandScene, WriteTheMetricsOfASecondInOnePiece) {
 
   const std::string text = support::BytesOf(MetricsPath());
   const std::string labels =
-      "{svID=\"MU01\",appid=\"0x4000\",source=\"02:00:00:00:00:07\","
+      "{adapter=\"file.pcap\",svID=\"MU01\",appid=\"0x4000\",source=\"02:00:00:00:00:07\","
       "destination=\"01:0C:CD:04:00:01\",vlan=\"\"} ";
   EXPECT_NE(text.find("\nvornik_stream_frames_total" + labels + "4001\n"), std::string::npos)
       << text;
   EXPECT_NE(text.find("\nvornik_stream_smp_synch" + labels + "2\n"), std::string::npos);
+  EXPECT_NE(text.find("\nvornik_capture_frames_total{adapter=\"file.pcap\"} 4001\n"),
+            std::string::npos);
   EXPECT_FALSE(Files.FileExists(MetricsPath() + ".new"));
 }
 

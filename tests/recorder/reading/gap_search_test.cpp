@@ -111,6 +111,16 @@ TEST(GapSearch, ComesBackFromAFirstValueBeyondTheRamp) {
   EXPECT_EQ(Search({-3, 1}).Lost, 3);
 }
 
+TEST(GapSearch, FollowsTheRoundOfAnotherRate) {
+  GapSearch gaps(4800);
+  for (std::int32_t i = 0; i < 9600; ++i) {
+    if (i != 4799 && i != 5000) gaps.Line(i % 4800);
+  }
+  gaps.Finish();
+
+  EXPECT_EQ(gaps.Lost(), 2);
+}
+
 TEST(GapSearch, RefusesAFirstValueThatIsNo16BitInteger) {
   EXPECT_EQ(Search({32766}).Lost, 0);
   // The value behind it is none.
