@@ -33,10 +33,13 @@ class ConsoleScene : public testing::Test {
   }
   /// The played computer with other files.
   console::Machine MachineWith(platform::FileSystem& files) {
+    return MachineWith(files, Calendar);
+  }
+  console::Machine MachineWith(platform::FileSystem& files, const platform::Calendar& calendar) {
     return {.Results = Results,
             .Notes = Notes,
             .Clock = Clock,
-            .Calendar = Calendar,
+            .Calendar = calendar,
             .Code = Code,
             .Numbers = Numbers,
             .Files = files,

@@ -203,6 +203,28 @@ TEST_F(RecordCommandScene, EndBehindTheirSeconds) {
   EXPECT_EQ(LinesOf(Content(Names().back())), Ring);
 }
 
+TEST_F(RecordCommandScene, TellOfADiskThatFails) {
+  Bus.Add(3 * Ring + 10).Save(Folder.File("bus.pcap"));
+  for (const std::int32_t number : {platform::failure::DiskFull, platform::failure::DeviceIo}) {
+    support::FailingFiles failing(Files);
+    failing.FailingWrite = 2;
+    failing.FailsWhole = true;
+    failing.Number = number;
+    const console::Machine machine = MachineWith(failing);
+    const Words words = RecordWords();
+    std::vector<const char*> arguments{"vornik-cli"};
+    for (const std::string& word : words) arguments.push_back(word.c_str());
+    EXPECT_EQ(console::Run(static_cast<int>(arguments.size()), arguments.data(), machine),
+              ExitCode::FileTrouble);
+    const bool full = number == platform::failure::DiskFull;
+    EXPECT_THAT(Notes.str(), HasSubstr(full ? "vornik-cli: Disk full. Please check the disk path"
+                                            : "stream 1: not stored since"));
+    EXPECT_EQ(LinesOf(Content(Name + ".txt")), Ring) << "what was stored is there";
+    std::filesystem::remove_all(Data);
+    std::filesystem::create_directory(Data);
+  }
+}
+
 TEST_F(RecordCommandScene, RefuseWhatCannotBe) {
   EXPECT_EQ(Run({"record", "simulated", "--station", "X", "--folder", Data + "/away"}),
             ExitCode::FileTrouble);
