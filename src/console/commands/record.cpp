@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/failure.h"
+#include "console/commands/bus_recording.h"
 #include "console/program/recording.h"
 #include "recorder/writing/comtrade_format.h"
 #include "recorder/writing/text_format.h"
@@ -14,12 +15,17 @@ namespace console {
 
 namespace {
 
+/// The format that the whole program has not.
+constexpr const char* FromTheBus = "cff";
 /// The formats by the names that a user gives them.
 const std::map<std::string, std::string> Formats = {
     {"text", std::string(packetroutines::TextFacts.Name)},
     {"worksheet", std::string(packetroutines::WorksheetFacts.Name)},
-    {"comtrade", std::string(packetroutines::ComtradeFacts.Name)}};
+    {"comtrade", std::string(packetroutines::ComtradeFacts.Name)},
+    {FromTheBus, ""}};
 
+constexpr std::size_t MostStations = 64;
+constexpr std::size_t MostOfTheProgram = 2;
 /// Seconds of the units in which a user gives the time of a file.
 const std::map<std::string, double> Units = {{"s", 1}, {"m", 60}, {"h", 3600}};
 /// A ring takes up to a second, and a name tells no less.
@@ -30,8 +36,8 @@ constexpr double ShortestFile = 2;
 CLI::App* RecordCommand::Declare(CLI::App& program) {
   CLI::App* const words =
       program.add_subcommand("record", "Record every sample of one or two stations to files");
-  options_.Declare(*words, 2, "record for so long; until Ctrl+C unless told");
-  words->add_option("--format", format_, "text, worksheet or comtrade; text unless told")
+  options_.Declare(*words, MostStations, "record for so long; until Ctrl+C unless told");
+  words->add_option("--format", format_, "text, worksheet, comtrade or cff; text unless told")
       ->check(CLI::IsMember(Formats));
   words->add_option("--folder", folder_, "where the files go; it must be there")->required();
   words
@@ -63,6 +69,14 @@ ExitCode RecordCommand::Run(const Machine& machine) {
   Setup setup = options_.ToSetup();
   setup.Tab = forms::tab::Recorder;
   setup.Folder = Folder(machine);
+  if (format_ != FromTheBus && setup.Stations.size() > MostOfTheProgram) {
+    throw WrongUse("two stations can be recorded at once, or more of them with --format cff");
+  }
+  if (format_ == FromTheBus) {
+    const std::chrono::duration<double> every(every_);
+    return BusRecording(machine, setup, std::chrono::round<std::chrono::seconds>(every))
+        .Run(options_.Seconds);
+  }
   setup.Format = Formats.at(format_);
   NoteLines notes(machine.Notes, machine.OnTerminal);
   Instrument instrument(machine, setup, notes);
