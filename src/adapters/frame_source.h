@@ -13,11 +13,11 @@ struct SourceSettings {
   /// Bytes of frames that may wait for a reader that is late.
   std::int32_t BufferBytes = 262144;
   bool Promiscuous = false;
+  /// Filter expression in the syntax of libpcap.
+  std::string Filter;
   /// Frames may come in heaps, a few times a second, which costs a busy bus a fraction of the work;
   /// their times of arrival are the same.
   bool InHeaps = false;
-  /// Filter expression in the syntax of libpcap.
-  std::string Filter;
 };
 
 /// The implementation behind one adapter: it knows where frames come from and when each one is due.

@@ -14,7 +14,7 @@ constexpr const char* SampledValues = "ether proto 0x88ba or ether proto 0x8100"
 
 SourceTap::SourceTap(std::unique_ptr<FrameSource> source, const platform::Clock& clock)
     : source_(std::move(source)), clock_(clock) {
-  source_->Prepare({.Promiscuous = true, .InHeaps = true, .Filter = SampledValues});
+  source_->Prepare({.Promiscuous = true, .Filter = SampledValues, .InHeaps = true});
   source_->Start();
 }
 

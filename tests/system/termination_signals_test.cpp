@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <poll.h>
+#include <unistd.h>
 
 #include <csignal>
 
@@ -27,6 +28,17 @@ TEST(Termination, ARequestCanBeWaitedForAndIsTakenOnce) {
     EXPECT_FALSE(Readable(signals)) << signal;
     EXPECT_FALSE(signals.Take()) << signal;
   }
+}
+
+TEST(Termination, ASecondRequestEndsAtOnceWhereThatIsAskedFor) {
+  EXPECT_EXIT(
+      {
+        TerminationSignals signals(SecondRequest::EndsAtOnce);
+        std::raise(SIGINT);
+        if (!signals.Take()) _exit(1);
+        std::raise(SIGTERM);
+      },
+      testing::KilledBySignal(SIGTERM), "");
 }
 
 TEST(Termination, BehindTheEndARequestEndsTheProcessAsEver) {

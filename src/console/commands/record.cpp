@@ -28,8 +28,8 @@ constexpr std::size_t MostStations = 64;
 constexpr std::size_t MostOfTheProgram = 2;
 /// Seconds of the units in which a user gives the time of a file.
 const std::map<std::string, double> Units = {{"s", 1}, {"m", 60}, {"h", 3600}};
-/// A ring takes up to a second, and a file of a few is none.
-constexpr double ShortestFile = 5;
+/// A ring takes up to a second, and a name tells no less.
+constexpr double ShortestFile = 2;
 
 }  // namespace
 

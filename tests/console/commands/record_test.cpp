@@ -130,14 +130,14 @@ TEST_F(RecordCommandScene, TakeTheTimesOfTheFileForTheirEvents) {
 }
 
 TEST_F(RecordCommandScene, GoOnInNewFiles) {
-  Bus.Add(7 * Ring + 1).Save(Folder.File("bus.pcap"));
+  Bus.Add(3 * Ring + 1).Save(Folder.File("bus.pcap"));
   EXPECT_EQ(Run(RecordWords()), ExitCode::Done);
   const std::string whole = Content(Name + ".txt");
   std::filesystem::remove_all(Data);
   std::filesystem::create_directory(Data);
 
-  EXPECT_EQ(Run(RecordWords({"--every", "5s"})), ExitCode::Done);
-  const std::string second = "SV record 09.03.2024 14-05-12.txt";
+  EXPECT_EQ(Run(RecordWords({"--every", "2s"})), ExitCode::Done);
+  const std::string second = "SV record 09.03.2024 14-05-09.txt";
   EXPECT_EQ(Content(Name + ".txt") + Content(second), whole);
   EXPECT_EQ(Results.str(), Data + "/" + Name + ".txt\n" + Data + "/" + second + "\n");
   EXPECT_THAT(Names(), testing::IsSupersetOf({"Errorlog " + Name + ".txt", "Errorlog " + second,
@@ -201,6 +201,28 @@ TEST_F(RecordCommandScene, EndBehindTheirSeconds) {
                  "1.5"}),
             ExitCode::Done);
   EXPECT_EQ(LinesOf(Content(Names().back())), Ring);
+}
+
+TEST_F(RecordCommandScene, TellOfADiskThatFails) {
+  Bus.Add(3 * Ring + 10).Save(Folder.File("bus.pcap"));
+  for (const std::int32_t number : {platform::failure::DiskFull, platform::failure::DeviceIo}) {
+    support::FailingFiles failing(Files);
+    failing.FailingWrite = 2;
+    failing.FailsWhole = true;
+    failing.Number = number;
+    const console::Machine machine = MachineWith(failing);
+    const Words words = RecordWords();
+    std::vector<const char*> arguments{"vornik-cli"};
+    for (const std::string& word : words) arguments.push_back(word.c_str());
+    EXPECT_EQ(console::Run(static_cast<int>(arguments.size()), arguments.data(), machine),
+              ExitCode::FileTrouble);
+    const bool full = number == platform::failure::DiskFull;
+    EXPECT_THAT(Notes.str(), HasSubstr(full ? "vornik-cli: Disk full. Please check the disk path"
+                                            : "stream 1: not stored since"));
+    EXPECT_EQ(LinesOf(Content(Name + ".txt")), Ring) << "what was stored is there";
+    std::filesystem::remove_all(Data);
+    std::filesystem::create_directory(Data);
+  }
 }
 
 TEST_F(RecordCommandScene, RefuseWhatCannotBe) {
