@@ -1,8 +1,10 @@
 #include <poll.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <filesystem>
 #include <iostream>
+#include <memory>
 #include <system_error>
 
 #include "adapters/steady_clock.h"
@@ -11,8 +13,10 @@
 #include "console/console.h"
 #include "system/calendar.h"
 #include "system/computer_files.h"
+#include "system/disk_sync.h"
 #include "system/places.h"
 #include "system/posix/termination_signals.h"
+#include "system/sleep.h"
 
 namespace {
 
@@ -37,8 +41,10 @@ int main(int argc, char** argv) {
   const platform::NumberText numbers;
   const host::Calendar calendar;
   host::ComputerFiles files;
-  host::TerminationSignals signals;
+  host::TerminationSignals signals(host::SecondRequest::EndsAtOnce);
   bool endAsked = false;
+  const std::unique_ptr<platform::SleepInhibitor> awake = host::NewSleepInhibitor();
+  const std::unique_ptr<platform::DiskSync> sync = host::MakeDiskSync();
   adapters::SystemBusTaps taps(clock, {host::DataFolder() / "vornik" / "captures", ProgramFile()});
   const console::Machine machine{
       .Results = std::cout,
@@ -49,8 +55,12 @@ int main(int argc, char** argv) {
       .Numbers = numbers,
       .Files = files,
       .Taps = taps,
+      .Captures = taps,
       .Sleep = [&](std::chrono::nanoseconds time) { SleepOrEnd(signals, time); },
-      .EndAsked = [&] { return endAsked = endAsked || signals.Take(); }};
+      .EndAsked = [&] { return endAsked = endAsked || signals.Take(); },
+      .OnTerminal = isatty(STDERR_FILENO) != 0,
+      .Awake = awake.get(),
+      .Sync = sync.get()};
   const console::ExitCode exitCode = console::Run(argc, argv, machine);
   std::cout.flush();
   return static_cast<int>(exitCode);

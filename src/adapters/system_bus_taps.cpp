@@ -1,11 +1,13 @@
 #include "adapters/system_bus_taps.h"
 
+#include <algorithm>
 #include <system_error>
 #include <utility>
 
 #include "adapters/capture_files.h"
 #include "adapters/files/file_tap.h"
 #include "adapters/interfaces/pcap_source.h"
+#include "adapters/place_capture.h"
 #include "adapters/simulated/simulated_bus.h"
 #include "adapters/source_tap.h"
 
@@ -58,6 +60,29 @@ std::unique_ptr<platform::BusTap> SystemBusTaps::Open(const std::string& name,
       return std::make_unique<FileTap>(place.File, clock_, pace);
     default:
       return std::make_unique<SourceTap>(
+          std::make_unique<PcapSource>(place.Name, paths_.Program.string()), clock_);
+  }
+}
+
+std::string SystemBusTaps::TitleOfInterface(const std::string& name) const {
+  const std::vector<NetworkInterface> found = listInterfaces_();
+  const auto named =
+      std::find_if(found.begin(), found.end(), [&](const auto& each) { return each.Name == name; });
+  return named == found.end() ? name : named->Title;
+}
+
+std::unique_ptr<platform::NamedCapture> SystemBusTaps::OpenCapture(const std::string& name,
+                                                                   platform::TapPace pace) {
+  const NamedPlace place = PlaceOfName(name, paths_.Captures);
+  switch (place.What) {
+    case NamedPlace::Kind::Simulated:
+      return std::make_unique<LiveCapture>(SimulatedTitle, std::make_unique<SimulatedBus>(clock_),
+                                           clock_);
+    case NamedPlace::Kind::File:
+      return std::make_unique<FileCapture>(place.File, clock_, pace);
+    default:
+      return std::make_unique<LiveCapture>(
+          TitleOfInterface(place.Name),
           std::make_unique<PcapSource>(place.Name, paths_.Program.string()), clock_);
   }
 }

@@ -10,6 +10,7 @@
 #include "adapters/system_capture_layer.h"
 #include "platform/clock.h"
 #include "platform/services/bus_tap.h"
+#include "platform/services/named_capture.h"
 
 namespace adapters {
 
@@ -29,8 +30,9 @@ inline constexpr const char* SimulatedName = "simulated";
 
 NamedPlace PlaceOfName(const std::string& name, const std::filesystem::path& captures);
 
-/// The places of this computer, each to be listened to as a whole.
-class SystemBusTaps : public platform::BusTaps {
+/// The places of this computer, each to be listened to as a whole, or by a program that measures
+/// and records.
+class SystemBusTaps : public platform::BusTaps, public platform::NamedCaptures {
  public:
   using InterfaceLister = SystemCaptureLayer::InterfaceLister;
 
@@ -40,8 +42,12 @@ class SystemBusTaps : public platform::BusTaps {
   std::vector<platform::CapturePlace> Places() override;
   std::string Advice() const override;
   std::unique_ptr<platform::BusTap> Open(const std::string& name, platform::TapPace pace) override;
+  std::unique_ptr<platform::NamedCapture> OpenCapture(const std::string& name,
+                                                      platform::TapPace pace) override;
 
  private:
+  std::string TitleOfInterface(const std::string& name) const;
+
   const platform::Clock& clock_;
   CapturePaths paths_;
   InterfaceLister listInterfaces_;

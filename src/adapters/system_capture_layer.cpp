@@ -10,27 +10,11 @@
 
 namespace adapters {
 
-namespace {
-
-/// A channel holds no frame between two deliveries and a stop throws away what the driver holds, so
-/// there is nothing left to discard; and where a handler has started anew in the meantime, the
-/// frames that wait belong to that start.
-class EmptyCollection : public platform::PacketCollection {
- public:
-  void Clear() override {}
-};
-
-}  // namespace
-
 SystemCaptureLayer::SystemCaptureLayer(const platform::Clock& clock, CapturePaths paths,
                                        InterfaceLister listInterfaces)
     : clock_(clock), paths_(std::move(paths)), listInterfaces_(std::move(listInterfaces)) {}
 
-SystemCaptureLayer::~SystemCaptureLayer() {
-  if (link_) link_->RunningChanged = nullptr;
-}
-
-std::unique_ptr<platform::CaptureObject> SystemCaptureLayer::NewCaptureObject() {
+SystemCaptureLayer::Entries SystemCaptureLayer::NewEntries() {
   Entries entries;
   advice_ = {};
   entries.push_back(std::make_unique<SourceAdapter>(
@@ -41,12 +25,7 @@ std::unique_ptr<platform::CaptureObject> SystemCaptureLayer::NewCaptureObject() 
   // it.
   std::stable_partition(entries.begin(), entries.end(),
                         [](const auto& entry) { return entry->IsGood(); });
-  if (link_) link_->RunningChanged = nullptr;
-  link_ = std::make_shared<ChannelLink>();
-  link_->RunningChanged = [this](bool running) {
-    if (Running) Running(running);
-  };
-  return std::make_unique<CaptureChannel>(std::move(entries), link_);
+  return entries;
 }
 
 void SystemCaptureLayer::AddInterfaces(Entries& entries) {
@@ -68,16 +47,8 @@ void SystemCaptureLayer::AddFiles(Entries& entries) {
   }
 }
 
-std::unique_ptr<platform::PacketCollection> SystemCaptureLayer::NewPacketCollection() {
-  return std::make_unique<EmptyCollection>();
-}
-
 std::string SystemCaptureLayer::Advice() const {
   return advice_.Text(paths_.Program.string());
-}
-
-bool SystemCaptureLayer::DeliverOne() {
-  return link_ && link_->Channel != nullptr && link_->Channel->DeliverOne();
 }
 
 }  // namespace adapters

@@ -13,8 +13,10 @@
 #include "console/commands/adapters.h"
 #include "console/commands/check.h"
 #include "console/commands/convert.h"
+#include "console/commands/record.h"
 #include "console/commands/report.h"
 #include "console/commands/streams.h"
+#include "console/commands/values.h"
 #include "console/commands/watch.h"
 
 namespace console {
@@ -29,6 +31,8 @@ std::vector<std::unique_ptr<Command>> AllCommands() {
   commands.push_back(std::make_unique<StreamsCommand>());
   commands.push_back(std::make_unique<WatchCommand>());
   commands.push_back(std::make_unique<ReportCommand>());
+  commands.push_back(std::make_unique<ValuesCommand>());
+  commands.push_back(std::make_unique<RecordCommand>());
   commands.push_back(std::make_unique<CheckCommand>());
   commands.push_back(std::make_unique<ConvertCommand>());
   return commands;

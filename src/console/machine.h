@@ -9,7 +9,10 @@
 #include "platform/services/bus_tap.h"
 #include "platform/services/calendar.h"
 #include "platform/services/code_page.h"
+#include "platform/services/disk_sync.h"
 #include "platform/services/file_system.h"
+#include "platform/services/named_capture.h"
+#include "platform/services/sleep_inhibitor.h"
 
 namespace console {
 
@@ -25,10 +28,16 @@ struct Machine {
   const platform::NumberText& Numbers;
   platform::FileSystem& Files;
   platform::BusTaps& Taps;
+  platform::NamedCaptures& Captures;
   /// Blocks for so long, or shorter where the user ends the command meanwhile.
   std::function<void(std::chrono::nanoseconds)> Sleep;
   /// The user has asked for the end: Ctrl+C, or the system's request to terminate.
   std::function<bool()> EndAsked;
+  /// What the user is told is read on a terminal.
+  bool OnTerminal = false;
+  /// What keeps the computer awake, and what brings files to the disk; null where there is none.
+  platform::SleepInhibitor* Awake = nullptr;
+  platform::DiskSync* Sync = nullptr;
 };
 
 }  // namespace console

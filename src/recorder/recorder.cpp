@@ -43,7 +43,7 @@ Recorder::Recorder(forms::Main& main, config::Configuration& config,
       upper_(acquisition.Upper),
       services_(services) {
   Writing.End = Session;
-  Writing.Samples.Witness = Events;
+  Writing.Samples.Witness = Session.Rings();
   Session.Reader = Reading;
   Session.Check = Check;
   acquisition.Upper.Recorder = Writing.Samples;

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "adapters/system_bus_taps.h"
 #include "adapters/windows1252.h"
 #include "console/console.h"
 #include "support/fake_calendar.h"
@@ -30,6 +31,27 @@ class ConsoleScene : public testing::Test {
     Notes.str({});
     return console::Run(static_cast<int>(arguments.size()), arguments.data(), Machine);
   }
+  /// The played computer with other files.
+  console::Machine MachineWith(platform::FileSystem& files) {
+    return MachineWith(files, Calendar);
+  }
+  console::Machine MachineWith(platform::FileSystem& files, const platform::Calendar& calendar) {
+    return {.Results = Results,
+            .Notes = Notes,
+            .Clock = Clock,
+            .Calendar = calendar,
+            .Code = Code,
+            .Numbers = Numbers,
+            .Files = files,
+            .Taps = Taps,
+            .Captures = Captures,
+            .Sleep =
+                [this](std::chrono::nanoseconds time) {
+                  Clock.Advance(time);
+                  if (WhileResting) WhileResting();
+                },
+            .EndAsked = [this] { return EndAsked; }};
+  }
   nlohmann::json Json() const { return nlohmann::json::parse(Results.str()); }
   /// The stream of a bus's only one.
   nlohmann::json OnlyStream() const {
@@ -45,25 +67,15 @@ class ConsoleScene : public testing::Test {
   platform::NumberText Numbers;
   support::RealFiles Files;
   support::PlayedTaps Taps{Clock};
+  /// The simulated bus and capture files; no interfaces.
+  adapters::SystemBusTaps Captures{
+      Clock, {}, [] { return std::vector<adapters::NetworkInterface>(); }};
   std::ostringstream Results;
   std::ostringstream Notes;
   /// Runs whenever the program rests.
   std::function<void()> WhileResting;
   bool EndAsked = false;
-  console::Machine Machine{.Results = Results,
-                           .Notes = Notes,
-                           .Clock = Clock,
-                           .Calendar = Calendar,
-                           .Code = Code,
-                           .Numbers = Numbers,
-                           .Files = Files,
-                           .Taps = Taps,
-                           .Sleep =
-                               [this](std::chrono::nanoseconds time) {
-                                 Clock.Advance(time);
-                                 if (WhileResting) WhileResting();
-                               },
-                           .EndAsked = [this] { return EndAsked; }};
+  console::Machine Machine = MachineWith(Files);
 };
 
 }  // namespace console

@@ -27,6 +27,10 @@ class NotedReader : public packetroutines::RecordReader {
     if (AtView) AtView();
     if (Behind != nullptr) Behind->ViewRecording();
   }
+  void WriteLog(packetroutines::GapSearch followed) override {
+    journal_.emplace_back("followed log");
+    if (Behind != nullptr) Behind->WriteLog(followed);
+  }
 
   std::function<void()> AtLog;
   std::function<void()> AtView;

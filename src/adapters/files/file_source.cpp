@@ -10,8 +10,8 @@ using std::chrono::microseconds;
 using std::chrono::nanoseconds;
 namespace failure = platform::failure;
 
-FileSource::FileSource(std::filesystem::path file, const platform::Clock& clock)
-    : file_(std::move(file)), clock_(clock) {}
+FileSource::FileSource(std::filesystem::path file, const platform::Clock& clock, FilePlay play)
+    : file_(std::move(file)), clock_(clock), play_(play) {}
 
 void FileSource::Prepare(const SourceSettings& settings) {
   running_ = false;
@@ -78,7 +78,15 @@ void FileSource::Fetch() {
     due_ += pace_.GapBefore(waiting_->Time);
     return;
   }
+  MeetEnd();
+}
+
+void FileSource::MeetEnd() {
   NoteDamage();
+  if (play_ == FilePlay::Once) {
+    ended_ = true;
+    return;
+  }
   waiting_ = FetchFromBeginning();
   if (!waiting_) return;
   due_ += pace_.GapAtSeam(waiting_->Time);
@@ -101,10 +109,11 @@ std::optional<RecordedFrame> FileSource::FetchFromBeginning() {
 
 void FileSource::NoteDamage() {
   if (reader_->Damage().empty() || !damage_.empty()) return;
-  damage_ =
-      "The capture file " + file_.string() + " is damaged behind frame " +
-      std::to_string(reader_->FramesRead()) + ": " + reader_->Damage() +
-      ". The frames up to there are played over and over. Please copy or record the file anew.";
+  damage_ = "The capture file " + file_.string() + " is damaged behind frame " +
+            std::to_string(reader_->FramesRead()) + ": " + reader_->Damage() +
+            (play_ == FilePlay::Once ? ". The frames up to there were played."
+                                     : ". The frames up to there are played over and over.") +
+            " Please copy or record the file anew.";
 }
 
 void FileSource::ForgetDamage() {

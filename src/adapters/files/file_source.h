@@ -15,11 +15,15 @@
 
 namespace adapters {
 
-/// Plays a capture file at the pace of its time stamps, over and over.
+/// How often a capture file is played.
+enum class FilePlay { OverAndOver, Once };
+
+/// Plays a capture file at the pace of its time stamps, over and over unless once is asked for.
 /// A start goes on where the last stop left off; a damaged file plays as far as it can be read.
 class FileSource : public FrameSource {
  public:
-  FileSource(std::filesystem::path file, const platform::Clock& clock);
+  FileSource(std::filesystem::path file, const platform::Clock& clock,
+             FilePlay play = FilePlay::OverAndOver);
 
   void Prepare(const SourceSettings& settings) override;
   void Start() override;
@@ -30,10 +34,17 @@ class FileSource : public FrameSource {
   std::optional<platform::CapturedFrame> Next() override;
   bool LookedAtAll() const override { return lookedAtAll_; }
 
+  /// It was played once, to its end or to where it is damaged, and its frames were handed over.
+  bool Ended() const { return ended_; }
+  /// What is wrong with the file, as far as it was read; else empty.
+  const std::string& Damage() const { return damage_; }
+
  private:
   void Open();
   /// Puts the next frame of the file into `waiting_` with the time when it is due.
   void Fetch();
+  /// The end of the file, or where it can be read no further.
+  void MeetEnd();
   /// Begins the file anew; there is no more to play where this does not give a frame.
   std::optional<RecordedFrame> FetchFromBeginning();
   void NoteDamage();
@@ -44,11 +55,13 @@ class FileSource : public FrameSource {
 
   std::filesystem::path file_;
   const platform::Clock& clock_;
+  const FilePlay play_;
   SourceSettings settings_;
   std::optional<CaptureFileReader> reader_;
   std::optional<WireFilter> filter_;
   std::string filterText_;
   bool running_ = false;
+  bool ended_ = false;
   bool lookedAtAll_ = true;
   /// Frames that are due later are not handed over.
   std::chrono::nanoseconds bound_ = std::chrono::nanoseconds::max();

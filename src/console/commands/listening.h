@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "console/machine.h"
 #include "platform/services/bus_tap.h"
@@ -17,7 +18,13 @@ class Listening {
  public:
   using Time = std::chrono::microseconds;
 
-  /// `forEver` is the command that ends at its user's wish alone, if no time is given.
+  Listening() = default;
+  /// For a command with options of its own.
+  Listening(std::string adapter, platform::TapPace pace, std::optional<double> seconds)
+      : Seconds(seconds),
+        adapter_(std::move(adapter)),
+        fast_(pace == platform::TapPace::AsFastAsRead) {}
+
   void Declare(CLI::App& command, const std::string& secondsHelp);
 
   /// Begins; fails where nothing can be heard.

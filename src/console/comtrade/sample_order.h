@@ -25,6 +25,10 @@ class SampleOrder {
 
   /// A sample whose counter is less than the round: a stored number for each channel.
   void Take(std::int64_t counter, std::span<const double> stored);
+  /// So many whole rounds are lost in front of the next sample, to which the counter is blind.
+  void SkipRounds(std::int64_t rounds) {
+    if (latest_ >= 0) latest_ += rounds * round_;
+  }
   /// Hands on those that wait.
   void Finish();
 

@@ -1,5 +1,7 @@
 #include "recorder/events/events_file.h"
 
+#include <algorithm>
+
 #include "base/failure.h"
 
 namespace packetroutines {
@@ -14,8 +16,19 @@ constexpr std::size_t MostWaiting = 1U << 20U;
 void EventsFile::Begin(const std::string& path) {
   path_ = path;
   waiting_.clear();
+  carried_ = 0;
   leftOut_ = 0;
   written_ = false;
+}
+
+void EventsFile::GoOn(const std::string& path) {
+  path_ = path;
+  carried_ = waiting_.size();
+  written_ = false;
+}
+
+void EventsFile::LeaveOut() {
+  waiting_.resize(std::min(carried_, waiting_.size()));
 }
 
 void EventsFile::Add(const RecordEvent& event) {
@@ -51,6 +64,7 @@ bool EventsFile::Write() {
     return false;
   }
   waiting_.clear();
+  carried_ = 0;
   written_ = true;
   return true;
 }

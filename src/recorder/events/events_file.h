@@ -20,7 +20,13 @@ class EventsFile {
 
   /// A recording begins whose events go to this path. Nothing is written yet.
   void Begin(const std::string& path);
+  /// The recording goes on with another file. Events that still wait for the one before are told in
+  /// this one.
+  void GoOn(const std::string& path);
   void Add(const RecordEvent& event);
+  /// Nothing was recorded that a file is worth: its events are dropped, but for those that still
+  /// wait for the file before.
+  void LeaveOut();
   /// Brings what waits to the file. True where something was written.
   bool Write();
   const std::string& Path() const { return path_; }
@@ -33,6 +39,8 @@ class EventsFile {
   std::string path_;
   /// Lines that are not written yet.
   std::string waiting_;
+  /// So many bytes of them are of the file before.
+  std::size_t carried_ = 0;
   std::uint64_t leftOut_ = 0;
   bool written_ = false;
 };

@@ -1,5 +1,7 @@
 #include "recorder/events/recording_events.h"
 
+#include <algorithm>
+
 #include "config/program_facts.h"
 #include "recorder/events/identity_words.h"
 #include "recorder/writing/record_names.h"
@@ -31,18 +33,46 @@ RecordingEvents::RecordingEvents(const EventSources& sources)
       context_(sources.Samples.Context),
       file_(context_.Services.Files, context_.Services.Calendar) {}
 
+std::string RecordingEvents::Path() const {
+  return RecordPath(context_.Services.Files, context_.Settings,
+                    EventsName(from_.State.RecordFileName));
+}
+
 void RecordingEvents::Begin() {
-  file_.Begin(RecordPath(context_.Services.Files, context_.Settings,
-                         EventsName(from_.State.RecordFileName)));
+  file_.Begin(Path());
   running_ = true;
+  goesOnFrom_ = StreamWatch::Time{0};
+  tooLong_ = from_.State.Counters.TooLong;
+  dropped_ = from_.Capture.Dropped();
+  from_.Watch.TakeClockStep();
+  BeginFiles();
+}
+
+void RecordingEvents::EndPart(const std::string& why) {
+  if (!running_) return;
+  TellSystem();
+  for (std::size_t stream = 0; stream < streams_.size(); ++stream) {
+    from_.Samples.Report.LookForFile(stream);
+    LookForFile(stream);
+    TellTotals(stream);
+  }
+  Add("end", why);
+  Write();
+}
+
+void RecordingEvents::BeginPart() {
+  if (!running_) return;
+  file_.GoOn(Path());
+  goesOnFrom_ = from_.Watch.WallTime();
+  BeginFiles();
+}
+
+void RecordingEvents::BeginFiles() {
   streams_ = {};
   for (std::size_t stream = 0; stream < streams_.size(); ++stream) {
     streams_[stream].AtBegin = from_.Watch.Track(stream).Totals();
     streams_[stream].HeldId = from_.State.Counters.Streams[stream].HeldId;
   }
-  tooLong_ = from_.State.Counters.TooLong;
-  dropped_ = from_.Capture.Dropped();
-  from_.Watch.TakeClockStep();
   Add("start", Settings());
 }
 
@@ -87,7 +117,7 @@ void RecordingEvents::TellStream(std::size_t stream) {
   if (told.Met || from_.State.Counters.Streams[stream].HeldId == told.HeldId) return;
   told.Met = true;
   RecordEvent event = Of(stream, "stream met");
-  event.At = from_.Watch.FirstArrived(stream);
+  event.At = std::max(from_.Watch.FirstArrived(stream), goesOnFrom_);
   event.Line = 1;
   event.Figures = IdentityWords(from_.Watch.FirstFrame(stream), context_.Services.Code);
   file_.Add(event);
@@ -250,7 +280,10 @@ void RecordingEvents::End(const std::string& why) {
     if (streams_[stream].Met) TellStretch(stream, streams_[stream].InFile);
     TellSilentEnd(stream);
   }
-  if (!streams_[0].Met && !streams_[1].Met && !file_.IsThere()) return;
+  if (!streams_[0].Met && !streams_[1].Met && !file_.IsThere()) {
+    file_.LeaveOut();
+    return;
+  }
   for (std::size_t stream = 0; stream < streams_.size(); ++stream) TellTotals(stream);
   Add("end", why);
   Write();

@@ -34,6 +34,11 @@ class RecordingEvents : public RingWitness, public AdapterConsumer {
 
   /// RUN: the recording has its name.
   void Begin();
+  /// The recording goes on in other files: its part that is over gets its totals. What befell a
+  /// ring that is not full yet is told with the ring.
+  void EndPart(const std::string& why);
+  /// Behind that, it has its new name.
+  void BeginPart();
   void RingDone(std::size_t stream, const std::string& failure) override;
   void AdapterChanged(platform::Presence presence) override;
   /// The recording is over; once. `why` in words.
@@ -66,6 +71,9 @@ class RecordingEvents : public RingWitness, public AdapterConsumer {
     sv::TrackTotals AtBegin;
   };
 
+  std::string Path() const;
+  /// The files at hand begin.
+  void BeginFiles();
   void TellStream(std::size_t stream);
   /// The ring whose places are told begins behind so many.
   void TellStretch(std::size_t stream, std::int64_t ringsBefore);
@@ -93,6 +101,8 @@ class RecordingEvents : public RingWitness, public AdapterConsumer {
   const WritingContext& context_;
   EventsFile file_;
   bool running_ = false;
+  /// When the files at hand were begun, where others were before them.
+  StreamWatch::Time goesOnFrom_{0};
   std::array<Stream, 2> streams_;
   std::int64_t ringsBefore_ = 0;
   std::uint64_t tooLong_ = 0;

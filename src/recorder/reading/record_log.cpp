@@ -67,6 +67,17 @@ void RecordLog::Analyse(std::int32_t lines) {
   WriteLog(gaps, gaps.Finish());
 }
 
+void RecordLog::WriteLog(GapSearch followed) {
+  const LongestRun run = followed.Finish();
+  try {
+    WriteLog(followed, run);
+  } catch (const Failure&) {
+    // With it the recording would count as one that was checked.
+    context_.Open.DeleteQuietly(context_.LogPath());
+    throw;
+  }
+}
+
 void RecordLog::WriteLog(const GapSearch& gaps, const LongestRun& run) {
   const config::Settings& settings = context_.Settings;
   const LogHeading heading{.Path = context_.Path(),

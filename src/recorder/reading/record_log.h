@@ -25,6 +25,9 @@ class RecordLog {
 
   /// `nothingToRead` becomes True where the recording has no line; then no log is written.
   void BuildRecordLog(bool& nothingToRead);
+  /// Writes the log of a file whose lines were followed while they were written. A log that cannot
+  /// be written whole is taken away, and the failure leaves through here.
+  void WriteLog(GapSearch followed);
 
  private:
   std::int32_t CountLines();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "recorder/reading/gap_search.h"
+
 namespace packetroutines {
 
 /// What follows a recording: the log of a text file, and a look at what was recorded.
@@ -9,6 +11,8 @@ class RecordReader {
   /// Writes the log; `nothingToRead` becomes True where there was no data to read.
   virtual void BuildRecordLog(bool& nothingToRead) = 0;
   virtual void ViewRecording() = 0;
+  /// Writes the log of a recording whose samples were followed while they were stored.
+  virtual void WriteLog(GapSearch followed) = 0;
 };
 
 }  // namespace packetroutines

@@ -67,7 +67,8 @@ RecordingSession::RecordingSession(forms::RecorderControls& recorder, platform::
       writing_(writing),
       events_(events),
       services_(services),
-      files_(writing),
+      files_(recorder, state, writing),
+      parts_(writing, events, files_, Reader),
       span_(line, services.Calendar, services.Sleep),
       visit_(state) {
   recorder_.CWButton3.ValueChanged = [this] { CWButton3_ValueChanged(); };
@@ -159,12 +160,25 @@ void RecordingSession::Start() {
   }
   phase_ = Phase::Recording;
   span_.Begin();
-  events_.Begin();
-  capture_.StartCapture("LookingForRecording");
+  BeginCapture();
   // A refused filter has ended it.
   if (Left() || recorder_.CWButton3.Value) return;
   recorder_.CWButton3.Visible = true;
   Check->Offer();
+}
+
+void RecordingSession::BeginCapture() {
+  events_.Begin();
+  parts_.Begin();
+  capture_.StartCapture("LookingForRecording");
+}
+
+void RecordingSession::AwaitAnew() {
+  if (!Running()) return;
+  capture_.PrepareRun(packetroutines::RecordingBuffer);
+  NameFiles();
+  BeginCapture();
+  run_.CallOffWatchdog();
 }
 
 Flow RecordingSession::Prepare() {
@@ -199,13 +213,8 @@ void RecordingSession::LockFormats() {
 }
 
 void RecordingSession::NameFiles() {
-  if (SampleFormat* const format = writing_.Formats.Chosen()) {
-    state_.RecordFileName =
-        packetroutines::RecordName(services_.Calendar.Now(), format->Facts.Extension);
-    format->Begin();
-  }
-  Line(line::FirstPath).Caption = PathOf(packetroutines::FirstPrefix + state_.RecordFileName);
-  Line(line::SecondPath).Caption = PathOf(packetroutines::SecondPrefix + state_.RecordFileName);
+  if (SampleFormat* const format = writing_.Formats.Chosen()) format->Begin();
+  files_.Name(files_.NameOfNow());
 }
 
 void RecordingSession::DropStart() {
@@ -225,6 +234,7 @@ bool RecordingSession::Running() const {
 
 void RecordingSession::Ended(EndReason reason) {
   if (!span_.End(reason)) return;
+  parts_.End();
   writing_.Report.End();
   events_.End(std::string(Words(reason)));
   if (Listener) Listener->RecordingEnded(reason);
@@ -253,6 +263,8 @@ void RecordingSession::Stop(EndReason reason, Arrived arrived) {
   };
   std::string progress;
   bool found = false;
+  // The files at hand are the last ones, whatever rings still come.
+  parts_.End();
   // A step ends with what may fail in it, so that such a failure costs nothing behind it.
   RunSteps(
       services_.Usual.Program, tell, [&] { services_.Usual.Events.Pump(); },

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 
 #include "base/plug.h"
@@ -16,6 +18,7 @@
 #include "recorder/reading/check_offer.h"
 #include "recorder/reading/record_reader.h"
 #include "recorder/session/end_reason.h"
+#include "recorder/session/recording_parts.h"
 #include "recorder/session/recording_span.h"
 #include "recorder/session/session_files.h"
 #include "recorder/writing/recorder_services.h"
@@ -62,6 +65,16 @@ class RecordingSession : public packetroutines::RecordingEnd,
   void Interrupt(EndReason reason);
   /// The same where the program ends as well: the files get their end, but no log.
   void InterruptForGood(EndReason reason);
+  /// No frame has come since RUN: what waits for one begins anew, with the length of the frames
+  /// that come by now, and under the name of this moment. Who does so needs no watchdog.
+  void AwaitAnew();
+  /// From the next RUN on the recording goes on in new files whenever one has held so long; 0 for
+  /// one file, as at first.
+  void DivideEvery(std::chrono::nanoseconds span) { parts_.Every(span); }
+  /// What is to see each ring that is written.
+  packetroutines::RingWitness& Rings() { return parts_; }
+  /// The files that a divided recording had before those at hand.
+  std::int64_t FilesBefore() const { return parts_.Before(); }
   /// Nothing else is done for a recording that is still there.
   void ProgramEnds() { Ended(EndReason::ProgramEnd); }
   void NoData() override { Ended(EndReason::NoData); }
@@ -82,6 +95,8 @@ class RecordingSession : public packetroutines::RecordingEnd,
 
   void Start();
   platform::Flow Prepare();
+  /// Capture begins for files that have their names.
+  void BeginCapture();
   void BeginProgress();
   void LockFormats();
   void NameFiles();
@@ -119,6 +134,7 @@ class RecordingSession : public packetroutines::RecordingEnd,
   packetroutines::RecordingEvents& events_;
   packetroutines::RecorderServices services_;
   packetroutines::SessionFiles files_;
+  RecordingParts parts_;
   RecordingSpan span_;
   Phase phase_ = Phase::Idle;
   /// On the page, from the press of RUN on.

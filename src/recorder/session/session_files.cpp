@@ -1,8 +1,10 @@
 #include "recorder/session/session_files.h"
 
-#include <string>
+#include "recorder/writing/record_names.h"
 
 namespace packetroutines {
+
+namespace line = forms::record_line;
 
 void SessionFiles::Begin() {
   writing_.Report.Begin();
@@ -10,11 +12,42 @@ void SessionFiles::Begin() {
   for (SampleFormat* format : writing_.Formats) format->FinishLeftOpen();
 }
 
-void SessionFiles::Finish() {
+std::string SessionFiles::PathOf(const std::string& name) const {
+  return RecordPath(writing_.Context.Services.Files, writing_.Context.Settings, name);
+}
+
+std::string SessionFiles::NameOfNow() const {
+  const SampleFormat* const format = writing_.Formats.Chosen();
+  if (format == nullptr) return {};
+  return RecordName(writing_.Context.Services.Calendar.Now(), format->Facts.Extension);
+}
+
+bool SessionFiles::IsTaken(const std::string& name) const {
+  const platform::FileSystem& files = writing_.Context.Services.Files;
+  return files.FileExists(PathOf(name)) || files.FileExists(PathOf(FirstPrefix + name)) ||
+         files.FileExists(PathOf(SecondPrefix + name));
+}
+
+void SessionFiles::Name(const std::string& name) {
+  if (!name.empty()) record_.RecordFileName = name;
+  recorder_.Label10[line::FirstPath].Caption = PathOf(FirstPrefix + record_.RecordFileName);
+  recorder_.Label10[line::SecondPath].Caption = PathOf(SecondPrefix + record_.RecordFileName);
+}
+
+void SessionFiles::LookForFiles() {
   // A ring that failed may have left its file open.
   writing_.Open.CloseQuietly(TextFile);
   for (const std::size_t stream : {0U, 1U}) writing_.Report.LookForFile(stream);
+}
+
+void SessionFiles::Finish() {
+  LookForFiles();
   if (SampleFormat* const format = writing_.Formats.Chosen()) format->End();
+}
+
+void SessionFiles::FinishPart() {
+  LookForFiles();
+  if (SampleFormat* const format = writing_.Formats.Chosen()) format->EndPart();
 }
 
 void SessionFiles::FinishForGood() {
@@ -28,7 +61,7 @@ bool SessionFiles::FindToRead() {
   const WritingContext& context = writing_.Context;
   const platform::FileSystem& files = context.Services.Files;
   // It is read under the name of one stream, whatever prefix the samples' files bear.
-  const std::string path = RecordPath(files, context.Settings, context.State.RecordFileName);
+  const std::string path = PathOf(record_.RecordFileName);
   if (files.FileExists(path)) return true;
   const bool viewed = sequel == Sequel::Viewer;
   const bool ofOneStream = path == RecordPath(context, 0);

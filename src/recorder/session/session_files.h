@@ -1,19 +1,34 @@
 #pragma once
 
+#include <string>
+
+#include "capture/acquisition_state.h"
+#include "forms/recorder_controls.h"
 #include "recorder/writing/writing.h"
 
 namespace packetroutines {
 
-/// The files of a recording at its RUN and at its end, in whatever format: what an earlier one has
-/// left open, what a file needs to be complete, and whether there is a file to read back.
+/// The files of a recording at its RUN and at its end, in whatever format: their name, what an
+/// earlier one has left open, what a file needs to be complete, and whether there is a file to read
+/// back.
 class SessionFiles {
  public:
-  explicit SessionFiles(Writing& writing) : writing_(writing) {}
+  SessionFiles(forms::RecorderControls& recorder, RecordFields& record, Writing& writing)
+      : recorder_(recorder), record_(record), writing_(writing) {}
 
   /// RUN: frees what a failure has left open, and finishes what a change of the tab has.
   void Begin();
+  /// The name that files of the format that is set have at this moment; empty without a format.
+  std::string NameOfNow() const;
+  /// A file of this name, or of a stream under it, is there.
+  bool IsTaken(const std::string& name) const;
+  /// The files have this name from now on, and the view tells so; an empty one leaves the name as
+  /// it is.
+  void Name(const std::string& name);
   /// STOP: gives the files their end.
   void Finish();
+  /// The recording goes on in others: the same.
+  void FinishPart();
   /// The recording ends with the program: the same, with nobody to tell.
   void FinishForGood();
   /// Whether what follows the recording finds the file that it reads; the view tells where not. A
@@ -21,6 +36,12 @@ class SessionFiles {
   bool FindToRead();
 
  private:
+  std::string PathOf(const std::string& name) const;
+  /// What comes before the end of a file, in whatever format.
+  void LookForFiles();
+
+  forms::RecorderControls& recorder_;
+  RecordFields& record_;
   Writing& writing_;
 };
 

@@ -61,12 +61,23 @@ std::string ComtradeFormat::ConfigPath(const std::string& prefix) const {
                     prefix + name.substr(0, base) + ConfigExtension);
 }
 
+void ComtradeFormat::Begin() {
+  countedBefore_ = 0;
+  beginsAnew_ = {};
+}
+
+void ComtradeFormat::EndPart() {
+  End();
+  countedBefore_ = context_.State.BlockCount;
+  beginsAnew_ = {true, true};
+}
+
 bool ComtradeFormat::Write(std::size_t stream) {
-  if (context_.State.BlockCount == FirstRingBlocks) BeginConfig(stream);
+  if (Counted() == FirstRingBlocks || beginsAnew_[stream]) BeginConfig(stream);
+  beginsAnew_[stream] = false;
   context_.Open.OpenToAppend(TextFile, RecordPath(context_, stream));
   lines_.clear();
-  const std::int64_t first =
-      std::int64_t{context_.Present.BaseSamples} * context_.State.BlockCount - LinesSetBack;
+  const std::int64_t first = std::int64_t{context_.Present.BaseSamples} * Counted() - LinesSetBack;
   for (std::int16_t i = 0; i < RecordRings::Cells; ++i) AppendLine(stream, first + i, i);
   WriteFile(lines_);
   return true;
@@ -140,9 +151,8 @@ void ComtradeFormat::FinishComtradeConfig() {
   context_.Open.OpenToAppend(TextFile, path);
   WriteConfig(path, context_.Services.Numbers.General(double{platform::SamplesAPeriod} *
                                                       context_.Settings.BaseFrequency) +
-                        "," +
-                        platform::NumberText::General(context_.State.BlockCount * SamplesOfBlock) +
-                        Crlf + start + start + "ASCII" + Crlf + "1000" + Crlf);
+                        "," + platform::NumberText::General(Counted() * SamplesOfBlock) + Crlf +
+                        start + start + "ASCII" + Crlf + "1000" + Crlf);
 }
 
 void ComtradeFormat::TellOfEnd(const Failure& met) const {

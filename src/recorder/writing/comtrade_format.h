@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 
@@ -17,18 +18,24 @@ class ComtradeFormat : public SampleFormat {
  public:
   explicit ComtradeFormat(const WritingContext& context) : SampleFormat(ComtradeFacts, context) {}
 
+  void Begin() override;
   /// In front of the first ring the configuration is begun. The lines of the second stream show the
   /// ring of the first one, in numbers without fixed decimals.
   bool Write(std::size_t stream) override;
   /// Ends the configuration; a box tells where that failed.
   void End() override;
   void EndForGood() override;
+  /// The numbers of the new files begin at 0, since their configuration tells when and with which
+  /// one they end.
+  void EndPart() override;
   /// Appends the last lines of the configuration: rate, start and form of the data. It has no
   /// prefix, so beside two streams it is a third one.
   void FinishComtradeConfig();
 
  private:
   std::string ConfigPath(const std::string& prefix) const;
+  /// The counted blocks of the files at hand.
+  std::int32_t Counted() const { return context_.State.BlockCount - countedBefore_; }
   void BeginConfig(std::size_t stream);
   void WriteFile(const std::string& lines);
   void WriteConfig(const std::string& path, const std::string& lines);
@@ -38,6 +45,10 @@ class ComtradeFormat : public SampleFormat {
 
   /// The lines of a ring; it keeps its room from ring to ring.
   std::string lines_;
+  /// Counted blocks in the files before those at hand.
+  std::int32_t countedBefore_ = 0;
+  /// A stream whose next ring begins new files in the midst of a recording.
+  std::array<bool, 2> beginsAnew_{};
 };
 
 }  // namespace packetroutines

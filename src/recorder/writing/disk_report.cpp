@@ -105,6 +105,11 @@ bool DiskReport::Gone(std::size_t stream) const {
   return AnyStored(stream) && !services_.Files.FileExists(streams_[stream].Path);
 }
 
+bool DiskReport::AnyLost() const {
+  return std::any_of(streams_.begin(), streams_.end(),
+                     [](const Stream& each) { return each.Lost > 0 || each.Doubtful > 0; });
+}
+
 void DiskReport::Add(const std::string& sentence) {
   if (std::find(sentences_.begin(), sentences_.end(), sentence) != sentences_.end()) return;
   sentences_.push_back(sentence);

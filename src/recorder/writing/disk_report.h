@@ -46,6 +46,8 @@ class DiskReport {
   /// went.
   std::int64_t Written(std::size_t stream) const { return streams_[stream].Written; }
   std::int64_t FilesGone(std::size_t stream) const { return streams_[stream].FilesGone; }
+  /// Rings of the files at hand are not on the disk, or may not be.
+  bool AnyLost() const;
   /// A ring of the stream was stored, whatever became of it.
   bool AnyStored(std::size_t stream) const { return !streams_[stream].Path.empty(); }
   /// What else there is to tell of the recording, as a sentence; one that stands already is not

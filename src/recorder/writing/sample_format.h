@@ -47,6 +47,11 @@ class SampleFormat {
   virtual void End() {}
   /// The recording ends with the program, and nobody can be told.
   virtual void EndForGood() { End(); }
+  /// The file of a stream has no room for another whole ring.
+  virtual bool Full(std::size_t /*stream*/) const { return false; }
+  /// The recording goes on in other files: gives those at hand their end. The next ring of each
+  /// stream begins its new one.
+  virtual void EndPart() {}
   /// The recording was stopped because the file of a stream takes no more.
   virtual void EndAtLimit(std::size_t /*stream*/) {}
   /// The next recording begins, in whatever format: gives an end to what a change of the tab has

@@ -96,6 +96,17 @@ void WorksheetFormat::StopAtRowLimit(std::size_t stream) {
   }
 }
 
+bool WorksheetFormat::Full(std::size_t stream) const {
+  return ExcelStarted[stream] && excelRow_[stream] + RecordRings::Cells - 1 > LastRows[stream];
+}
+
+void WorksheetFormat::EndPart() {
+  for (const std::size_t stream : {0U, 1U}) CloseSheet(stream);
+  ExcelStarted = {};
+  // A second sheet that is begun before the first one stands on the rows of an empty sheet.
+  excelRow_.fill(HeadingRow + 1);
+}
+
 void WorksheetFormat::CloseSheet(std::size_t stream) {
   Close(excelOut_[stream], "The worksheet of stream " + std::to_string(stream + 1));
 }

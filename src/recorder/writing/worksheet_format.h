@@ -24,6 +24,8 @@ class WorksheetFormat : public SampleFormat {
   bool Write(std::size_t stream) override;
   /// The second worksheet stays open; its own end, the next RUN or that of the program finishes it.
   void End() override { CloseSheet(0); }
+  bool Full(std::size_t stream) const override;
+  void EndPart() override;
   void EndAtLimit(std::size_t stream) override { CloseSheet(stream); }
   void FinishLeftOpen() override;
   void Finish() override;

@@ -16,14 +16,6 @@ constexpr std::array<int, 3> Signals = {SIGTERM, SIGINT, SIGHUP};
 /// The pipe from the signal handler, which may do nothing but write, to the event loop.
 std::array<int, 2> channel = {-1, -1};
 
-void OnSignal(int) {
-  // The code that was interrupted may be about to read the number of its own error.
-  const int before = errno;
-  const char mark = 1;
-  [[maybe_unused]] const ssize_t written = ::write(channel[1], &mark, 1);
-  errno = before;
-}
-
 void Install(void (*handler)(int)) {
   struct sigaction action {};
   action.sa_handler = handler;
@@ -32,15 +24,31 @@ void Install(void (*handler)(int)) {
   for (const int signal : Signals) ::sigaction(signal, &action, nullptr);
 }
 
+void OnSignal(int) {
+  // The code that was interrupted may be about to read the number of its own error.
+  const int before = errno;
+  const char mark = 1;
+  [[maybe_unused]] const ssize_t written = ::write(channel[1], &mark, 1);
+  errno = before;
+}
+
+void OnOnlySignal(int signal) {
+  const int before = errno;
+  // The next one is the system's to serve.
+  Install(SIG_DFL);
+  errno = before;
+  OnSignal(signal);
+}
+
 }  // namespace
 
-TerminationSignals::TerminationSignals() {
+TerminationSignals::TerminationSignals(SecondRequest second) {
   if (::pipe(channel.data()) != 0) return;
   for (const int end : channel) {
     ::fcntl(end, F_SETFD, FD_CLOEXEC);
     ::fcntl(end, F_SETFL, O_NONBLOCK);
   }
-  Install(OnSignal);
+  Install(second == SecondRequest::Waits ? OnSignal : OnOnlySignal);
 }
 
 TerminationSignals::~TerminationSignals() {

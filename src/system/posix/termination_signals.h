@@ -2,12 +2,20 @@
 
 namespace host {
 
+/// What a second request does while the first one is being served.
+enum class SecondRequest {
+  /// It waits like the first.
+  Waits,
+  /// It ends the process at once.
+  EndsAtOnce
+};
+
 /// The system's requests to terminate, as something to read from: a descriptor becomes readable
 /// with a request, so that whoever waits for events waits for it too, and capture is stopped before
 /// the program goes. One object a program.
 class TerminationSignals {
  public:
-  TerminationSignals();
+  explicit TerminationSignals(SecondRequest second = SecondRequest::Waits);
   TerminationSignals(const TerminationSignals&) = delete;
   TerminationSignals& operator=(const TerminationSignals&) = delete;
   ~TerminationSignals();

@@ -108,8 +108,7 @@ TEST_F(ConvertCommandScene, TellsSummerTimeByTheMomentOfTheRecording) {
     }
   };
   const Europe calendar;
-  const console::Machine there{Results, Notes, Clock, calendar,      Code,
-                               Numbers, Files, Taps,  Machine.Sleep, Machine.EndAsked};
+  const console::Machine there = MachineWith(Files, calendar);
   const auto aheadAt = [&](const std::string& start) {
     const std::string file = Recorded(RecordingText({1, 2}), "a");
     const std::vector<const char*> words{"vornik-cli",    "convert", file.c_str(), "--to",
@@ -202,8 +201,7 @@ TEST_F(ConvertCommandScene, RefusesACounterBeyondTheRoundAndKeepsTheOlderFiles) 
 TEST_F(ConvertCommandScene, LeavesNothingOnADiskThatIsFull) {
   const std::string file = Recorded(RecordingText(Counters(0, 40'000, 4000)));
   support::FailingFiles failing(Files);
-  const console::Machine there{Results, Notes,   Clock, Calendar,      Code,
-                               Numbers, failing, Taps,  Machine.Sleep, Machine.EndAsked};
+  const console::Machine there = MachineWith(failing);
   const std::vector<const char*> words{"vornik-cli", "convert", file.c_str(), "--to", "cff"};
   // Of the head, of two pieces of samples, of the rest, and of the head again.
   for (int write = 1; write <= 5; ++write) {

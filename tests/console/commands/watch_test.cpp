@@ -134,10 +134,7 @@ TEST_F(WatchCommandScene, WriteTheMetricsOfASecondInOnePiece) {
 TEST_F(WatchCommandScene, ADiskThatFailsForAWhileIsToldOnceAndTheWatchGoesOn) {
   support::FailingFiles failing(Files);
   failing.FailingRename = 2;
-  console::Machine machine = Machine;
-  const console::Machine weak{machine.Results, machine.Notes,   machine.Clock, machine.Calendar,
-                              machine.Code,    machine.Numbers, failing,       machine.Taps,
-                              machine.Sleep,   machine.EndAsked};
+  const console::Machine weak = MachineWith(failing);
   Send(0, 16'001);
   const std::string path = MetricsPath();
   const std::vector<const char*> words{"vornik-cli", "watch", "x.pcap", "--metrics", path.c_str()};
