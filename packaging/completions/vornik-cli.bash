@@ -1,6 +1,6 @@
 # What bash completes behind vornik-cli; its place is /usr/share/bash-completion/completions/vornik-cli.
 
-_vornik_cli_commands="adapters streams watch report check convert"
+_vornik_cli_commands="adapters streams watch report values record check convert"
 
 # The options of a command; `options` is set in the function below.
 _vornik_cli_options() {
@@ -8,6 +8,10 @@ _vornik_cli_options() {
     adapters) options="--json" ;;
     streams | report) options="--seconds --fast --json" ;;
     watch) options="--seconds --fast --metrics --fail-on --frequency" ;;
+    values | record)
+      options="--station --seconds --fast --filter --frequency --samplings --current --voltage"
+      [ "$1" = values ] && options+=" --blocks --interval --json" || options+=" --format --folder --every"
+      ;;
     check) options="--round --log --json" ;;
     convert)
       options="--to --binary --binary32 --float --station --channels --unit --start --utc-offset"
@@ -64,7 +68,7 @@ _vornik_cli() {
     --frequency) _vornik_cli_choice "$word" "50 60" ;;
     --current) _vornik_cli_choice "$word" "A mA" ;;
     --voltage) _vornik_cli_choice "$word" "kV V mV" ;;
-    --format) _vornik_cli_choice "$word" "text worksheet comtrade" ;;
+    --format) _vornik_cli_choice "$word" "text worksheet comtrade cff" ;;
     --every) _vornik_cli_choice "$word" "1h 30m 10m" ;;
     --to) _vornik_cli_choice "$word" "comtrade-1999 comtrade-2013 cff" ;;
     --unit) _vornik_cli_list "$word" "A mA kV V mV" ;;
@@ -84,7 +88,7 @@ _vornik_cli_words() {
     return
   fi
   case $command in
-    streams | watch | report) _vornik_cli_adapters "$word" ;;
+    streams | watch | report | values | record) _vornik_cli_adapters "$word" ;;
     check | convert) _vornik_cli_files "$word" .txt ;;
   esac
 }
