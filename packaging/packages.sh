@@ -5,5 +5,5 @@ run_packages=(libqt6gui6 libqt6svg6 qt6-qpa-plugins fontconfig fonts-dejavu-core
 display_packages=(xvfb poppler-utils)
 test_packages=(clang libclang-rt-14-dev lld libgtest-dev libgmock-dev libbenchmark-dev clang-format clang-tidy
   python3 iproute2 poppler-utils python3-xlrd dbus-daemon tshark
-  xvfb xdotool at-spi2-core python3-pyatspi zsh mandoc groff-base systemd systemd-container)
+  xvfb xdotool at-spi2-core python3-pyatspi zsh mandoc groff-base man-db systemd systemd-container)
 bench_packages=(libbenchmark-dev iproute2)

@@ -1,6 +1,6 @@
 # What bash completes behind vornik-cli; its place is /usr/share/bash-completion/completions/vornik-cli.
 
-_vornik_cli_commands="adapters streams watch report"
+_vornik_cli_commands="adapters streams watch report values record check convert"
 
 # The options of a command; `options` is set in the function below.
 _vornik_cli_options() {
@@ -8,6 +8,15 @@ _vornik_cli_options() {
     adapters) options="--json" ;;
     streams | report) options="--seconds --fast --json" ;;
     watch) options="--seconds --fast --metrics --fail-on --frequency" ;;
+    values | record)
+      options="--station --seconds --fast --filter --frequency --samplings --current --voltage"
+      [ "$1" = values ] && options+=" --blocks --interval --json" || options+=" --format --folder --every"
+      ;;
+    check) options="--round --log --json" ;;
+    convert)
+      options="--to --binary --binary32 --float --station --channels --unit --start --utc-offset"
+      options+=" --frequency --round --output --force"
+      ;;
     *) options="--version" ;;
   esac
   options+=" -h --help"
@@ -22,6 +31,10 @@ _vornik_cli_files() {
     compgen -d -- "$word"
     for ending in "$@"; do compgen -f -X "!*$ending" -- "$word"; done
   )
+}
+
+_vornik_cli_choice() {
+  mapfile -t COMPREPLY < <(compgen -W "$2" -- "$1")
 }
 
 # Words of a list with commas between them: what is there already stays in front.
@@ -45,13 +58,21 @@ _vornik_cli() {
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
     _vornik_cli_options ""
-    mapfile -t COMPREPLY < <(compgen -W "$_vornik_cli_commands $options" -- "$word")
+    _vornik_cli_choice "$word" "$_vornik_cli_commands $options"
     return
   fi
   # The value of the option in front.
   case $before in
-    --seconds) return ;;
-    --frequency) mapfile -t COMPREPLY < <(compgen -W "50 60" -- "$word") ;;
+    --seconds | --station | --filter | --samplings | --blocks | --interval) ;;
+    --round | --channels | --start | --utc-offset) ;;
+    --frequency) _vornik_cli_choice "$word" "50 60" ;;
+    --current) _vornik_cli_choice "$word" "A mA" ;;
+    --voltage) _vornik_cli_choice "$word" "kV V mV" ;;
+    --format) _vornik_cli_choice "$word" "text worksheet comtrade cff" ;;
+    --every) _vornik_cli_choice "$word" "1h 30m 10m" ;;
+    --to) _vornik_cli_choice "$word" "comtrade-1999 comtrade-2013 cff" ;;
+    --unit) _vornik_cli_list "$word" "A mA kV V mV" ;;
+    --folder | --output) _vornik_cli_files "$word" ;;
     --fail-on) _vornik_cli_list "$word" "loss synch silence" ;;
     --metrics) _vornik_cli_files "$word" .prom ;;
     *) _vornik_cli_words "$command" "$word" ;;
@@ -63,11 +84,12 @@ _vornik_cli_words() {
   local command=$1 word=$2 options
   _vornik_cli_options "$command"
   if [[ $word == -* ]]; then
-    mapfile -t COMPREPLY < <(compgen -W "$options" -- "$word")
+    _vornik_cli_choice "$word" "$options"
     return
   fi
   case $command in
-    streams | watch | report) _vornik_cli_adapters "$word" ;;
+    streams | watch | report | values | record) _vornik_cli_adapters "$word" ;;
+    check | convert) _vornik_cli_files "$word" .txt ;;
   esac
 }
 

@@ -23,7 +23,8 @@ FOLDER = "StoredData"
 # What is offered for an argument of this name.
 FILES_OF_ARGUMENT = {"ADAPTER": CAPTURES, "FILE": RECORDINGS}
 # What is offered behind options whose help names no choice in braces.
-LISTS = {"--fail-on": {"loss", "synch", "silence"}}
+LISTS = {"--fail-on": {"loss", "synch", "silence"}, "--frequency": {"50", "60"},
+         "--unit": {"A", "mA", "kV", "V", "mV"}, "--every": {"1h", "30m", "10m"}}
 FOLDERS = {"--folder", "--output"}
 
 # Tells what the function of the completion leaves for a line, whose last word is the one to complete.

@@ -32,7 +32,8 @@ def sections(text, opening):
 
 
 def check_manual(text, options):
-    text = text.replace("\\-", "-")
+    # A line may go on behind a backslash.
+    text = text.replace("\\-", "-").replace("\\\n", "")
     chapters = sections(text, r"^\.SH (.*)$")
     described = sections(chapters["COMMANDS"], r'^\.SS "?([\w-]+).*$')
     compare("manual, COMMANDS", set(described), set(options))

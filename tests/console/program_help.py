@@ -3,6 +3,10 @@ import re
 import subprocess
 
 
+# What may stand behind a flag.
+NO_VALUES = ("Excludes:", "Needs:", "REQUIRED")
+
+
 def told(program, *words):
     """The lines of a help; a program that refuses it ends the test."""
     return subprocess.run([program, *words, "--help"], check=True, capture_output=True,
@@ -32,6 +36,8 @@ def options(program, *words):
             if not option:
                 continue
             value = option.group(2) or ""
+            if value in NO_VALUES:
+                value = ""
             choice = re.search(r"{(.+)}", value)
             found[option.group(1)] = set(choice.group(1).split(",")) if choice else value
     return found

@@ -135,7 +135,9 @@ with tempfile.TemporaryDirectory() as name:
     try:
         for check in [check_rights, check_watch, check_record, check_ends]:
             check(folder / "found")
-    except FileNotFoundError as error:
-        faults.append(str(error))
+    except (FileNotFoundError, KeyError) as error:
+        faults.append(f"{error!r} is missing")
+    if faults:
+        faults.extend(journal.read_text() for journal in (folder / "found").glob("*.journal"))
 print("\n".join(faults))
 sys.exit(1 if faults else 0)

@@ -1,6 +1,12 @@
 #!/bin/sh
 # What is done in the container of units_trial.py, beside whose files it lies. What it finds goes to /found.
 set -eu
+tell_journals() {
+  for name in watch@bus record@bus record@wrong; do
+    journalctl --no-pager --output=cat --unit="vornik-$name" >"/found/$name.journal"
+  done
+}
+trap tell_journals EXIT
 ip link add bus type veth peer name far
 ip link set bus up
 ip link set far up
@@ -23,9 +29,6 @@ setpriv --reuid=65534 --regid=65534 --clear-groups cat /run/vornik/watch-bus/vor
 
 for name in watch@bus record@bus; do
   systemctl stop "vornik-$name"
-done
-for name in watch@bus record@bus record@wrong; do
-  journalctl --no-pager --output=cat --unit="vornik-$name" >"/found/$name.journal"
 done
 cp -r /var/lib/vornik/record-bus/. /found/recordings
 kill "$publisher"
