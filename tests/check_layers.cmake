@@ -54,7 +54,7 @@ set(posix_headers condition_variable fcntl.h mutex signal.h spawn.h sys/stat.h s
     systemd/sd-bus.h thread unistd.h)
 
 # What the face without a window may take: the core's headers, texts to write to, options and JSON.
-set(console_headers ${core_headers} cstdio numbers CLI/CLI.hpp nlohmann/json.hpp)
+set(console_headers ${core_headers} cstdio deque numbers CLI/CLI.hpp nlohmann/json.hpp)
 
 set(failures "")
 file(GLOB folders RELATIVE "${ROOT}/src" "${ROOT}/src/*")

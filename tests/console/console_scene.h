@@ -32,9 +32,7 @@ class ConsoleScene : public testing::Test {
     return console::Run(static_cast<int>(arguments.size()), arguments.data(), Machine);
   }
   /// The played computer with other files.
-  console::Machine MachineWith(platform::FileSystem& files) {
-    return MachineWith(files, Calendar);
-  }
+  console::Machine MachineWith(platform::FileSystem& files) { return MachineWith(files, Calendar); }
   console::Machine MachineWith(platform::FileSystem& files, const platform::Calendar& calendar) {
     return {.Results = Results,
             .Notes = Notes,

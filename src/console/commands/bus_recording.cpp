@@ -17,9 +17,9 @@ constexpr std::chrono::minutes ProgressElsewhere{1};
 BusRecording::BusRecording(const Machine& machine, const Setup& setup, std::chrono::seconds every)
     : machine_(machine), setup_(setup), every_(every), notes_(machine.Notes, machine.OnTerminal) {
   for (std::size_t station = 0; station < setup.Stations.size(); ++station) {
-    recordings_.emplace(machine.Code.FromUtf8(setup.Stations[station]),
-                        std::make_unique<StreamRecording>(machine.Files, machine.Calendar,
-                                                          WishOf(station)));
+    recordings_.emplace(
+        machine.Code.FromUtf8(setup.Stations[station]),
+        std::make_unique<StreamRecording>(machine.Files, machine.Calendar, WishOf(station)));
   }
 }
 

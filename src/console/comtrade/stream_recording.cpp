@@ -27,8 +27,8 @@ std::vector<ComtradeChannel> ChannelsOf(std::size_t count) {
   const StoredRange range = RangeOf(ComtradeForm::Binary32);
   std::vector<ComtradeChannel> channels;
   for (std::size_t k = 0; k < count; ++k) {
-    ComtradeChannel channel{"Value " + std::to_string(k + 1), "", "NONE", 1, range.Least,
-                            range.Greatest};
+    ComtradeChannel channel{
+        "Value " + std::to_string(k + 1), "", "NONE", 1, range.Least, range.Greatest};
     if (count == UsualChannels) {
       const bool current = k < UsualChannels / 2;
       channel.Name = Names[k];
