@@ -33,7 +33,7 @@ TEST_F(CaptureAdvice, TellsHowToGetTheRight) {
   EXPECT_EQ(Text(),
             "There is no right to capture from the network interfaces: eth0, lo.\n"
             "To grant the right on Linux, run\n"
-            "  sudo setcap cap_net_raw,cap_net_admin+eip /usr/bin/vornik\n"
+            "  sudo setcap cap_net_raw+ep /usr/bin/vornik\n"
             "and start the program again.");
 }
 

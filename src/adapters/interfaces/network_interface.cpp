@@ -134,7 +134,7 @@ Reach PresentState(const std::string& name) {
 }
 
 std::string RightsAdvice(const std::string& programPath) {
-  return "To grant the right on Linux, run\n  sudo setcap cap_net_raw,cap_net_admin+eip " +
+  return "To grant the right on Linux, run\n  sudo setcap cap_net_raw+ep " +
          (programPath.empty() ? "<path of the program>" : programPath) +
          "\nand start the program again.";
 }

@@ -1,5 +1,6 @@
 #include "console/commands/watch.h"
 
+#include <algorithm>
 #include <map>
 
 #include "base/failure.h"
@@ -9,6 +10,13 @@
 #include "console/iso_time.h"
 
 namespace console {
+
+namespace {
+
+/// A bus on which nothing has ever come is silent behind so many seconds.
+constexpr int PatienceInSeconds = 5;
+
+}  // namespace
 
 CLI::App* WatchCommand::Declare(CLI::App& program) {
   const std::map<std::string, AlarmKind> kinds{
@@ -66,6 +74,12 @@ void WatchCommand::WriteMetrics(const Machine& machine) {
 }
 
 void WatchCommand::LookForAlarms(const Machine& machine) {
+  const bool forSilence =
+      std::find(failOn_.begin(), failOn_.end(), AlarmKind::Silence) != failOn_.end();
+  if (forSilence && bus_->Streams().empty() && ++secondsWithoutAny_ == PatienceInSeconds) {
+    alarm_ = true;
+    machine.Notes << "vornik-cli: no stream has come yet." << std::endl;
+  }
   for (const auto& stream : bus_->Streams()) {
     const std::optional<std::string> words = AlarmOf(*stream, failOn_, machine.Code);
     if (!words) continue;

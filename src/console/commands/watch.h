@@ -30,6 +30,7 @@ class WatchCommand : public Command {
   std::uint32_t frequency_ = 50;
   std::optional<BusStreams> bus_;
   bool alarm_ = false;
+  int secondsWithoutAny_ = 0;
   /// What kept the metrics from being written last; empty where nothing did.
   std::string metricsTrouble_;
 };

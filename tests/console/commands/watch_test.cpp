@@ -86,6 +86,13 @@ TEST_F(WatchCommandScene, EndAtSilenceAndNotBeforeAStreamCame) {
   EXPECT_GT(Clock.Now(), 7s);
 }
 
+TEST_F(WatchCommandScene, EndAtABusOnWhichNothingEverComes) {
+  Taps.IsFile = false;
+  EXPECT_EQ(Run({"watch", "eth0", "--fail-on", "silence"}), ExitCode::Alarm);
+  EXPECT_EQ(Notes.str(), "vornik-cli: no stream has come yet.\n");
+  EXPECT_LT(Clock.Now(), 10s);
+}
+
 TEST_F(WatchCommandScene, EndAtASynchronisationThatIsLostOrChanges) {
   synch_ = 0;
   Send(0, 4001);
