@@ -59,9 +59,17 @@ std::unique_ptr<platform::BusTap> SystemBusTaps::Open(const std::string& name,
     case NamedPlace::Kind::File:
       return std::make_unique<FileTap>(place.File, clock_, pace);
     default:
-      return std::make_unique<SourceTap>(
-          std::make_unique<PcapSource>(place.Name, paths_.Program.string()), clock_);
+      return std::make_unique<SourceTap>(NewSource(place.Name), clock_);
   }
+}
+
+std::unique_ptr<FrameSource> SystemBusTaps::NewSource(const std::string& name) const {
+  // One that was never there is a name written wrongly, and no interface that went away.
+  if (PresentState(name) == Reach::Missing) {
+    throw platform::Failure(platform::failure::SubscriptOutOfRange,
+                            "There is no adapter " + name + "; 'vornik-cli adapters' lists them.");
+  }
+  return std::make_unique<PcapSource>(name, paths_.Program.string());
 }
 
 std::string SystemBusTaps::TitleOfInterface(const std::string& name) const {
@@ -81,9 +89,8 @@ std::unique_ptr<platform::NamedCapture> SystemBusTaps::OpenCapture(const std::st
     case NamedPlace::Kind::File:
       return std::make_unique<FileCapture>(place.File, clock_, pace);
     default:
-      return std::make_unique<LiveCapture>(
-          TitleOfInterface(place.Name),
-          std::make_unique<PcapSource>(place.Name, paths_.Program.string()), clock_);
+      return std::make_unique<LiveCapture>(TitleOfInterface(place.Name), NewSource(place.Name),
+                                           clock_);
   }
 }
 

@@ -46,6 +46,8 @@ class SystemBusTaps : public platform::BusTaps, public platform::NamedCaptures {
                                                       platform::TapPace pace) override;
 
  private:
+  /// Fails where there is no such interface.
+  std::unique_ptr<FrameSource> NewSource(const std::string& name) const;
   std::string TitleOfInterface(const std::string& name) const;
 
   const platform::Clock& clock_;

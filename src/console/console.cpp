@@ -43,6 +43,7 @@ ExitCode CodeOf(const platform::Failure& failure) {
     case failure::PermissionDenied:
       return ExitCode::NotPermitted;
     case failure::FilterRefused:
+    case failure::SubscriptOutOfRange:
       return ExitCode::WrongUse;
     default:
       return ExitCode::FileTrouble;
