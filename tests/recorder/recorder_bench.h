@@ -27,7 +27,7 @@ class NotedReader : public packetroutines::RecordReader {
     if (AtView) AtView();
     if (Behind != nullptr) Behind->ViewRecording();
   }
-  void WriteLog(packetroutines::GapSearch followed) override {
+  void WriteLog(const packetroutines::GapSearch& followed) override {
     journal_.emplace_back("followed log");
     if (Behind != nullptr) Behind->WriteLog(followed);
   }

@@ -114,7 +114,7 @@ void Recording::BuildRecordLog(bool& nothingToRead) {
   Program().Recorder.Reading.BuildRecordLog(nothingToRead);
 }
 
-void Recording::WriteLog(packetroutines::GapSearch followed) {
+void Recording::WriteLog(const packetroutines::GapSearch& followed) {
   Program().Recorder.Reading.WriteLog(followed);
 }
 

@@ -42,7 +42,7 @@ class Recording : private subroutines::EndListener, private packetroutines::Reco
   void RecordingEnded(subroutines::EndReason reason) override { ended_ = reason; }
   void BuildRecordLog(bool& nothingToRead) override;
   void ViewRecording() override {}
-  void WriteLog(packetroutines::GapSearch followed) override;
+  void WriteLog(const packetroutines::GapSearch& followed) override;
 
   formroutines::Application& Program() { return instrument_.Program(); }
   std::uint64_t FramesOf(std::size_t stream);

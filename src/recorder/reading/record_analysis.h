@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <string>
-#include <utility>
 
 #include "capture/packet_bytes.h"
 #include "forms/recorder_controls.h"
@@ -22,7 +21,7 @@ class RecordAnalysis : public RecordReader {
 
   void BuildRecordLog(bool& nothingToRead) override { log_.BuildRecordLog(nothingToRead); }
   void ViewRecording() override { view_.ViewRecording(); }
-  void WriteLog(GapSearch followed) override { log_.WriteLog(std::move(followed)); }
+  void WriteLog(const GapSearch& followed) override { log_.WriteLog(followed); }
 
  private:
   void OpenTextFile();

@@ -67,10 +67,11 @@ void RecordLog::Analyse(std::int32_t lines) {
   WriteLog(gaps, gaps.Finish());
 }
 
-void RecordLog::WriteLog(GapSearch followed) {
-  const LongestRun run = followed.Finish();
+void RecordLog::WriteLog(const GapSearch& followed) {
+  GapSearch gaps = followed;
+  const LongestRun run = gaps.Finish();
   try {
-    WriteLog(followed, run);
+    WriteLog(gaps, run);
   } catch (const Failure&) {
     // With it the recording would count as one that was checked.
     context_.Open.DeleteQuietly(context_.LogPath());

@@ -27,7 +27,7 @@ class RecordLog {
   void BuildRecordLog(bool& nothingToRead);
   /// Writes the log of a file whose lines were followed while they were written. A log that cannot
   /// be written whole is taken away, and the failure leaves through here.
-  void WriteLog(GapSearch followed);
+  void WriteLog(const GapSearch& followed);
 
  private:
   std::int32_t CountLines();

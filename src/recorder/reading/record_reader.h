@@ -12,7 +12,7 @@ class RecordReader {
   virtual void BuildRecordLog(bool& nothingToRead) = 0;
   virtual void ViewRecording() = 0;
   /// Writes the log of a recording whose samples were followed while they were stored.
-  virtual void WriteLog(GapSearch followed) = 0;
+  virtual void WriteLog(const GapSearch& followed) = 0;
 };
 
 }  // namespace packetroutines
