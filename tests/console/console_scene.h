@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <filesystem>
 #include <functional>
 #include <nlohmann/json.hpp>
 #include <sstream>
@@ -49,6 +51,15 @@ class ConsoleScene : public testing::Test {
                   if (WhileResting) WhileResting();
                 },
             .EndAsked = [this] { return EndAsked; }};
+  }
+  /// What lies in a folder, in the order of the alphabet.
+  static std::vector<std::string> NamesIn(const std::string& folder) {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+      names.push_back(entry.path().filename().string());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
   }
   nlohmann::json Json() const { return nlohmann::json::parse(Results.str()); }
   /// The stream of a bus's only one.

@@ -10,14 +10,19 @@ trap tell_journals EXIT
 ip link add bus type veth peer name far
 ip link set bus up
 ip link set far up
-/usr/bin/python3 /trial/publisher.py --interface far --duration 60 \
+/usr/bin/python3 /trial/publisher.py --interface far --duration 100 \
   --stream id=FIRST,tag=4:5 --stream id=SECOND >/dev/null &
 publisher=$!
 
 systemctl start vornik-watch@bus vornik-record@bus
 # With a word that there is not for its format.
 systemctl start vornik-record@wrong
-sleep 6
+# A busy computer takes its time until the first ring is stored.
+for second in $(seq 50); do
+  sleep 1
+  stored=$(cat /var/lib/vornik/record-bus/SV*.txt 2>/dev/null | wc -l)
+  if [ -s /run/vornik/watch-bus/vornik.prom ] && [ "$stored" -ge 4000 ]; then break; fi
+done
 
 for name in watch record; do
   pid=$(systemctl show -P MainPID "vornik-$name@bus")

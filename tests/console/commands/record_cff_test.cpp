@@ -51,14 +51,7 @@ class RecordCffScene : public ConsoleScene {
     words.insert(words.end(), more.begin(), more.end());
     return Run(words);
   }
-  std::vector<std::string> Names() const {
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(Data)) {
-      names.push_back(entry.path().filename().string());
-    }
-    std::sort(names.begin(), names.end());
-    return names;
-  }
+  std::vector<std::string> Names() const { return NamesIn(Data); }
   Single Read(const std::string& name) const { return Single(support::BytesOf(Data + "/" + name)); }
 
   const std::string Data = Folder.File("data");

@@ -30,14 +30,7 @@ class RecordCommandScene : public ConsoleScene {
     words.insert(words.end(), more.begin(), more.end());
     return words;
   }
-  std::vector<std::string> Names() const {
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(Data)) {
-      names.push_back(entry.path().filename().string());
-    }
-    std::sort(names.begin(), names.end());
-    return names;
-  }
+  std::vector<std::string> Names() const { return NamesIn(Data); }
   std::string Content(const std::string& name) const { return support::BytesOf(Data + "/" + name); }
   static auto LinesOf(const std::string& text) {
     return std::count(text.begin(), text.end(), '\n');
