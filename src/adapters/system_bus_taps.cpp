@@ -64,9 +64,10 @@ std::unique_ptr<platform::BusTap> SystemBusTaps::Open(const std::string& name,
 }
 
 std::unique_ptr<FrameSource> SystemBusTaps::NewSource(const std::string& name) const {
-  // One that was never there is a name written wrongly, and no interface that went away.
+  // A name written wrongly, or a card that the system has not found yet: who restarts the program
+  // until it is there must not take it for a wrong command line.
   if (PresentState(name) == Reach::Missing) {
-    throw platform::Failure(platform::failure::SubscriptOutOfRange,
+    throw platform::Failure(platform::failure::DeviceIo,
                             "There is no adapter " + name + "; 'vornik-cli adapters' lists them.");
   }
   return std::make_unique<PcapSource>(name, paths_.Program.string());
