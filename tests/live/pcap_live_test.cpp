@@ -223,6 +223,30 @@ TEST_F(NetworkInterfaceScene, GoesOnWithADeliveryWhoseInterfaceWasSwitchedOffFor
   EXPECT_GT(SentUntilOneArrives(Numbered(1)), 0U);
 }
 
+TEST_F(NetworkInterfaceScene, BeginsItsNextDeliveryWhereItsInterfaceWasSwitchedOffInARest) {
+  source_.Prepare(Settings());
+  source_.Start();
+  live::Sender().Send(Numbered(1));
+  EXPECT_EQ(ReadAll().size(), 1U);
+  source_.Stop();
+  live::Run("ip link set " + live::NearEnd + " down");
+  EXPECT_EQ(FailureOf([&] { source_.Start(); }), 0) << "no filter was refused";
+  EXPECT_EQ(ReadAll().size(), 0U);
+  source_.Stop();
+  EXPECT_EQ(FailureOf([&] { source_.Start(); }), 0);
+  live::Run("ip link set " + live::NearEnd + " up");
+  EXPECT_GT(SentUntilOneArrives(Numbered(2)), 0U);
+}
+
+TEST_F(NetworkInterfaceScene, BeginsItsNextDeliveryWhereItsInterfaceIsBackAlready) {
+  source_.Prepare(Settings());
+  source_.Start();
+  source_.Stop();
+  live::Run("ip link set " + live::NearEnd + " down; ip link set " + live::NearEnd + " up");
+  EXPECT_EQ(FailureOf([&] { source_.Start(); }), 0) << "no filter was refused";
+  EXPECT_GT(SentUntilOneArrives(Numbered(1)), 0U);
+}
+
 TEST_F(NetworkInterfaceScene, ReopensAnInterfaceThatWasReplacedWhileStopped) {
   source_.Prepare(Settings());
   live::CutWire();

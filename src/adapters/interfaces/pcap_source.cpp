@@ -110,10 +110,9 @@ void PcapSource::Listen() {
   if (running_) return;
   Drain();
   // An interface that went away between two bursts yields nothing, like one that goes away in a
-  // burst.
-  if (!lost_ && pcap_setfilter(handle_.get(), &program_->Code()) != 0) {
-    throw RefusedFilter(settings_.Filter, pcap_geterr(handle_.get()));
-  }
+  // burst. The expression was compiled, so what refuses it here is such an interface; it may be
+  // back by now, but the handle has met the trouble.
+  if (!lost_) lost_ = pcap_setfilter(handle_.get(), &program_->Code()) != 0;
 }
 
 void PcapSource::Stop() {
@@ -127,10 +126,10 @@ void PcapSource::TakeNoMore() {
 }
 
 void PcapSource::RejectAll() {
-  // What comes while stopped would only fill the ring and count as lost. Where the interface is
-  // gone this may fail, and nothing comes any more.
+  // What comes while stopped would only fill the ring and count as lost. Where this fails, the
+  // interface has gone or was switched off.
   bpf_program reject = RejectEverything();
-  pcap_setfilter(handle_.get(), &reject);
+  if (pcap_setfilter(handle_.get(), &reject) != 0) lost_ = true;
 }
 
 void PcapSource::Release() {
