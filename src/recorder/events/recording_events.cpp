@@ -268,6 +268,15 @@ void RecordingEvents::AdapterChanged(platform::Presence presence) {
   Write();
 }
 
+bool RecordingEvents::WorthAFile() const {
+  // The files before have told of the recording: an end in front of the first ring of the next ones
+  // leaves nothing to stand beside. A stream that has ceased is told of all the same.
+  const bool further = goesOnFrom_ != StreamWatch::Time{0};
+  return std::any_of(streams_.begin(), streams_.end(), [further](const Stream& each) {
+    return each.Stored > 0 || each.Lost > 0 || (each.Met && (!further || each.Silent));
+  });
+}
+
 void RecordingEvents::End(const std::string& why) {
   if (!running_) return;
   running_ = false;
@@ -280,8 +289,9 @@ void RecordingEvents::End(const std::string& why) {
     if (streams_[stream].Met) TellStretch(stream, streams_[stream].InFile);
     TellSilentEnd(stream);
   }
-  if (!streams_[0].Met && !streams_[1].Met && !file_.IsThere()) {
+  if (!file_.IsThere() && !WorthAFile()) {
     file_.LeaveOut();
+    Write();
     return;
   }
   for (std::size_t stream = 0; stream < streams_.size(); ++stream) TellTotals(stream);

@@ -84,6 +84,8 @@ class RecordingEvents : public RingWitness, public AdapterConsumer {
   void LookForFile(std::size_t stream);
   void CountStored(std::size_t stream);
   void TellSystem();
+  /// Something befell the files at hand that stands nowhere else.
+  bool WorthAFile() const;
   void TellTotals(std::size_t stream);
   void Write();
   std::string Settings() const;

@@ -180,6 +180,37 @@ TEST_F(RecordingParts, TellTheirOwnEvents) {
               ElementsAre(testing::HasSubstr("the recording goes on in \"\"" + Name(9, ".txt"))));
 }
 
+TEST_F(RecordingParts, HaveNoEventsWhereTheEndLiesOnASeam) {
+  Run(bench, "TXT");
+  Record(bench, 0, 2);
+  EXPECT_EQ(bench.Session.FilesBefore(), 1);
+  bench.Frames(4, "MU01", 1);
+  bench.Main.CWButton3.Value = false;
+  EXPECT_EQ(Told(bench, "total", 7).size(), 1U);
+  EXPECT_EQ(bench.Content("Events " + Name(9, ".csv")), "missing") << "there is no recording";
+}
+
+TEST_F(RecordingParts, TellOfAStreamThatCeasedBehindASeam) {
+  Run(bench, "TXT");
+  Record(bench, 0, 2);
+  bench.Frames(4, "MU01", 1);
+  bench.Clock.Advance(1h);
+  bench.Main.CWButton3.Value = false;
+  EXPECT_EQ(Told(bench, "samples missing", 9).size(), 1U) << "none of an hour came";
+}
+
+TEST_F(RecordingParts, TellAtAnEndOnASeamWhatTheDiskDidNotTake) {
+  bench.Disk.Apart = "Events ";
+  Run(bench, "TXT");
+  Record(bench, 0, 1);
+  bench.Disk.Refusal = platform::failure::PermissionDenied;
+  Record(bench, 1, 1);
+  bench.Disk.Refusal = 0;
+  bench.Frames(4, "MU01", 1);
+  bench.Main.CWButton3.Value = false;
+  EXPECT_EQ(Told(bench, "total", 9).size(), 1U) << "that of the file before";
+}
+
 TEST_F(RecordingParts, TellLaterWhatTheDiskDidNotTake) {
   bench.Disk.Apart = "Events ";
   Run(bench, "TXT");
