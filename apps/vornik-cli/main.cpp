@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <csignal>
 #include <filesystem>
 #include <iostream>
 #include <memory>
@@ -36,6 +37,8 @@ void SleepOrEnd(const host::TerminationSignals& signals, std::chrono::nanosecond
 
 int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
+  // A recording goes on where nobody reads the names of its files any more.
+  std::signal(SIGPIPE, SIG_IGN);
   const adapters::SteadyClock clock;
   const adapters::Windows1252 code;
   const platform::NumberText numbers;
@@ -61,7 +64,5 @@ int main(int argc, char** argv) {
       .OnTerminal = isatty(STDERR_FILENO) != 0,
       .Awake = awake.get(),
       .Sync = sync.get()};
-  const console::ExitCode exitCode = console::Run(argc, argv, machine);
-  std::cout.flush();
-  return static_cast<int>(exitCode);
+  return static_cast<int>(console::Run(argc, argv, machine));
 }

@@ -23,8 +23,6 @@ namespace console {
 
 namespace {
 
-namespace failure = platform::failure;
-
 std::vector<std::unique_ptr<Command>> AllCommands() {
   std::vector<std::unique_ptr<Command>> commands;
   commands.push_back(std::make_unique<AdaptersCommand>());
@@ -36,18 +34,6 @@ std::vector<std::unique_ptr<Command>> AllCommands() {
   commands.push_back(std::make_unique<CheckCommand>());
   commands.push_back(std::make_unique<ConvertCommand>());
   return commands;
-}
-
-ExitCode CodeOf(const platform::Failure& failure) {
-  switch (failure.Number()) {
-    case failure::PermissionDenied:
-      return ExitCode::NotPermitted;
-    case failure::FilterRefused:
-    case failure::SubscriptOutOfRange:
-      return ExitCode::WrongUse;
-    default:
-      return ExitCode::FileTrouble;
-  }
 }
 
 ExitCode RunChosen(Command& command, const Machine& machine) {
@@ -63,6 +49,15 @@ ExitCode RunChosen(Command& command, const Machine& machine) {
     machine.Notes << "vornik-cli: " << unexpected.what() << std::endl;
     return ExitCode::FileTrouble;
   }
+}
+
+/// What a command has done is not done where its results were not taken. An alarm stays one, since
+/// who waits for it goes by the code.
+ExitCode WithResults(ExitCode code, const Machine& machine) {
+  machine.Results.flush();
+  if (machine.Results.good()) return code;
+  machine.Notes << "vornik-cli: the results could not be written." << std::endl;
+  return code == ExitCode::Done || code == ExitCode::NothingReceived ? ExitCode::FileTrouble : code;
 }
 
 }  // namespace
@@ -86,10 +81,10 @@ ExitCode Run(int argc, const char* const* argv, const Machine& machine) {
     program.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     const int code = program.exit(error, machine.Results, machine.Notes);
-    return code == 0 ? ExitCode::Done : ExitCode::WrongUse;
+    return WithResults(code == 0 ? ExitCode::Done : ExitCode::WrongUse, machine);
   }
   for (const auto& [words, command] : declared) {
-    if (words->parsed()) return RunChosen(*command, machine);
+    if (words->parsed()) return WithResults(RunChosen(*command, machine), machine);
   }
   return ExitCode::WrongUse;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/failure.h"
+
 namespace console {
 
 /// What the program leaves to who started it.
@@ -16,5 +18,8 @@ enum class ExitCode : int {
   /// What was watched for has happened.
   Alarm = 5
 };
+
+/// What a failure that ends a command leaves.
+ExitCode CodeOf(const platform::Failure& failure);
 
 }  // namespace console

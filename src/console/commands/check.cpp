@@ -1,5 +1,7 @@
 #include "console/commands/check.h"
 
+#include <algorithm>
+
 #include "base/failure.h"
 #include "console/commands/checked_recording.h"
 #include "console/commands/recording_name.h"
@@ -79,7 +81,7 @@ ExitCode CheckCommand::Run(const Machine& machine) {
       if (log_) StoreLog(checked, machine);
     } catch (const platform::Failure& failure) {
       machine.Notes << "vornik-cli: " << path << ": " << failure.Text() << std::endl;
-      code = ExitCode::FileTrouble;
+      code = std::max(code, CodeOf(failure));
     }
   }
   if (json_) {

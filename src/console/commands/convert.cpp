@@ -5,6 +5,7 @@
 #include <chrono>
 
 #include "base/failure.h"
+#include "console/commands/number_within.h"
 
 namespace console {
 
@@ -116,7 +117,7 @@ CLI::App* ConvertCommand::Declare(CLI::App& program) {
   words->add_option("--utc-offset", ahead_,
                     "what its clock is ahead of Greenwich; that of this computer unless told");
   words->add_option("--frequency", frequency_, "of the mains in Hz; by the counter unless told")
-      ->check(CLI::PositiveNumber);
+      ->check(MainsFrequency());
   words->add_option("--round", round_, "samples behind which the counter begins anew; learnt")
       ->check(CLI::Range(2, 65536));
   words->add_option("--output", folder_, "folder for the files; that of the recording unless told");

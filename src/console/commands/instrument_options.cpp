@@ -4,6 +4,8 @@
 #include <array>
 #include <string_view>
 
+#include "console/commands/number_within.h"
+
 namespace console {
 
 namespace {
@@ -39,12 +41,12 @@ void InstrumentOptions::Declare(CLI::App& command, std::size_t mostStations,
       ->check([](const std::string& id) {
         return std::string(id.empty() ? "the ID of a station is not empty" : "");
       });
-  command.add_option("--seconds", Seconds, secondsHelp)->check(CLI::PositiveNumber);
+  command.add_option("--seconds", Seconds, secondsHelp)->check(SomeSeconds());
   command.add_flag("--fast", fast_, "read a capture file as fast as it can be read");
   command.add_option("--filter", filter_,
                      "what the capture filter has behind 'ether proto 0x88ba'");
   command.add_option("--frequency", frequency_, "of the mains, in Hz; 50 unless told")
-      ->check(CLI::PositiveNumber);
+      ->check(MainsFrequency());
   command.add_option("--samplings", samplings_, "samples of a block; 400 unless told")
       ->check(CLI::Range(1, MostSamplings));
   command.add_option("--current", current_, "unit of the currents: A or mA")

@@ -1,6 +1,7 @@
 #include "console/commands/listening.h"
 
 #include "base/failure.h"
+#include "console/commands/number_within.h"
 
 namespace console {
 
@@ -18,7 +19,7 @@ constexpr int FramesATurn = 256;
 void Listening::Declare(CLI::App& command, const std::string& secondsHelp) {
   command.add_option("ADAPTER", adapter_, "what 'vornik-cli adapters' lists, or a capture file")
       ->required();
-  command.add_option("--seconds", Seconds, secondsHelp)->check(CLI::PositiveNumber);
+  command.add_option("--seconds", Seconds, secondsHelp)->check(SomeSeconds());
   command.add_flag("--fast", fast_, "read a capture file as fast as it can be read");
 }
 

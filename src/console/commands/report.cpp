@@ -20,8 +20,10 @@ std::string KeyOf(const sv::Frame& frame) {
   sv::AsduReader reader(frame);
   sv::Asdu asdu;
   reader.Next(asdu);
+  const std::string vlan =
+      frame.TagCount == 0 ? "-" : std::to_string(frame.Tags[frame.TagCount - 1].Vlan());
   return platform::HexAddressText(frame.Source) + platform::HexAddressText(frame.Destination) +
-         platform::HexWordText(frame.AppId) + std::string(asdu.SvId);
+         platform::HexWordText(frame.AppId) + vlan + '/' + std::string(asdu.SvId);
 }
 
 std::string Title(const sv::WordLine& line) {
@@ -77,7 +79,8 @@ void ReportCommand::Report(const platform::CapturedFrame& captured, const Machin
 ExitCode ReportCommand::Run(const Machine& machine) {
   listening_.Begin(machine);
   if (!listening_.Seconds && !listening_.Tap().Ends()) listening_.Seconds = UsualSeconds;
-  listening_.Go([&](const platform::CapturedFrame& frame) { Report(frame, machine); });
+  listening_.Go([&](const platform::CapturedFrame& frame) { Report(frame, machine); },
+                [&] { return machine.Results.good(); });
   listening_.TellTrouble();
   if (!listening_.Tap().Trouble().empty()) return ExitCode::FileTrouble;
   if (!met_.empty()) return ExitCode::Done;

@@ -52,7 +52,8 @@ CLI::App* ValuesCommand::Declare(CLI::App& program) {
   CLI::App* const words = program.add_subcommand(
       "values", "Measure the eight channels of a station: RMS, DC, magnitude and angle");
   options_.Declare(*words, 1, "measure for so long; until Ctrl+C unless told");
-  words->add_option("--blocks", blocks_, "end behind so many blocks")->check(CLI::PositiveNumber);
+  words->add_option("--blocks", blocks_, "end behind so many blocks")
+      ->check(CLI::Range(1, std::numeric_limits<std::int32_t>::max()));
   words->add_option("--interval", interval_, "between two blocks, in ms; 500 unless told")
       ->check(CLI::Range(0, std::int32_t{std::numeric_limits<std::int16_t>::max()}));
   words->add_flag("--json", json_, "a line of JSON a block");
@@ -92,7 +93,9 @@ ExitCode ValuesCommand::Run(const Machine& machine) {
                  [] { return false; });
   instrument.Do([&] { main.CWButton4.Value = true; });
   // Without data the run has ended, and its line has told so.
-  instrument.RunUntil([&] { return Enough(lasts()) || instrument.Boxes().NoDataTold(); });
+  instrument.RunUntil([&] {
+    return Enough(lasts()) || instrument.Boxes().NoDataTold() || !machine.Results.good();
+  });
   if (const std::string trouble = instrument.Capture().Trouble(); !trouble.empty()) {
     notes.Tell(trouble);
     return ExitCode::FileTrouble;

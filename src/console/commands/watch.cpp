@@ -16,11 +16,31 @@ namespace {
 /// A bus on which nothing has ever come is silent behind so many seconds.
 constexpr int PatienceInSeconds = 5;
 
+/// Nobody needs a file that could not become what it was made for.
+void DropQuietly(platform::FileSystem& files, const std::string& path) {
+  try {
+    if (files.FileExists(path)) files.DeleteFile(path);
+  } catch (const platform::Failure&) {
+    // What keeps it from going is the trouble that is told already.
+  }
+}
+
+/// A kind of alarm by its name, with a list of the names where there is none such.
+CLI::Validator NameOfKind() {
+  const auto take = [](std::string& text) {
+    const std::map<std::string, AlarmKind> kinds{
+        {"loss", AlarmKind::Loss}, {"synch", AlarmKind::Synch}, {"silence", AlarmKind::Silence}};
+    const auto found = kinds.find(text);
+    if (found == kinds.end()) return "'" + text + "' is none of loss, synch and silence";
+    text = std::to_string(static_cast<int>(found->second));
+    return std::string();
+  };
+  return {take, ""};
+}
+
 }  // namespace
 
 CLI::App* WatchCommand::Declare(CLI::App& program) {
-  const std::map<std::string, AlarmKind> kinds{
-      {"loss", AlarmKind::Loss}, {"synch", AlarmKind::Synch}, {"silence", AlarmKind::Silence}};
   CLI::App* const words = program.add_subcommand(
       "watch", "Tell every stream on a bus once a second, a line of JSON each, until Ctrl+C");
   listening_.Declare(*words, "watch for so long");
@@ -31,7 +51,7 @@ CLI::App* WatchCommand::Declare(CLI::App& program) {
                    "end with code 5 at the first of these: loss, synch, silence")
       ->delimiter(',')
       ->allow_extra_args(false)
-      ->transform(CLI::CheckedTransformer(kinds).description(""))
+      ->transform(NameOfKind())
       ->type_name("KIND[,KIND]");
   words->add_option("--frequency", frequency_, "nominal frequency in Hz, 50 unless told")
       ->check(CLI::IsMember({50, 60}));
@@ -64,6 +84,7 @@ void WatchCommand::WriteMetrics(const Machine& machine) {
     machine.Files.Rename(fresh, metrics_);
   } catch (const platform::Failure& failure) {
     trouble = failure.Text();
+    DropQuietly(machine.Files, fresh);
   }
   if (trouble == metricsTrouble_) return;
   machine.Notes << "vornik-cli: "
@@ -91,12 +112,10 @@ void WatchCommand::LookForAlarms(const Machine& machine) {
 ExitCode WatchCommand::Run(const Machine& machine) {
   listening_.Begin(machine);
   bus_.emplace(frequency_);
-  bool any = false;
   Seconds seconds(machine.Clock, [&](BusStreams::Time at) {
     if (!alarm_) SecondIsOver(at, machine);
   });
   const auto take = [&](const platform::CapturedFrame& frame) {
-    any = true;
     seconds.Frame(frame.Arrived);
     if (!alarm_) bus_->Take(frame);
   };
@@ -111,7 +130,10 @@ ExitCode WatchCommand::Run(const Machine& machine) {
   listening_.TellTrouble();
   if (alarm_) return ExitCode::Alarm;
   if (!listening_.Tap().Trouble().empty() || !metricsTrouble_.empty()) return ExitCode::FileTrouble;
-  return any ? ExitCode::Done : ExitCode::NothingReceived;
+  if (!bus_->Streams().empty()) return ExitCode::Done;
+  machine.Notes << "vornik-cli: no stream of sampled values came from " << listening_.Name() << "."
+                << std::endl;
+  return ExitCode::NothingReceived;
 }
 
 }  // namespace console

@@ -58,9 +58,15 @@ void Recording::Begin(std::chrono::nanoseconds every) {
 }
 
 void Recording::Look() {
-  lost_ = lost_ || Program().Recorder.Writing.Report.AnyLost();
+  LookForLosses();
   if (!AnyCame()) AwaitFrames();
   ShowProgress();
+}
+
+void Recording::LookForLosses() {
+  const packetroutines::DiskReport& report = Program().Recorder.Writing.Report;
+  lost_ = lost_ || report.AnyLost();
+  refused_ = refused_ || report.Refused(0) || report.Refused(1);
 }
 
 void Recording::AwaitFrames() {
@@ -137,7 +143,7 @@ void Recording::End() {
       }
     });
   }
-  lost_ = lost_ || Program().Recorder.Writing.Report.AnyLost();
+  LookForLosses();
   if (notes_.WritesOver()) notes_.ShowProgress(ProgressText());
   notes_.Close();
   TellFiles(name_);
@@ -145,7 +151,8 @@ void Recording::End() {
 
 ExitCode Recording::Outcome() {
   if (ended_ == EndReason::Refused) return ExitCode::WrongUse;
-  if (instrument_.Failed() || lost_ || ended_ == EndReason::DiskFull) return ExitCode::FileTrouble;
+  if (instrument_.Failed() || ended_ == EndReason::DiskFull) return ExitCode::FileTrouble;
+  if (lost_) return refused_ ? ExitCode::NotPermitted : ExitCode::FileTrouble;
   return OutcomeOfFrames();
 }
 

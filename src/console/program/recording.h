@@ -48,6 +48,7 @@ class Recording : private subroutines::EndListener, private packetroutines::Reco
   std::uint64_t FramesOf(std::size_t stream);
   bool AnyCame() { return FramesOf(0) > 0 || FramesOf(1) > 0; }
   bool AnyStored();
+  void LookForLosses();
   void AwaitFrames();
   void ShowProgress();
   std::string ProgressText();
@@ -68,6 +69,8 @@ class Recording : private subroutines::EndListener, private packetroutines::Reco
   std::string name_;
   bool anyFile_ = false;
   bool lost_ = false;
+  /// The right to write was missing.
+  bool refused_ = false;
 };
 
 }  // namespace console

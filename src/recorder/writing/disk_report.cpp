@@ -121,6 +121,7 @@ void DiskReport::Lose(std::size_t stream, std::int64_t rings, const Failure& rea
   if (!told.Failing) {
     told.Failing = true;
     told.Reason = reason.Text();
+    told.Refused = reason.Number() == platform::failure::PermissionDenied;
     told.Sentence = "not stored since " + Now() + ": " + told.Reason;
     if (told.Lost > 0) told.Sentence += "; " + RingsText(told.Lost) + " lost before";
     ShowLine();

@@ -42,6 +42,8 @@ class DiskReport {
   bool Gone(std::size_t stream) const;
   /// Why a ring of the stream was lost latest.
   const std::string& Reason(std::size_t stream) const { return streams_[stream].Reason; }
+  /// A ring was lost latest since the right to write is missing.
+  bool Refused(std::size_t stream) const { return streams_[stream].Refused; }
   /// Rings of the stream that were written since RUN, whatever became of their file, and files that
   /// went.
   std::int64_t Written(std::size_t stream) const { return streams_[stream].Written; }
@@ -83,6 +85,7 @@ class DiskReport {
     std::int64_t Lost = 0;
     bool Failing = false;
     std::string Reason;
+    bool Refused = false;
     /// What the line says of the stream.
     std::string Sentence;
   };

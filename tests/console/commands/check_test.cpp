@@ -2,6 +2,7 @@
 
 #include "console_scene.h"
 #include "recording_text.h"
+#include "support/failing_files.h"
 
 namespace console {
 namespace {
@@ -127,6 +128,18 @@ TEST_F(CheckCommandScene, ChecksTheOthersWhereOneCannotBe) {
   EXPECT_THAT(Results.str(), HasSubstr("Count of received samples        : 2\n"));
   EXPECT_EQ(Log("empty.txt"), "");
   EXPECT_NE(Log(), "");
+}
+
+TEST_F(CheckCommandScene, TellsWhereTheRightToReadIsMissing) {
+  const std::string file = Recorded(RecordingText({1, 2}));
+  support::FailingFiles guarded(Files);
+  guarded.FailingRead = 1;
+  guarded.Number = platform::failure::PermissionDenied;
+  const console::Machine machine = MachineWith(guarded);
+  const std::vector<const char*> words{"vornik-cli", "check", file.c_str()};
+  EXPECT_EQ(console::Run(static_cast<int>(words.size()), words.data(), machine),
+            ExitCode::NotPermitted);
+  EXPECT_EQ(Notes.str(), "vornik-cli: " + file + ": Permission denied\n");
 }
 
 }  // namespace

@@ -218,6 +218,29 @@ TEST_F(RecordCommandScene, TellOfADiskThatFails) {
   }
 }
 
+TEST_F(RecordCommandScene, TellOfAFolderThatMustNotBeWrittenTo) {
+  Bus.Add(3 * Ring + 10).Save(Folder.File("bus.pcap"));
+  support::FailingFiles guarded(Files);
+  guarded.Refusal = platform::failure::PermissionDenied;
+  const console::Machine machine = MachineWith(guarded);
+  const Words words = RecordWords();
+  std::vector<const char*> arguments{"vornik-cli"};
+  for (const std::string& word : words) arguments.push_back(word.c_str());
+  EXPECT_EQ(console::Run(static_cast<int>(arguments.size()), arguments.data(), machine),
+            ExitCode::NotPermitted);
+  EXPECT_THAT(Notes.str(), HasSubstr("Permission denied"));
+  EXPECT_THAT(Names(), testing::IsEmpty());
+}
+
+TEST_F(RecordCommandScene, GoOnWhereNobodyReadsTheNames) {
+  Bus.Add(3 * Ring + 1).Save(Folder.File("bus.pcap"));
+  Results.setstate(std::ios::badbit);
+  EXPECT_EQ(Run(RecordWords({"--every", "2s"})), ExitCode::FileTrouble);
+  EXPECT_EQ(LinesOf(Content(Name + ".txt")) + LinesOf(Content("SV record 09.03.2024 14-05-09.txt")),
+            3 * Ring);
+  EXPECT_THAT(Notes.str(), HasSubstr("the results could not be written"));
+}
+
 TEST_F(RecordCommandScene, RefuseWhatCannotBe) {
   EXPECT_EQ(Run({"record", "simulated", "--station", "X", "--folder", Data + "/away"}),
             ExitCode::FileTrouble);

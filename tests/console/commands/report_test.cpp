@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "console_scene.h"
 
 namespace console {
@@ -43,6 +45,25 @@ TEST_F(ReportCommandScene, ALineOfJsonForAProgram) {
   EXPECT_EQ(Json().at("arrived"), "2024-03-09T14:05:07.000000Z");
   EXPECT_EQ(Json().at("fields").at(0).at("value"), "whole");
   EXPECT_EQ(Json().at("dump").at(0).get<std::string>().substr(0, 10), "0000  01 0");
+}
+
+TEST_F(ReportCommandScene, SendersOfTwoVlansAreTwo) {
+  for (std::uint16_t i = 7; i < 20; ++i) {
+    Taps.Send(SvFrame("MU01").Count(i), 250us);
+    Taps.Send(SvFrame("MU01").Count(i).Vlan(4, 1), 0us);
+    Taps.Send(SvFrame("MU01").Count(i).Vlan(i % 2 == 0 ? 4 : 5, 2), 0us);
+  }
+  Run({"report", "file.pcap", "--json"});
+  const std::string text = Results.str();
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 3) << "a priority makes no sender";
+}
+
+TEST_F(ReportCommandScene, EndsWhereNobodyReadsIt) {
+  Taps.IsFile = false;
+  Taps.SendRun(SvFrame("MU01"), 0, 400'000, 250us);
+  Results.setstate(std::ios::badbit);
+  EXPECT_EQ(Run({"report", "eth0", "--seconds", "60"}), ExitCode::FileTrouble);
+  EXPECT_LT(Clock.Now(), 1s);
 }
 
 TEST_F(ReportCommandScene, NothingCame) {

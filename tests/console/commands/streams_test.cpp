@@ -168,8 +168,34 @@ TEST_F(StreamsCommandScene, WhatCannotBeOpenedHasACodeOfItsReason) {
   Taps.RefusedWith = platform::Failure(platform::failure::FileNotFound, "It is gone.");
   EXPECT_EQ(Run({"streams", "x.pcap"}), ExitCode::FileTrouble);
 
+  Taps.RefusedWith = platform::Failure(platform::failure::DeviceIo, "There is no adapter eth9.");
+  EXPECT_EQ(Run({"streams", "eth9"}), ExitCode::FileTrouble) << "the card may come yet";
+
   EXPECT_EQ(Run({"streams"}), ExitCode::WrongUse);
   EXPECT_EQ(Run({"streams", "eth0", "--seconds", "-1"}), ExitCode::WrongUse);
+}
+
+TEST_F(StreamsCommandScene, ATimeIsANumberInDigits) {
+  for (const char* text :
+       {"nan", "inf", "-1", "0", "1e3", "0x32", "1e300", "1000000001", "5s", "1.2.3", ".", ""}) {
+    EXPECT_EQ(Run({"streams", "eth0", "--seconds", text}), ExitCode::WrongUse) << text;
+  }
+  EXPECT_EQ(Run({"streams", "eth0", "--seconds", "nan"}), ExitCode::WrongUse);
+  EXPECT_EQ(Notes.str(),
+            "--seconds: 'nan' is no number from 0.0001 to 1000000000\n"
+            "Run with --help for more information.\n");
+  for (const char* text : {"0.5", ".5", "5."}) {
+    EXPECT_EQ(Run({"streams", "x.pcap", "--seconds", text}), ExitCode::NothingReceived) << text;
+  }
+}
+
+TEST_F(StreamsCommandScene, ResultsThatNobodyTakesAreATrouble) {
+  Send(0, 100);
+  Results.setstate(std::ios::badbit);
+  EXPECT_EQ(Run({"streams", "x.pcap"}), ExitCode::FileTrouble);
+  EXPECT_EQ(Notes.str(), "vornik-cli: the results could not be written.\n");
+  EXPECT_EQ(Run({"--help"}), ExitCode::FileTrouble);
+  EXPECT_EQ(Run({"streams"}), ExitCode::WrongUse);
 }
 
 TEST_F(StreamsCommandScene, ADamagedFileIsToldBehindWhatItHeld) {

@@ -124,7 +124,24 @@ TEST_F(ValuesCommandScene, LeaveTheFilesOfTheWindowAlone) {
   EXPECT_THAT(files.Made, testing::IsEmpty()) << "the folder for data is not its business";
 }
 
+TEST_F(ValuesCommandScene, EndWhereNobodyReadsThem) {
+  Results.setstate(std::ios::badbit);
+  EXPECT_EQ(Run({"values", "simulated", "--station", "VORNIK-SIM-1", "--seconds", "60"}),
+            ExitCode::FileTrouble);
+  EXPECT_LT(Clock.Now(), 5s);
+}
+
 TEST_F(ValuesCommandScene, RefuseWhatCannotBe) {
+  for (const char* text : {"nan", "1e300", "0x32", "0", "1001", "-50"}) {
+    EXPECT_EQ(Run({"values", "simulated", "--station", "X", "--frequency", text}),
+              ExitCode::WrongUse)
+        << text;
+    EXPECT_EQ(Run({"values", "simulated", "--station", "X", "--seconds", text}),
+              std::string(text) == "1001" ? ExitCode::NothingReceived : ExitCode::WrongUse)
+        << text;
+  }
+  EXPECT_EQ(Run({"values", "simulated", "--station", "X", "--blocks", "-1"}), ExitCode::WrongUse);
+  EXPECT_LT(Notes.str().size(), 120U) << "no bound of 300 digits: " << Notes.str();
   EXPECT_EQ(Run(ValuesWords({"--station", "MU02"})), ExitCode::WrongUse) << "one at a time";
   EXPECT_EQ(Run({"values", "simulated", "--station", "X", "--samplings", "0"}), ExitCode::WrongUse);
   EXPECT_EQ(Run({"values", "simulated", "--station", "X", "--voltage", "MV"}), ExitCode::WrongUse);

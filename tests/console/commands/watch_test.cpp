@@ -113,6 +113,9 @@ TEST_F(WatchCommandScene, NoAlarmWhereNothingIsWrong) {
   EXPECT_EQ(Run({"watch", "file.pcap", "--fail-on", "loss,synch,silence"}), ExitCode::Done);
   EXPECT_EQ(Notes.str(), "");
   EXPECT_EQ(Run({"watch", "file.pcap", "--fail-on", "thunder"}), ExitCode::WrongUse);
+  EXPECT_EQ(Notes.str(),
+            "--fail-on: 'thunder' is none of loss, synch and silence\n"
+            "Run with --help for more information.\n");
 }
 
 TEST_F(WatchCommandScene, TheAdapterMayStandBehindWhatIsWatchedFor) {
@@ -160,9 +163,22 @@ TEST_F(WatchCommandScene, MetricsThatCannotBeWrittenAtTheEndAreATrouble) {
   EXPECT_EQ(Lines().size(), 2U);
 }
 
+TEST_F(WatchCommandScene, MetricsThatCannotGetTheirNameLeaveNothing) {
+  Send(0, 4001);
+  const std::string taken = Folder.File("taken");
+  std::filesystem::create_directories(taken + "/something");
+  EXPECT_EQ(Run({"watch", "x.pcap", "--metrics", taken}), ExitCode::FileTrouble);
+  EXPECT_EQ(NamesIn(Folder.Path()), Words{"taken"});
+}
+
 TEST_F(WatchCommandScene, NothingCame) {
   Taps.IsFile = false;
   EXPECT_EQ(Run({"watch", "eth0", "--seconds", "2"}), ExitCode::NothingReceived);
+
+  Taps.IsFile = true;
+  Taps.Frames.push_back({{1, 2, 3}, 1s});
+  EXPECT_EQ(Run({"watch", "x.pcap"}), ExitCode::NothingReceived) << "it was no sampled value";
+  EXPECT_EQ(Notes.str(), "vornik-cli: no stream of sampled values came from x.pcap.\n");
 }
 
 }  // namespace
