@@ -63,6 +63,16 @@ double SampleTrack::Behind(Time now) const {
   return SamplesIn(now - lookedAt_) - static_cast<double>(position_ - lookedPosition_);
 }
 
+std::uint64_t SampleTrack::MayStillCome() const {
+  if (!begun_) return 0;
+  std::uint64_t open = 0;
+  // Of a frame of several samples the first one stands for all.
+  for (std::uint32_t back = 0; back < WindowSamples && position_ - back >= floor_; back += step_) {
+    if ((window_ >> back & 1U) == 0) open += step_;
+  }
+  return std::min(open, totals_.Missing);
+}
+
 double SampleTrack::SamplesIn(Time time) const {
   return std::chrono::duration<double>(time).count() * round_;
 }

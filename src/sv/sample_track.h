@@ -115,6 +115,10 @@ class SampleTrack {
   /// Samples that are sent in a time.
   std::uint64_t SamplesSent(Time time) const;
   const TrackTotals& Totals() const { return totals_; }
+  /// Of those missing, the ones whose place is so near that they may still come late.
+  std::uint64_t MayStillCome() const;
+  /// Samples after which the counter begins anew, as far as it has shown.
+  std::uint32_t Round() const { return round_; }
   const Stretch& Since() const { return stretch_; }
   /// A look: what comes from now on is a stretch of its own.
   void BeginStretch() {

@@ -117,6 +117,9 @@ class Comparison:
     def stream(self, where, told, seen, rate):
         expected = seen.told()
         gaps = expected.pop("gaps")
+        if told["restarts"] > 0:
+            # On a busy computer a sender that is held up before it has shown its pace looks begun anew.
+            expected.pop("samplesLost")
         for name, value in expected.items():
             self.same(f"{where} {name}", told[name], value)
         self.same(f"{where} rate", told["nominalSamplesPerSecond"], rate)
@@ -140,17 +143,21 @@ class Comparison:
         sums = {}
         for line in lines:
             of = sums.setdefault(key_of(line), {})
-            for name in ("frames", "samples", "samplesLost", "samplesDoubled", "samplesOutOfOrder"):
+            for name in ("frames", "samples", "samplesLost", "samplesDoubled", "samplesOutOfOrder",
+                         "restarts"):
                 of[name] = of.get(name, 0) + line[name]
         for key, stream in seen.items():
-            for name, value in sums.get(key, {"frames": 0}).items():
+            of = sums.get(key, {"frames": 0})
+            if of.pop("restarts", 0) > 0:
+                of.pop("samplesLost")
+            for name, value in of.items():
                 self.same(f"watch: {key} {name}", value, stream.told()[name])
 
     def readings(self, lines, numbers):
         """A whole second reads what the bus puts into its samples."""
         for line in lines:
             number = numbers.get(line["svID"])
-            if number is None or line["frames"] < 3900 or line["noASDU"] > 1:
+            if number is None or line["frames"] < 3900 or line["noASDU"] > 1 or not line["channelReadings"]:
                 continue
             first = line["channelReadings"][0]
             self.near(f"watch: {line['svID']} RMS", first["rms"], (100 + 10 * number) * 1000, 2500)
@@ -202,7 +209,8 @@ def compare(profile, sent, heard, again, seen, data):
     told = {field["value"] for frame in report for field in frame["fields"]
             if field["title"] == "svID"}
     comparison.same("report", sorted(told), sorted({s["svID"] for s in streams["streams"]}))
-    recorded(comparison, data, seen, rate)
+    if all(stream["restarts"] == 0 for stream in streams["streams"]):
+        recorded(comparison, data, seen, rate)
     for each in ("doubled", "out of order", "left out"):
         if sent.get(each, 0) == 0:
             comparison.wrong.append(f"the bus was not disturbed: nothing {each}")

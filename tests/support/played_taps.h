@@ -68,6 +68,7 @@ class PlayedTaps : public platform::BusTaps {
   bool IsFile = true;
   std::string Damage;
   std::optional<std::uint64_t> DroppedFrames;
+  platform::Presence Present = platform::Presence::There;
 
  private:
   class Tap : public platform::BusTap {
@@ -90,6 +91,7 @@ class PlayedTaps : public platform::BusTaps {
     std::chrono::microseconds Now() const override {
       return taps_.IsFile ? now_ : taps_.clock_.WallTime();
     }
+    platform::Presence Present() override { return taps_.Present; }
     std::optional<std::uint64_t> Dropped() override { return taps_.DroppedFrames; }
     std::string Trouble() const override { return taps_.Damage; }
 

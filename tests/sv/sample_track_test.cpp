@@ -269,6 +269,17 @@ TEST_F(Stream, ThatWasHeldUpAndThenLeftSamplesOutHasNotBegunAnew) {
   Expect(340, 0, 0);
 }
 
+TEST_F(Stream, TellsWhatMayStillCome) {
+  Come(1000);
+  EXPECT_EQ(track.MayStillCome(), 0U);
+  Lose(3);
+  Come(10);
+  EXPECT_EQ(track.MayStillCome(), 3U);
+  Come(60);
+  EXPECT_EQ(track.MayStillCome(), 0U) << "they are too far away to come late";
+  EXPECT_EQ(track.Totals().Missing, 3U);
+}
+
 TEST_F(Stream, LearnsAShorterRound) {
   track.Begin(4800, 1);
   round = 4000;

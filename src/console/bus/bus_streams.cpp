@@ -6,9 +6,6 @@ namespace console {
 
 namespace {
 
-/// The rate that is assumed before a stream has shown its own.
-constexpr std::uint32_t SamplesAPeriod = 80;
-
 void AddOctets(std::string& key, const sv::Address& address) {
   for (const std::uint8_t octet : address) key += static_cast<char>(octet);
 }
@@ -76,19 +73,28 @@ void BusStreams::Take(const platform::CapturedFrame& captured) {
   latestFault_ = fault;
 }
 
-const NominalWave& BusStreams::WaveOf(const StreamFigures& stream) {
-  const std::uint32_t rate = stream.NominalRate().value_or(SamplesAPeriod * frequency_);
+const NominalWave& BusStreams::WaveOf(std::uint32_t rate) {
   const auto known = waves_.find(rate);
   if (known != waves_.end()) return known->second;
   return waves_.try_emplace(rate, frequency_, rate).first->second;
 }
 
 void BusStreams::Measure(const sv::Frame& frame, std::string_view svId, StreamFigures& stream) {
-  const NominalWave& wave = WaveOf(stream);
+  const std::optional<std::uint32_t> rate = stream.KnownRate();
+  if (!rate) return;
+  const NominalWave& wave = WaveOf(*rate);
   sv::AsduReader reader(frame);
   for (sv::Asdu asdu; reader.Next(asdu);) {
     if (asdu.SvId == svId) stream.Measure(asdu, wave);
   }
+}
+
+void BusStreams::End() {
+  for (const auto& stream : streams_) stream->End();
+}
+
+void BusStreams::SetClock(Time step) {
+  for (const auto& stream : streams_) stream->SetClock(step);
 }
 
 bool BusStreams::AnyInStretch() const {

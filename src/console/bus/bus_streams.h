@@ -29,6 +29,10 @@ class BusStreams {
   explicit BusStreams(std::uint32_t frequency) : frequency_(frequency) {}
 
   void Take(const platform::CapturedFrame& captured);
+  /// Nothing comes any more.
+  void End();
+  /// The computer's clock was set by so much since the last frame.
+  void SetClock(Time step);
   /// A look at all of them.
   void BeginStretch(Time now);
 
@@ -53,7 +57,7 @@ class BusStreams {
   };
 
   StreamFigures* Find(const sv::Frame& frame, std::string_view svId, Time arrived);
-  const NominalWave& WaveOf(const StreamFigures& stream);
+  const NominalWave& WaveOf(std::uint32_t rate);
   void Measure(const sv::Frame& frame, std::string_view svId, StreamFigures& stream);
 
   std::uint32_t frequency_ = 0;

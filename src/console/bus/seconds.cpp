@@ -22,8 +22,10 @@ void Seconds::EndUpTo(Time arrived) {
 
 void Seconds::Rest(Time now) {
   if (clock_.Now() - began_ < Length + Grace) return;
-  over_(now);
-  Begin(now);
+  const Time end = end_.value_or(now);
+  over_(end);
+  end_ = end + Length;
+  began_ += Length;
 }
 
 }  // namespace console

@@ -25,6 +25,10 @@ class Seconds {
       EndUpTo(arrived);
     }
   }
+  /// The computer's clock was set by so much since the last frame.
+  void SetClock(Time step) {
+    if (end_) *end_ += step;
+  }
   /// No frame may have come for a while; `now` is the present of what is listened to.
   void Rest(Time now);
 

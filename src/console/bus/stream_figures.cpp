@@ -48,11 +48,50 @@ void StreamFigures::Take(const sv::Frame& frame, const sv::Asdu& first, std::uin
 void StreamFigures::BeginStretch(Time now) {
   framesBefore_ += frames_;
   frames_ = 0;
-  totalsBefore_ = track_.Totals();
+  totalsBefore_ = TotalsOfAll();
   synchChangesBefore_ = synchChanges_;
   gaps_.Clear();
   sums_.Clear();
   first_ = now;
+}
+
+sv::TrackTotals StreamFigures::TotalsOfAll() const {
+  sv::TrackTotals totals = track_.Totals();
+  if (!ended_) totals.Missing -= track_.MayStillCome();
+  // A count that was told is never taken back.
+  totals.Missing = std::max(totals.Missing, totalsBefore_.Missing);
+  totals.ByCounter = std::max(totals.ByCounter, totalsBefore_.ByCounter);
+  return totals;
+}
+
+sv::TrackTotals StreamFigures::Totals() const {
+  return TotalsOfAll() - totalsBefore_;
+}
+
+void StreamFigures::SetClock(Time step) {
+  track_.SetClock(step);
+  first_ += step;
+  last_ += step;
+}
+
+void StreamFigures::Measure(const sv::Asdu& asdu, const NominalWave& wave) {
+  if (wave_ != &wave) sums_.Clear();
+  wave_ = &wave;
+  sums_.Add(asdu, wave);
+}
+
+std::size_t StreamFigures::MeasuredChannels() const {
+  constexpr std::uint64_t Tenths = 9;
+  const std::optional<std::uint32_t> rate = KnownRate();
+  const bool whole =
+      rate && sums_.Samples() == Totals().Samples && sums_.Samples() * 10 >= *rate * Tenths;
+  return whole ? sums_.Channels() : 0;
+}
+
+std::optional<std::uint32_t> StreamFigures::KnownRate() const {
+  if (const auto rate = track_.Rate()) return rate;
+  const bool wentRound = track_.Totals().Samples > 2 * std::uint64_t{track_.Round()};
+  return wentRound ? std::optional(track_.Round()) : std::nullopt;
 }
 
 std::optional<double> StreamFigures::FramesASecond() const {

@@ -50,23 +50,34 @@ class StreamFigures {
 
   /// The ASDUs of a frame that are of this stream: the first of them, and how many there are.
   void Take(const sv::Frame& frame, const sv::Asdu& first, std::uint32_t asdus, Time arrived);
-  /// Adds the samples of one of them to what is measured.
-  void Measure(const sv::Asdu& asdu, const NominalWave& wave) { sums_.Add(asdu, wave); }
+  /// Adds the samples of one of them to what is measured. Another wave begins anew.
+  void Measure(const sv::Asdu& asdu, const NominalWave& wave);
+  /// Samples a second to measure by: the rate, or the round of a sender that has a rate of its own;
+  /// nothing before it has shown either.
+  std::optional<std::uint32_t> KnownRate() const;
   /// A look: what comes from now on is a stretch of its own.
   void BeginStretch(Time now);
 
   const StreamIdentity& Who() const { return who_; }
   const StreamState& State() const { return state_; }
   std::uint64_t Frames() const { return frames_; }
-  /// Samples received, missing, doubled and out of order in this stretch, and since it was met.
-  sv::TrackTotals Totals() const { return track_.Totals() - totalsBefore_; }
-  const sv::TrackTotals& TotalsOfAll() const { return track_.Totals(); }
+  /// Samples received, missing, doubled and out of order in this stretch, and since it was met. A
+  /// sample that may still come late is missing when it has not, so that no count ever goes back.
+  sv::TrackTotals Totals() const;
+  sv::TrackTotals TotalsOfAll() const;
+  /// Nothing comes any more: what is missing now stays so.
+  void End() { ended_ = true; }
+  /// The computer's clock was set by so much since the last frame.
+  void SetClock(Time step);
   std::uint64_t FramesOfAll() const { return framesBefore_ + frames_; }
   /// smpSynch was another one than in the frame before; in this stretch, and since it was met.
   std::uint64_t SynchChanges() const { return synchChanges_ - synchChangesBefore_; }
   std::uint64_t SynchChangesOfAll() const { return synchChanges_; }
   const ArrivalGaps& Gaps() const { return gaps_; }
-  const ChannelSums& Sums() const { return sums_; }
+  /// Of a second that was measured whole: a part of one holds no whole number of periods. 0 of any
+  /// other.
+  std::size_t MeasuredChannels() const;
+  ChannelReading Reading(std::size_t channel) const { return sums_.Reading(channel); }
   Time First() const { return first_; }
   Time Last() const { return last_; }
   /// As they were measured between the first and the last frame of the stretch; nothing of a single
@@ -87,10 +98,12 @@ class StreamFigures {
   std::uint64_t synchChangesBefore_ = 0;
   ArrivalGaps gaps_;
   ChannelSums sums_;
+  const NominalWave* wave_ = nullptr;
   /// Of the stretch, and of all.
   Time first_;
   Time last_;
   bool met_ = false;
+  bool ended_ = false;
 };
 
 }  // namespace console

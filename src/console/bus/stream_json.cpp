@@ -75,10 +75,10 @@ Json ToJson(const StreamFigures& stream, const platform::CodePage& code) {
   return json;
 }
 
-Json ChannelsToJson(const ChannelSums& sums) {
+Json ChannelsToJson(const StreamFigures& stream) {
   Json channels = Json::array();
-  for (std::size_t channel = 0; channel < sums.Channels(); ++channel) {
-    const ChannelReading reading = sums.Reading(channel);
+  for (std::size_t channel = 0; channel < stream.MeasuredChannels(); ++channel) {
+    const ChannelReading reading = stream.Reading(channel);
     channels.push_back({{"rms", Thousandths(reading.Rms)},
                         {"mean", Thousandths(reading.Mean)},
                         {"magnitude", Thousandths(reading.Magnitude)},

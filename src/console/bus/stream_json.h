@@ -13,8 +13,9 @@ using Json = nlohmann::ordered_json;
 /// field that its frames do not have is left out. Times between arrivals are in microseconds.
 Json ToJson(const StreamFigures& stream, const platform::CodePage& code);
 
-/// The first channels: RMS value, mean, magnitude and angle, in the units of the wire, and degrees.
-Json ChannelsToJson(const ChannelSums& sums);
+/// The first channels: RMS value, mean, magnitude and angle, in the units of the wire, and degrees;
+/// none where no whole second was measured.
+Json ChannelsToJson(const StreamFigures& stream);
 
 /// A text of the bus in characters that JSON may hold, control characters written out.
 std::string TextOf(const std::string& octets, const platform::CodePage& code);

@@ -11,6 +11,12 @@ namespace {
 constexpr std::chrono::milliseconds Rest{10};
 /// A frame is handed over so much behind its coming at most.
 constexpr std::chrono::milliseconds Late{100};
+/// Two frames that are further apart let ask whether the clock was set; a step of less than the
+/// other is none.
+constexpr std::chrono::milliseconds SetApart{400};
+constexpr std::chrono::milliseconds LeastStep{100};
+/// So often an adapter from which nothing comes is looked for.
+constexpr std::chrono::seconds LookEvery{1};
 /// Frames between two looks at the time and the user.
 constexpr int FramesATurn = 256;
 
@@ -36,20 +42,64 @@ bool Listening::IsBehindEnd(Time moment) {
   return moment - *begun_ >= std::chrono::duration<double>(*Seconds);
 }
 
+void Listening::AskClock(Time leastStep) {
+  const Time ahead =
+      machine_->Clock.WallTime() - std::chrono::duration_cast<Time>(machine_->Clock.Now());
+  const Time step = ahead - ahead_;
+  // What is less is a clock that goes a little faster or slower, and is followed from here on.
+  if (std::chrono::abs(step) < leastStep) {
+    ahead_ = ahead;
+    return;
+  }
+  ahead_ = ahead;
+  if (begun_) *begun_ += step;
+  if (last_) *last_ += step;
+  ClockSet(step);
+}
+
+void Listening::FollowClock(Time arrived) {
+  if (last_ && std::chrono::abs(arrived - *last_) > SetApart) AskClock(LeastStep);
+  last_ = arrived;
+}
+
+void Listening::LookForAdapter() {
+  if (machine_->Clock.Now() - quietSince_ < LookEvery) return;
+  quietSince_ = machine_->Clock.Now();
+  const platform::Presence now = tap_->Present();
+  if (now == presence_) return;
+  presence_ = now;
+  const char* const words = now == platform::Presence::Gone          ? " is gone."
+                            : now == platform::Presence::SwitchedOff ? " is switched off."
+                                                                     : " is there again.";
+  machine_->Notes << "vornik-cli: " << adapter_ << words << std::endl;
+}
+
 void Listening::Go(const std::function<void(const platform::CapturedFrame&)>& take,
                    const std::function<bool()>& more) {
-  if (!tap_->Ends()) IsBehindEnd(tap_->Now());
+  const bool live = !tap_->Ends();
+  if (live) IsBehindEnd(tap_->Now());
+  ahead_ = machine_->Clock.WallTime() - std::chrono::duration_cast<Time>(machine_->Clock.Now());
+  quietSince_ = machine_->Clock.Now();
   while (!machine_->EndAsked() && more()) {
     std::optional<platform::CapturedFrame> frame;
     for (int i = 0; i < FramesATurn; ++i) {
       frame = tap_->Next();
       if (!frame) break;
+      if (live) FollowClock(frame->Arrived);
       // Who is late still hands over all that came in time.
       if (IsBehindEnd(frame->Arrived)) return;
       take(*frame);
     }
-    if (frame) continue;
-    if (tap_->Ended() || (!tap_->Ends() && IsBehindEnd(tap_->Now() - Late))) return;
+    if (frame) {
+      quietSince_ = machine_->Clock.Now();
+      continue;
+    }
+    if (tap_->Ended()) return;
+    if (live) {
+      AskClock(SetApart);
+      if (IsBehindEnd(tap_->Now() - Late)) return;
+      LookForAdapter();
+    }
     machine_->Sleep(Rest);
   }
 }

@@ -35,6 +35,8 @@ class Listening {
       const std::function<void(const platform::CapturedFrame&)>& take,
       const std::function<bool()>& more = [] { return true; });
 
+  /// The computer's clock was set by so much between the last frame and the next one.
+  std::function<void(Time)> ClockSet = [](Time) {};
   /// Given by the user.
   std::optional<double> Seconds;
   /// What lasts as long as a capture file or the user's patience.
@@ -46,12 +48,25 @@ class Listening {
  private:
   /// Where there is no end, nothing is behind it. The first moment that is asked for is the begin.
   bool IsBehindEnd(Time moment);
+  /// Looks whether a frame that bears another time than the one before lets expect does so because
+  /// the clock was set.
+  void FollowClock(Time arrived);
+  void AskClock(Time leastStep);
+  /// Tells where an interface went to, while nothing comes.
+  void LookForAdapter();
 
   std::string adapter_;
   bool fast_ = false;
   const Machine* machine_ = nullptr;
   std::unique_ptr<platform::BusTap> tap_;
   std::optional<Time> begun_;
+  /// When the latest frame came.
+  std::optional<Time> last_;
+  /// What the computer's clock shows before what the monotonic one does, when it was asked last.
+  Time ahead_{0};
+  /// Since when nothing has come, or when the adapter was looked for last.
+  std::chrono::nanoseconds quietSince_{0};
+  platform::Presence presence_ = platform::Presence::There;
 };
 
 }  // namespace console

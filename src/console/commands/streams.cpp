@@ -37,7 +37,9 @@ ExitCode StreamsCommand::Run(const Machine& machine) {
   listening_.Begin(machine);
   if (!listening_.Seconds && !listening_.Tap().Ends()) listening_.Seconds = UsualSeconds;
   BusStreams bus;
+  listening_.ClockSet = [&](BusStreams::Time step) { bus.SetClock(step); };
   listening_.Go([&](const platform::CapturedFrame& frame) { bus.Take(frame); });
+  bus.End();
   if (json_) {
     WriteJson(bus, machine);
   } else if (!bus.Streams().empty()) {

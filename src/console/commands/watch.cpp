@@ -63,7 +63,7 @@ void WatchCommand::SecondIsOver(BusStreams::Time at, const Machine& machine) {
   for (const auto& stream : bus_->Streams()) {
     Json line{{"time", IsoTime(at)}};
     line.update(ToJson(*stream, machine.Code));
-    line["channelReadings"] = ChannelsToJson(stream->Sums());
+    line["channelReadings"] = ChannelsToJson(*stream);
     machine.Results << line.dump() << '\n';
   }
   machine.Results.flush();
@@ -115,6 +115,10 @@ ExitCode WatchCommand::Run(const Machine& machine) {
   Seconds seconds(machine.Clock, [&](BusStreams::Time at) {
     if (!alarm_) SecondIsOver(at, machine);
   });
+  listening_.ClockSet = [&](BusStreams::Time step) {
+    bus_->SetClock(step);
+    seconds.SetClock(step);
+  };
   const auto take = [&](const platform::CapturedFrame& frame) {
     seconds.Frame(frame.Arrived);
     if (!alarm_) bus_->Take(frame);
@@ -126,6 +130,7 @@ ExitCode WatchCommand::Run(const Machine& machine) {
   listening_.Go(take, more);
   // The part of a second at the end is told too. Who has not come in it is not silent yet.
   std::erase(failOn_, AlarmKind::Silence);
+  bus_->End();
   if (!alarm_ && bus_->AnyInStretch()) SecondIsOver(listening_.Tap().Now(), machine);
   listening_.TellTrouble();
   if (alarm_) return ExitCode::Alarm;

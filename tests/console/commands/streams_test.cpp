@@ -3,6 +3,7 @@
 namespace console {
 namespace {
 
+using namespace std::chrono_literals;
 using std::chrono::microseconds;
 using support::SvFrame;
 
@@ -151,6 +152,17 @@ TEST_F(StreamsCommandScene, TheUserEndsTheListeningAndGetsWhatCame) {
   WhileResting = [this] { EndAsked = Clock.Now() > std::chrono::seconds(2); };
   EXPECT_EQ(Run({"streams", "eth0", "--json"}), ExitCode::Done);
   EXPECT_LT(OnlyStream().at("frames"), 5000);
+}
+
+TEST_F(StreamsCommandScene, AnInterfaceThatGoesAwayIsToldAndItsReturnToo) {
+  Taps.IsFile = false;
+  Send(0, 4000);
+  WhileResting = [this] {
+    Taps.Present =
+        Clock.Now() > 4s && Clock.Now() < 8s ? platform::Presence::Gone : platform::Presence::There;
+  };
+  Run({"streams", "eth0", "--seconds", "10"});
+  EXPECT_EQ(Notes.str(), "vornik-cli: eth0 is gone.\nvornik-cli: eth0 is there again.\n");
 }
 
 TEST_F(StreamsCommandScene, NothingCame) {

@@ -21,6 +21,8 @@ class WatchCommandScene : public ConsoleScene {
   std::string MetricsPath() const { return Folder.File("bus.prom"); }
 
   std::uint8_t synch_ = 2;
+  bool set_ = false;
+  const std::chrono::microseconds begun_ = Clock.WallTime();
 };
 
 TEST_F(WatchCommandScene, ALineEachSecondTellsThatSecond) {
@@ -37,18 +39,19 @@ TEST_F(WatchCommandScene, ALineEachSecondTellsThatSecond) {
   EXPECT_EQ(lines[0].at("samplesLost"), 0);
   EXPECT_EQ(lines[1].at("samplesLost"), 10);
   EXPECT_EQ(lines[1].at("svID"), "MU01");
-  EXPECT_EQ(lines[1].at("channelReadings").size(), 8U);
 }
 
 TEST_F(WatchCommandScene, TellTheReadingsOfTheChannels) {
-  Taps.SendRun(SvFrame("MU01").Raw(0, 7000).Raw(4, -300), 0, 4001, 250us);
+  Taps.SendRun(SvFrame("MU01").Raw(0, 7000).Raw(4, -300), 0, 8001, 250us);
 
   Run({"watch", "file.pcap"});
 
-  const nlohmann::json channels = Lines().at(0).at("channelReadings");
+  const nlohmann::json channels = Lines().at(1).at("channelReadings");
   EXPECT_EQ(channels.at(0).at("rms"), 7000.0);
   EXPECT_EQ(channels.at(0).at("magnitude"), 0.0);
   EXPECT_EQ(channels.at(4).at("mean"), -300.0);
+  EXPECT_EQ(Lines().at(0).at("channelReadings").size(), 0U) << "a part of it was not measured";
+  EXPECT_EQ(Lines().at(2).at("channelReadings").size(), 0U) << "it is no whole second";
 }
 
 TEST_F(WatchCommandScene, GoOnForEverAndTellOfAStreamThatFellSilent) {
@@ -73,6 +76,53 @@ TEST_F(WatchCommandScene, EndAtALossThatIsWatchedFor) {
 
   EXPECT_EQ(Notes.str(), "vornik-cli: the stream MU01 has lost 1 sample.\n");
   EXPECT_EQ(Lines().size(), 1U) << "the second of the alarm is the last one that is told";
+}
+
+TEST_F(WatchCommandScene, SamplesThatChangePlacesOverTheEndOfASecondAreNotLost) {
+  Send(0, 3999);
+  Taps.Send(SvFrame("MU01").Count(0), 500us);
+  Taps.Send(SvFrame("MU01").Count(3999), 10us);
+  Send(4001, 8001);
+
+  EXPECT_EQ(Run({"watch", "file.pcap", "--fast", "--fail-on", "loss"}), ExitCode::Done);
+
+  for (const nlohmann::json& line : Lines()) EXPECT_EQ(line.at("samplesLost"), 0) << line;
+}
+
+TEST_F(WatchCommandScene, ALossAtTheEndIsToldAtTheEnd) {
+  Send(0, 500);
+  Send(510, 520);
+  Run({"watch", "file.pcap", "--fast"});
+  EXPECT_EQ(Lines().back().at("samplesLost"), 10);
+}
+
+TEST_F(WatchCommandScene, AClockThatIsSetIsNoLossAndNoSilence) {
+  Taps.IsFile = false;
+  Send(0, 6000);
+  for (std::size_t i = 2000; i < 6000; ++i) Taps.Frames[i].Arrived += 1h;
+  WhileResting = [this] {
+    if (!set_ && Clock.WallTime() >= begun_ + 500ms) {
+      Clock.Began += 1h;
+      set_ = true;
+    }
+    EndAsked = Clock.Now() > 4s;
+  };
+
+  EXPECT_EQ(Run({"watch", "eth0", "--fail-on", "loss"}), ExitCode::Done);
+
+  std::uint64_t frames = 0;
+  for (const nlohmann::json& line : Lines()) {
+    frames += line.at("frames").get<std::uint64_t>();
+    EXPECT_EQ(line.at("samplesLost"), 0);
+  }
+  EXPECT_EQ(frames, 6000U);
+  EXPECT_LE(Lines().size(), 3U);
+}
+
+TEST_F(WatchCommandScene, MeasureAtOtherRatesToo) {
+  Taps.SendRun(SvFrame("MU01").Raw(0, 7000), 0, 14'400 * 2, 69us, 14'400);
+  Run({"watch", "file.pcap", "--fast"});
+  EXPECT_EQ(Lines().at(1).at("channelReadings").at(0).at("rms"), 7000.0);
 }
 
 TEST_F(WatchCommandScene, EndAtSilenceAndNotBeforeAStreamCame) {
