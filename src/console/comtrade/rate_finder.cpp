@@ -54,9 +54,11 @@ void RateFinder::Take(const std::vector<sv::Asdu>& asdus, Time arrived) {
   for (const sv::Asdu& asdu : asdus) {
     const std::uint32_t next = asdu.SmpCnt.value_or(0);
     if (next == 0) TakeEnd(last_ + 1, gone);
+    if (next == last_ + 1) {
+      greatest_ = std::max(greatest_, next);
+      greatestSince_ = std::max(greatestSince_, next);
+    }
     last_ = next;
-    greatest_ = std::max(greatest_, next);
-    greatestSince_ = std::max(greatestSince_, next);
     gone = Time{0};
   }
   track_.Take(counter, arrived);
@@ -68,9 +70,10 @@ void RateFinder::TakeEnd(std::uint32_t round, Time gone) {
   const double between = std::chrono::duration<double>(gone).count() * round;
   if (round < ShortestRound || between > LongestSeam) return;
   const std::uint32_t greatest = std::exchange(greatestSince_, 0);
+  const bool standard = sv::IsStandardRate(round);
   // The last sample was swapped with the first one of the next round.
-  if (round <= greatest) return;
-  if (sv::IsStandardRate(round) || round == once_) found_ = round;
+  if (!standard && round <= greatest) return;
+  if (standard || round == once_) found_ = round;
   once_ = round;
 }
 
@@ -106,7 +109,7 @@ std::uint32_t RateFinder::Guess() const {
     const auto own = static_cast<std::uint32_t>(std::lround(std::clamp(*pace, 1.0, MostRate)));
     if (track_.Last() - begunAt_ >= ShortestOwnLook && holds(own)) return own;
   }
-  return sv::RoundFor(greatest_);
+  return sv::RoundFor(std::max(greatest_, last_));
 }
 
 }  // namespace console

@@ -47,7 +47,8 @@ class RateFinder {
   bool begun_ = false;
   Time begunAt_{0};
   std::uint32_t last_ = 0;
-  /// Counters that came, and those since the latest end of a round.
+  /// Of the counters that followed the one before, and of those since the latest end of a round: a
+  /// broken one follows none.
   std::uint32_t greatest_ = 0;
   std::uint32_t greatestSince_ = 0;
 };
