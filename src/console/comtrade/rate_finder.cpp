@@ -54,7 +54,7 @@ void RateFinder::Take(const std::vector<sv::Asdu>& asdus, Time arrived) {
   for (const sv::Asdu& asdu : asdus) {
     const std::uint32_t next = asdu.SmpCnt.value_or(0);
     if (next == 0) TakeEnd(last_ + 1, gone);
-    if (next == last_ + 1) {
+    if (next <= last_ + ShortestRound && next + ShortestRound >= last_) {
       greatest_ = std::max(greatest_, next);
       greatestSince_ = std::max(greatestSince_, next);
     }

@@ -47,8 +47,8 @@ class RateFinder {
   bool begun_ = false;
   Time begunAt_{0};
   std::uint32_t last_ = 0;
-  /// Of the counters that followed the one before, and of those since the latest end of a round: a
-  /// broken one follows none.
+  /// Of the counters near the one before, and of those since the latest end of a round: a broken
+  /// one is near none.
   std::uint32_t greatest_ = 0;
   std::uint32_t greatestSince_ = 0;
 };
