@@ -1,6 +1,9 @@
 #include "console/commands/bus_recording.h"
 
+#include <utility>
+
 #include "base/failure.h"
+#include "base/hex_text.h"
 #include "console/commands/listening.h"
 #include "recorder/writing/record_names.h"
 #include "sv/frame.h"
@@ -14,19 +17,23 @@ constexpr std::chrono::minutes ProgressElsewhere{1};
 
 }  // namespace
 
-BusRecording::BusRecording(const Machine& machine, const Setup& setup, std::chrono::seconds every)
-    : machine_(machine), setup_(setup), every_(every), notes_(machine.Notes, machine.OnTerminal) {
+BusRecording::BusRecording(const Machine& machine, const Setup& setup,
+                           std::chrono::duration<double> every, std::optional<double> frequency)
+    : machine_(machine),
+      setup_(setup),
+      every_(every),
+      frequency_(frequency),
+      notes_(machine.Notes, machine.OnTerminal) {
   for (std::size_t station = 0; station < setup.Stations.size(); ++station) {
-    recordings_.emplace(
-        machine.Code.FromUtf8(setup.Stations[station]),
-        std::make_unique<StreamRecording>(machine.Files, machine.Calendar, WishOf(station)));
+    stations_[machine.Code.FromUtf8(setup.Stations[station])].Recording =
+        std::make_unique<StreamRecording>(machine.Files, machine.Calendar, WishOf(station));
   }
 }
 
 StreamRecording::Wish BusRecording::WishOf(std::size_t station) {
   StreamRecording::Wish wish;
   wish.Station = setup_.Stations[station];
-  wish.Frequency = std::stod(setup_.Frequency);
+  wish.Frequency = frequency_;
   wish.Every = every_;
   // As the files of two streams are named everywhere.
   const std::string prefix =
@@ -54,15 +61,27 @@ void BusRecording::Take(const platform::CapturedFrame& captured) {
   for (sv::Asdu asdu; reader.Next(asdu);) {
     // ASDUs of one stream stand together.
     if (!asdus_.empty() && asdus_.front().SvId != asdu.SvId) {
-      const auto found = recordings_.find(asdus_.front().SvId);
-      if (found != recordings_.end()) found->second->Take(asdus_, captured.Arrived);
+      Record(frame.Source, captured.Arrived);
       asdus_.clear();
     }
     asdus_.push_back(asdu);
   }
-  if (asdus_.empty()) return;
-  const auto found = recordings_.find(asdus_.front().SvId);
-  if (found != recordings_.end()) found->second->Take(asdus_, captured.Arrived);
+  if (!asdus_.empty()) Record(frame.Source, captured.Arrived);
+}
+
+void BusRecording::Record(const sv::Address& sender, std::chrono::microseconds arrived) {
+  const auto found = stations_.find(asdus_.front().SvId);
+  if (found == stations_.end()) return;
+  Station& station = found->second;
+  if (!station.Sender) station.Sender = sender;
+  if (station.Sender == sender) {
+    station.Recording->Take(asdus_, arrived);
+    return;
+  }
+  if (std::exchange(station.ToldOfOther, true)) return;
+  notes_.Tell(platform::HexAddressText(sender) + " sends as " + machine_.Code.ToUtf8(found->first) +
+              ", too; only " + platform::HexAddressText(*station.Sender) +
+              ", which came first, is recorded.");
 }
 
 void BusRecording::ShowProgress() {
@@ -72,10 +91,10 @@ void BusRecording::ShowProgress() {
   if (now - shown_ < pause) return;
   shown_ = now;
   std::string line;
-  for (const auto& [id, recording] : recordings_) {
+  for (const auto& [id, station] : stations_) {
     line += (line.empty() ? "" : ", ") + machine_.Code.ToUtf8(id) + ": " +
-            std::to_string(recording->Samples()) + " samples, " +
-            std::to_string(recording->Missing()) + " missing";
+            std::to_string(station.Recording->Samples()) + " samples, " +
+            std::to_string(station.Recording->Missing()) + " missing";
   }
   notes_.ShowProgress(line);
 }
@@ -83,9 +102,9 @@ void BusRecording::ShowProgress() {
 void BusRecording::FinishAll() {
   // Each file is finished, whatever keeps another one from it.
   std::optional<platform::Failure> met;
-  for (const auto& [id, recording] : recordings_) {
+  for (const auto& [id, station] : stations_) {
     try {
-      recording->Finish();
+      station.Recording->Finish();
     } catch (const platform::Failure& failure) {
       met = failure;
     }
@@ -95,18 +114,18 @@ void BusRecording::FinishAll() {
 
 ExitCode BusRecording::Outcome() const {
   ExitCode code = ExitCode::Done;
-  for (const auto& [id, recording] : recordings_) {
-    const std::string station = machine_.Code.ToUtf8(id);
-    if (recording->Samples() == 0) {
-      machine_.Notes << "vornik-cli: nothing came of the station " << station << "." << std::endl;
+  for (const auto& [id, station] : stations_) {
+    const std::string name = machine_.Code.ToUtf8(id);
+    if (station.Recording->Samples() == 0) {
+      machine_.Notes << "vornik-cli: nothing came of the station " << name << "." << std::endl;
       code = ExitCode::NothingReceived;
     }
-    if (recording->Missing() > 0) {
-      machine_.Notes << "vornik-cli: " << recording->Missing() << " samples of " << station
-                     << " were lost, and stand as missing." << std::endl;
+    if (station.Recording->Missing() > 0) {
+      machine_.Notes << "vornik-cli: " << station.Recording->Missing() << " samples of " << name
+                     << " were lost; they stand as missing, or between two files." << std::endl;
     }
-    if (recording->Unfit() > 0) {
-      machine_.Notes << "vornik-cli: " << recording->Unfit() << " samples of " << station
+    if (station.Recording->Unfit() > 0) {
+      machine_.Notes << "vornik-cli: " << station.Recording->Unfit() << " samples of " << name
                      << " were left out; they are not like the first one." << std::endl;
     }
   }

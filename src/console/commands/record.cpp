@@ -34,7 +34,7 @@ constexpr double ShortestFile = 2;
 }  // namespace
 
 CLI::App* RecordCommand::Declare(CLI::App& program) {
-  CLI::App* const words =
+  CLI::App* const words = words_ =
       program.add_subcommand("record", "Record every sample of one or two stations to files");
   options_.Declare(*words, MostStations, "record for so long; until Ctrl+C unless told");
   words->add_option("--format", format_, "text, worksheet, comtrade or cff; text unless told")
@@ -65,6 +65,19 @@ std::string RecordCommand::Folder(const Machine& machine) const {
   return folder;
 }
 
+ExitCode RecordCommand::RecordBus(const Machine& machine, const Setup& setup) const {
+  for (const char* option : {"--filter", "--samplings", "--current", "--voltage"}) {
+    if (words_->count(option) == 0) continue;
+    throw WrongUse(std::string(option) +
+                   " is not for --format cff, which records every number as it is on the wire; "
+                   "leave it out");
+  }
+  std::optional<double> frequency;
+  if (words_->count("--frequency") > 0) frequency = std::stod(setup.Frequency);
+  return BusRecording(machine, setup, std::chrono::duration<double>(every_), frequency)
+      .Run(options_.Seconds);
+}
+
 ExitCode RecordCommand::Run(const Machine& machine) {
   Setup setup = options_.ToSetup();
   setup.Tab = forms::tab::Recorder;
@@ -73,9 +86,7 @@ ExitCode RecordCommand::Run(const Machine& machine) {
     throw WrongUse("two stations can be recorded at once, or more of them with --format cff");
   }
   if (format_ == FromTheBus) {
-    const std::chrono::duration<double> every(every_);
-    return BusRecording(machine, setup, std::chrono::round<std::chrono::seconds>(every))
-        .Run(options_.Seconds);
+    return RecordBus(machine, setup);
   }
   setup.Format = Formats.at(format_);
   NoteLines notes(machine.Notes, machine.OnTerminal);

@@ -17,6 +17,11 @@ class RecordCommand : public Command {
   /// The folder as it is written on; fails where it is not there.
   std::string Folder(const Machine& machine) const;
 
+  /// Straight from the bus, as the whole program cannot.
+  ExitCode RecordBus(const Machine& machine, const Setup& setup) const;
+
+  /// What the user has given.
+  CLI::App* words_ = nullptr;
   InstrumentOptions options_;
   std::string format_ = "text";
   std::string folder_;

@@ -4,6 +4,7 @@
 #include <limits>
 #include <utility>
 
+#include "base/failure.h"
 #include "platform/services/dialogs.h"
 
 namespace console {
@@ -49,16 +50,16 @@ ComtradeFile::ComtradeFile(platform::FileSystem& files, ComtradeHead head, Comtr
       head_(std::move(head)),
       kind_(kind),
       headPath_(PathsOf(kind, path).front()),
+      dataPath_(PathsOf(kind, path).back()),
       rows_(head_.Form),
       allMissing_(head_.Channels.size(), std::numeric_limits<double>::quiet_NaN()) {
   head_.Samples = SampleRows::MostSamples;
   room_ = HeadText().size();
   head_.Samples = 0;
-  const std::vector<std::string> paths = PathsOf(kind, path);
   data_ = files_.Create(headPath_);
   data_->Write(HeadText());
   // The samples of a single file follow its head.
-  if (kind == ComtradeFiles::Pair) data_ = files_.Create(paths.back());
+  if (kind == ComtradeFiles::Pair) data_ = files_.Create(dataPath_);
 }
 
 std::string ComtradeFile::HeadText() const {
@@ -72,23 +73,45 @@ std::string ComtradeFile::HeadText() const {
 }
 
 void ComtradeFile::Add(std::span<const double> stored) {
+  if (failed_) return;
   rows_.Append(waiting_, head_.Samples + 1, stored);
   ++head_.Samples;
-  if (waiting_.size() < PieceSize) return;
-  data_->Write(waiting_);
-  waiting_.clear();
+  if (waiting_.size() >= PieceSize) WriteWaiting();
 }
 
 void ComtradeFile::AddMissing(std::int64_t samples) {
   for (std::int64_t i = 0; i < samples; ++i) Add(allMissing_);
 }
 
-void ComtradeFile::Store() {
-  data_->Write(waiting_);
+std::int64_t ComtradeFile::WholeSamples() const {
+  if (head_.Form == ComtradeForm::Ascii) return written_;
+  const auto before = static_cast<std::int64_t>(kind_ == ComtradeFiles::Single ? room_ : 0);
+  const std::int64_t row = rows_.BinaryBytes(1, head_.Channels.size());
+  return std::clamp((files_.FileSize(dataPath_) - before) / row, written_, head_.Samples);
+}
+
+void ComtradeFile::WriteWaiting() {
+  try {
+    data_->Write(waiting_);
+  } catch (const platform::Failure&) {
+    failed_ = true;
+    waiting_.clear();
+    head_.Samples = WholeSamples();
+    throw;
+  }
   waiting_.clear();
+  written_ = head_.Samples;
+}
+
+void ComtradeFile::WriteHead() {
   const std::unique_ptr<platform::OutputFile> head = files_.Amend(headPath_);
   head->Write(HeadText());
   head->Close();
+}
+
+void ComtradeFile::Store() {
+  if (!failed_) WriteWaiting();
+  WriteHead();
 }
 
 void ComtradeFile::Finish() {

@@ -89,6 +89,10 @@ std::string ClockLines(const ComtradeHead& head) {
   return ahead + ',' + ahead + Crlf + "F,3" + Crlf;
 }
 
+bool IsControl(char c) {
+  return static_cast<unsigned char>(c) < ' ' || c == '\x7F';
+}
+
 }  // namespace
 
 StoredRange RangeOf(ComtradeForm form) {
@@ -101,6 +105,11 @@ std::string ComtradeDevice() {
 
 double WrittenFactor(double factor) {
   return Numbers.ToDouble(Numbers.General(factor));
+}
+
+double UsualFrequency(double rate) {
+  // Rates of 60 Hz, by their samples a period: 80, 96 and 256 (IEC 61850-9-2LE, IEC 61869-9).
+  return rate == 4800 || rate == 5760 || rate == 15360 ? 60 : 50;
 }
 
 std::string ConfigurationText(const ComtradeHead& head) {
@@ -124,10 +133,9 @@ std::string ConfigurationText(const ComtradeHead& head) {
 }
 
 std::string UnfitComtradeName(std::string_view name, ComtradeEdition edition) {
-  const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; };
   const auto isWide = [](char c) { return static_cast<unsigned char>(c) > '\x7F'; };
   if (name.find(',') != std::string_view::npos) return "It holds a comma, which separates names.";
-  if (std::any_of(name.begin(), name.end(), isControl)) return "It holds a control character.";
+  if (std::any_of(name.begin(), name.end(), IsControl)) return "It holds a control character.";
   if (name.size() > LongestComtradeName) {
     return "It has more than " + std::to_string(LongestComtradeName) + " characters.";
   }
@@ -135,6 +143,17 @@ std::string UnfitComtradeName(std::string_view name, ComtradeEdition edition) {
     return "The edition of 1999 knows only plain letters, of ASCII; that of 2013 knows all.";
   }
   return {};
+}
+
+std::string FitComtradeName(std::string_view name) {
+  std::size_t length = std::min(name.size(), LongestComtradeName);
+  // A character of several bytes stays whole or goes.
+  const auto goesOn = [&] { return (static_cast<unsigned char>(name[length]) & 0xC0U) == 0x80U; };
+  while (length > 0 && length < name.size() && goesOn()) --length;
+  std::string fit(name.substr(0, length));
+  std::replace_if(
+      fit.begin(), fit.end(), [](char c) { return c == ',' || IsControl(c); }, '_');
+  return fit;
 }
 
 }  // namespace console

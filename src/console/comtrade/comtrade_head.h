@@ -63,6 +63,9 @@ std::string ComtradeDevice();
 /// times. Numbers are to be stored by that which stands there.
 double WrittenFactor(double factor);
 
+/// The frequency of the mains, in Hz, for which a rate is made, as far as the rate tells it.
+double UsualFrequency(double rate);
+
 /// The lines of a configuration.
 std::string ConfigurationText(const ComtradeHead& head);
 
@@ -71,5 +74,9 @@ inline constexpr std::size_t LongestComtradeName = 64;
 
 /// What keeps a name out of a configuration of that edition, as a sentence; nothing where it fits.
 std::string UnfitComtradeName(std::string_view name, ComtradeEdition edition);
+
+/// A name in UTF-8 as a configuration of 2013 takes it: what it has no room for is left out, and
+/// "_" stands for what would end the field.
+std::string FitComtradeName(std::string_view name);
 
 }  // namespace console

@@ -54,11 +54,6 @@ Survey LookThrough(platform::FileSystem& files, const std::string& recording) {
   return survey;
 }
 
-/// Rates of 60 Hz, by their samples a period: 80, 96 and 256 (IEC 61850-9-2LE, IEC 61869-9).
-double FrequencyOf(std::int32_t round) {
-  return round == 4800 || round == 5760 || round == 15360 ? 60 : 50;
-}
-
 double FactorFor(const Extent& extent, double step, ComtradeForm form) {
   if (form == ComtradeForm::Float32) return 1;
   const double greatest = std::max(std::abs(extent.Least), std::abs(extent.Greatest));
@@ -90,7 +85,7 @@ ComtradeHead HeadOf(const Conversion& conversion, const Survey& survey) {
     head.Channels.push_back(ChannelOf(conversion, survey.Extents[k], k));
   }
   head.Rate = survey.Round;
-  head.Frequency = conversion.Frequency.value_or(FrequencyOf(survey.Round));
+  head.Frequency = conversion.Frequency.value_or(UsualFrequency(head.Rate));
   return head;
 }
 

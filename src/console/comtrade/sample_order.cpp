@@ -44,9 +44,9 @@ void SampleOrder::HandOnBefore(std::int64_t position) {
   for (; next_ < position; ++next_) {
     const std::size_t slot = SlotOf(next_);
     if (here_[slot]) {
-      file_.Add({rows_.data() + slot * channels, channels});
+      sink_.Add({rows_.data() + slot * channels, channels});
     } else {
-      file_.AddMissing(1);
+      sink_.AddMissing(1);
       ++missing_;
     }
     here_[slot] = false;

@@ -6,12 +6,12 @@
 #include <span>
 #include <vector>
 
-#include "console/comtrade/comtrade_file.h"
+#include "console/comtrade/sample_sink.h"
 
 namespace console {
 
-/// Puts the samples of a stream where their counter says that they belong, and hands them on to a
-/// file: lost ones are missing there, doubled ones stand once, late ones where they were missed.
+/// Puts the samples of a stream where their counter says that they belong, and hands them on:
+/// lost ones are missing there, doubled ones stand once, late ones where they were missed.
 ///
 /// The counter goes round once a second, so it is blind to whole seconds. One that lies less than
 /// 64 samples back is of a sample that came twice or late; any other is taken to be ahead. So 64
@@ -21,14 +21,13 @@ class SampleOrder {
   static constexpr std::int64_t Waiting = 64;
 
   /// `round` is the number of samples behind which the counter begins anew.
-  SampleOrder(std::int32_t round, ComtradeFile& file) : round_(round), file_(file) {}
+  SampleOrder(std::int32_t round, SampleSink& sink) : round_(round), sink_(sink) {}
 
   /// A sample whose counter is less than the round: a stored number for each channel.
   void Take(std::int64_t counter, std::span<const double> stored);
-  /// So many whole rounds are lost in front of the next sample, to which the counter is blind.
-  void SkipRounds(std::int64_t rounds) {
-    if (latest_ >= 0) latest_ += rounds * round_;
-  }
+  /// The places of the latest sample and of that which is handed on next, from 0.
+  std::int64_t Latest() const { return latest_; }
+  std::int64_t Next() const { return next_; }
   /// Hands on those that wait.
   void Finish();
 
@@ -48,7 +47,7 @@ class SampleOrder {
   }
 
   std::int32_t round_;
-  ComtradeFile& file_;
+  SampleSink& sink_;
   /// The counter and the place of the latest sample; before the first one there is none.
   std::int64_t counter_ = 0;
   std::int64_t latest_ = -1;

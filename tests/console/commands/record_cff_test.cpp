@@ -1,8 +1,4 @@
-#include <algorithm>
-#include <cstring>
-#include <filesystem>
-
-#include "console_scene.h"
+#include "console/commands/cff_scene.h"
 #include "support/failing_files.h"
 
 namespace console {
@@ -11,52 +7,6 @@ namespace {
 using namespace std::chrono_literals;
 using support::SvFrame;
 using testing::HasSubstr;
-
-/// A single COMTRADE file as far as these scenes look into it; the reader in Python holds it
-/// against the whole standard.
-struct Single {
-  explicit Single(const std::string& bytes) {
-    std::istringstream text(bytes);
-    for (std::string line; std::getline(text, line);) {
-      Head.push_back(line.substr(0, line.find('\r')));
-      if (Head.back().starts_with("--- file type: DAT")) break;
-    }
-    const std::size_t at = bytes.find("--- file type: DAT BINARY32");
-    Data = bytes.substr(bytes.find('\n', at) + 1);
-  }
-  std::int32_t Number(std::size_t at) const {
-    std::int32_t number = 0;
-    std::memcpy(&number, Data.data() + at, sizeof number);
-    return number;
-  }
-  /// Of a sample, from 0 on, and a channel.
-  std::int32_t Value(std::size_t sample, std::size_t channel) const {
-    return Number(sample * RowBytes() + 8 + 4 * channel);
-  }
-  std::size_t RowBytes() const { return 8 + 4 * static_cast<std::size_t>(std::stoi(Head[2])); }
-  std::size_t Samples() const { return Data.size() / RowBytes(); }
-
-  std::vector<std::string> Head;
-  std::string Data;
-};
-
-constexpr std::int32_t MissingValue = std::numeric_limits<std::int32_t>::min();
-
-class RecordCffScene : public ConsoleScene {
- protected:
-  RecordCffScene() { std::filesystem::create_directory(Data); }
-
-  ExitCode Record(const Words& more = {"--station", "MU01"}) {
-    Words words{"record", "bus.pcap", "--format", "cff", "--folder", Data};
-    words.insert(words.end(), more.begin(), more.end());
-    return Run(words);
-  }
-  std::vector<std::string> Names() const { return NamesIn(Data); }
-  Single Read(const std::string& name) const { return Single(support::BytesOf(Data + "/" + name)); }
-
-  const std::string Data = Folder.File("data");
-  const std::string Name = "SV record 09.03.2024 14-05-07.cff";
-};
 
 TEST_F(RecordCffScene, KeepsTheNumbersOfTheWire) {
   Taps.SendRun(SvFrame("MU01").Raw(0, -1234).Raw(7, 2'000'000'000), 0, 8000, 250us);
@@ -89,26 +39,28 @@ TEST_F(RecordCffScene, HoldsStreamsOfOtherRatesAndChannels) {
   EXPECT_EQ(file.Value(5, 11), 0x55555555);
 }
 
-TEST_F(RecordCffScene, LostSamplesKeepTheirPlacesWholeSecondsToo) {
+TEST_F(RecordCffScene, LostSamplesKeepTheirPlaces) {
   Taps.SendRun(SvFrame("MU01").Raw(0, 5), 0, 4000, 250us);
   Taps.SendRun(SvFrame("MU01").Raw(0, 6), 4010, 6000, 250us);
-  // Two seconds and ten samples of silence.
-  Taps.Send(SvFrame("MU01").Raw(0, 7).Count(2010), 2'002'750us);
-  Taps.SendRun(SvFrame("MU01").Raw(0, 7), 2011, 2500, 250us);
+  // Half a second and ten samples of silence.
+  Taps.Send(SvFrame("MU01").Raw(0, 7).Count(10), 502'750us);
+  Taps.SendRun(SvFrame("MU01").Raw(0, 7), 11, 500, 250us);
 
   EXPECT_EQ(Record(), ExitCode::Done);
 
-  const Single file = Read(Name);
+  const Single file = ReadOnly();
   EXPECT_EQ(file.Value(3999, 0), 5);
   EXPECT_EQ(file.Value(4000, 0), MissingValue);
   EXPECT_EQ(file.Value(4009, 0), MissingValue);
   EXPECT_EQ(file.Value(4010, 0), 6);
   EXPECT_EQ(file.Value(5999, 0), 6);
   EXPECT_EQ(file.Value(6000, 0), MissingValue);
-  EXPECT_EQ(file.Value(14'009, 0), MissingValue);
-  EXPECT_EQ(file.Value(14'010, 0), 7);
-  EXPECT_EQ(file.Samples(), 14'500U);
-  EXPECT_EQ(Notes.str(), "vornik-cli: 8020 samples of MU01 were lost, and stand as missing.\n");
+  EXPECT_EQ(file.Value(8009, 0), MissingValue);
+  EXPECT_EQ(file.Value(8010, 0), 7);
+  EXPECT_EQ(file.Samples(), 8500U);
+  EXPECT_EQ(Notes.str(),
+            "vornik-cli: 2020 samples of MU01 were lost; they stand as missing, or between two "
+            "files.\n");
 }
 
 TEST_F(RecordCffScene, SamplesThatCameTwiceOrLateStandInTheirPlaces) {

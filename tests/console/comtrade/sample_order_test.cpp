@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "console/comtrade/comtrade_file.h"
 #include "support/fake_services.h"
 
 namespace console {
