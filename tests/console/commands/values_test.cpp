@@ -128,7 +128,7 @@ TEST_F(ValuesCommandScene, EndWhereNobodyReadsThem) {
   Results.setstate(std::ios::badbit);
   EXPECT_EQ(Run({"values", "simulated", "--station", "VORNIK-SIM-1", "--seconds", "60"}),
             ExitCode::FileTrouble);
-  EXPECT_LT(Clock.Now(), 5s);
+  EXPECT_LT(Clock.Now(), std::chrono::seconds(5));
 }
 
 TEST_F(ValuesCommandScene, RefuseWhatCannotBe) {
