@@ -60,10 +60,11 @@ TEST_F(ReportCommandScene, SendersOfTwoVlansAreTwo) {
 
 TEST_F(ReportCommandScene, EndsWhereNobodyReadsIt) {
   Taps.IsFile = false;
-  Taps.SendRun(SvFrame("MU01"), 0, 400'000, 250us);
+  Taps.SendRun(SvFrame("MU01"), 0, 4000, 250us);
   Results.setstate(std::ios::badbit);
+  const auto begun = Clock.Now();
   EXPECT_EQ(Run({"report", "eth0", "--seconds", "60"}), ExitCode::FileTrouble);
-  EXPECT_LT(Clock.Now(), 1s);
+  EXPECT_LT(Clock.Now() - begun, 1s);
 }
 
 TEST_F(ReportCommandScene, NothingCame) {

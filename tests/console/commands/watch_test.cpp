@@ -214,11 +214,15 @@ TEST_F(WatchCommandScene, MetricsThatCannotBeWrittenAtTheEndAreATrouble) {
 }
 
 TEST_F(WatchCommandScene, MetricsThatCannotGetTheirNameLeaveNothing) {
-  Send(0, 4001);
-  const std::string taken = Folder.File("taken");
-  std::filesystem::create_directories(taken + "/something");
-  EXPECT_EQ(Run({"watch", "x.pcap", "--metrics", taken}), ExitCode::FileTrouble);
-  EXPECT_EQ(NamesIn(Folder.Path()), Words{"taken"});
+  support::FailingFiles failing(Files);
+  failing.FailingRename = 1;
+  const console::Machine weak = MachineWith(failing);
+  Send(0, 2000);
+  const std::string path = MetricsPath();
+  const std::vector<const char*> words{"vornik-cli", "watch", "x.pcap", "--metrics", path.c_str()};
+  EXPECT_EQ(console::Run(static_cast<int>(words.size()), words.data(), weak),
+            ExitCode::FileTrouble);
+  EXPECT_EQ(NamesIn(Folder.Path()), Words{});
 }
 
 TEST_F(WatchCommandScene, NothingCame) {
