@@ -3,6 +3,8 @@
 
 #include <chrono>
 #include <csignal>
+#include <cstdio>
+#include <exception>
 #include <filesystem>
 #include <iostream>
 #include <memory>
@@ -33,12 +35,7 @@ void SleepOrEnd(const host::TerminationSignals& signals, std::chrono::nanosecond
   poll(&request, 1, static_cast<int>(milliseconds));
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-  std::ios::sync_with_stdio(false);
-  // A recording goes on where nobody reads the names of its files any more.
-  std::signal(SIGPIPE, SIG_IGN);
+console::ExitCode Run(int argc, const char* const* argv) {
   const adapters::SteadyClock clock;
   const adapters::Windows1252 code;
   const platform::NumberText numbers;
@@ -64,5 +61,20 @@ int main(int argc, char** argv) {
       .OnTerminal = isatty(STDERR_FILENO) != 0,
       .Awake = awake.get(),
       .Sync = sync.get()};
-  return static_cast<int>(console::Run(argc, argv, machine));
+  return console::Run(argc, argv, machine);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::ios::sync_with_stdio(false);
+  // A recording goes on where nobody reads the names of its files any more.
+  std::signal(SIGPIPE, SIG_IGN);
+  try {
+    return static_cast<int>(Run(argc, argv));
+  } catch (const std::exception& error) {
+    // What fails before a command runs has no other place to be told.
+    std::fputs(error.what(), stderr);
+    return static_cast<int>(console::ExitCode::FileTrouble);
+  }
 }

@@ -31,7 +31,7 @@ class PlayedTaps : public platform::BusTaps {
   std::vector<platform::CapturePlace> Places() override { return List; }
   std::string Advice() const override { return AdviceText; }
   std::unique_ptr<platform::BusTap> Open(const std::string& name, platform::TapPace) override {
-    if (RefusedWith) throw *RefusedWith;
+    if (RefusedWith) throw platform::Failure(*RefusedWith);
     Opened = name;
     return std::make_unique<Tap>(*this);
   }

@@ -231,7 +231,7 @@ TEST_F(RecordingParts, AreWholeWorksheetsThatNeverFillUp) {
   EXPECT_TRUE(bench.Main.CWButton3.Value) << "no sheet was full";
   EXPECT_EQ(bench.Session.FilesBefore(), 1);
   const std::string end("\x0A\x00\x00\x00", 4);
-  EXPECT_TRUE(bench.Content(Name(15, ".xls")).size() > 4U * Ring);
+  EXPECT_TRUE(bench.Content(Name(15, ".xls")).size() > std::size_t{4} * Ring);
   EXPECT_TRUE(bench.Content(Name(7, ".xls")).ends_with(end)) << "8 rings and its end mark";
   EXPECT_FALSE(bench.Content(Name(15, ".xls")).ends_with(end));
   bench.Stop();
