@@ -148,8 +148,9 @@ void AddGaps(Families& families) {
 void AddChannels(Families& families, const std::string& name, const char* help,
                  double ChannelReading::*value) {
   families.Several(name, help, [&](const StreamFigures& stream, const auto& line) {
-    for (std::size_t channel = 0; channel < stream.MeasuredChannels(); ++channel) {
-      line("channel=\"" + std::to_string(channel + 1) + "\"", stream.Reading(channel).*value);
+    const std::vector<ChannelReading> readings = stream.LatestReadings();
+    for (std::size_t channel = 0; channel < readings.size(); ++channel) {
+      line("channel=\"" + std::to_string(channel + 1) + "\"", readings[channel].*value);
     }
   });
 }

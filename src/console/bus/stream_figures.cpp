@@ -46,6 +46,7 @@ void StreamFigures::Take(const sv::Frame& frame, const sv::Asdu& first, std::uin
 }
 
 void StreamFigures::BeginStretch(Time now) {
+  readingsBefore_ = Readings();
   framesBefore_ += frames_;
   frames_ = 0;
   totalsBefore_ = TotalsOfAll();
@@ -86,6 +87,17 @@ std::size_t StreamFigures::MeasuredChannels() const {
   const bool whole =
       rate && sums_.Samples() == Totals().Samples && sums_.Samples() * 10 >= *rate * Tenths;
   return whole ? sums_.Channels() : 0;
+}
+
+std::vector<ChannelReading> StreamFigures::Readings() const {
+  std::vector<ChannelReading> readings;
+  for (std::size_t k = 0; k < MeasuredChannels(); ++k) readings.push_back(Reading(k));
+  return readings;
+}
+
+std::vector<ChannelReading> StreamFigures::LatestReadings() const {
+  std::vector<ChannelReading> readings = Readings();
+  return readings.empty() ? readingsBefore_ : readings;
 }
 
 std::optional<std::uint32_t> StreamFigures::KnownRate() const {

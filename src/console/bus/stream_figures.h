@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "console/bus/arrival_gaps.h"
 #include "console/bus/channel_sums.h"
@@ -74,10 +75,12 @@ class StreamFigures {
   std::uint64_t SynchChanges() const { return synchChanges_ - synchChangesBefore_; }
   std::uint64_t SynchChangesOfAll() const { return synchChanges_; }
   const ArrivalGaps& Gaps() const { return gaps_; }
-  /// Of a second that was measured whole: a part of one holds no whole number of periods. 0 of any
-  /// other.
+  /// Channels of a second that was measured whole: a part of one holds no whole number of periods.
+  /// 0 of any other.
   std::size_t MeasuredChannels() const;
   ChannelReading Reading(std::size_t channel) const { return sums_.Reading(channel); }
+  /// Of this second, or of the one before while this one is not over.
+  std::vector<ChannelReading> LatestReadings() const;
   Time First() const { return first_; }
   Time Last() const { return last_; }
   /// As they were measured between the first and the last frame of the stretch; nothing of a single
@@ -88,6 +91,8 @@ class StreamFigures {
   std::optional<std::uint32_t> NominalRate() const { return track_.Rate(); }
 
  private:
+  std::vector<ChannelReading> Readings() const;
+
   StreamIdentity who_;
   StreamState state_;
   sv::SampleTrack track_;
@@ -99,6 +104,8 @@ class StreamFigures {
   ArrivalGaps gaps_;
   ChannelSums sums_;
   const NominalWave* wave_ = nullptr;
+  /// Of the stretch before.
+  std::vector<ChannelReading> readingsBefore_;
   /// Of the stretch, and of all.
   Time first_;
   Time last_;

@@ -191,6 +191,13 @@ TEST_F(WatchCommandScene, WriteTheMetricsOfASecondInOnePiece) {
   EXPECT_FALSE(Files.FileExists(MetricsPath() + ".new"));
 }
 
+TEST_F(WatchCommandScene, TheMetricsKeepTheReadingsOfTheLatestWholeSecond) {
+  Taps.SendRun(SvFrame("MU01").Raw(0, 7000), 0, 9000, 250us);
+  Run({"watch", "file.pcap", "--metrics", MetricsPath()});
+  const std::string text = support::BytesOf(MetricsPath());
+  EXPECT_NE(text.find("channel=\"1\"} 7000\n"), std::string::npos) << text;
+}
+
 TEST_F(WatchCommandScene, ADiskThatFailsForAWhileIsToldOnceAndTheWatchGoesOn) {
   support::FailingFiles failing(Files);
   failing.FailingRename = 2;
