@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <ratio>
 #include <utility>
 
 namespace console {
@@ -107,6 +106,8 @@ void StreamRecording::Follow(const Frame& frame) {
   }
   const sv::TrackTotals before = track_.Totals();
   track_.Take(static_cast<std::uint32_t>(frame.Samples.front().Counter), frame.Arrived);
+  constexpr std::uint64_t LookEvery = 256;
+  if (++frames_ % LookEvery == 0) track_.TakeBearings();
   const sv::TrackTotals& now = track_.Totals();
   const bool anew = now.Jumped > before.Jumped && frame.Arrived - runBegan_ >= ShortestRun;
   // What comes late takes its place again, and counts backwards.
@@ -163,7 +164,6 @@ void StreamRecording::StoreInTime() {
   if (file_->Failed() || file_->Samples() - storedAt_ < rate_) return;
   file_->Store();
   storedAt_ = file_->Samples();
-  track_.TakeBearings();
   wish_.Stored(path_);
 }
 

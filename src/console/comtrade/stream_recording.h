@@ -109,6 +109,8 @@ class StreamRecording : private SampleSink {
   std::size_t channels_ = 0;
   /// Samples a second of what is recorded; 0 before it was known.
   std::uint32_t rate_ = 0;
+  /// Frames that were followed.
+  std::uint64_t frames_ = 0;
   std::deque<Frame> waiting_;
   std::string path_;
   std::optional<ComtradeFile> file_;
