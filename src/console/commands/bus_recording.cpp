@@ -135,6 +135,9 @@ ExitCode BusRecording::Outcome() const {
 ExitCode BusRecording::Run(std::optional<double> seconds) {
   Listening listening(setup_.Adapter, setup_.Pace, seconds);
   listening.Begin(machine_);
+  listening.ClockSet = [this](std::chrono::microseconds step) {
+    for (const auto& [id, station] : stations_) station.Recording->SetClock(step);
+  };
   shown_ = machine_.Clock.Now();
   std::optional<platform::Failure> met;
   try {

@@ -97,6 +97,7 @@ void Listening::Go(const std::function<void(const platform::CapturedFrame&)>& ta
     if (tap_->Ended()) return;
     if (live) {
       AskClock(SetApart);
+      Rests();
       if (IsBehindEnd(tap_->Now() - Late)) return;
       LookForAdapter();
     }

@@ -37,6 +37,8 @@ class Listening {
 
   /// The computer's clock was set by so much between the last frame and the next one.
   std::function<void(Time)> ClockSet = [](Time) {};
+  /// All that came was handed over, and nothing waits.
+  std::function<void()> Rests = [] {};
   /// Given by the user.
   std::optional<double> Seconds;
   /// What lasts as long as a capture file or the user's patience.

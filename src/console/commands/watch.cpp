@@ -123,10 +123,9 @@ ExitCode WatchCommand::Run(const Machine& machine) {
     seconds.Frame(frame.Arrived);
     if (!alarm_) bus_->Take(frame);
   };
-  const auto more = [&] {
-    if (!listening_.Tap().Ends()) seconds.Rest(listening_.Tap().Now());
-    return !alarm_ && machine.Results.good();
-  };
+  // As long as frames wait, however late they are handed over, nobody is silent.
+  listening_.Rests = [&] { seconds.Rest(listening_.Tap().Now()); };
+  const auto more = [&] { return !alarm_ && machine.Results.good(); };
   listening_.Go(take, more);
   // The part of a second at the end is told too. Who has not come in it is not silent yet.
   std::erase(failOn_, AlarmKind::Silence);

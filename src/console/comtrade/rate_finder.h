@@ -26,6 +26,12 @@ class RateFinder {
   /// either.
   void BeginAnew();
 
+  /// The computer's clock was set by so much since the last frame.
+  void SetClock(Time step) {
+    track_.SetClock(step);
+    begunAt_ += step;
+  }
+
   /// In samples a second, as soon as it is known well.
   std::optional<std::uint32_t> Found() const { return found_; }
   /// As well as it can be told from what came.

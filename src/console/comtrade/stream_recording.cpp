@@ -57,6 +57,13 @@ void StreamRecording::Take(const std::vector<sv::Asdu>& asdus, Time arrived) {
   if (const std::optional<std::uint32_t> rate = finder_.Found()) StoreWaiting(*rate);
 }
 
+void StreamRecording::SetClock(Time step) {
+  track_.SetClock(step);
+  finder_.SetClock(step);
+  runBegan_ += step;
+  for (Frame& frame : waiting_) frame.Arrived += step;
+}
+
 StreamRecording::Frame StreamRecording::Kept(const std::vector<sv::Asdu>& asdus, Time arrived) {
   Frame frame{arrived, static_cast<std::uint32_t>(asdus.size()), {}};
   if (channels_ == 0) channels_ = asdus.front().Channels();

@@ -48,6 +48,8 @@ class StreamRecording : private SampleSink {
 
   /// The next frame: its ASDUs of this stream, in their order.
   void Take(const std::vector<sv::Asdu>& asdus, Time arrived);
+  /// The computer's clock was set by so much since the last frame.
+  void SetClock(Time step);
   /// Nothing comes any more; what waits is stored.
   void Finish();
 

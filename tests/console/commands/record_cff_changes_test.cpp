@@ -237,5 +237,25 @@ TEST_F(ChangingCffScene, ADiskThatIsFullWithinTheFirstSecondKeepsWhatItTook) {
   EXPECT_EQ(file.Value(file.Samples() - 1, 0), static_cast<std::int32_t>(file.Samples() - 1));
 }
 
+TEST_F(ChangingCffScene, AClockThatIsSetMakesNoHoleAndNoOtherFile) {
+  Taps.IsFile = false;
+  Taps.SendRun(SvFrame("MU01").Raw(0, 5), 0, 8000, 250us);
+  for (std::size_t i = 5000; i < 8000; ++i) Taps.Frames[i].Arrived += 1h;
+  const auto begun = Clock.WallTime();
+  bool set = false;
+  WhileResting = [&] {
+    if (!set && Clock.WallTime() >= begun + 1250ms) {
+      Clock.Began += 1h;
+      set = true;
+    }
+    EndAsked = Taps.Frames.empty();
+  };
+
+  EXPECT_EQ(Record(), ExitCode::Done);
+
+  EXPECT_EQ(ReadOnly().Samples(), 8000U);
+  EXPECT_EQ(Notes.str(), "");
+}
+
 }  // namespace
 }  // namespace console

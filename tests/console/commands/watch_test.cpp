@@ -119,6 +119,24 @@ TEST_F(WatchCommandScene, AClockThatIsSetIsNoLossAndNoSilence) {
   EXPECT_LE(Lines().size(), 3U);
 }
 
+TEST_F(WatchCommandScene, AProgramThatWasStoppedForAWhileTellsItsSecondsAsTheyWere) {
+  Taps.IsFile = false;
+  Send(0, 16'000);
+  WhileResting = [this] {
+    if (!set_ && Clock.WallTime() >= begun_ + 100ms) {
+      Clock.Advance(3800ms);
+      set_ = true;
+    }
+    EndAsked = Clock.WallTime() >= begun_ + 4200ms;
+  };
+
+  EXPECT_EQ(Run({"watch", "eth0", "--fail-on", "silence,loss"}), ExitCode::Done);
+
+  const auto lines = Lines();
+  ASSERT_EQ(lines.size(), 4U);
+  for (const nlohmann::json& line : lines) EXPECT_EQ(line.at("frames"), 4000);
+}
+
 TEST_F(WatchCommandScene, MeasureAtOtherRatesToo) {
   Taps.SendRun(SvFrame("MU01").Raw(0, 7000), 0, 14'400 * 2, 69us, 14'400);
   Run({"watch", "file.pcap", "--fast"});

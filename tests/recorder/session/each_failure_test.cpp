@@ -3,6 +3,7 @@
 
 #include <tuple>
 
+#include "recorder/file_work.h"
 #include "recorder/recorder_bench.h"
 
 namespace recorder_tests {
@@ -10,12 +11,6 @@ namespace {
 
 using testing::IsEmpty;
 
-/// A kind of work on files: how often it was asked for, and the one that fails.
-struct Work {
-  const char* Name;
-  int support::FailingFiles::*Count;
-  int support::FailingFiles::*Failing;
-};
 constexpr Work Works[] = {
     {"opening", &support::FailingFiles::Opens, &support::FailingFiles::FailingOpen},
     {"closing", &support::FailingFiles::Closes, &support::FailingFiles::FailingClose},

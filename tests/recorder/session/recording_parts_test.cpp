@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "recorder/file_work.h"
 #include "recorder/recorder_bench.h"
 
 namespace recorder_tests {
@@ -305,12 +306,6 @@ TEST_F(RecordingParts, EndWithTheFilesAtHandWhenStopIsPressed) {
   EXPECT_EQ(Told(bench, "end", 9).size(), 1U);
 }
 
-/// A kind of work on files: how often it was asked for, and the one that fails.
-struct Work {
-  const char* Name;
-  int support::FailingFiles::*Count;
-  int support::FailingFiles::*Failing;
-};
 constexpr Work Works[] = {
     {"opening", &support::FailingFiles::Opens, &support::FailingFiles::FailingOpen},
     {"writing", &support::FailingFiles::Writes, &support::FailingFiles::FailingWrite},
