@@ -5,11 +5,12 @@
 #include <csignal>
 #include <cstdio>
 #include <exception>
-#include <filesystem>
 #include <iostream>
 #include <memory>
-#include <system_error>
 
+#include "adapters/rights/capture_right.h"
+#include "adapters/rights/launcher.h"
+#include "adapters/rights/right_advice.h"
 #include "adapters/steady_clock.h"
 #include "adapters/system_bus_taps.h"
 #include "adapters/windows1252.h"
@@ -22,11 +23,6 @@
 #include "system/sleep.h"
 
 namespace {
-
-std::filesystem::path ProgramFile() {
-  std::error_code error;
-  return std::filesystem::read_symlink("/proc/self/exe", error);
-}
 
 /// Blocks the thread until the time is over or the user asks for the end.
 void SleepOrEnd(const host::TerminationSignals& signals, std::chrono::nanoseconds time) {
@@ -45,7 +41,8 @@ console::ExitCode Run(int argc, const char* const* argv) {
   bool endAsked = false;
   const std::unique_ptr<platform::SleepInhibitor> awake = host::NewSleepInhibitor();
   const std::unique_ptr<platform::DiskSync> sync = host::MakeDiskSync();
-  adapters::SystemBusTaps taps(clock, {host::DataFolder() / "vornik" / "captures", ProgramFile()});
+  adapters::SystemBusTaps taps(clock, {host::DataFolder() / "vornik" / "captures",
+                                       adapters::AdviceOn(adapters::FindWayToRight())});
   const console::Machine machine{
       .Results = std::cout,
       .Notes = std::cerr,
@@ -67,6 +64,9 @@ console::ExitCode Run(int argc, const char* const* argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  adapters::StartThroughLauncher(argc, argv);
+  adapters::ReserveCaptureRight();
+  adapters::GainNoMoreRights();
   std::ios::sync_with_stdio(false);
   // A recording goes on where nobody reads the names of its files any more.
   std::signal(SIGPIPE, SIG_IGN);

@@ -3,6 +3,9 @@
 #include <filesystem>
 #include <iostream>
 
+#include "adapters/rights/capture_right.h"
+#include "adapters/rights/launcher.h"
+#include "adapters/rights/right_advice.h"
 #include "adapters/steady_clock.h"
 #include "adapters/system_capture_layer.h"
 #include "adapters/windows1252.h"
@@ -18,14 +21,11 @@ std::filesystem::path CapturesFolder() {
   return host::DataFolder() / "vornik" / "captures";
 }
 
-std::filesystem::path ProgramFile() {
-  return std::filesystem::path(QApplication::applicationFilePath().toStdU16String());
-}
-
 int Run() {
   const adapters::SteadyClock clock;
   const adapters::Windows1252 code;
-  adapters::SystemCaptureLayer capture(clock, {CapturesFolder(), ProgramFile()});
+  adapters::SystemCaptureLayer capture(
+      clock, {CapturesFolder(), adapters::AdviceOn(adapters::FindWayToRight())});
   desktop::DesktopProgram program({capture, capture, code, clock});
   const desktop::Termination termination([&program] { program.EndSession(); });
 
@@ -36,6 +36,8 @@ int Run() {
 }  // namespace
 
 int main(int argc, char** argv) {
+  adapters::StartThroughLauncher(argc, argv);
+  adapters::ReserveCaptureRight();
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Vornik"));
   // The program ends when it has unloaded its window, not when one of its boxes closes.

@@ -41,12 +41,12 @@ void CaptureAdvice::AddFile(const std::filesystem::path& file, const std::string
   troubles_.push_back("The capture file " + file.filename().string() + " " + trouble);
 }
 
-std::string CaptureAdvice::Text(const std::string& programPath) const {
+std::string CaptureAdvice::Text(const std::string& rightAdvice) const {
   const std::string text = SwitchedOff() + Troubles();
   if (!withoutRight_.empty()) {
     return text +
            "There is no right to capture from the network interfaces: " + Listed(withoutRight_) +
-           ".\n" + RightsAdvice(programPath);
+           ".\n" + rightAdvice;
   }
   // The list is made once, at the start of the program; the advice on rights says so itself.
   return text.empty() ? text : text + "Then start the program again.";

@@ -18,8 +18,8 @@ class CaptureAdvice {
   /// `trouble` says what is wrong and what to do, in words that follow the file's name.
   void AddFile(const std::filesystem::path& file, const std::string& trouble);
 
-  /// Empty where there is nothing to tell.
-  std::string Text(const std::string& programPath) const;
+  /// Empty where there is nothing to tell. `rightAdvice` ends it where the right is missing.
+  std::string Text(const std::string& rightAdvice) const;
 
  private:
   std::string SwitchedOff() const;

@@ -26,9 +26,9 @@ NamedPlace PlaceOfName(const std::string& name, const std::filesystem::path& cap
   return {NamedPlace::Kind::Interface, name, {}};
 }
 
-SystemBusTaps::SystemBusTaps(const platform::Clock& clock, CapturePaths paths,
+SystemBusTaps::SystemBusTaps(const platform::Clock& clock, CaptureSurroundings around,
                              InterfaceLister listInterfaces)
-    : clock_(clock), paths_(std::move(paths)), listInterfaces_(std::move(listInterfaces)) {}
+    : clock_(clock), around_(std::move(around)), listInterfaces_(std::move(listInterfaces)) {}
 
 std::vector<platform::CapturePlace> SystemBusTaps::Places() {
   advice_ = {};
@@ -38,7 +38,7 @@ std::vector<platform::CapturePlace> SystemBusTaps::Places() {
     advice_.AddInterface(found);
     places.push_back({found.Name, found.Title + WhyNot(found.State), found.State == Reach::Ready});
   }
-  for (const std::filesystem::path& file : CaptureFiles(paths_.Captures)) {
+  for (const std::filesystem::path& file : CaptureFiles(around_.Captures)) {
     const std::string trouble = WhyUnplayable(file);
     if (!trouble.empty()) advice_.AddFile(file, trouble);
     places.push_back({file.filename().string(), FileTitle(file, trouble.empty()), trouble.empty()});
@@ -47,12 +47,12 @@ std::vector<platform::CapturePlace> SystemBusTaps::Places() {
 }
 
 std::string SystemBusTaps::Advice() const {
-  return advice_.Text(paths_.Program.string());
+  return advice_.Text(around_.RightAdvice);
 }
 
 std::unique_ptr<platform::BusTap> SystemBusTaps::Open(const std::string& name,
                                                       platform::TapPace pace) {
-  const NamedPlace place = PlaceOfName(name, paths_.Captures);
+  const NamedPlace place = PlaceOfName(name, around_.Captures);
   switch (place.What) {
     case NamedPlace::Kind::Simulated:
       return std::make_unique<SourceTap>(std::make_unique<SimulatedBus>(clock_), clock_);
@@ -70,7 +70,7 @@ std::unique_ptr<FrameSource> SystemBusTaps::NewSource(const std::string& name) c
     throw platform::Failure(platform::failure::DeviceIo,
                             "There is no adapter " + name + "; 'vornik-cli adapters' lists them.");
   }
-  return std::make_unique<PcapSource>(name, paths_.Program.string());
+  return std::make_unique<PcapSource>(name, around_.RightAdvice);
 }
 
 std::string SystemBusTaps::TitleOfInterface(const std::string& name) const {
@@ -82,7 +82,7 @@ std::string SystemBusTaps::TitleOfInterface(const std::string& name) const {
 
 std::unique_ptr<platform::NamedCapture> SystemBusTaps::OpenCapture(const std::string& name,
                                                                    platform::TapPace pace) {
-  const NamedPlace place = PlaceOfName(name, paths_.Captures);
+  const NamedPlace place = PlaceOfName(name, around_.Captures);
   switch (place.What) {
     case NamedPlace::Kind::Simulated:
       return std::make_unique<LiveCapture>(SimulatedTitle, std::make_unique<SimulatedBus>(clock_),

@@ -36,7 +36,7 @@ class SystemBusTaps : public platform::BusTaps, public platform::NamedCaptures {
  public:
   using InterfaceLister = SystemCaptureLayer::InterfaceLister;
 
-  SystemBusTaps(const platform::Clock& clock, CapturePaths paths,
+  SystemBusTaps(const platform::Clock& clock, CaptureSurroundings around,
                 InterfaceLister listInterfaces = ListNetworkInterfaces);
 
   std::vector<platform::CapturePlace> Places() override;
@@ -51,7 +51,7 @@ class SystemBusTaps : public platform::BusTaps, public platform::NamedCaptures {
   std::string TitleOfInterface(const std::string& name) const;
 
   const platform::Clock& clock_;
-  CapturePaths paths_;
+  CaptureSurroundings around_;
   InterfaceLister listInterfaces_;
   CaptureAdvice advice_;
 };

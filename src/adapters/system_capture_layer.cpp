@@ -10,9 +10,9 @@
 
 namespace adapters {
 
-SystemCaptureLayer::SystemCaptureLayer(const platform::Clock& clock, CapturePaths paths,
+SystemCaptureLayer::SystemCaptureLayer(const platform::Clock& clock, CaptureSurroundings around,
                                        InterfaceLister listInterfaces)
-    : clock_(clock), paths_(std::move(paths)), listInterfaces_(std::move(listInterfaces)) {}
+    : clock_(clock), around_(std::move(around)), listInterfaces_(std::move(listInterfaces)) {}
 
 SystemCaptureLayer::Entries SystemCaptureLayer::NewEntries() {
   Entries entries;
@@ -33,12 +33,12 @@ void SystemCaptureLayer::AddInterfaces(Entries& entries) {
     advice_.AddInterface(found);
     entries.push_back(std::make_unique<SourceAdapter>(
         found.Title + WhyNot(found.State), found.State == Reach::Ready,
-        std::make_unique<PcapSource>(found.Name, paths_.Program.string()), clock_));
+        std::make_unique<PcapSource>(found.Name, around_.RightAdvice), clock_));
   }
 }
 
 void SystemCaptureLayer::AddFiles(Entries& entries) {
-  for (const std::filesystem::path& file : CaptureFiles(paths_.Captures)) {
+  for (const std::filesystem::path& file : CaptureFiles(around_.Captures)) {
     const std::string trouble = WhyUnplayable(file);
     const bool playable = trouble.empty();
     if (!playable) advice_.AddFile(file, trouble);
@@ -48,7 +48,7 @@ void SystemCaptureLayer::AddFiles(Entries& entries) {
 }
 
 std::string SystemCaptureLayer::Advice() const {
-  return advice_.Text(paths_.Program.string());
+  return advice_.Text(around_.RightAdvice);
 }
 
 }  // namespace adapters

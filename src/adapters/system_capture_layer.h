@@ -13,11 +13,11 @@
 namespace adapters {
 
 /// Where the capture layer finds what it needs outside the program.
-struct CapturePaths {
+struct CaptureSurroundings {
   /// The folder of the capture files; it need not exist.
   std::filesystem::path Captures;
-  /// The program itself, named in the advice on missing rights; may be empty.
-  std::filesystem::path Program;
+  /// What to do where the right to capture is missing.
+  std::string RightAdvice = {};
 };
 
 /// The capture library of this computer: the simulated bus, the network interfaces and the capture
@@ -26,7 +26,7 @@ class SystemCaptureLayer : public ChannelLayer {
  public:
   using InterfaceLister = std::function<std::vector<NetworkInterface>()>;
 
-  SystemCaptureLayer(const platform::Clock& clock, CapturePaths paths,
+  SystemCaptureLayer(const platform::Clock& clock, CaptureSurroundings around,
                      InterfaceLister listInterfaces = ListNetworkInterfaces);
   /// Tells of the interfaces and files as they were found for the last capture object.
   std::string Advice() const override;
@@ -37,7 +37,7 @@ class SystemCaptureLayer : public ChannelLayer {
   void AddFiles(Entries& entries);
 
   const platform::Clock& clock_;
-  CapturePaths paths_;
+  CaptureSurroundings around_;
   InterfaceLister listInterfaces_;
   CaptureAdvice advice_;
 };

@@ -15,6 +15,7 @@ namespace live {
 
 inline constexpr std::int32_t ViewBuffer = 262144;
 inline constexpr std::int32_t RecordingBuffer = 33554432;
+inline constexpr const char* RightAdvice = "Ask for the right.";
 
 /// A scene on a virtual wire: the source listens at the near end.
 class NetworkInterfaceScene : public ::testing::Test {
@@ -58,7 +59,7 @@ class NetworkInterfaceScene : public ::testing::Test {
     return 0;
   }
 
-  adapters::PcapSource source_{NearEnd, "/opt/vornik"};
+  adapters::PcapSource source_{NearEnd, RightAdvice};
 };
 
 }  // namespace live

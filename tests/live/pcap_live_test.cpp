@@ -275,7 +275,7 @@ TEST_F(NetworkInterfaceScene, TellsThatItsInterfaceIsDownAndGoesOnWhenItIsUp) {
 TEST_F(NetworkInterfaceScene, TellsHowToGetTheRightToCapture) {
   if (seteuid(65534) != 0) GTEST_SKIP() << "no other user to be";
   const adapters::SteadyClock clock;
-  adapters::SystemCaptureLayer layer(clock, {"", "/opt/vornik"});
+  adapters::SystemCaptureLayer layer(clock, {"", live::RightAdvice});
   const auto object = layer.NewCaptureObject();
   const Failure refusal = RaisedBy([&] { source_.Prepare(Settings()); });
   const std::int32_t start = FailureOf([&] { source_.Start(); });
@@ -283,7 +283,7 @@ TEST_F(NetworkInterfaceScene, TellsHowToGetTheRightToCapture) {
   EXPECT_EQ(refusal.Number(), failure::PermissionDenied);
   EXPECT_EQ(start, 0);
   for (const std::string& text : {refusal.Text(), layer.Advice()}) {
-    EXPECT_NE(text.find("setcap cap_net_raw+ep /opt/vornik"), std::string::npos);
+    EXPECT_NE(text.find(live::RightAdvice), std::string::npos);
   }
   EXPECT_NE(layer.Advice().find(live::NearEnd), std::string::npos);
   for (std::int32_t i = 1; i <= object->AdapterCount(); ++i) {

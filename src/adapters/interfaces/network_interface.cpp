@@ -10,6 +10,8 @@
 #include <string_view>
 #include <system_error>
 
+#include "adapters/rights/capture_right.h"
+
 namespace adapters {
 
 namespace {
@@ -77,6 +79,15 @@ void Configure(pcap_t* handle, const OpenRequest& request) {
   if (request.InHeaps) pcap_set_timeout(handle, HeapMilliseconds);
 }
 
+/// The library asks for the raw socket in here, and for nothing else that takes a right. It leaves
+/// the socket to children, and nobody starts one before it is told better.
+int Activate(pcap_t* handle) {
+  const RaisedRight right;
+  const int status = pcap_activate(handle);
+  if (status >= 0) KeepFromChildren(pcap_fileno(handle));
+  return status;
+}
+
 std::string TitleOf(const pcap_if_t& device) {
   if (device.description == nullptr) return std::string(device.name) + " (network interface)";
   return std::string(device.description) + " (" + device.name + ")";
@@ -93,7 +104,7 @@ OpenResult OpenInterface(const std::string& name, const OpenRequest& request) {
     return result;
   }
   Configure(result.Handle.get(), request);
-  const int status = pcap_activate(result.Handle.get());
+  const int status = Activate(result.Handle.get());
   result.State = ReachOf(status);
   if (result.State != Reach::Ready) {
     result.Words = pcap_geterr(result.Handle.get());
@@ -133,20 +144,14 @@ Reach PresentState(const std::string& name) {
   return Reach::Missing;
 }
 
-std::string RightsAdvice(const std::string& programPath) {
-  return "To grant the right on Linux, run\n  sudo setcap cap_net_raw+ep " +
-         (programPath.empty() ? "<path of the program>" : programPath) +
-         "\nand start the program again.";
-}
-
 platform::Failure InterfaceFailure(const std::string& name, Reach state, const std::string& words,
-                                   const std::string& programPath) {
+                                   const std::string& rightAdvice) {
   const std::string network = "The network interface " + name;
   switch (state) {
     case Reach::NoRight:
-      return {failure::PermissionDenied,
-              "There is no right to capture from the network interface " + name + ". " +
-                  RightsAdvice(programPath)};
+      return {
+          failure::PermissionDenied,
+          "There is no right to capture from the network interface " + name + ". " + rightAdvice};
     case Reach::Down:
       return {failure::DeviceIo, network +
                                      " is down. Please switch it on (on Linux: sudo ip link "

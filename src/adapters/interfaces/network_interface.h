@@ -54,11 +54,9 @@ std::vector<NetworkInterface> ListNetworkInterfaces();
 /// Whether the system lists an interface, and as switched on; `Ready` where it does not tell.
 Reach PresentState(const std::string& name);
 
-/// Tells how to get the right to capture with the program at this path.
-std::string RightsAdvice(const std::string& programPath);
-
-/// The failure that tells the user what became of an interface and what to do.
+/// The failure that tells the user what became of an interface and what to do; `rightAdvice` says
+/// how the right is had where it is missing.
 platform::Failure InterfaceFailure(const std::string& name, Reach state, const std::string& words,
-                                   const std::string& programPath);
+                                   const std::string& rightAdvice);
 
 }  // namespace adapters

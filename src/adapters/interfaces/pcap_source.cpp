@@ -42,8 +42,8 @@ bpf_program RejectEverything() {
 
 }  // namespace
 
-PcapSource::PcapSource(std::string interfaceName, std::string programPath)
-    : name_(std::move(interfaceName)), programPath_(std::move(programPath)) {}
+PcapSource::PcapSource(std::string interfaceName, std::string rightAdvice)
+    : name_(std::move(interfaceName)), rightAdvice_(std::move(rightAdvice)) {}
 
 bool PcapSource::FitsOpenHandle(const SourceSettings& settings) const {
   return handle_ && !lost_ && settings.Promiscuous == settings_.Promiscuous &&
@@ -69,7 +69,7 @@ void PcapSource::Open(const SourceSettings& settings) {
   Release();
   OpenResult opened = Opened(settings);
   if (opened.State != Reach::Ready) {
-    throw InterfaceFailure(name_, opened.State, opened.Words, programPath_);
+    throw InterfaceFailure(name_, opened.State, opened.Words, rightAdvice_);
   }
   handle_ = std::move(opened.Handle);
   RejectAll();
@@ -80,7 +80,7 @@ void PcapSource::DemandUp() {
   if (state == Reach::Ready) return;
   // An interface that is down keeps its handle and goes on when it is switched on again.
   if (state == Reach::Missing) Release();
-  throw InterfaceFailure(name_, state, {}, programPath_);
+  throw InterfaceFailure(name_, state, {}, rightAdvice_);
 }
 
 void PcapSource::Drain() {

@@ -23,8 +23,8 @@ class PcapSource : public FrameSource {
     std::uint32_t Dropped = 0;
   };
 
-  /// `programPath` is named in the advice on missing rights.
-  PcapSource(std::string interfaceName, std::string programPath);
+  /// `rightAdvice` is told where the right to capture is missing.
+  PcapSource(std::string interfaceName, std::string rightAdvice);
 
   void Prepare(const SourceSettings& settings) override;
   void Start() override;
@@ -57,7 +57,7 @@ class PcapSource : public FrameSource {
   void CountDropped();
 
   std::string name_;
-  std::string programPath_;
+  std::string rightAdvice_;
   SourceSettings settings_;
   PcapHandle handle_;
   /// The filter of the handle that is open; it is compiled at the first start.
