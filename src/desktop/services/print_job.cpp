@@ -7,6 +7,7 @@
 
 #include "base/failure.h"
 #include "desktop/look/text.h"
+#include "system/process.h"
 
 namespace desktop {
 
@@ -39,6 +40,7 @@ void PrintJob::Start(const QByteArray& pdf) {
     Tell(QStringLiteral("the queue of \"%1\" does not answer").arg(order_.Printer));
   });
   process_.setStandardInputFile(file_.fileName());
+  host::KeepDescriptorsFromChildren();
   process_.start(Command(),
                  {QStringLiteral("-d"), order_.Printer, QStringLiteral("-t"), order_.Document,
                   QStringLiteral("-o"), QStringLiteral("media=") + order_.Media});

@@ -5,6 +5,7 @@
 
 #include "desktop/look/text.h"
 #include "system/places.h"
+#include "system/process.h"
 
 #if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
 #include "desktop/services/qt_alarm.h"
@@ -78,6 +79,7 @@ QUrl QtShellLinks::Address(const std::string& target) {
 }
 
 void QtShellLinks::Open(const std::string& target) {
+  host::KeepDescriptorsFromChildren();
   QDesktopServices::openUrl(Address(target));
 }
 

@@ -5,6 +5,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "system/process.h"
+
 namespace host {
 
 namespace {
@@ -39,6 +41,7 @@ std::optional<ChildProcess> ChildProcess::Start(const std::string& program,
   }
   words.push_back(nullptr);
   const SilentStreams streams;
+  KeepDescriptorsFromChildren();
   pid_t id = 0;
   const int error =
       ::posix_spawnp(&id, program.c_str(), streams.Actions(), nullptr, words.data(), environ);
