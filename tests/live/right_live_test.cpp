@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdio>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <string>
 #include <thread>
 
@@ -82,8 +84,9 @@ TEST_F(RightToCapture, BringsAnInterfaceBackThatWentAwayWhileItWasHeard) {
     source_.Next();
     return source_.Presence() == platform::Presence::Gone;
   }));
+  // Its far end is up first, so that it is ready to send once the near end is there.
   live::RightScene::Do("ip link add " + live::NearEnd + " type veth peer name " + live::FarEnd +
-                       "; ip link set " + live::NearEnd + " up; ip link set " + live::FarEnd +
+                       "; ip link set " + live::FarEnd + " up; ip link set " + live::NearEnd +
                        " up");
   ASSERT_TRUE(WaitFor([this] { return source_.Presence() == platform::Presence::There; }));
   EXPECT_TRUE(Hears());
@@ -106,6 +109,10 @@ TEST_F(RightToCapture, IsNeitherLeftToAChildNorIsWhatIsOpen) {
   const support::TemporaryFolder folder;
   const std::string told = folder.File("told");
   source_.Prepare(Settings());
+  // As libraries open their files.
+  const std::unique_ptr<FILE, int (*)(FILE*)> file(
+      std::fopen(folder.File("opened.pcap").c_str(), "w"), std::fclose);
+  ASSERT_TRUE(file);
   ASSERT_TRUE(host::ChildProcess::Start("sh", {"-c", live::ConfessingScript(told)}));
   ASSERT_TRUE(WaitFor([&] { return std::filesystem::exists(told); }));
   live::ExpectInnocent(told);

@@ -42,8 +42,8 @@ bool HasCaptureRight() {
 void ReserveCaptureRight() {
   const Capabilities before(cap_get_proc());
   if (!before) return;
-  cap_reset_ambient();
   const Capabilities kept(geteuid() == 0 ? cap_dup(before.get()) : cap_init());
+  // What is not inheritable leaves the ambient set by itself.
   cap_clear_flag(kept.get(), CAP_INHERITABLE);
   if (Holds(before, CAP_PERMITTED)) cap_set_flag(kept.get(), CAP_PERMITTED, 1, &Raw, CAP_SET);
   Put(kept, CAP_EFFECTIVE, CAP_CLEAR);
