@@ -1,8 +1,9 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cstdint>
 #include <map>
+#include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -12,6 +13,7 @@
 #include "adapters/wire_filter.h"
 #include "base/failure.h"
 #include "live/network_interface_scene.h"
+#include "live/right_scene.h"
 #include "live/wire.h"
 #include "support/failures.h"
 
@@ -273,13 +275,17 @@ TEST_F(NetworkInterfaceScene, TellsThatItsInterfaceIsDownAndGoesOnWhenItIsUp) {
 }
 
 TEST_F(NetworkInterfaceScene, TellsHowToGetTheRightToCapture) {
-  if (seteuid(65534) != 0) GTEST_SKIP() << "no other user to be";
   const adapters::SteadyClock clock;
   adapters::SystemCaptureLayer layer(clock, {"", live::RightAdvice});
-  const auto object = layer.NewCaptureObject();
-  const Failure refusal = RaisedBy([&] { source_.Prepare(Settings()); });
-  const std::int32_t start = FailureOf([&] { source_.Start(); });
-  ASSERT_EQ(seteuid(0), 0);
+  std::unique_ptr<platform::CaptureObject> object;
+  std::optional<Failure> refused;
+  std::int32_t start = failure::ObjectNotSet;
+  live::WithoutRights([&] {
+    object = layer.NewCaptureObject();
+    refused = RaisedBy([&] { source_.Prepare(Settings()); });
+    start = FailureOf([&] { source_.Start(); });
+  });
+  const Failure& refusal = *refused;
   EXPECT_EQ(refusal.Number(), failure::PermissionDenied);
   EXPECT_EQ(start, 0);
   for (const std::string& text : {refusal.Text(), layer.Advice()}) {

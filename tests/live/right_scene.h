@@ -1,11 +1,14 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <sys/capability.h>
 #include <unistd.h>
 
 #include <cstdio>
 #include <fstream>
+#include <functional>
 #include <string>
+#include <thread>
 
 #include "adapters/rights/capture_right.h"
 #include "live/wire.h"
@@ -38,6 +41,16 @@ class RightScene {
  private:
   static inline FILE* shell_ = nullptr;
 };
+
+/// Does something on a thread that has no rights at all; they belong to a thread.
+inline void WithoutRights(const std::function<void()>& action) {
+  std::thread([&] {
+    const cap_t none = cap_init();
+    EXPECT_EQ(cap_set_proc(none), 0);
+    cap_free(none);
+    action();
+  }).join();
+}
 
 /// What a status file of the system tells under a name; empty where it is silent.
 inline std::string Told(const std::string& file, const std::string& name) {
