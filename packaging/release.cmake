@@ -1,0 +1,21 @@
+# The version and its date are those of the newest entry of the changelog, and stand nowhere else.
+set(VORNIK_CHANGELOG ${CMAKE_CURRENT_LIST_DIR}/../debian/changelog)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${VORNIK_CHANGELOG})
+
+file(STRINGS ${VORNIK_CHANGELOG} entries REGEX "^vornik \\(")
+list(GET entries 0 newest)
+string(REGEX REPLACE "^vornik \\(([0-9.]+)\\).*" "\\1" VORNIK_VERSION "${newest}")
+
+file(STRINGS ${VORNIK_CHANGELOG} signatures REGEX "^ -- ")
+list(GET signatures 0 newest)
+if(NOT newest MATCHES "([0-9]+) ([A-Z][a-z][a-z]) ([0-9][0-9][0-9][0-9]) ")
+  message(FATAL_ERROR "${VORNIK_CHANGELOG} does not tell when version ${VORNIK_VERSION} was made.")
+endif()
+set(day ${CMAKE_MATCH_1})
+set(year ${CMAKE_MATCH_3})
+set(months Jan Feb Mar Apr May Jun Jul Aug Sep Oct Nov Dec)
+list(FIND months ${CMAKE_MATCH_2} month)
+math(EXPR month "${month} + 1")
+string(REGEX REPLACE "^(.)$" "0\\1" month ${month})
+string(REGEX REPLACE "^(.)$" "0\\1" day ${day})
+set(VORNIK_DATE ${year}-${month}-${day})
