@@ -1,20 +1,20 @@
 #!/usr/bin/env python3
 """Compares what vornik-cli says of its commands and options with its manual page and the README.
 
-    documented.py ROOT PROGRAM
+    documented.py ROOT PROGRAM PAGE
 
 Each command and each of its options stands in both, and nothing stands there that the program does not have.
+PAGE is the manual page as it was built.
 """
 import re
-import shutil
 import subprocess
 import sys
 from pathlib import Path
 
+import manual_page
 import program_help
 
-ROOT, PROGRAM = Path(sys.argv[1]), sys.argv[2]
-MANUAL = ROOT / "packaging/vornik-cli.1"
+ROOT, PROGRAM, MANUAL = Path(sys.argv[1]), sys.argv[2], Path(sys.argv[3])
 OPTION = re.compile(r"--[a-z][\w-]*")
 OF_ALL = {"--help", "--version"}
 faults = []
@@ -25,20 +25,14 @@ def compare(where, found, wanted):
     faults.extend(f"{where}: {name} is not there in the program" for name in sorted(found - wanted))
 
 
-def sections(text, opening):
-    """Heading -> what stands below it, up to the next heading."""
-    parts = re.split(opening, text, flags=re.M)
-    return dict(zip(parts[1::2], parts[2::2]))
-
-
 def check_manual(text, options):
     # A line may go on behind a backslash.
     text = text.replace("\\-", "-").replace("\\\n", "")
-    chapters = sections(text, r"^\.SH (.*)$")
-    described = sections(chapters["COMMANDS"], r'^\.SS "?([\w-]+).*$')
+    chapters = manual_page.sections(text, r"^\.SH (.*)$")
+    described = manual_page.sections(chapters["COMMANDS"], r'^\.SS "?([\w-]+).*$')
     compare("manual, COMMANDS", set(described), set(options))
     # A command's lines reach to the next command's.
-    shown = sections(chapters["SYNOPSIS"], r"^\.B vornik-cli(?: ([\w-]+))?$")
+    shown = manual_page.sections(chapters["SYNOPSIS"], r"^\.B vornik-cli(?: ([\w-]+))?$")
     shown.pop(None, None)
     compare("manual, SYNOPSIS", set(shown), set(options))
     for command, wanted in options.items():
@@ -51,28 +45,18 @@ def check_manual(text, options):
 
 
 def check_readme(text, options):
-    chapter = sections(text, r"^## (.*)$").get("Without a window", "")
-    rows = sections(chapter, r"^\| `([\w-]+)[^`]*` \|")
+    chapter = manual_page.sections(text, r"^## (.*)$").get("Without a window", "")
+    rows = manual_page.sections(chapter, r"^\| `([\w-]+)[^`]*` \|")
     compare("README, commands", set(rows), set(options))
     for command, wanted in options.items():
         compare(f"README, {command}", set(OPTION.findall(rows.get(command, "").split("\n")[0])), wanted)
     compare("README", set(OPTION.findall(chapter)) | OF_ALL, set().union(OF_ALL, *options.values()))
 
 
-def check_form():
-    """The page is read by both formatters without a complaint, as far as they are there."""
-    for name, arguments in {"groff": ["-man", "-ww", "-z"], "mandoc": ["-Tlint"]}.items():
-        if not shutil.which(name):
-            print(f"{name} is not installed: its opinion of the manual is skipped")
-            continue
-        run = subprocess.run([name, *arguments, str(MANUAL)], capture_output=True, text=True, timeout=60)
-        faults.extend(f"{name}: {line}" for line in (run.stdout + run.stderr).splitlines())
-
-
-def check_version(text):
-    project = re.search(r"^  VERSION (\S+)$", (ROOT / "CMakeLists.txt").read_text(), re.M).group(1)
-    if f'"Vornik {project}"' not in text:
-        faults.append(f"manual: its first line does not tell the version {project}")
+def check_version(page):
+    told = subprocess.run([PROGRAM, "--version"], check=True, capture_output=True, text=True).stdout.split()[-1]
+    if manual_page.version(page) != told:
+        faults.append(f"manual: its first line does not tell the version {told}")
 
 
 wanted = {command: set(program_help.options(PROGRAM, command)) - OF_ALL
@@ -81,7 +65,7 @@ manual = MANUAL.read_text()
 check_manual(manual, wanted)
 check_version(manual)
 check_readme((ROOT / "README.md").read_text(), wanted)
-check_form()
+faults.extend(manual_page.complaints(MANUAL))
 print("\n".join(faults))
 print(f"{len(wanted)} commands, {sum(map(len, wanted.values()))} options")
 sys.exit(1 if faults or not wanted else 0)

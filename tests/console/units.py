@@ -65,7 +65,7 @@ if not shutil.which("systemd-analyze"):
 with tempfile.TemporaryDirectory() as folder:
     manual = Path(folder) / "man/man1/vornik-cli.1"
     manual.parent.mkdir(parents=True)
-    shutil.copy(ROOT / "packaging/vornik-cli.1", manual)
+    shutil.copy(ROOT / "packaging/man/vornik-cli.1.in", manual)
     units = unit_files.copied(ROOT, folder, PROGRAM)
     check_verdicts(units, Path(folder) / "man")
     check_rights(units)
