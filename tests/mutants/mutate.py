@@ -11,14 +11,10 @@ does not count, no more than one that does not compile. What hangs is dead. The 
 build/mutants/seed-<SEED>.json, so that another call with the same seed goes on where the last one ended.
 """
 import difflib
-import hashlib
 import json
 import os
 import random
 import re
-import shutil
-import signal
-import subprocess
 import sys
 import threading
 import time
@@ -26,18 +22,11 @@ from collections import Counter
 from pathlib import Path
 
 from mutations import broken, by_line
+from tree import NoCpp, ROOT, Tree, WORK
 
-ROOT = Path(__file__).resolve().parent.parent.parent
-WORK = ROOT / "build" / "mutants"
 WORKERS = int(os.environ.get("WORKERS", "2"))
 # Only these folders are broken, and only their tests are met; what lives so is for --again with all.
 FOLDERS = os.environ.get("FOLDERS", "").split()
-# What a broken line takes of the computer has an end.
-MOUNTED = 'mount --bind "$1" "$2" && cd "$2" && shift 2 && exec "$@"'
-BOUNDS = ["prlimit", f"--fsize={4 << 30}", "--core=0", "--"]
-BOUNDS_OF_TESTS = ["prlimit", f"--as={6 << 30}", f"--fsize={4 << 30}", "--core=0", "--"]
-# A test program that takes so many times its usual time, and so many seconds more, hangs.
-PATIENCE = (5, 30)
 OWN_PROGRAM = {"forms": ["config"]}
 # What is put together by the programs and so stands below every face.
 FACES = ["console", "desktop"]
@@ -107,104 +96,6 @@ def lived(texts, verdicts):
     return found
 
 
-class Tree:
-    """A copy of the tree with its build, in which one mutant at a time lives.
-
-    All workers see theirs in the same place, by a mount of their own, so that one build serves them all.
-    """
-
-    def __init__(self, number):
-        self.root = WORK / str(number)
-        self.seen = WORK / "1"
-        self.build = self.seen / "build" / "mutants"
-        self.told = self.root / "build" / "told.txt"
-        self.usual = {}
-        self.place = [] if number == 1 else ["unshare", "--mount", "sh", "-c", MOUNTED, "sh", self.root, self.seen]
-        # A signal that a broken line sends stays in a namespace of its own, where there is the right to one.
-        alone = ["unshare", "--pid", "--fork", "--kill-child", "--mount-proc"]
-        self.apart = alone if subprocess.run([*alone, "true"], stderr=subprocess.DEVNULL).returncode == 0 else []
-
-    def copy(self):
-        """Brings over what has changed, and takes away what is gone."""
-        listed = subprocess.run(["git", "-C", ROOT, "ls-files", "-coz", "--exclude-standard"], check=True,
-                                capture_output=True, text=True).stdout.split("\0")
-        names = {name for name in listed if name and (ROOT / name).is_file()}
-        for name in names:
-            target = self.root / name
-            if not target.is_file() or target.read_bytes() != (ROOT / name).read_bytes():
-                target.parent.mkdir(parents=True, exist_ok=True)
-                shutil.copy(ROOT / name, target)
-        for path in list(self.root.rglob("*")):
-            name = path.relative_to(self.root).as_posix()
-            if path.is_file() and not name.startswith("build/") and name not in names:
-                path.unlink()
-        (self.root / "build" / "home").mkdir(parents=True, exist_ok=True)
-
-    def run(self, words, seconds, bounds=BOUNDS, **environment):
-        """The exit code, or None where the time ran out, with what was said."""
-        with self.told.open("wb") as told:
-            process = subprocess.Popen([*map(str, [*self.place, "nice", "-n", "10", *bounds, *words])],
-                                       cwd=self.root, env={**os.environ, **environment}, stdout=told,
-                                       stderr=subprocess.STDOUT, stdin=subprocess.DEVNULL, start_new_session=True)
-            try:
-                code = process.wait(seconds)
-            except subprocess.TimeoutExpired:
-                code = None
-            finally:
-                try:
-                    os.killpg(process.pid, signal.SIGKILL)
-                except ProcessLookupError:
-                    pass
-                process.wait()
-        return code, self.told.read_text(errors="replace")
-
-    def run_tests(self, words, seconds):
-        """The same at a home of its own, where nothing of the user's is met."""
-        places = dict.fromkeys(("HOME", "TMPDIR", "TEST_TMPDIR"), str(self.seen / "build" / "home"))
-        return self.run(words, seconds, BOUNDS_OF_TESTS, LC_ALL="C.UTF-8", **places)
-
-    def compile(self, *targets):
-        return self.run(["ninja", "-C", self.build, *targets], 3600, CCACHE_BASEDIR=str(self.seen))
-
-    def program(self, folder, seen=True):
-        where = "tests/desktop" if folder == "desktop" else "tests"
-        return (self.seen if seen else self.root) / "build" / "mutants" / where / f"test_{folder}"
-
-    def digest(self, folder):
-        return hashlib.sha256(self.program(folder, seen=False).read_bytes()).hexdigest()
-
-    def test(self, folder, chosen="*", usual=None):
-        program = self.program(folder)
-        chosen += "-DecimalComma.*" if "-" not in chosen else ""
-        seconds = 600 if usual is None else usual * PATIENCE[0] + PATIENCE[1]
-        return self.run_tests([*self.apart, program, "--gtest_fail_fast", f"--gtest_filter={chosen}"], seconds)
-
-    def scenes(self, chosen):
-        return self.run_tests(["ctest", "--test-dir", self.build, "-R", chosen, "--stop-on-failure", "-j3"], 900)
-
-    def prepare(self, folders):
-        """Builds everything as it is, and sees that all tests pass and how long they take."""
-        self.copy()
-        code, told = self.run(["cmake", "--preset", "mutants"], 300)
-        if code == 0:
-            code, told = self.compile(*[f"test_{folder}" for folder in folders])
-        if code != 0:
-            sys.exit(f"The tree does not build as it is:\n{told[-3000:]}")
-        self.programs = {folder: self.digest(folder) for folder in folders}
-        for folder in folders:
-            begun = time.monotonic()
-            code, told = self.test(folder)
-            if code not in (0, 77):
-                sys.exit(f"The tests of {folder} fail as they are:\n{told[-3000:]}")
-            self.usual[folder] = time.monotonic() - begun
-
-    def take_over(self, other):
-        """Begins as the other one, which has been built and tested."""
-        shutil.rmtree(self.root, ignore_errors=True)
-        subprocess.run(["cp", "-a", other.root, self.root], check=True)
-        self.programs, self.usual = other.programs, dict(other.usual)
-
-
 def killer(told):
     """The first test that failed, or the one in which the program ended."""
     failed = re.search(r"\[  FAILED  \] ([^\s,]+)", told) or re.search(r"- (\S+) \((?:Failed|Timeout)", told)
@@ -215,69 +106,74 @@ def killer(told):
 
 
 def suites(folder, file):
-    """The suites in the tests of a source's own room, as a filter; empty where it has none."""
-    room = Path(file).relative_to("src").parent
+    """The suites that stand nearest to a source, as a filter: those of its room, or those named as it begins."""
+    place = Path(file).relative_to("src")
+    room = ROOT / "tests" / place.parent
+    first = place.stem.split("_")[0] if place.parent == Path(folder) else ""
     found = set()
-    for test in sorted((ROOT / "tests" / room).glob("*.cpp")):
+    for test in sorted(room.glob(f"{first}*.cpp")) if place.parts[0] == folder else []:
         found |= set(re.findall(r"^(?:TYPED_)?TEST(?:_[FP])?\(\s*(\w+)", test.read_text(), re.M))
-    return ":".join(f"{name}.*:*/{name}.*" for name in sorted(found)) if room != Path(folder) else ""
+    return ":".join(f"{name}.*:*/{name}.*" for name in sorted(found))
 
 
 class Mutant:
+    """One break, in the copy of the tree that it is given."""
+
     def __init__(self, tree, file, text, mutation):
-        self.tree, self.file = tree, tree.root / file
-        self.name, self.folder = file, folder_of(file)
-        self.text = text
-        self.mutation = mutation
+        self.tree, self.file, self.folder = tree, file, folder_of(file)
+        self.text, self.broken = text, broken(text, mutation)
         self.met = 0
 
     def verdict(self):
-        """One of "no C++", "same", "dead" or "lived", with what killed it."""
-        self.file.write_text(broken(self.text, self.mutation))
+        """One of "same", "dead" or "lived", and what killed it. A header has all rebuilt that reads it."""
+        if self.file.endswith(".h"):
+            return self.in_tree(self.judged)
+        self.library = self.tree.compiled(self.file, self.broken)
+        return self.judged() if self.library else ("same", "", "")
+
+    def in_tree(self, judge):
+        place = self.tree.root / self.file
+        place.write_text(self.broken)
         try:
-            return self.judged()
+            return judge()
         finally:
-            self.file.write_text(self.text)
+            place.write_text(self.text)
 
     def judged(self):
         own = OWN_PROGRAM.get(self.folder, [self.folder])
-        for folder in own + [name for name in ABOVE[self.folder] if name in self.tree.programs and name not in own]:
+        for folder in own + [name for name in ABOVE[self.folder] if name in self.tree.usual and name not in own]:
             dead = self.meets(folder)
             if dead:
                 return dead
-        if self.met and self.folder in SCENES and not FOLDERS:
-            if not self.built("vornik-cli", *STARTED.get(self.folder, [])):
-                return "dead", "scenes", "no test (did not start)"
-            code, told = self.tree.scenes(SCENES[self.folder])
-            if code != 0:
-                return "dead", "scenes", killer(told)
-        return ("lived", "", "") if self.met else ("same", "", "")
-
-    def built(self, *targets):
-        """Whether the targets are there; where one only does not start, that is for its tests to find."""
-        code, told = self.tree.compile(*targets)
-        if code != 0 and ("error: " in told or code is None):
-            raise NoCpp
-        return code == 0
+        if not self.met:
+            return "same", "", ""
+        dead = self.in_tree(self.scenes) if self.folder in SCENES and not FOLDERS else None
+        return dead or ("lived", "", "")
 
     def meets(self, folder):
-        if not self.built(f"test_{folder}"):
-            return "dead", folder, "no test (did not start)"
-        if self.tree.digest(folder) == self.tree.programs[folder]:
+        if self.file.endswith(".h"):
+            if not self.tree.made(f"test_{folder}"):
+                return "dead", folder, "no test (did not start)"
+            program = self.tree.program(folder)
+        else:
+            program = self.tree.linked(folder, self.library)
+        if not self.tree.is_new(folder, program):
             return None
         self.met += 1
-        room = suites(folder, self.name) if folder == self.folder else ""
-        for chosen in [room, "*"] if room else ["*"]:
-            code, told = self.tree.test(folder, chosen, self.tree.usual[folder])
+        near = suites(folder, self.file)
+        for suite in [near, "*"] if near else ["*"]:
+            code, told = self.tree.test(folder, program, suite)
             if code is None:
                 return "dead", folder, "time"
             if code not in (0, 77):
                 return "dead", folder, killer(told)
         return None
 
-
-class NoCpp(Exception):
-    pass
+    def scenes(self):
+        if not self.tree.made("vornik-cli", *STARTED.get(self.folder, [])):
+            return "dead", "scenes", "no test (did not start)"
+        code, told = self.tree.scenes(SCENES[self.folder])
+        return None if code == 0 else ("dead", "scenes", "time" if code is None else killer(told))
 
 
 class Run:
@@ -345,12 +241,12 @@ def main():
     seed = int(words[0]) if words else 1
     WORK.mkdir(parents=True, exist_ok=True)
     folders = [name for name in ABOVE if name not in OWN_PROGRAM and chosen(name)]
+    texts = sources()
     trees = [Tree(number + 1) for number in range(WORKERS)]
     trees[0].prepare(folders)
     for tree in trees[1:]:
         tree.take_over(trees[0])
     run = Run(seed, seconds)
-    texts = sources()
     lines = lived(texts, run.verdicts) if again else [line for line in drawn(texts, seed)
                                                       if line[0] not in run.verdicts]
     workers = [threading.Thread(target=run.work, args=(tree, texts, lines)) for tree in trees]
