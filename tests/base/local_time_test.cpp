@@ -36,6 +36,7 @@ TEST(LocalTime, IsWrittenInPlainDigitsFromTheYearOn) {
 TEST(LocalTime, IsReadBackDayFirst) {
   EXPECT_EQ(ToLocalTime("09.03.2024 21:05:07"), Evening);
   EXPECT_EQ(ToLocalTime("29.02.2024 00:00:00"), (LocalTime{2024, 2, 29, 0, 0, 0}));
+  EXPECT_EQ(ToLocalTime("31.12.0100 23:59:59"), (LocalTime{100, 12, 31, 23, 59, 59}));
 }
 
 TEST(LocalTime, RefusesATextOfAnotherForm) {

@@ -147,7 +147,8 @@ class Tree:
             sys.exit(f"The tree does not build as it is:\n{str(why)[-3000:]}")
         commands = json.loads((self.build / "compile_commands.json").read_text())
         self.compiles = {Path(entry["file"]).relative_to(self.seen).as_posix(): entry["command"]
-                         for entry in commands if self.build not in Path(entry["file"]).parents}
+                         for entry in commands if " -o src/" in entry["command"]
+                         and self.build not in Path(entry["file"]).parents}
         self.unbroken = self.root / "build" / "unbroken"
         self.unbroken.mkdir(exist_ok=True)
         self.links = {}

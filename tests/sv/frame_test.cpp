@@ -127,6 +127,17 @@ TEST(FrameStructure, TellsEachFieldOfAnAsdu) {
   EXPECT_EQ(bytes[asdu.SamplesAt - 2], 0x87);
 }
 
+TEST(FrameStructure, TellsHowLongASignatureBehindTheAsdusIs) {
+  FrameBytes bytes = SvFrame("MU01").Channels(2).Bytes();
+  bytes.insert(bytes.end(), {0x81, 3, 7, 8, 9});
+  // The length of the PDU, and that of the savPdu behind its head.
+  for (const std::size_t length : {17, 23}) bytes.at(length) += 5;
+  const Frame frame = Read(bytes);
+  EXPECT_EQ(frame.Why, Fault::None);
+  EXPECT_EQ(frame.Security, 3U);
+  EXPECT_EQ(FirstOf(frame).SvId, "MU01");
+}
+
 TEST(FrameStructure, LeavesOutWhatTheSenderLeavesOut) {
   const FrameBytes bytes = SvFrame("").Bytes();
   const Frame frame = Read(bytes);
@@ -211,6 +222,10 @@ TEST(FrameStructure, TellsWhereEachKindOfFaultLies) {
   const std::size_t count = Behind(bytes, {0x80, 1, 1}) - 3;
   EXPECT_EQ(Read(Changed(bytes, count, 0x8A)).Why, Fault::NoAsduCount);
   EXPECT_EQ(FaultOf(Changed(bytes, count + 2, 2)), Fault::OtherAsduCount);
+  // A number of no bytes, behind which the next element would begin a byte earlier.
+  const Frame uncounted = Read(Changed(bytes, count + 1, 0));
+  EXPECT_EQ(uncounted.Why, Fault::FieldSize);
+  EXPECT_EQ(uncounted.FaultAt, count);
   EXPECT_EQ(Read(Changed(bytes, count + 3, 0xA3)).Why, Fault::NoAsduSequence);
   const std::size_t id = Behind(bytes, {0x80, 4, 'M'}) - 3;
   EXPECT_EQ(FaultOf(Changed(bytes, id - 2, 0x31)), Fault::NoAsdu);
@@ -220,6 +235,16 @@ TEST(FrameStructure, TellsWhereEachKindOfFaultLies) {
   const std::size_t samples = Behind(bytes, {0x87, 64});
   EXPECT_EQ(FaultOf(Changed(bytes, samples - 2, 0x8A)), Fault::NoSamples);
   EXPECT_EQ(FaultOf(Changed(bytes, samples - 1, 65)), Fault::ElementCut);
+}
+
+TEST(FrameStructure, TellsOfNoAsduThatIsBroken) {
+  const FrameBytes bytes = SvFrame("MU01").Bytes();
+  const FrameBytes broken = Changed(bytes, Behind(bytes, {0x82, 2}) - 2, 0x8A);
+  const Frame frame = Read(broken);
+  AsduReader reader(frame);
+  Asdu asdu;
+  EXPECT_FALSE(reader.Next(asdu));
+  EXPECT_EQ(reader.Count(), 0U);
 }
 
 TEST(FrameStructure, StaysWithinFramesThatNobodySends) {

@@ -293,6 +293,9 @@ TEST_F(FileSource, PlaysADamagedFileAsFarAsItGoesAndTellsOnce) {
   for (const char* word : {"bus.pcap", "frame 2", "Please"}) {
     EXPECT_NE(damage.Text().find(word), std::string::npos) << damage.Text();
   }
+  EXPECT_TRUE(damage.Text().ends_with(
+      ". The frames up to there are played over and over. Please copy or record the file anew."))
+      << damage.Text();
   // The settings hold in spite of the failure: no frame of this file has a tag.
   source_.Start();
   EXPECT_EQ(DueAfter(1ms), Marks());
@@ -326,6 +329,16 @@ TEST_F(FileSource, TellsTheDamageOfEachFileThatReplacedAnother) {
     DueAfter(1ms);
     EXPECT_EQ(FailureOf([&] { Play(); }), 0) << file;
   }
+}
+
+TEST_F(FileSource, CountsTheFramesOfAFileThatReplacedAnotherAnew) {
+  PcapFile().Add(0, 0, Marked(1)).Add(0, 250, Marked(2)).Save(file_);
+  Play();
+  PcapFile().Add(0, 0, Marked(3)).AddNonsense().Save(file_);
+  Age(1h);
+  DueAfter(1ms);
+  const std::string damage = support::RaisedBy([&] { Play(); }).Text();
+  EXPECT_NE(damage.find("behind frame 1: "), std::string::npos) << damage;
 }
 
 TEST_F(FileSource, ForgetsTheDamageOfAFileThatWasTakenAway) {

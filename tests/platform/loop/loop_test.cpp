@@ -197,6 +197,20 @@ TEST_F(LoopScene, EndsOnAFailureThatNoTrapTookWithItsBox) {
   EXPECT_FALSE(entered);
 }
 
+TEST_F(LoopScene, EndsWhereMemoryRunsOutInAnEvent) {
+  guard([] { throw std::bad_alloc(); });
+  ASSERT_EQ(dialogs.Shown.size(), 1U);
+  EXPECT_EQ(dialogs.Shown[0].Text, "Run-time error '7':\r\n\r\nOut of memory");
+  EXPECT_TRUE(guard.Closed());
+}
+
+TEST_F(LoopScene, EndsOnWhatIsNoFailureOfTheProgram) {
+  guard([] { throw std::logic_error("not foreseen"); });
+  ASSERT_EQ(dialogs.Shown.size(), 1U);
+  EXPECT_EQ(dialogs.Shown[0].Text, "Run-time error '51':\r\n\r\nnot foreseen");
+  EXPECT_THAT(exits, ElementsAre(platform::Guard::FailureExitCode));
+}
+
 TEST_F(LoopScene, AnEndInsideAPumpLeavesTheHandlerThatPumped) {
   platform::Timer outer(loop.Timers);
   bool wentOn = false;
@@ -232,6 +246,26 @@ TEST_F(LoopScene, AnAlarmRingsOnceAndNotWhereItWasStopped) {
   alarm.Stop();
   RunFor(100ms);
   EXPECT_EQ(rings, 1);
+}
+
+TEST_F(LoopScene, AnAlarmBringsNothingBehindTheEndOfItsLoop) {
+  QueueAlarm ofTimers(queue);
+  QueueAlarm ofFrames(queue);
+  {
+    const platform::Loop over{{clock, stock, guard, ofTimers, ofFrames}};
+    EXPECT_TRUE(ofTimers.Rings);
+    EXPECT_TRUE(ofFrames.Rings);
+  }
+  EXPECT_FALSE(ofTimers.Rings);
+  EXPECT_FALSE(ofFrames.Rings);
+}
+
+TEST_F(LoopScene, APauseOfNoTimeIsNone) {
+  std::vector<std::chrono::nanoseconds> waits;
+  platform::WaitingQueue idle{clock, guard,
+                              [&](std::chrono::nanoseconds time) { waits.push_back(time); }};
+  for (const std::int32_t ms : {0, -5, 1}) idle.WaitMs(ms);
+  EXPECT_THAT(waits, ElementsAre(1ms));
 }
 
 TEST_F(LoopScene, AnAlarmThatSetsItselfAtOnceLetsThePumpEnd) {

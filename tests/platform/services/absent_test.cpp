@@ -29,6 +29,19 @@ TEST(AbsentServices, SayThatTheyAreNotThereWhereSomebodyAsks) {
   platform::PrintSurface& paper = OrNone(static_cast<platform::PrintSurface*>(nullptr));
   EXPECT_EQ(FailureOf([&] { paper.Orientation(platform::PageOrientation::Portrait); }),
             platform::failure::NoPrinter);
+  paper.Colours(platform::ColourMode::Colour);
+  paper.DocumentName("a page");
+  paper.FontName("a font");
+  paper.FontSize(9);
+  paper.FontBold(true);
+  paper.FontUnderline(true);
+  paper.ForeColor({});
+  paper.CurrentX(10);
+  paper.CurrentY(10);
+  paper.Print("a text");
+  paper.PrintLine("a line");
+  EXPECT_EQ(paper.TextWidth("a text"), 0);
+  EXPECT_EQ(FailureOf([&] { paper.EndDoc({}); }), platform::failure::NoPrinter);
 
   platform::FolderDialog& folders = OrNone(static_cast<platform::FolderDialog*>(nullptr));
   EXPECT_FALSE(folders.Browse("Where?", "c:\\StoredData"));

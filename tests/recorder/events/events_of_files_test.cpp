@@ -91,6 +91,14 @@ TEST_F(RecordedEvents, HaveAnEndWhereAnInterfaceWentBeforeAnythingCame) {
   EXPECT_THAT(All().back(), HasSubstr(";end;"));
 }
 
+TEST_F(RecordedEvents, TellOfAnInterfaceThatIsSwitchedOff) {
+  Record();
+  bench.Capture.AdapterPresence = platform::Presence::SwitchedOff;
+  bench.Elapse(1s);
+  bench.Stop();
+  EXPECT_THAT(Happened(), ElementsAre(";;interface switched off;;"));
+}
+
 TEST_F(RecordedEvents, KnowAFileThatWasMadeAnewBehindItsFirstRing) {
   Record();
   Come(Ring);

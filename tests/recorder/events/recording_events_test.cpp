@@ -35,6 +35,14 @@ TEST_F(RecordedEvents, BeginWithTheSettingsAndEndWithTheTotals) {
   EXPECT_THAT(lines[3], HasSubstr(";;;end;;STOP was pressed"));
 }
 
+TEST_F(RecordedEvents, BeginWithTheUnitsOfTheSecondStream) {
+  bench.TakeBoth();
+  Record();
+  Come(Ring);
+  bench.Stop();
+  EXPECT_THAT(All().front(), HasSubstr(", stream 2 in A and kV, frequency 50 Hz\""));
+}
+
 TEST_F(RecordedEvents, AreThereForEachFormat) {
   for (const char* format : {"EXCEL", "COMTRADE"}) {
     Record(format);
@@ -158,6 +166,16 @@ TEST_F(RecordedEvents, TellOfAClockThatWasSet) {
   bench.Stop();
   EXPECT_THAT(Happened(), ElementsAre(";;clock set;;by -3600.000 s"));
   EXPECT_THAT(Line("total"), HasSubstr("missing 0"));
+}
+
+TEST_F(RecordedEvents, TakeNoStepOfAClockThatIsShorterThanATenthOfASecond) {
+  Record();
+  Come(1);
+  bench.Core.Watch.TakeClockStep();
+  bench.Clock.Began += 99'999us;
+  EXPECT_EQ(bench.Core.Watch.TakeClockStep(), 0us);
+  bench.Clock.Began -= 100'000us;
+  EXPECT_EQ(bench.Core.Watch.TakeClockStep(), -100'000us);
 }
 
 TEST_F(RecordedEvents, TellOfNoSilenceWhereFramesWaitedForTheProgram) {
