@@ -91,7 +91,7 @@ def lived(texts, verdicts):
         if told["verdict"] != "lived":
             continue
         file = name.split(":")[0]
-        found += [(name, file, [way]) for ways in by_line(texts[file]).values() for way in ways
+        found += [(name, file, [way]) for ways in by_line(texts.get(file, "")).values() for way in ways
                   if way.kind == told["kind"] and difference(texts[file], way) == told["diff"]][:1]
     return found
 
