@@ -1,24 +1,30 @@
-// Records for a given time with the whole program, and tells what that took of the computer.
+// Records for a given time with the whole program, visits all views before and behind that where it
+// is asked to, and tells what that took of the computer.
 
 #include <QApplication>
 #include <QDialog>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QTimer>
+#include <array>
 #include <chrono>
 #include <cstdint>
 #include <exception>
-#include <fstream>
+#include <functional>
 #include <iostream>
 #include <stdexcept>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "adapters/steady_clock.h"
 #include "adapters/system_capture_layer.h"
 #include "adapters/windows1252.h"
+#include "capture/modes.h"
 #include "desktop/desktop_program.h"
 #include "desktop/look/look.h"
 #include "processor_time.h"
+#include "resources.h"
 
 namespace soak {
 
@@ -28,6 +34,12 @@ constexpr int LookMs = 20;
 constexpr int StartMs = 500;
 /// A reading of what the recording takes begins when its first ring is written.
 constexpr int WarmMs = 1500;
+/// How often a recording tells what it holds of the computer.
+constexpr int ResourcesMs = 10'000;
+/// In the order of a visit; the tab that is left last has nothing that runs.
+constexpr std::array Tabs = {forms::tab::Values,   forms::tab::Phasor, forms::tab::Waveforms,
+                             forms::tab::Recorder, forms::tab::Report, forms::tab::Setup,
+                             forms::tab::Info};
 
 /// What is recorded, as the arguments tell it.
 struct Plan {
@@ -38,33 +50,25 @@ struct Plan {
   int Recordings = 1;
   std::string First;
   std::string Second;
+  /// How long each view is visited before and behind the recordings; 0 for no visit.
+  int ViewMs = 0;
 };
 
 Plan PlanOf(const QStringList& arguments) {
   constexpr qsizetype Least = 6;
-  constexpr qsizetype Most = 7;
+  constexpr qsizetype Most = 8;
   if (arguments.size() < Least || arguments.size() > Most) {
     throw std::invalid_argument(
-        "usage: vornik_soak ADAPTER FORMAT(0..2) SECONDS RECORDINGS FIRST-ID [SECOND-ID]");
+        "usage: vornik_soak ADAPTER FORMAT(0..2) SECONDS RECORDINGS FIRST-ID [SECOND-ID "
+        "[SECONDS-A-VIEW]]");
   }
   return {arguments[1].toStdString(),
           arguments[2].toULongLong(),
           static_cast<int>(arguments[3].toDouble() * 1000),
           arguments[4].toInt(),
           arguments[5].toStdString(),
-          arguments.value(Least).toStdString()};
-}
-
-/// Resident memory of this process, in kB.
-long ResidentKb() {
-  std::ifstream status("/proc/self/status");
-  for (std::string word; status >> word;) {
-    if (word != "VmRSS:") continue;
-    long kb = 0;
-    status >> kb;
-    return kb;
-  }
-  return 0;
+          arguments.value(Least).toStdString(),
+          static_cast<int>(arguments.value(Least + 1).toDouble() * 1000)};
 }
 
 /// Runs the recordings one behind the other, and prints a line an event.
@@ -74,15 +78,18 @@ class Soak {
       : program_(program), main_(program.Windows.Main), plan_(std::move(plan)) {
     look_.callOnTimeout([this] { Look(); });
     look_.start(LookMs);
+    resources_.callOnTimeout([] { TellResources("recording"); });
   }
 
   void SetUp() {
     ChooseAdapter();
     main_.Text1[forms::setup_field::Content1].Text = plan_.First;
     main_.Text1[forms::setup_field::Content2].Text = plan_.Second;
-    main_.TabStrip1.SelectedTab = forms::tab::Recorder;
-    main_.Option2[plan_.Format].Value = true;
-    Start();
+    Visit(0, "before", [this] {
+      main_.TabStrip1.SelectedTab = forms::tab::Recorder;
+      main_.Option2[plan_.Format].Value = true;
+      Start();
+    });
   }
 
  private:
@@ -96,8 +103,29 @@ class Soak {
     throw std::invalid_argument("no adapter " + plan_.Adapter);
   }
 
+  /// Visits the views from this one on, each with its run where it has one, which ends with the
+  /// tab. A recording gets its STOP, since the lines of the next one are numbered on without it.
+  void Visit(std::size_t view, const char* when, std::function<void()> then) {
+    if (plan_.ViewMs == 0 || view == Tabs.size()) return then();
+    main_.TabStrip1.SelectedTab = Tabs[view];
+    PressRun(Tabs[view]);
+    QTimer::singleShot(plan_.ViewMs, &look_, [this, view, when, then = std::move(then)]() mutable {
+      TellResources(when);
+      main_.CWButton3.Value = false;
+      Visit(view + 1, when, std::move(then));
+    });
+  }
+
+  void PressRun(std::int16_t tab) {
+    for (const packetroutines::Mode& mode : packetroutines::Modes) {
+      if (mode.Tab != tab || mode.RunButton == nullptr) continue;
+      mode.RunButton(main_.Buttons()).Value = true;
+    }
+  }
+
   void Start() {
     main_.CWButton3.Value = true;
+    resources_.start(ResourcesMs);
     QTimer::singleShot(WarmMs, &look_, [this] {
       Tell("begins", "rss_kb", ResidentKb());
       processorMs_ = ProcessorMs();
@@ -107,6 +135,7 @@ class Soak {
   }
 
   void Stop() {
+    resources_.stop();
     const double share = (ProcessorMs() - processorMs_) / static_cast<double>(taken_.elapsed());
     Tell("ends", "rss_kb", ResidentKb());
     Tell("took", "cpu_percent", share * 100);
@@ -119,13 +148,18 @@ class Soak {
       // The name of a recording is its second.
       QTimer::singleShot(StartMs, &look_, [this] { Start(); });
     } else {
-      QApplication::quit();
+      Visit(0, "behind", [] { QApplication::quit(); });
     }
   }
 
   template <typename Value>
   void Tell(const char* event, const char* what, Value value) const {
     std::cout << event << " " << done_ + 1 << " " << what << " " << value << std::endl;
+  }
+
+  static void TellResources(const char* when) {
+    std::cout << "resources " << when << " " << ResidentKb() << " " << Handles() << " " << Threads()
+              << std::endl;
   }
 
   /// Tells what the page says of the disk, and closes boxes, which nobody sits at.
@@ -146,6 +180,7 @@ class Soak {
   forms::Main& main_;
   Plan plan_;
   QTimer look_;
+  QTimer resources_;
   QElapsedTimer taken_;
   double processorMs_ = 0;
   int done_ = 0;
