@@ -162,13 +162,15 @@ class Soak {
               << std::endl;
   }
 
-  /// Tells what the page says of the disk, and closes boxes, which nobody sits at.
+  /// Tells what the page says of the disk and of the bus, and closes boxes, which nobody sits at.
   void Look() {
+    const std::string words[] = {main_.OnDisk[0].Caption, main_.OnDisk[1].Caption,
+                                 main_.NotStored.Caption,
+                                 main_.QuietLine[forms::quiet_line::Recorder].Caption};
     for (std::size_t i = 0; i < said_.size(); ++i) {
-      const std::string words = main_.OnDisk[i].Caption;
-      if (words == said_[i]) continue;
-      said_[i] = words;
-      std::cout << "page " << words << std::endl;
+      if (words[i] == said_[i]) continue;
+      said_[i] = words[i];
+      std::cout << (i < main_.OnDisk.size() ? "page " : "line ") << words[i] << std::endl;
     }
     auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
     if (box == nullptr) return;
@@ -184,7 +186,7 @@ class Soak {
   QElapsedTimer taken_;
   double processorMs_ = 0;
   int done_ = 0;
-  std::array<std::string, 2> said_;
+  std::array<std::string, 4> said_;
 };
 
 int Run() {
@@ -193,8 +195,9 @@ int Run() {
   const adapters::Windows1252 code;
   adapters::SystemCaptureLayer capture(clock, {});
   desktop::DesktopProgram program({capture, capture, code, clock});
-  program.Load();
+  // A box may come at the start already.
   Soak soak(program.Application(), plan);
+  program.Load();
   QTimer::singleShot(StartMs, QApplication::instance(), [&] { soak.SetUp(); });
   return QApplication::exec();
 }

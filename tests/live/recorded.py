@@ -88,6 +88,9 @@ class Recording:
         self.order = sorted(range(len(ids)), key=lambda slot: publisher.index(self.streams[slot]))
         self.total = round(arguments.duration * RATE)
         self.whole = arguments.to_the_end
+        # By how much more the second stream counts its lines.
+        self.ahead = 0
+        self.later = arguments.later
         self.firsts = []
         self.stored = [0] * len(ids)
         self.periods = {}
@@ -152,9 +155,13 @@ def check_text(record):
     files = record.files()
     record.firsts = [record.count_of(first_fields(lines.path, ";")[2 + stream.count_channel])
                      for lines, stream in zip(files, record.streams)]
+    if record.later:
+        record.ahead = int(first_fields(files[-1].path, ";")[0])
+        if record.ahead not in (0, BLOCK):
+            raise Wrong(f"{files[-1].path} begins with line {record.ahead}")
     for ring in record.rings():
         # The second stream's numbers follow the counted blocks.
-        first = ring.number * RING if ring.slot == 0 else ring.blocks[1] * BLOCK - 3600
+        first = ring.number * RING if ring.slot == 0 else ring.blocks[1] * BLOCK - 3600 + record.ahead
         expected = [";".join([str(first + k), str(sample % RATE), *record.texts(ring.slot, sample)])
                     for k, sample in enumerate(ring.cells)]
         record.compare(ring.slot, files[ring.slot], expected)
@@ -320,6 +327,9 @@ def arguments_of(line=None):
     parser.add_argument("--second", help="ID of the second stream")
     parser.add_argument("--to-the-end", action="store_true",
                         help="everything was sent before the stop")
+    parser.add_argument("--later", action="store_true",
+                        help="not the first recording of its program: a block of the second stream "
+                        "that was begun in the one before is counted, too")
     parser.add_argument("--duration", type=float, required=True)
     parser.add_argument("--stream", action="append", required=True)
     return parser.parse_args(line)

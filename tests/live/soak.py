@@ -30,7 +30,7 @@ TEXT = "0"
 MEMORY_SECONDS = 3
 MEMORY_RECORDINGS = 10
 FIRST_MINUTE = 60
-RATE, RING = recorded.RATE, recorded.RING
+RING = recorded.RING
 # What the allocator may keep more than before without anything growing. A byte lost a frame would be
 # nine times as much within an hour, and what a view leaves shows at once.
 SPARE_KB = 3072
@@ -81,6 +81,12 @@ def counts(path, prefix):
     return stored, end - begin + 1 - stored
 
 
+def rings_told(told, stream):
+    """The count that the page had at the end of the longest recording."""
+    return max(int(line.split()[2].replace(",", "")) for line in told["page"]
+               if line.startswith(f"stream {stream}: "))
+
+
 class Verdict:
     """One line a demand."""
 
@@ -92,15 +98,15 @@ class Verdict:
         print(f"{'yes' if holds else 'NO':4}{what}: {words}")
 
 
-def judge_samples(verdict, told, seconds):
+def judge_samples(verdict, told, duration):
     record = Path(told["file"][0])
     for name, prefix in ((FIRST, "1_"), (SECOND, "2_")):
         stored, lost = counts(record, prefix)
-        # The first frame only tells how long frames are, and what fills no ring is dropped.
-        whole = stored >= (seconds - 2) * RATE and stored % RING == 0
-        verdict.demand(f"nothing of {name} lost", lost == 0 and whole, f"{stored} stored, {lost} lost")
-    arguments = ["--record", str(record), "--first", FIRST, "--second", SECOND, "--duration",
-                 str(seconds + 2 * VIEWS * VIEW_SECONDS + SPARE_SECONDS)]
+        told_rings = rings_told(told, prefix[0])
+        verdict.demand(f"nothing of {name} lost", lost == 0 and stored == told_rings * RING,
+                       f"{stored} stored, {lost} lost, {told_rings} rings told as on disk")
+    arguments = ["--later", "--record", str(record), "--first", FIRST, "--second", SECOND, "--duration",
+                 str(duration)]
     for stream in STREAMS:
         arguments += ["--stream", stream]
     result = recorded.check(recorded.arguments_of(arguments))
@@ -120,9 +126,12 @@ def judge_resources(verdict, told):
     for line in told["resources"]:
         when, *numbers = line.split()
         held.setdefault(when, []).append([int(number) for number in numbers])
-    recording = held["recording"]
-    minute = recording[min(len(recording) - 1, FIRST_MINUTE // VIEW_SECONDS - 1)]
-    for when, first, last in (("recording", minute, recording[-1]),
+    minute = FIRST_MINUTE // VIEW_SECONDS
+    # A file that is just written is one handle more for a moment.
+    first, last = ([pick(column) for column in zip(*part)]
+                   for pick, part in ((max, held["recording"][:minute]),
+                                      (min, held["recording"][-minute:])))
+    for when, first, last in (("recording", first, last),
                               ("on the views", held["before"][-1], held["behind"][-1])):
         for what, before, behind, spare in zip(("kB resident", "handles", "threads"), first, last,
                                                (SPARE_KB, 0, 0)):
@@ -131,12 +140,13 @@ def judge_resources(verdict, told):
 
 
 def soak(verdict, program, folder, seconds):
-    with publish(seconds + 2 * VIEWS * VIEW_SECONDS + SPARE_SECONDS) as publisher:
+    duration = seconds + 2 * VIEWS * VIEW_SECONDS + SPARE_SECONDS
+    with publish(duration) as publisher:
         told = record(program, folder, seconds, 1, [FIRST, SECOND], str(VIEW_SECONDS))
         if publisher.poll() is not None:
             sys.exit("the program was held up, and the streams ended before it did")
         publisher.terminate()
-    judge_samples(verdict, told, seconds)
+    judge_samples(verdict, told, duration)
     judge_resources(verdict, told)
     verdict.demand("no box", "box" not in told, "; ".join(told.get("box", [])) or "none came")
     print(f"    processor: {number(told['took'][0]):.1f} % of a core")
