@@ -210,10 +210,12 @@ double NumberText::ToDouble(std::string_view text) const {
 }
 
 float NumberText::ToSingle(std::string_view text) const {
+  constexpr float Largest = std::numeric_limits<float>::max();
+  // The shortest text of the largest float is a little above it.
+  constexpr double Bound = static_cast<double>(Largest) * (1 + 0x1p-25);
   const double value = ToDouble(text);
-  if (std::abs(value) > static_cast<double>(std::numeric_limits<float>::max())) {
-    throw Failure(failure::Overflow);
-  }
+  if (std::abs(value) >= Bound) throw Failure(failure::Overflow);
+  if (std::abs(value) > static_cast<double>(Largest)) return value < 0 ? -Largest : Largest;
   return static_cast<float>(value);
 }
 

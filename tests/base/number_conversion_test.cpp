@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "base/number_text.h"
 #include "support/failures.h"
 
@@ -64,6 +66,14 @@ TEST(NumberConversion, ANumberThatDoesNotFitItsTypeOverflows) {
   EXPECT_EQ(FailureOf([] { English.ToSingle("1e400"); }), Overflow);
   EXPECT_EQ(FailureOf([] { English.ToDouble("1" + std::string(500, '0') + "e-10"); }), Overflow);
   EXPECT_EQ(FailureOf([] { English.ToDouble("1e99999999999"); }), Overflow);
+}
+
+TEST(NumberConversion, TheLargestFloatIsReadBackFromItsShortestText) {
+  for (const float largest :
+       {std::numeric_limits<float>::max(), std::numeric_limits<float>::lowest()}) {
+    EXPECT_EQ(English.ToSingle(English.General(largest)), largest);
+  }
+  EXPECT_EQ(FailureOf([] { English.ToSingle("3.4028236E+38"); }), Overflow);
 }
 
 TEST(NumberConversion, ANumberTooSmallForItsTypeIsZero) {

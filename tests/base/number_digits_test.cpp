@@ -1,10 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <array>
 #include <bit>
 #include <cmath>
 #include <cstdint>
-#include <cstdio>
 #include <functional>
 #include <limits>
 #include <ostream>
@@ -12,51 +10,15 @@
 #include <string>
 
 #include "base/number_text.h"
+#include "base/plain_numbers.h"
 
 namespace {
 
+using base_tests::Printed;
 using platform::NumberLocale;
 using platform::NumberText;
 
 constexpr int Draws = 130'000;
-
-/// Fifteen significant digits as the C library prints them, which shares no code with the program.
-std::string Printed(double value, const char* form = "%.15G") {
-  std::array<char, 64> text{};
-  std::snprintf(text.data(), text.size(), form, value);
-  return text.data();
-}
-
-/// The value with three decimals, rounded half away from zero on its fifteen printed digits.
-std::string ThreeDecimals(double value) {
-  // "d.dddddddddddddde+XX"
-  const std::string printed = Printed(std::abs(value), "%.14e");
-  const int exponent = std::stoi(printed.substr(printed.find('e') + 1));
-  std::string digits = printed.substr(0, 1) + printed.substr(2, 14);
-  int whole = exponent + 1;
-  if (whole < 1) {
-    digits.insert(0, static_cast<std::size_t>(1 - whole), '0');
-    whole = 1;
-  }
-  const auto kept = static_cast<std::size_t>(whole) + 3;
-  if (digits.size() < kept + 1) digits.append(kept + 1 - digits.size(), '0');
-  const bool up = digits[kept] >= '5';
-  digits.resize(kept);
-  for (std::size_t i = kept; up && i > 0; --i) {
-    if (digits[i - 1] != '9') {
-      ++digits[i - 1];
-      break;
-    }
-    digits[i - 1] = '0';
-    if (i == 1) {
-      digits.insert(0, 1, '1');
-      ++whole;
-    }
-  }
-  const bool zero = digits.find_first_not_of('0') == std::string::npos;
-  digits.insert(static_cast<std::size_t>(whole), ".");
-  return (value < 0 && !zero ? "-" : "") + digits;
-}
 
 /// A way to draw numbers that a writer may meet.
 struct Kind {
@@ -123,7 +85,7 @@ TEST_P(Digits, OfThreeDecimalsAreRoundedOnFifteenDigits) {
     const double value = GetParam().Draw(random);
     std::string text;
     numbers.AppendFormat(text, value, "0.000");
-    ASSERT_EQ(text, ThreeDecimals(value)) << Printed(value, "%a");
+    ASSERT_EQ(text, base_tests::WithDecimals(value, 3)) << Printed(value, "%a");
   }
 }
 
