@@ -1,10 +1,8 @@
 // Writes frames of all forms into a folder, from which the fuzzer makes others.
 
-#include <filesystem>
-#include <fstream>
-#include <string>
 #include <vector>
 
+#include "fuzz/seed_folder.h"
 #include "support/sv_frame.h"
 
 namespace {
@@ -32,15 +30,7 @@ std::vector<support::FrameBytes> Seeds() {
 }  // namespace
 
 int main(int count, char** arguments) {
-  if (count != 2) return 2;
-  const std::filesystem::path folder = arguments[1];
-  std::filesystem::create_directories(folder);
-  int number = 0;
-  for (const support::FrameBytes& seed : Seeds()) {
-    std::ofstream file(folder / ("seed" + std::to_string(++number)), std::ios::binary);
-    file.write(reinterpret_cast<const char*>(seed.data()),
-               static_cast<std::streamsize>(seed.size()));
-    if (!file) return 1;
-  }
-  return 0;
+  return fuzz::WriteSeeds(count, arguments, [](fuzz::SeedFolder& folder) {
+    for (const support::FrameBytes& seed : Seeds()) folder.Put(seed);
+  });
 }

@@ -3,17 +3,17 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "fuzz/demand.h"
 #include "sv/asdu.h"
 
 namespace {
 
-void Demand(bool holds) {
-  if (!holds) __builtin_trap();
-}
+using fuzz::Demand;
 
 void DemandWithin(sv::Octets part, sv::Octets whole) {
   if (part.empty()) return;
-  Demand(part.data() >= whole.data() && part.data() + part.size() <= whole.data() + whole.size());
+  Demand(part.data() >= whole.data() && part.data() + part.size() <= whole.data() + whole.size(),
+         "a part lies within its frame");
 }
 
 /// Every byte that the ASDU shows is looked at, so that the sanitizer sees one that is not there.
@@ -34,16 +34,20 @@ std::uint32_t Sum(const sv::Asdu& asdu) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const sv::Octets bytes(data, size);
   const sv::Frame frame = sv::ReadFrame(bytes, size);
-  Demand(frame.FaultAt <= size && frame.AsdusAt <= frame.AsdusEnd && frame.AsdusEnd <= size);
+  Demand(frame.FaultAt <= size && frame.AsdusAt <= frame.AsdusEnd && frame.AsdusEnd <= size,
+         "the places of a frame lie within it");
   sv::AsduReader reader(frame);
   volatile std::uint32_t sum = 0;
   for (sv::Asdu asdu; reader.Next(asdu);) {
     DemandWithin(asdu.Samples, bytes);
     DemandWithin(asdu.RefrTm, bytes);
-    Demand(asdu.SmpCntAt > 0 && asdu.SmpCntAt < size && asdu.SamplesAt <= size);
+    Demand(asdu.SmpCntAt > 0 && asdu.SmpCntAt < size && asdu.SamplesAt <= size,
+           "the places of an ASDU lie within its frame");
     sum = sum + Sum(asdu);
   }
-  Demand(reader.FaultAt() <= size);
-  if (reader.Why() == sv::Fault::None) Demand(reader.Count() == frame.AsduCount);
+  Demand(reader.FaultAt() <= size, "a fault lies within its frame");
+  if (reader.Why() == sv::Fault::None) {
+    Demand(reader.Count() == frame.AsduCount, "a sound frame has as many ASDUs as it tells");
+  }
   return 0;
 }
