@@ -25,7 +25,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static_cast<void>(told);
   // Where many frames are wanted, the start of a program for each input is what costs.
   static const char* const wanted = std::getenv("FRAMES");
-  fuzz::Player player(fuzz::Script({data, size}), wanted == nullptr ? 0 : std::atoi(wanted));
+  const auto least = wanted == nullptr ? 0 : std::strtoull(wanted, nullptr, 10);
+  fuzz::Player player(fuzz::Script({data, size}), least);
   player.Play();
   framesSoFar += player.Frames();
   return 0;

@@ -17,6 +17,8 @@ namespace {
 
 /// The most frames of a pass through the acts; a ring takes 4000.
 constexpr int MostFrames = 12'000;
+/// With fewer of them the acts are not played once more.
+constexpr std::uint64_t FramesWorthAPass = 400;
 /// The deepest acts within pumps, and what comes in there at once.
 constexpr int Deepest = 4;
 constexpr int FramesInAPump = 50;
@@ -40,7 +42,8 @@ struct Player::Depth {
   int& Value;
 };
 
-Player::Player(Script script, int leastFrames) : script_(script), leastFrames_(leastFrames) {
+Player::Player(Script script, std::uint64_t leastFrames)
+    : script_(script), leastFrames_(leastFrames) {
   dice_ = support::Dice(script_.Word());
   scene_.Dialogs.WhileOpen = [this] { JudgeBox(); };
   scene_.Files.LeaveWindows();
@@ -49,12 +52,12 @@ Player::Player(Script script, int leastFrames) : script_(script), leastFrames_(l
 void Player::Play() {
   try {
     Open();
-    int all = 0;
+    std::uint64_t before = 0;
     do {
+      before = Frames();
       frames_ = 0;
       PlayActs();
-      all += frames_;
-    } while (frames_ > 0 && all < leastFrames_);
+    } while (Frames() < leastFrames_ && Frames() >= before + FramesWorthAPass);
     Rest();
   } catch (const SceneEnded&) {
     Demand(mayEnd_, "the program ends when it is asked to");

@@ -18,8 +18,9 @@ namespace fuzz {
 /// The program must come to rest behind it, and what it has recorded must be whole.
 class Player {
  public:
-  /// The acts are played over and over until about so many frames have come.
-  Player(Script script, int leastFrames);
+  /// The acts are played over and over until about so many frames have come, as long as each time
+  /// brings some.
+  Player(Script script, std::uint64_t leastFrames);
 
   void Play();
   /// Frames that came in while capture ran.
@@ -62,7 +63,7 @@ class Player {
   FrameMaker maker_{dice_};
   FrameTally tally_{scene_};
   Script script_;
-  int leastFrames_;
+  std::uint64_t leastFrames_;
   /// Memory for the frames of each depth, since one is valid until its handler returns.
   std::map<int, support::FrameBytes> memory_;
   int depth_ = 0;
