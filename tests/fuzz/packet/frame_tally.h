@@ -34,6 +34,8 @@ class FrameTally {
     bool TooLong = false;
     std::array<bool, 2> SetsLength{};
     std::array<bool, 2> Holds{};
+    /// The frame may fill a ring, and then it is looked at no further.
+    bool SecondUnsure = false;
     int Blocks = 0;
     /// The row of the first stream that gets its values; none where it is not known.
     std::optional<std::int32_t> Row;

@@ -236,6 +236,7 @@ void Player::Arrive(Script& script) {
 
 void Player::JudgeBox() {
   static const support::FrameBytes late = support::SvFrame("MU01").Bytes();
+  tally_.NoteAct();
   tally_.Deliver({late, late.size()}, true);
   ++boxesInARow_;
   if (scene_.Journal.back().starts_with("timed box")) return;
