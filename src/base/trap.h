@@ -49,18 +49,18 @@ Outcome OnFailure(Program& program, Trap& trap, const Failure& failure, int atte
 }
 
 template <typename Trap, typename Step>
-bool RunStep(Program& program, Trap& trap, Step& step) {
+Flow RunStep(Program& program, Trap& trap, Step& step) {
   for (int attempt = 1;; ++attempt) {
     Outcome outcome = Outcome::Again;
     try {
-      return Perform(step) == Flow::Next;
+      return Perform(step);
     } catch (const Failure& failure) {
       outcome = OnFailure(program, trap, failure, attempt);
     } catch (const std::bad_alloc&) {
       // The system ran out of memory in the midst of the step; for a trap it is a failure like any.
       outcome = OnFailure(program, trap, Failure(failure::OutOfMemory), attempt);
     }
-    if (outcome != Outcome::Again) return outcome == Outcome::Next;
+    if (outcome != Outcome::Again) return outcome == Outcome::Next ? Flow::Next : Flow::Leave;
   }
 }
 
@@ -74,7 +74,7 @@ bool RunStep(Program& program, Trap& trap, Step& step) {
 /// routine. Everything is inlined, so that a routine without a failure pays nothing for its trap.
 template <typename Trap, typename... Steps>
 Flow RunSteps(Program& program, Trap trap, Steps... steps) {
-  return (detail::RunStep(program, trap, steps) && ...) ? Flow::Next : Flow::Leave;
+  return ((detail::RunStep(program, trap, steps) == Flow::Next) && ...) ? Flow::Next : Flow::Leave;
 }
 
 /// The routines of an object that run under one trap of its own. The trap is called for failures

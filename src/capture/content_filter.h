@@ -1,7 +1,9 @@
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
-#include <optional>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -16,24 +18,50 @@ class ContentFilter {
  public:
   explicit ContentFilter(const platform::CodePage& code) : code_(code) {}
 
-  /// 1-based position of `content` (UTF-8) in the frame's text, 0 when absent, 1 for an empty
-  /// content.
-  std::int32_t Position(std::string_view frameText, const std::string& content) {
-    if (content != content_) {
-      content_ = content;
-      needle_ = code_.FromUtf8(content);
-      if (code_.ToUtf8(*needle_) != content) needle_.reset();
-    }
-    if (!needle_) return 0;
-    const auto at = frameText.find(*needle_);
-    return at == std::string_view::npos ? 0 : static_cast<std::int32_t>(at) + 1;
+  /// True where `content` (UTF-8) stands in the frame's text; an empty one stands in every text.
+  bool Holds(std::string_view frameText, const std::string& content) {
+    if (content.size() != content_.size() || !SameBytes(content.data(), content_)) Take(content);
+    // The frames of a sender have it all at one place, and another sender has it nowhere.
+    return StandsAt(frameText, place_) || Find(frameText);
+  }
+  /// True where it stands behind the first byte. A text that begins with it does not count.
+  bool HoldsBehindStart(std::string_view frameText, const std::string& content) {
+    return Holds(frameText, content) && !StandsAt(frameText, 0);
   }
 
  private:
+  void Take(const std::string& content);
+  bool Find(std::string_view frameText);
+
+  bool StandsAt(std::string_view frameText, std::size_t place) const {
+    return place <= frameText.size() && needle_.size() <= frameText.size() - place &&
+           SameBytes(frameText.data() + place, needle_);
+  }
+  /// The bytes are those of the text. Names are short, and each frame compares some of them: a call
+  /// of the library's comparison would take longer than the comparison.
+  static bool SameBytes(const char* bytes, const std::string& text) {
+    const std::size_t size = text.size();
+    if (size < Word) return std::equal(text.begin(), text.end(), bytes);
+    for (std::size_t at = 0; at + Word < size; at += Word) {
+      if (WordAt(bytes + at) != WordAt(text.data() + at)) return false;
+    }
+    return WordAt(bytes + size - Word) == WordAt(text.data() + size - Word);
+  }
+  static std::uint64_t WordAt(const char* bytes) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, bytes, Word);
+    return word;
+  }
+
+  static constexpr std::size_t Word = sizeof(std::uint64_t);
+  static constexpr std::size_t Nowhere = std::string::npos;
+
   const platform::CodePage& code_;
   std::string content_;
-  /// Absent where no frame can hold the text.
-  std::optional<std::string> needle_ = "";
+  std::string needle_;
+  /// Where the text stood in the latest frame that held it; `Nowhere` for one that no frame can
+  /// hold.
+  std::size_t place_ = 0;
 };
 
 }  // namespace packetroutines

@@ -39,10 +39,19 @@ class PacketBytes {
     return position >= 0 && position + count - 1 <= upper_ ? &cells_[position] : nullptr;
   }
 
-  /// Takes over the frame from position 1 on; the bytes beyond the upper index stay out.
+  /// Takes over the frame from position 1 on; the bytes beyond the upper index stay out, and the
+  /// cells behind the frame stay as they are.
   void Copy(std::span<const std::uint8_t> frame) {
     textLength_ = std::min<std::size_t>(frame.size(), static_cast<std::size_t>(upper_));
     std::copy_n(frame.begin(), textLength_, cells_.begin() + 1);
+  }
+  /// Gives the cells 0 to `upper` and takes over the frame. Only the cells behind it are left to be
+  /// emptied, which most frames have none of.
+  void Take(std::span<const std::uint8_t> frame, std::int16_t upper) {
+    upper_ = upper;
+    Copy(frame);
+    std::fill(cells_.begin() + 1 + static_cast<std::ptrdiff_t>(textLength_),
+              cells_.begin() + 1 + upper, std::uint8_t{0});
   }
   /// The frame as text in the system's code page, one character a byte.
   std::string_view Text() const {

@@ -59,18 +59,17 @@ void PacketDispatcher::aPacketX_OnPacket(const CapturedFrame& pPacket) {
         ++streams_.Counters.Frames;
         return LeaveAfter(state_.PacketLengthPending, [&] { MeasureLength(pPacket); });
       },
-      [&] { bytes_.Redim(state_.PacketLength); },
       [&] {
-        if (state_.ReportRequested) {
+        return LeaveAfter(state_.ReportRequested, [&] {
+          bytes_.Redim(state_.PacketLength);
           ServeReport(pPacket);
-          return Flow::Leave;
-        }
-        return CopyFrame(pPacket);
+        });
       },
+      [&] { return CopyFrame(pPacket); },
       [&] {
         // A text at the very first byte, which is where an empty one is found, does not count.
-        first = filters_[0].Position(bytes_.Text(), settings_.FilterContent[0]) > 1;
-        second = filters_[1].Position(bytes_.Text(), settings_.FilterContent[1]) > 1;
+        first = filters_[0].HoldsBehindStart(bytes_.Text(), settings_.FilterContent[0]);
+        second = filters_[1].HoldsBehindStart(bytes_.Text(), settings_.FilterContent[1]);
       },
       [&] { return LeaveAfter(state_.LookingForID, [&] { ServeFinder(); }); },
       [&] { return first ? FirstStream(pPacket.Arrived) : Flow::Next; },
@@ -123,19 +122,16 @@ bool PacketDispatcher::LongerThanExpected(const CapturedFrame& pPacket) const {
 }
 
 Flow PacketDispatcher::CopyFrame(const CapturedFrame& pPacket) {
-  if (LongerThanExpected(pPacket)) {
-    // It is dropped. What was expected of it is the text of the last frame, which a recording's log
-    // reads at the stop.
-    ++streams_.Counters.TooLong;
-    if (streams_.LooksAtLonger > 0) {
-      --streams_.LooksAtLonger;
-      CountUnsearched(pPacket, &StreamCounters::TooLong);
-    }
-    bytes_.Copy(pPacket.Bytes);
-    return Flow::Leave;
+  // Of one that is dropped, what was expected of it is the text of the last frame, which a
+  // recording's log reads at the stop.
+  bytes_.Take(pPacket.Bytes, state_.PacketLength);
+  if (!LongerThanExpected(pPacket)) return Flow::Next;
+  ++streams_.Counters.TooLong;
+  if (streams_.LooksAtLonger > 0) {
+    --streams_.LooksAtLonger;
+    CountUnsearched(pPacket, &StreamCounters::TooLong);
   }
-  bytes_.Copy(pPacket.Bytes);
-  return Flow::Next;
+  return Flow::Leave;
 }
 
 void PacketDispatcher::CountUnsearched(const CapturedFrame& pPacket,
@@ -143,7 +139,7 @@ void PacketDispatcher::CountUnsearched(const CapturedFrame& pPacket,
   const std::string_view text(reinterpret_cast<const char*>(pPacket.Bytes.data()),
                               pPacket.Bytes.size());
   for (std::size_t stream = 0; stream < filters_.size(); ++stream) {
-    if (filters_[stream].Position(text, settings_.FilterContent[stream]) > 1) {
+    if (filters_[stream].HoldsBehindStart(text, settings_.FilterContent[stream])) {
       ++(streams_.Counters.Streams[stream].*count);
     }
   }

@@ -18,14 +18,13 @@ constexpr std::int32_t PlaceOf(std::size_t channel) {
   return BytesAChannel * static_cast<std::int32_t>(channel);
 }
 
-/// The value of four bytes, most significant first.
+/// The value of four bytes, most significant first. The pattern 0x80000000 stays positive: only
+/// what is greater wraps.
 inline double RawSample(const std::uint8_t* b) {
   const std::uint32_t raw =
       std::uint32_t{b[0]} << 24 | std::uint32_t{b[1]} << 16 | std::uint32_t{b[2]} << 8 | b[3];
-  // The pattern 0x80000000 stays positive: only what is greater wraps.
-  constexpr std::uint32_t Half = 0x80000000U;
-  constexpr std::int64_t Range = std::int64_t{1} << 32;
-  return static_cast<double>(std::int64_t{raw} - (raw > Half ? Range : 0));
+  // One less wraps as a number of 32 bits does, which a processor makes a floating one at once.
+  return static_cast<double>(static_cast<std::int32_t>(raw - 1)) + 1;
 }
 
 /// A raw value in amperes or kilovolts: currents come in milliamperes, voltages in tens of

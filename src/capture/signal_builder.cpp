@@ -1,5 +1,6 @@
 #include "capture/signal_builder.h"
 
+#include <array>
 #include <cmath>
 #include <string>
 
@@ -34,7 +35,13 @@ double ChannelAt(const PacketBytes& bytes, std::int32_t offset, std::size_t chan
 
 std::int32_t CountAt(const PacketBytes& bytes, std::int32_t position) {
   if (position == NotLocated) return 0;
-  return 256 * bytes(position) + bytes(position + 1);
+  const std::uint8_t* const two = bytes.Run(position, 2);
+  if (two == nullptr) throw Failure(platform::failure::SubscriptOutOfRange);
+  return 256 * two[0] + two[1];
+}
+
+bool HasVoltages(const StreamFields& stream) {
+  return stream.ChannelCount > MostWithoutVoltages;
 }
 
 }  // namespace
@@ -76,28 +83,31 @@ void SignalBuilder::BuildingSignals(std::int32_t row, const PacketBytes& bytes, 
 void SignalBuilder::TakeRow(std::int32_t row, const PacketBytes& bytes) {
   block_.SampleCount(row) = CountAt(bytes, state_.SampleCountOffset[0]);
   const auto values = block_.SignalValues.Row(row);
-  const double currentFactor = present_.CurrentUnitFactor;
-  const double voltageFactor = present_.VoltageUnitFactor;
   const std::int32_t offset = state_.ValueOffset[0];
-  const bool voltages = state_.ChannelCount > MostWithoutVoltages;
-  const auto inUnits = [&](double raw, std::size_t channel) {
-    return Scaled(raw, channel) * (channels::IsCurrent(channel) ? currentFactor : voltageFactor);
-  };
-  const std::uint8_t* data = bytes.Run(offset, BytesASample);
-  if (data != nullptr && voltages && offset != NotLocated) {
-    for (std::size_t i = 0; i < channels::OfAKind; ++i) {
-      const std::size_t k = i + channels::OfAKind;
-      values[i] = inUnits(RawSample(data + PlaceOf(i)), i);
-      values[k] = inUnits(RawSample(data + PlaceOf(k)), k);
-    }
+  const std::uint8_t* const data = bytes.Run(offset, BytesASample);
+  if (data == nullptr || offset == NotLocated || !HasVoltages(state_)) {
+    TakeCells(values, bytes);
     return;
   }
-  // A frame that may end within its samples: each value that is still there is taken.
+  // First read, then scaled, so that the processor does several at a time.
+  std::array<double, channels::Count> raw;
+  for (std::size_t k = 0; k < raw.size(); ++k) raw[k] = RawSample(data + PlaceOf(k));
+  for (std::size_t k = 0; k < raw.size(); ++k) values[k] = InUnits(raw[k], k);
+}
+
+[[gnu::noinline]] void SignalBuilder::TakeCells(std::span<double, channels::Count> values,
+                                                const PacketBytes& bytes) const {
+  const std::int32_t offset = state_.ValueOffset[0];
   for (std::size_t i = 0; i < channels::OfAKind; ++i) {
-    values[i] = inUnits(ChannelAt(bytes, offset, i), i);
+    values[i] = InUnits(ChannelAt(bytes, offset, i), i);
     const std::size_t k = i + channels::OfAKind;
-    if (voltages) values[k] = inUnits(ChannelAt(bytes, offset, k), k);
+    if (HasVoltages(state_)) values[k] = InUnits(ChannelAt(bytes, offset, k), k);
   }
+}
+
+inline double SignalBuilder::InUnits(double raw, std::size_t channel) const {
+  return Scaled(raw, channel) *
+         (channels::IsCurrent(channel) ? present_.CurrentUnitFactor : present_.VoltageUnitFactor);
 }
 
 void SignalBuilder::TestSilence(std::int32_t row, bool& signalOk) {
@@ -121,7 +131,7 @@ void SignalBuilder::BuildingSignals2(std::int32_t row, const PacketBytes& bytes,
         platform::Narrow<std::int16_t>(CountAt(bytes, state_.SampleCountOffset[1]));
   });
   const std::int32_t offset = state_.ValueOffset[1];
-  const bool voltages = state_.ChannelCount > MostWithoutVoltages;
+  const bool voltages = HasVoltages(state_);
   for (std::size_t i = 0; i < channels::OfAKind; ++i) {
     platform::RunSteps(
         program_, skip,

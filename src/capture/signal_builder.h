@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 
 #include "base/number_text.h"
 #include "base/program.h"
@@ -37,6 +38,11 @@ class SignalBuilder {
 
  private:
   void TakeRow(std::int32_t row, const PacketBytes& bytes);
+  /// Takes what is there of a frame that may end within its samples, or has none at all.
+  void TakeCells(std::span<double, platform::channels::Count> values,
+                 const PacketBytes& bytes) const;
+  /// A raw value in the chosen units.
+  double InUnits(double raw, std::size_t channel) const;
   void TestSilence(std::int32_t row, bool& signalOk);
   void RealTimeValue();
 

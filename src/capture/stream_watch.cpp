@@ -117,6 +117,11 @@ void StreamWatch::AskClock() {
   for (Watched& watched : watched_) watched.ClockSet += step;
 }
 
+void StreamWatch::TakeOdd(Watched& watched, std::uint32_t count, Time arrived) {
+  if (!watched.Track.InTime(arrived)) FollowClock(watched, arrived);
+  watched.Track.Take(count, arrived);
+}
+
 void StreamWatch::FollowClock(Watched& watched, Time arrived) {
   AskClock();
   // Frames that came before the clock was set may still have waited.

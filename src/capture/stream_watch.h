@@ -64,8 +64,8 @@ class StreamWatch {
     if (watched.Asked) LookAt(stream, bytes, arrived);
     const std::uint8_t* const counter = bytes.Run(watched.CounterAt, 2);
     if (counter == nullptr) return;
-    if (!watched.Track.InTime(arrived)) FollowClock(watched, arrived);
-    watched.Track.Take(static_cast<std::uint32_t>(counter[0] << 8U | counter[1]), arrived);
+    const auto count = static_cast<std::uint32_t>(counter[0] << 8U | counter[1]);
+    if (!watched.Track.TakeNext(count, arrived)) TakeOdd(watched, count, arrived);
     const std::uint8_t* const synch = bytes.Run(watched.SynchAt, 1);
     if (synch != nullptr && *synch != watched.Synch) {
       NoteSynch(watched, *synch, arrived);
@@ -116,6 +116,8 @@ class StreamWatch {
   void LookAt(std::size_t stream, const PacketBytes& bytes, Time arrived);
   void Place(Watched& watched, const StreamLook& look, const sv::Asdu& first,
              std::int32_t counterFound);
+  /// Takes a frame that does not come right behind the one before.
+  void TakeOdd(Watched& watched, std::uint32_t count, Time arrived);
   /// Looks whether the clock was set.
   void AskClock();
   /// A frame bears another time than the one before lets expect: the clock may have been set

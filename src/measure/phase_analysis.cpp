@@ -85,9 +85,9 @@ void PhaseAnalysis::UpdatePhases() {
   diagram_.DrawPhasorGrid();
   float peakCurrent = 0;
   float peakVoltage = 0;
-  for (std::size_t i = 0; i < context_.Readings.RmsValues.size(); ++i) {
-    const auto column = array_.Column(context_.Block.SignalValues, i);
-    context_.Readings.RmsValues[i] = platform::CWDSP::AcDcEstimate(column).Ac;
+  const auto estimates = platform::CWDSP::AcDcEstimates(context_.Block.SignalValues);
+  for (std::size_t i = 0; i < estimates.size(); ++i) {
+    context_.Readings.RmsValues[i] = estimates[i].Ac;
     float& peak = channels::IsCurrent(i) ? peakCurrent : peakVoltage;
     if (static_cast<double>(peak) < context_.Readings.RmsValues[i]) {
       peak = static_cast<float>(context_.Readings.RmsValues[i]);

@@ -49,7 +49,6 @@ class PhaseAnalysis : public packetroutines::View {
   PhasorDiagram& diagram_;
   packetroutines::RecordFields& record_;
   ViewContext context_;
-  platform::CWArray array_;
   bool autoRange_ = true;
 };
 

@@ -71,9 +71,9 @@ void ValuesView::ClearValues() {
 }
 
 void ValuesView::CalculateValues() {
+  const auto estimates = platform::CWDSP::AcDcEstimates(context_.Block.SignalValues);
   for (std::size_t i = 0; i < values_.Label5.size(); ++i) {
-    const auto [ac, dc] =
-        platform::CWDSP::AcDcEstimate(array_.Column(context_.Block.SignalValues, i));
+    const auto [ac, dc] = estimates[i];
     context_.Readings.RmsValues[i] = ac;
     values_.Label12[i + forms::small_label::FirstDc].Caption =
         context_.Settings.ACDC ? "DC:" + context_.Numbers.Format(dc, context_.Present.UnitFormat)

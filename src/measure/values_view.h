@@ -53,7 +53,6 @@ class ValuesView : public packetroutines::View {
   forms::SetupControls& setup_;
   forms::PhasorControls& table_;
   ViewContext context_;
-  platform::CWArray array_;
   bool showingNames_ = false;
 };
 

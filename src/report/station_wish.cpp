@@ -20,7 +20,7 @@ platform::FrameWish StationWish::For(const std::string& id) {
 }
 
 bool StationWish::Holds(std::string_view frameText, const std::string& id) {
-  return filter_.Position(frameText, id) > 0;
+  return filter_.Holds(frameText, id);
 }
 
 Wanted StationWish::Of(const CapturedFrame& frame) {

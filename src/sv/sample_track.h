@@ -92,13 +92,17 @@ class SampleTrack {
   /// A frame whose first sample has this counter, and which came at this time. An event of a
   /// thousand frames costs what a frame costs.
   void Take(std::uint32_t counter, Time arrived) {
-    if (counter == next_ && InTime(arrived)) {
-      Advance(counter, arrived, step_);
-      ++stretch_.Frames;
-      return;
-    }
+    if (TakeNext(counter, arrived)) return;
     TakeOdd(counter, arrived);
     ++stretch_.Frames;
+  }
+  /// Takes the frame if it is the one that was to follow, right behind the one before; else nothing
+  /// is changed.
+  bool TakeNext(std::uint32_t counter, Time arrived) {
+    if (counter != next_ || !InTime(arrived)) return false;
+    Advance(counter, arrived, step_);
+    ++stretch_.Frames;
+    return true;
   }
   /// The frame comes right behind the one before, as far as the clock tells. Where not, the clock
   /// may have been set.

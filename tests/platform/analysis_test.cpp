@@ -87,6 +87,30 @@ TEST(AcDcEstimate, OfNoSamplesIsZero) {
   EXPECT_EQ(estimate.Dc, 0);
 }
 
+TEST(AcDcEstimates, OfABlockAreThoseOfItsColumns) {
+  std::mt19937 random(61850);
+  std::uniform_real_distribution<double> noise(-1, 1);
+  for (std::int32_t rows = 0; rows < 130; ++rows) {
+    BlockMatrix block;
+    block.Rebuild(rows);
+    for (std::int32_t row = 0; row < rows; ++row) {
+      for (std::size_t k = 0; k < 8; ++k) {
+        block.Row(row)[k] = std::pow(10.0, k) * (static_cast<double>(k) + noise(random));
+      }
+    }
+
+    const auto estimates = CWDSP::AcDcEstimates(block);
+
+    CWArray array;
+    for (std::size_t k = 0; k < 8; ++k) {
+      const AcDc expected = CWDSP::AcDcEstimate(array.Column(block, k));
+      const double level = 1e-12 * std::pow(10.0, k);
+      EXPECT_NEAR(estimates[k].Ac, expected.Ac, level) << rows << " rows, channel " << k;
+      EXPECT_NEAR(estimates[k].Dc, expected.Dc, level) << rows << " rows, channel " << k;
+    }
+  }
+}
+
 TEST(ColumnExtraction, GivesTheValuesOfOneChannelInFrameOrder) {
   BlockMatrix block;
   block.Rebuild(3);
