@@ -25,7 +25,8 @@ NAME = re.compile(r"\b(" + "|".join(NAMES) + r")\b")
 NUMBER = re.compile(r"(?<![\w.'])(0[xX][\dA-Fa-f']+|\d[\d']*(?:\.\d+)?(?:e[-+]?\d+)?)([uUlLfFzZ]*)(?![\w.'])")
 CONDITION = re.compile(r"\b(?:if|while)(?: constexpr)? \(")
 RETURN = re.compile(r"\breturn ([^;{}]+);")
-TWO = re.compile(r"(?<=\w\()([\w.>-]+), ([\w.>-]+)(?=\))")
+# The order of two that the greater or the smaller is taken of is no matter.
+TWO = re.compile(r"(?<!::max\()(?<!::min\()(?<=\w\()([\w.>-]+), ([\w.>-]+)(?=\))")
 CHOICE = re.compile(r" \? ([^?:;{}]+?)\s+: ([^?:;{},]+?)(?=[;,)}\n])")
 NO_STATEMENT = re.compile(r"(?:using|namespace|struct|class|enum|template|public|private|protected|case|default|if|"
                           r"for|while|switch|else|do|friend|static_assert|extern|try|catch)\b|return [^;]")

@@ -6,6 +6,8 @@
 #include <filesystem>
 #include <fstream>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "plain_loop.h"
 #include "support/real_files.h"
@@ -130,6 +132,22 @@ TEST_F(Opener, TellsNothingWhileABoxStands) {
   opener_.Release();
   EXPECT_FALSE(answer_.has_value()) << "the routine behind the box comes first";
   EXPECT_TRUE(WaitFor([this] { return answer_.has_value(); }));
+}
+
+TEST_F(Opener, AnswersInTheOrderOfTheEndsBehindABox) {
+  Answering(": > \"$1.ended\"; exit 3");
+  opener_.Hold();
+  std::vector<std::string> answered;
+  for (const char* name : {"file.xls", "other.xls"}) {
+    Write(name, "");
+    opener_.OpenFile(folder_.File(name),
+                     [&answered, name](std::int32_t) { answered.emplace_back(name); });
+    ASSERT_TRUE(WaitFor([&] { return Exists((std::string(name) + ".ended").c_str()); }));
+    Pass(100);
+  }
+  opener_.Release();
+  EXPECT_TRUE(WaitFor([&] { return answered.size() == 2; }));
+  EXPECT_EQ(answered, (std::vector<std::string>{"file.xls", "other.xls"}));
 }
 
 }  // namespace
