@@ -87,6 +87,20 @@ std::int64_t SecondsBetween(const LocalTime& from, const LocalTime& to) {
   return SecondsSinceEpoch(to) - SecondsSinceEpoch(from);
 }
 
+LocalTime NextSecond(const LocalTime& moment) {
+  const std::int64_t next = SecondsSinceEpoch(moment) + 1;
+  const std::chrono::sys_seconds time{std::chrono::seconds(next)};
+  const auto midnight = std::chrono::floor<std::chrono::days>(time);
+  const std::chrono::year_month_day day(midnight);
+  const std::chrono::hh_mm_ss clock(time - midnight);
+  return {static_cast<int>(day.year()),
+          static_cast<std::int32_t>(static_cast<unsigned>(day.month())),
+          static_cast<std::int32_t>(static_cast<unsigned>(day.day())),
+          static_cast<std::int32_t>(clock.hours().count()),
+          static_cast<std::int32_t>(clock.minutes().count()),
+          static_cast<std::int32_t>(clock.seconds().count())};
+}
+
 std::string TimeOfDayText(std::int64_t seconds) {
   const std::int64_t time = std::abs(seconds) % SecondsOfDay;
   return Padded(time / SecondsOfHour, 2) + ':' + Padded(time % SecondsOfHour / SecondsOfMinute, 2) +

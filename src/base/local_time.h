@@ -36,6 +36,9 @@ LocalTime ToLocalTime(std::string_view text);
 /// change to or from summer time is not in it.
 std::int64_t SecondsBetween(const LocalTime& from, const LocalTime& to);
 
+/// The moment a second later, by the calendar likewise.
+LocalTime NextSecond(const LocalTime& moment);
+
 /// The form "hh:mm:ss" of the time of day of a difference: whole days are left out, and so is the
 /// sign.
 std::string TimeOfDayText(std::int64_t seconds);

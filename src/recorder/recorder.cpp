@@ -48,7 +48,7 @@ Recorder::Recorder(forms::Main& main, config::Configuration& config,
   Session.Check = Check;
   acquisition.Upper.Recorder = Writing.Samples;
   acquisition.Upper.Session = Session;
-  acquisition.Waiting.Adapter = Events;
+  acquisition.Waiting.Adapter = Session.Adapter();
 }
 
 void Recorder::Load() {

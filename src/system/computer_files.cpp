@@ -115,6 +115,16 @@ void ComputerFiles::Rename(const std::string& from, const std::string& to) {
   }
 }
 
+bool ComputerFiles::MakeNew(const std::string& path) {
+  try {
+    OpenNew(PlaceOf(path))->Close();
+  } catch (const platform::Failure&) {
+    if (TypeOf(path) == std::filesystem::file_type::not_found) throw;
+    return false;
+  }
+  return true;
+}
+
 std::unique_ptr<platform::OutputFile> ComputerFiles::Append(const std::string& path) {
   return OpenToAppend(PlaceOf(path));
 }

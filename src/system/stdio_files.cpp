@@ -91,6 +91,10 @@ std::unique_ptr<platform::OutputFile> OpenAnew(const std::filesystem::path& plac
   return std::make_unique<StdioOutput>(place, "wb");
 }
 
+std::unique_ptr<platform::OutputFile> OpenNew(const std::filesystem::path& place) {
+  return std::make_unique<StdioOutput>(place, "wbx");
+}
+
 std::unique_ptr<platform::OutputFile> OpenToAmend(const std::filesystem::path& place) {
   return std::make_unique<StdioOutput>(place, "r+b");
 }

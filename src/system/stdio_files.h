@@ -11,6 +11,8 @@ namespace host {
 /// why a write or a close failed.
 std::unique_ptr<platform::OutputFile> OpenToAppend(const std::filesystem::path& place);
 std::unique_ptr<platform::OutputFile> OpenAnew(const std::filesystem::path& place);
+/// Fails where there is a file of that name.
+std::unique_ptr<platform::OutputFile> OpenNew(const std::filesystem::path& place);
 std::unique_ptr<platform::OutputFile> OpenToAmend(const std::filesystem::path& place);
 std::unique_ptr<platform::InputFile> OpenToRead(const std::filesystem::path& place);
 

@@ -63,6 +63,12 @@ TEST(LocalTime, DiffersByTheCalendar) {
   EXPECT_EQ(SecondsBetween(Evening, {2024, 3, 9, 21, 5, 6}), -1);
 }
 
+TEST(LocalTime, GoesOnByASecondThroughTheCalendar) {
+  EXPECT_EQ(platform::NextSecond(Evening), (LocalTime{2024, 3, 9, 21, 5, 8}));
+  EXPECT_EQ(platform::NextSecond({2023, 12, 31, 23, 59, 59}), (LocalTime{2024, 1, 1, 0, 0, 0}));
+  EXPECT_EQ(platform::NextSecond({2024, 2, 28, 23, 59, 59}), (LocalTime{2024, 2, 29, 0, 0, 0}));
+}
+
 TEST(TimeOfDay, IsWhatADifferenceHasBeyondWholeDays) {
   EXPECT_EQ(TimeOfDayText(0), "00:00:00");
   EXPECT_EQ(TimeOfDayText(3661), "01:01:01");

@@ -57,6 +57,15 @@ bool FailingFiles::IsApart(const std::string& path) const {
   return !Apart.empty() && path.find(Apart) != std::string::npos;
 }
 
+bool FailingFiles::MakeNew(const std::string& path) {
+  if (IsApart(path)) {
+    if (Refusal != 0) throw platform::Failure(Refusal);
+  } else {
+    Change(Opens, FailingOpen);
+  }
+  return files_.MakeNew(path);
+}
+
 std::unique_ptr<platform::OutputFile> FailingFiles::Append(const std::string& path) {
   if (IsApart(path)) {
     if (Refusal != 0) throw platform::Failure(Refusal);

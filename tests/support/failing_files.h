@@ -35,6 +35,7 @@ class FailingFiles : public platform::FileSystem {
   }
   void DeleteFile(const std::string& path) override;
   void Rename(const std::string& from, const std::string& to) override;
+  bool MakeNew(const std::string& path) override;
   std::unique_ptr<platform::OutputFile> Append(const std::string& path) override;
   std::unique_ptr<platform::OutputFile> Create(const std::string& path) override;
   std::unique_ptr<platform::OutputFile> Amend(const std::string& path) override;

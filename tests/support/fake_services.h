@@ -68,6 +68,11 @@ class FakeFiles : public platform::FileSystem {
     Stored[path];
     return std::make_unique<MemoryOutput>(Stored, path);
   }
+  bool MakeNew(const std::string& path) override {
+    if (FileExists(path)) return false;
+    Append(path);
+    return true;
+  }
   std::unique_ptr<platform::OutputFile> Create(const std::string& path) override {
     auto file = Append(path);
     Stored[path].clear();

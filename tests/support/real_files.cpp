@@ -108,6 +108,12 @@ void RealFiles::Rename(const std::string& from, const std::string& to) {
   std::filesystem::rename(from, to);
 }
 
+bool RealFiles::MakeNew(const std::string& path) {
+  if (FileExists(path)) return false;
+  Append(path);
+  return true;
+}
+
 std::unique_ptr<platform::OutputFile> RealFiles::Append(const std::string& path) {
   return std::make_unique<RealOutput>(path, std::ios::app);
 }

@@ -35,6 +35,19 @@ std::string Content(ComputerFiles& files, const std::string& path) {
   return text;
 }
 
+TEST(Files, AreMadeAnewByOneAlone) {
+  const TemporaryFolder folder;
+  ComputerFiles files;
+  const std::string path = folder.File("new");
+  EXPECT_TRUE(files.MakeNew(path));
+  EXPECT_EQ(files.FileSize(path), 0);
+  files.Append(path)->Write("first");
+  EXPECT_FALSE(files.MakeNew(path));
+  EXPECT_EQ(Content(files, path), "first");
+  EXPECT_EQ(FailureOf([&] { files.MakeNew(folder.File("away/new")); }),
+            platform::failure::PathNotFound);
+}
+
 TEST(Files, TellWhatTheirDiskStillTakes) {
   const TemporaryFolder folder;
   const ComputerFiles files;

@@ -128,7 +128,7 @@ void StreamRecording::StoreSample(const Sample& sample, Time arrived) {
   const Anchor before = std::exchange(latest_, {sample.Counter, sample.Synch, arrived});
   if (!order_) {
     const Time moment = MomentOf(latest_);
-    Begin(moment, FreePath(moment));
+    Begin(moment, TakeFreePath(moment));
     SampleSink& files = *this;
     order_.emplace(static_cast<std::int32_t>(rate_), files);
     runBegan_ = arrived;
@@ -158,7 +158,7 @@ void StreamRecording::EndInTime() {
   const std::int64_t behind = order_->Latest() - order_->Next();
   const Time moment = MomentOf(latest_) - Time(behind * std::micro::den / rate_);
   // A clock that is set back, as in autumn, brings an hour twice: the next second is another name.
-  const std::optional<std::string> path = PathAt(std::chrono::floor<seconds>(moment));
+  const std::optional<std::string> path = TakePathAt(std::chrono::floor<seconds>(moment));
   if (!path) {
     full_ += rate_;
     return;
@@ -200,15 +200,15 @@ ComtradeHead StreamRecording::HeadOf(Time moment) const {
   return head;
 }
 
-std::optional<std::string> StreamRecording::PathAt(seconds second) const {
+std::optional<std::string> StreamRecording::TakePathAt(seconds second) {
   std::string path = wish_.PathOf(calendar_.At(second));
-  if (files_.FileExists(ComtradeFile::PathsOf(ComtradeFiles::Single, path).front())) return {};
+  if (!files_.MakeNew(ComtradeFile::PathsOf(ComtradeFiles::Single, path).front())) return {};
   return path;
 }
 
-std::string StreamRecording::FreePath(Time moment) const {
+std::string StreamRecording::TakeFreePath(Time moment) {
   for (auto second = std::chrono::floor<seconds>(moment);; ++second) {
-    if (const std::optional<std::string> path = PathAt(second)) return *path;
+    if (const std::optional<std::string> path = TakePathAt(second)) return *path;
   }
 }
 

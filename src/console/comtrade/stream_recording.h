@@ -96,9 +96,10 @@ class StreamRecording : private SampleSink {
   void StoreInTime();
   void EndRun();
   void EndFile();
-  /// The path without an extension for a file that begins then; nothing where it is taken.
-  std::optional<std::string> PathAt(std::chrono::seconds second) const;
-  std::string FreePath(Time moment) const;
+  /// The path without an extension for a file that begins then, which is taken by that; nothing
+  /// where another has it.
+  std::optional<std::string> TakePathAt(std::chrono::seconds second);
+  std::string TakeFreePath(Time moment);
   ComtradeHead HeadOf(Time moment) const;
   Time MomentOf(const Anchor& anchor) const;
 

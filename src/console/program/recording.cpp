@@ -104,7 +104,8 @@ void Recording::NameChanged() {
 }
 
 void Recording::TellFiles(const std::string& name) {
-  if (name.empty()) return;
+  // A name that was never written under may be another program's.
+  if (name.empty() || !Program().Recorder.Session.AnyBegun()) return;
   const packetroutines::WritingContext& context = Program().Recorder.Writing.Context;
   for (const char* prefix : {"", packetroutines::FirstPrefix, packetroutines::SecondPrefix}) {
     const std::string path =

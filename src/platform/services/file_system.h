@@ -65,6 +65,9 @@ class FileSystem {
   /// Gives a file the name of another one, which is gone with that: whoever reads under that name
   /// meets the whole of the one or the whole of the other. Failure 53 where there is no such file.
   virtual void Rename(const std::string& from, const std::string& to) = 0;
+  /// Makes an empty file; false where there is one of that name already, whoever has made it in the
+  /// very same moment. What cannot be made raises the failure of its reason.
+  virtual bool MakeNew(const std::string& path) = 0;
   /// Opens a file to write behind its end; one that is missing is made. What cannot be opened
   /// raises the failure of its reason, such as 76 for a folder that is missing.
   virtual std::unique_ptr<OutputFile> Append(const std::string& path) = 0;

@@ -47,16 +47,15 @@ void EventsFile::Add(const RecordEvent& event) {
 bool EventsFile::Write() {
   if (waiting_.empty()) return false;
   // A file that has gone, with its folder perhaps, is begun anew.
-  const bool there = files_.FileExists(path_);
-  const std::int64_t before = there ? files_.FileSize(path_) : 0;
-  std::string text = there ? waiting_ : EventHeading() + waiting_;
+  const std::int64_t before = files_.FileSize(path_);
+  std::string text = before > 0 ? waiting_ : EventHeading() + waiting_;
   try {
     const auto file = files_.Append(path_);
     file->Write(text);
     file->Close();
   } catch (const platform::Failure&) {
     // What a disk has taken before it was full stays; the next time goes on behind it.
-    const std::int64_t stored = files_.FileExists(path_) ? files_.FileSize(path_) - before : 0;
+    const std::int64_t stored = files_.FileSize(path_) - before;
     if (stored > 0) {
       text.erase(0, static_cast<std::size_t>(stored));
       waiting_ = text;

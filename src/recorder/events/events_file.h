@@ -23,6 +23,8 @@ class EventsFile {
   /// The recording goes on with another file. Events that still wait for the one before are told in
   /// this one.
   void GoOn(const std::string& path);
+  /// Its path is another one before anything stands in it.
+  void Rename(const std::string& path) { path_ = path; }
   void Add(const RecordEvent& event);
   /// Nothing was recorded that a file is worth: its events are dropped, but for those that still
   /// wait for the file before.

@@ -10,11 +10,6 @@ namespace packetroutines {
 
 namespace {
 
-/// "SV record 09.03.2024 14-05-07.txt" has "Events SV record 09.03.2024 14-05-07.csv" beside it.
-std::string EventsName(const std::string& recordFileName) {
-  return "Events " + recordFileName.substr(0, recordFileName.rfind('.')) + ".csv";
-}
-
 /// No stream that comes rests for so long.
 constexpr StreamWatch::Time LongestRest{1'000'000};
 
@@ -91,6 +86,17 @@ std::string RecordingEvents::Settings() const {
   if (context_.Present.StreamCount == 2) add("stream 2 in A and kV");
   add("frequency " + context_.Services.Numbers.General(settings.BaseFrequency) + " Hz");
   return text;
+}
+
+void RecordingEvents::Renamed() {
+  file_.Rename(Path());
+}
+
+bool RecordingEvents::AnyCame() const {
+  for (std::size_t stream = 0; stream < streams_.size(); ++stream) {
+    if (from_.State.Counters.Streams[stream].HeldId != streams_[stream].HeldId) return true;
+  }
+  return false;
 }
 
 void RecordingEvents::RingDone(std::size_t stream, const std::string& failure) {

@@ -28,7 +28,7 @@ struct EventSources {
 /// Tells in the events file what happened to a recording: what its log cannot know, as it has the
 /// counter of the samples alone. It looks at what the streams met whenever a ring of one is done,
 /// so the frames pay nothing for it.
-class RecordingEvents : public RingWitness, public AdapterConsumer {
+class RecordingEvents {
  public:
   explicit RecordingEvents(const EventSources& sources);
 
@@ -39,8 +39,14 @@ class RecordingEvents : public RingWitness, public AdapterConsumer {
   void EndPart(const std::string& why);
   /// Behind that, it has its new name.
   void BeginPart();
-  void RingDone(std::size_t stream, const std::string& failure) override;
-  void AdapterChanged(platform::Presence presence) override;
+  /// The recording has another name before anything of it is on disk.
+  void Renamed();
+  /// A frame of the files at hand has come.
+  bool AnyCame() const;
+  /// The ring of a stream was written, or could not be; see `RingWitness`.
+  void RingDone(std::size_t stream, const std::string& failure);
+  /// The adapter went or is there again; see `AdapterConsumer`.
+  void AdapterChanged(platform::Presence presence);
   /// The recording is over; once. `why` in words.
   void End(const std::string& why);
   /// The disk may have room again: brings what still waits to the file of a recording that is over.

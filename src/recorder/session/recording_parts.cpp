@@ -1,5 +1,6 @@
 #include "recorder/session/recording_parts.h"
 
+#include <utility>
 #include <vector>
 
 #include "base/trap.h"
@@ -22,10 +23,22 @@ RecordingParts::RecordingParts(packetroutines::Writing& writing,
 
 void RecordingParts::Begin() {
   running_ = true;
+  begun_ = false;
   before_ = 0;
   written_ = 0;
   log_.Begin();
   division_.Begin();
+}
+
+void RecordingParts::End() {
+  // A recording without a ring has a file of events, which must not be another one's either.
+  if (running_ && before_ == 0 && events_.AnyCame()) BeginFiles();
+  running_ = false;
+}
+
+void RecordingParts::BeginFiles() {
+  if (!running_ || std::exchange(begun_, true)) return;
+  if (files_.Claim()) events_.Renamed();
 }
 
 void RecordingParts::RingDone(std::size_t stream, const std::string& failure) {
@@ -40,6 +53,11 @@ void RecordingParts::RingDone(std::size_t stream, const std::string& failure) {
   const std::string name = files_.NameOfNow();
   // A clock that is set back, as in autumn, brings an hour twice: the next second is another name.
   if (!files_.IsTaken(name)) GoOnIn(name);
+}
+
+void RecordingParts::AdapterChanged(platform::Presence presence) {
+  BeginFiles();
+  events_.AdapterChanged(presence);
 }
 
 void RecordingParts::Follow(std::size_t stream, bool stored) {
@@ -72,6 +90,7 @@ void RecordingParts::GoOnIn(const std::string& name) {
   // Its sentences are those of a file.
   writing_.Report.Begin();
   files_.Name(name);
+  begun_ = false;
   events_.BeginPart();
   for (const std::string& sentence : told) writing_.Report.Add(sentence);
   log_.Begin();

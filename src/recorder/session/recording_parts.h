@@ -6,6 +6,7 @@
 #include <string>
 
 #include "base/plug.h"
+#include "capture/consumers.h"
 #include "recorder/events/recording_events.h"
 #include "recorder/reading/followed_log.h"
 #include "recorder/reading/record_reader.h"
@@ -22,7 +23,7 @@ namespace subroutines {
 /// It works behind a whole ring, within the event of its last frame, and reads no file back: what
 /// waits in the driver's buffer meanwhile must not be lost. What fails in it is told on the view's
 /// line, and the new files begin all the same.
-class RecordingParts : public packetroutines::RingWitness {
+class RecordingParts : public packetroutines::RingWitness, public packetroutines::AdapterConsumer {
  public:
   RecordingParts(packetroutines::Writing& writing, packetroutines::RecordingEvents& events,
                  packetroutines::SessionFiles& files,
@@ -33,12 +34,18 @@ class RecordingParts : public packetroutines::RingWitness {
   /// RUN: the recording has its name.
   void Begin();
   /// It is over, or about to be.
-  void End() { running_ = false; }
+  void End();
   /// The files that it had before those at hand.
   std::int64_t Before() const { return before_; }
+  /// Something of the files at hand was about to be written, so they may be there.
+  bool Begun() const { return begun_; }
+  void RingBegins() override { BeginFiles(); }
   void RingDone(std::size_t stream, const std::string& failure) override;
+  void AdapterChanged(platform::Presence presence) override;
 
  private:
+  /// Before anything of the files at hand is written, their name is taken.
+  void BeginFiles();
   void Follow(std::size_t stream, bool stored);
   void GoOnIn(const std::string& name);
   /// One stream is recorded in text.
@@ -55,6 +62,7 @@ class RecordingParts : public packetroutines::RingWitness {
   std::int64_t written_ = 0;
   std::int64_t before_ = 0;
   bool running_ = false;
+  bool begun_ = false;
 };
 
 }  // namespace subroutines

@@ -73,6 +73,10 @@ class RecordingSession : public packetroutines::RecordingEnd,
   void DivideEvery(std::chrono::nanoseconds span) { parts_.Every(span); }
   /// What is to see each ring that is written.
   packetroutines::RingWitness& Rings() { return parts_; }
+  /// What is to know of an adapter that goes and comes.
+  packetroutines::AdapterConsumer& Adapter() { return parts_; }
+  /// Files of the name at hand may be there, and are of this recording.
+  bool AnyBegun() const { return parts_.Begun(); }
   /// The files that a divided recording had before those at hand.
   std::int64_t FilesBefore() const { return parts_.Before(); }
   /// Nothing else is done for a recording that is still there.

@@ -1,5 +1,9 @@
 #include "recorder/session/session_files.h"
 
+#include <string_view>
+
+#include "base/failure.h"
+#include "base/local_time.h"
 #include "recorder/writing/record_names.h"
 
 namespace packetroutines {
@@ -32,6 +36,26 @@ void SessionFiles::Name(const std::string& name) {
   if (!name.empty()) record_.RecordFileName = name;
   recorder_.Label10[line::FirstPath].Caption = PathOf(FirstPrefix + record_.RecordFileName);
   recorder_.Label10[line::SecondPath].Caption = PathOf(SecondPrefix + record_.RecordFileName);
+}
+
+bool SessionFiles::Claim() {
+  const SampleFormat* const format = writing_.Formats.Chosen();
+  if (format == nullptr) return false;
+  platform::FileSystem& files = writing_.Context.Services.Files;
+  const std::string first = record_.RecordFileName;
+  std::string name = first;
+  try {
+    while (IsTaken(name) || !files.MakeNew(PathOf(EventsName(name)))) {
+      const std::string_view extension = format->Facts.Extension;
+      name = RecordName(platform::NextSecond(StartTimeOf(name, extension)), extension);
+    }
+  } catch (const platform::Failure&) {
+    // What keeps a file from being made is told with the ring.
+    return false;
+  }
+  if (name == first) return false;
+  Name(name);
+  return true;
 }
 
 void SessionFiles::LookForFiles() {

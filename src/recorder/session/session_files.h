@@ -25,6 +25,11 @@ class SessionFiles {
   /// The files have this name from now on, and the view tells so; an empty one leaves the name as
   /// it is.
   void Name(const std::string& name);
+  /// Takes the name for this recording alone, by making the file of its events. Where that or a
+  /// file of samples is there already, of another program that records into the same folder or of
+  /// the hour that a clock was set back by, it takes the next second that is free. True where the
+  /// name is another one now. A folder that takes no file leaves the name as it is.
+  bool Claim();
   /// STOP: gives the files their end.
   void Finish();
   /// The recording goes on in others: the same.

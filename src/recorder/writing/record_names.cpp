@@ -20,6 +20,10 @@ std::string RecordName(const platform::LocalTime& start, std::string_view extens
   return Beginning + platform::DottedText(start, '-') + std::string(extension);
 }
 
+std::string EventsName(const std::string& recordFileName) {
+  return "Events " + recordFileName.substr(0, recordFileName.rfind('.')) + ".csv";
+}
+
 std::string RecordPlaceholder(std::string_view extension) {
   return Beginning + std::string("dd.mm.yyyy hh-MM-ss") + std::string(extension) + " (" + NotYet +
          ")";

@@ -13,6 +13,10 @@ namespace packetroutines {
 /// The name of a recording that began at a moment.
 std::string RecordName(const platform::LocalTime& start, std::string_view extension);
 
+/// The name of the file that tells what happened to a recording: "SV record 09.03.2024
+/// 14-05-07.txt" has "Events SV record 09.03.2024 14-05-07.csv" beside it.
+std::string EventsName(const std::string& recordFileName);
+
 /// What stands for the name of a recording until its start; "after 'RUN'" in it tells that nothing
 /// was recorded yet.
 std::string RecordPlaceholder(std::string_view extension);

@@ -37,6 +37,7 @@ void SampleWriter::WriteRecordBlock(std::int16_t selector) {
 void SampleWriter::Write(std::size_t stream) {
   SampleFormat* const format = formats_.Chosen();
   if (format == nullptr) return;
+  if (Witness) Witness->RingBegins();
   const std::string path = RecordPath(context_, stream);
   context_.Report.LookForFile(stream);
   if (format->Write(stream)) context_.Report.RingWritten(stream, path);

@@ -16,6 +16,8 @@ namespace packetroutines {
 class RingWitness {
  public:
   virtual ~RingWitness() = default;
+  /// A ring is about to be written.
+  virtual void RingBegins() = 0;
   /// The ring of a stream, 0 or 1, was written, or could not be. `failure` is the full disk that
   /// ends the recording; whatever else kept it from the disk is the report's.
   virtual void RingDone(std::size_t stream, const std::string& failure) = 0;
