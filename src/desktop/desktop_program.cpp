@@ -63,6 +63,11 @@ void DesktopProgram::Flush() {
   application_.CloseFiles();
 }
 
+void DesktopProgram::LeaveWithoutDisplay() {
+  application_.CloseFiles();
+  host::LeaveProcess(platform::Guard::FailureExitCode);
+}
+
 void DesktopProgram::Load() {
   guard_([this] { application_.Load(); });
   repaints_.Flush();

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "base/number_text.h"
+#include "desktop/binding/lost_display.h"
 #include "desktop/binding/qt_event_queue.h"
 #include "desktop/binding/repaint_queue.h"
 #include "desktop/services/qt_alarm.h"
@@ -60,6 +61,9 @@ class DesktopProgram {
  private:
   /// Saves what must outlive the process.
   void Flush();
+  /// Ends what is recorded, and leaves. The toolkit's own settings are gone by then, and what was
+  /// changed was written behind each change.
+  void LeaveWithoutDisplay();
 
   QtDialogs dialogs_;
   QtSettingsStore store_;
@@ -84,6 +88,7 @@ class DesktopProgram {
   std::unique_ptr<platform::DiskSync> sync_ = host::MakeDiskSync();
   formroutines::Application application_;
   MainWindow window_;
+  LostDisplay lostDisplay_{[this] { LeaveWithoutDisplay(); }};
 };
 
 }  // namespace desktop
