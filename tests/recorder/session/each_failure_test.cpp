@@ -15,6 +15,8 @@ constexpr Work Works[] = {
     {"opening", &support::FailingFiles::Opens, &support::FailingFiles::FailingOpen},
     {"closing", &support::FailingFiles::Closes, &support::FailingFiles::FailingClose},
     {"reading", &support::FailingFiles::Reads, &support::FailingFiles::FailingRead},
+    {"writing", &support::FailingFiles::Writes, &support::FailingFiles::FailingWrite},
+    {"deleting", &support::FailingFiles::Deletes, &support::FailingFiles::FailingDelete},
 };
 
 class EachFailure : public testing::TestWithParam<std::tuple<const char*, bool>> {
@@ -51,6 +53,18 @@ class EachFailure : public testing::TestWithParam<std::tuple<const char*, bool>>
     for (const auto& format : bench.Main.Option2) EXPECT_TRUE(format.Enabled);
     EXPECT_EQ(bench.Caption(forms::record_line::Progress).find("analysis"), std::string::npos);
   }
+  /// Of the files of samples. A log fails silently, as it must, and a check writes it anew; the end
+  /// of the events waits for the disk.
+  static void ExpectDifferencesTold(const ReadingBench& sound, const ReadingBench& failing) {
+    const bool told = !failing.Dialogs.Shown.empty() ||
+                      failing.Main.NotStored.Caption.Get() != LineBehindASoundOne();
+    for (const auto& [path, content] : sound.Files.Stored) {
+      if (support::IsEventsFile(path) || path.find("Errorlog ") != std::string::npos) continue;
+      const auto stored = failing.Files.Stored.find(path);
+      const bool same = stored != failing.Files.Stored.end() && stored->second == content;
+      EXPECT_TRUE(same || told) << path;
+    }
+  }
   /// Two streams have no log.
   static std::string LineBehindASoundOne() {
     return Both() && Format() == std::string("TXT") ? WhereTotalsStand : std::string();
@@ -81,6 +95,27 @@ TEST_P(EachFailure, IsToldOnceAndLeavesARecorderThatRecordsAgain) {
       EXPECT_EQ(failing.Main.NotStored.Caption.Get(), LineBehindASoundOne());
       EXPECT_THAT(failing.Dialogs.Shown, IsEmpty());
       EXPECT_TRUE(failing.Files.Stored == sound.Files.Stored);
+    }
+  }
+}
+
+TEST_P(EachFailure, LeavesNoFileUntoldThatIsNotAsItShouldBe) {
+  ReadingBench sound;
+  Record(sound);
+  // The writing of the events counts as well.
+  ReadingBench counted;
+  counted.Disk.Apart.clear();
+  Record(counted);
+  for (const Work& work : Works) {
+    for (int n = 1; n <= counted.Disk.*work.Count; ++n) {
+      SCOPED_TRACE(work.Name + std::string(" ") + std::to_string(n));
+      ReadingBench failing;
+      failing.Disk.Apart.clear();
+      failing.Disk.*work.Failing = n;
+      failing.Disk.Number = Number(n);
+      ASSERT_NO_THROW(Record(failing));
+      ExpectRest(failing);
+      ExpectDifferencesTold(sound, failing);
     }
   }
 }
