@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -22,6 +23,8 @@ class OneSourceLayer : public ChannelLayer {
       : title_(std::move(title)), source_(std::move(source)), clock_(clock) {}
 
   std::string Advice() const override { return {}; }
+  /// Whoever names a place on a command line names another one there.
+  std::int32_t AddFile(const std::string& path) override;
 
  private:
   Entries NewEntries() override;
