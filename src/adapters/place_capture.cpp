@@ -2,7 +2,6 @@
 
 #include "adapters/capture_files.h"
 #include "adapters/files/capture_file_reader.h"
-#include "base/failure.h"
 
 namespace adapters {
 
@@ -34,10 +33,6 @@ OneSourceLayer::Entries OneSourceLayer::NewEntries() {
   if (source_ == nullptr) return entries;
   entries.push_back(std::make_unique<SourceAdapter>(title_, true, std::move(source_), clock_));
   return entries;
-}
-
-std::int32_t OneSourceLayer::AddFile(const std::string& path) {
-  throw platform::Failure(platform::failure::PathFileAccess, path + " is not the adapter named.");
 }
 
 LiveCapture::LiveCapture(std::string title, std::unique_ptr<FrameSource> source,

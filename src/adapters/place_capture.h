@@ -1,7 +1,6 @@
 #pragma once
 
 #include <chrono>
-#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -23,8 +22,6 @@ class OneSourceLayer : public ChannelLayer {
       : title_(std::move(title)), source_(std::move(source)), clock_(clock) {}
 
   std::string Advice() const override { return {}; }
-  /// Whoever names a place on a command line names another one there.
-  std::int32_t AddFile(const std::string& path) override;
 
  private:
   Entries NewEntries() override;
