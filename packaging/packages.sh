@@ -4,7 +4,7 @@ build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev libgl-dev 
 run_packages=(libqt6gui6 libqt6svg6 fontconfig fonts-dejavu-core)
 display_packages=(xvfb poppler-utils)
 test_packages=(clang libclang-rt-14-dev lld libgtest-dev libgmock-dev libbenchmark-dev clang-format clang-tidy
-  python3 iproute2 poppler-utils python3-xlrd dbus-daemon tshark
+  python3 iproute2 libcap2-bin poppler-utils python3-xlrd dbus-daemon tshark
   desktop-file-utils appstream librsvg2-bin
   xvfb xdotool at-spi2-core python3-pyatspi zsh mandoc groff-base man-db systemd systemd-container)
 bench_packages=(libbenchmark-dev iproute2)

@@ -65,8 +65,8 @@ console::ExitCode Run(int argc, const char* const* argv) {
 
 int main(int argc, char** argv) {
   adapters::StartThroughLauncher(argc, argv);
-  adapters::ReserveCaptureRight();
   adapters::GainNoMoreRights();
+  adapters::ReserveCaptureRight();
   std::ios::sync_with_stdio(false);
   // A recording goes on where nobody reads the names of its files any more.
   std::signal(SIGPIPE, SIG_IGN);

@@ -38,6 +38,14 @@ platform::CaptureAdapter& CaptureChannel::Adapters(std::int32_t index) {
   return *adapters_[static_cast<std::size_t>(index) - 1];
 }
 
+std::int32_t CaptureChannel::Insert(std::unique_ptr<SourceAdapter> adapter) {
+  const auto place = std::find_if(adapters_.begin(), adapters_.end(),
+                                  [](const auto& own) { return !own->IsGood(); });
+  return static_cast<std::int32_t>(adapters_.insert(place, std::move(adapter)) -
+                                   adapters_.begin()) +
+         1;
+}
+
 void CaptureChannel::SetAdapter(platform::CaptureAdapter& adapter) {
   const auto found = std::find_if(adapters_.begin(), adapters_.end(),
                                   [&](const auto& own) { return own.get() == &adapter; });

@@ -44,6 +44,9 @@ class CaptureChannel : public platform::CaptureObject {
   platform::Presence AdapterPresence() override;
   std::optional<std::uint64_t> Dropped() override;
 
+  /// Puts an adapter behind those that can capture; gives its 1-based place.
+  std::int32_t Insert(std::unique_ptr<SourceAdapter> adapter);
+
   /// Raises `OnPacket` for one frame that is due; False when none is due, or when many others had
   /// to be looked at.
   bool DeliverOne();

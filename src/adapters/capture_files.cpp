@@ -45,4 +45,8 @@ std::string FileTitle(const std::filesystem::path& file, bool playable) {
   return file.filename().string() + " (capture file)" + (playable ? "" : ", cannot be played");
 }
 
+std::string TitleForThisRun(const std::filesystem::path& file) {
+  return file.filename().string() + " (capture file, until the program ends)";
+}
+
 }  // namespace adapters

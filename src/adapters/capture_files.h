@@ -20,5 +20,7 @@ bool IsCaptureFileName(const std::filesystem::path& file);
 /// The capture files of a folder by name; none where there is no folder.
 std::vector<std::filesystem::path> CaptureFiles(const std::filesystem::path& folder);
 std::string FileTitle(const std::filesystem::path& file, bool playable);
+/// Of a file that the list loses with the end of the program.
+std::string TitleForThisRun(const std::filesystem::path& file);
 
 }  // namespace adapters

@@ -1,5 +1,9 @@
 #include "adapters/channel_layer.h"
 
+#include <utility>
+
+#include "base/failure.h"
+
 namespace adapters {
 
 namespace {
@@ -30,6 +34,11 @@ std::unique_ptr<platform::CaptureObject> ChannelLayer::NewCaptureObject() {
 
 std::unique_ptr<platform::PacketCollection> ChannelLayer::NewPacketCollection() {
   return std::make_unique<EmptyCollection>();
+}
+
+std::int32_t ChannelLayer::Insert(std::unique_ptr<SourceAdapter> adapter) {
+  if (!link_ || link_->Channel == nullptr) throw platform::Failure(platform::failure::ObjectNotSet);
+  return link_->Channel->Insert(std::move(adapter));
 }
 
 bool ChannelLayer::DeliverOne() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -24,6 +25,9 @@ class ChannelLayer : public platform::CaptureLayer, public platform::FrameDelive
 
  protected:
   using Entries = std::vector<std::unique_ptr<SourceAdapter>>;
+
+  /// Puts an adapter into the list in use, behind those that can capture; gives its 1-based place.
+  std::int32_t Insert(std::unique_ptr<SourceAdapter> adapter);
 
  private:
   /// The adapters of a new capture object, in their order.

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -30,6 +32,7 @@ class SystemCaptureLayer : public ChannelLayer {
                      InterfaceLister listInterfaces = ListNetworkInterfaces);
   /// Tells of the interfaces and files as they were found for the last capture object.
   std::string Advice() const override;
+  std::int32_t AddFile(const std::string& path) override;
 
  private:
   Entries NewEntries() override;
@@ -40,6 +43,8 @@ class SystemCaptureLayer : public ChannelLayer {
   CaptureSurroundings around_;
   InterfaceLister listInterfaces_;
   CaptureAdvice advice_;
+  /// The files that were added to the list in use, with their places.
+  std::map<std::filesystem::path, std::int32_t> added_;
 };
 
 }  // namespace adapters

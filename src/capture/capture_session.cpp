@@ -38,11 +38,13 @@ void TakeRefusalBack(const Mode& mode, forms::SharedControls& shared) {
 }  // namespace
 
 CaptureSession::CaptureSession(platform::CaptureLayer& layer, const CaptureControls& controls,
-                               config::Settings& settings, AcquisitionState& state, RunControl& run,
+                               config::Settings& settings, const config::RunSettings& present,
+                               AcquisitionState& state, RunControl& run,
                                const platform::Services& services)
     : layer_(layer),
       controls_(controls),
       settings_(settings),
+      present_(present),
       state_(state),
       streams_(state),
       run_(run),
@@ -113,12 +115,23 @@ void CaptureSession::SetupAdapter(std::int32_t buffSize, const platform::FrameWi
   RunSteps(
       services_.Program, [this](const Failure& failure) { return OnSetupFailure(failure); },
       [&] { aPacketX().SetWish(wish); },
-      [&] { aPacketX().SetAdapter(aPacketX().Adapters(settings_.AdapterIndex)); },
+      [&] { aPacketX().SetAdapter(aPacketX().Adapters(ChosenAdapter())); },
       [&] { aPacketX().Adapter().Set(property::BufferSize, buffSize); },
       [&] { aPacketX().Adapter().Set(property::BytesToGather, 0); },
       [&] { aPacketX().Adapter().Set(property::HardwareFilter, platform::PromiscuousReception); },
       [&] { aPacketX().Adapter().Set(property::Mode, platform::CaptureMode); },
       [&] { aPacketX().Adapter().Set(property::Filter, FilterExpression()); });
+}
+
+std::int32_t CaptureSession::AddFile(const std::string& path) {
+  const std::int32_t number = layer_.AddFile(path);
+  platform::ComboBox& list = controls_.Setup.Combo1;
+  if (number > list.ListCount()) list.AddItem(aPacketX().Adapters(number).Description());
+  return number - 1;
+}
+
+std::int32_t CaptureSession::ChosenAdapter() const {
+  return present_.FileOfRun > 0 ? present_.FileOfRun : settings_.AdapterIndex;
 }
 
 std::string CaptureSession::FilterExpression() const {

@@ -54,14 +54,17 @@ class CaptureUser {
 class CaptureSession {
  public:
   CaptureSession(platform::CaptureLayer& layer, const CaptureControls& controls,
-                 config::Settings& settings, AcquisitionState& state, RunControl& run,
-                 const platform::Services& services);
+                 config::Settings& settings, const config::RunSettings& present,
+                 AcquisitionState& state, RunControl& run, const platform::Services& services);
 
   platform::Plug<PacketConsumer> Packets;
   platform::Plug<CaptureUser> User;
 
   /// Creates the capture object and fills the adapter list; once, at start-up.
   void FillAdapterList();
+  /// Puts a capture file into the list behind the others, for this run of the program, and gives
+  /// its place. Fails as the capture layer does.
+  std::int32_t AddFile(const std::string& path);
   /// The start of a run: measures the frame length anew, takes the adapter over and begins the
   /// first burst. The wish is for the frames that the run meets.
   void BeginRun(ModeName mode, const platform::FrameWish& wish = {});
@@ -97,6 +100,7 @@ class CaptureSession {
   void ShowIndicators(bool visible);
   void GiveButtonsBack();
   std::string FilterExpression() const;
+  std::int32_t ChosenAdapter() const;
   platform::CaptureObject& aPacketX();
   platform::Verdict OnAdapterListFailure(const platform::Failure& failure, int attempt);
   platform::Verdict OnSetupFailure(const platform::Failure& failure);
@@ -106,6 +110,7 @@ class CaptureSession {
   platform::CaptureLayer& layer_;
   CaptureControls controls_;
   config::Settings& settings_;
+  const config::RunSettings& present_;
   const RunFields& state_;
   StreamFields& streams_;
   RunControl& run_;

@@ -10,14 +10,15 @@
 namespace subroutines {
 
 AdapterChoice::AdapterChoice(forms::SetupControls& setup, config::Settings& settings,
-                             StoredSettings& stored)
-    : setup_(setup), settings_(settings), stored_(stored) {
+                             config::RunSettings& present, StoredSettings& stored)
+    : setup_(setup), settings_(settings), present_(present), stored_(stored) {
   setup_.Combo1.Click = [this] { Combo1_Click(); };
 }
 
 void AdapterChoice::Restore(const std::function<void()>& fill) {
   const platform::Raised restoring(restoring_);
   fill();
+  lasting_ = setup_.Combo1.ListCount();
   const auto place = PlaceOfName();
   if (place && *place != setup_.Combo1.ListIndex) setup_.Combo1.ListIndex = *place;
 }
@@ -28,11 +29,22 @@ void AdapterChoice::ShowAdvice(const std::string& ofLayer) {
 }
 
 void AdapterChoice::Combo1_Click() {
-  settings_.AdapterIndex = platform::Narrow<std::int16_t>(setup_.Combo1.ListIndex + 1);
+  const std::int32_t place = setup_.Combo1.ListIndex + 1;
+  const bool forThisRun = !restoring_ && place > lasting_;
+  present_.FileOfRun = forThisRun ? place : 0;
+  if (forThisRun) {
+    stored_.ShowStatus();
+  } else {
+    Store(place);
+  }
+  if (!restoring_) ShowAdvice(adviceOfLayer_);
+}
+
+void AdapterChoice::Store(std::int32_t place) {
+  settings_.AdapterIndex = platform::Narrow<std::int16_t>(place);
   // What the start selects is no choice of the user; only a store that knows no name takes one.
   if (!restoring_ || settings_.AdapterName.empty()) settings_.AdapterName = setup_.Combo1.Text();
   stored_.SaveSettings();
-  if (!restoring_) ShowAdvice(adviceOfLayer_);
 }
 
 /// The place in the list that bears the stored name: the selected one, where several do.

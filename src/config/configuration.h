@@ -33,7 +33,7 @@ class Configuration {
       : Stored(services.Store, services.Numbers, Settings),
         View({.Setup = main, .Shared = main, .Scope = main}, Settings, Present, Stored,
              services.Numbers, services.Folders),
-        Adapters(main, Settings, Stored),
+        Adapters(main, Settings, Present, Stored),
         Printers(main, main, Settings, Stored, services.Printers, services.Dialogs,
                  services.Program),
         Stations(main, main, Present) {}

@@ -64,6 +64,9 @@ struct RunSettings {
   std::int16_t StreamCount = 1;
   /// 1 or 2: the stream chosen for the views.
   std::int16_t ActiveStream = 1;
+  /// 1-based position of a capture file that is chosen for this run of the program alone; 0 where
+  /// the stored adapter is in use.
+  std::int32_t FileOfRun = 0;
 };
 
 }  // namespace config

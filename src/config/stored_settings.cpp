@@ -99,6 +99,10 @@ void StoredSettings::SaveSettings() {
     store_.Set(config::Application, config::Section, key, ToText(numbers_, value));
   });
   store_.Set(config::Application, config::Section, "Number of samples", "3");
+  ShowStatus();
+}
+
+void StoredSettings::ShowStatus() {
   if (Status) Status->StatusUpdate();
 }
 

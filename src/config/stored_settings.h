@@ -38,6 +38,8 @@ class StoredSettings {
   void LoadSettings();
   /// Writes every key, then refreshes the status bar.
   void SaveSettings();
+  /// Refreshes the status bar, where what it shows is not stored.
+  void ShowStatus();
   /// Writes the tab in use alone.
   void SaveActiveTab();
   /// A failure at the start that comes from the settings, so that it would come at every start:

@@ -2,7 +2,9 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "desktop/look/twips.h"
 #include "desktop/services/system_locale.h"
@@ -48,6 +50,9 @@ DesktopProgram::DesktopProgram(const Sources& sources, platform::RunningProgram:
   dialogs_.Stands = [this](bool stands) { loop_.BoxStands(stands); };
   folders_.Stands = dialogs_.Stands;
   window_.Unloaded = [this] { guard_.End(0); };
+  window_.FilesDropped = [this](const std::vector<std::string>& paths) {
+    application_.Dropped.Take(paths);
+  };
   QObject::connect(qGuiApp, &QGuiApplication::commitDataRequest, &window_,
                    [this] { EndSession(); });
 }

@@ -24,6 +24,7 @@ Application::Application(const Platform& platform)
                platform.Clipboard}),
       Pages(Windows, Config, LiveViews, Recorder, Reports, platform),
       Question(Windows.EndQuestion, Recorder.Session, platform.Calendar),
+      Dropped(Windows.Main, Acquisition, Question, platform.Timers),
       Tabs(Windows, Config, Acquisition, Pages.All, Question, platform.Usual(), platform.Timers),
       Layout(Windows.Main, Acquisition.State, Tabs, Pages.All, platform.Program) {}
 

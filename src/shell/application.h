@@ -6,6 +6,7 @@
 #include "measure/live_views.h"
 #include "recorder/recorder.h"
 #include "report/reports.h"
+#include "shell/dropped_files.h"
 #include "shell/form_layout.h"
 #include "shell/pages.h"
 #include "shell/platform.h"
@@ -45,6 +46,7 @@ class Application {
   subroutines::Reports Reports;
   formroutines::Pages Pages;
   RecordingQuestion Question;
+  DroppedFiles Dropped;
   TabController Tabs;
   FormLayout Layout;
 };

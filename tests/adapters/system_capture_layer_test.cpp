@@ -1,6 +1,7 @@
 #include "adapters/system_capture_layer.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <chrono>
@@ -121,6 +122,41 @@ TEST_F(SystemCaptureLayer, AdvisesOnInterfacesAndFilesAsTheyWereFoundLast) {
   std::filesystem::remove(file);
   object_ = layer_.NewCaptureObject();
   EXPECT_EQ(layer_.Advice(), "");
+}
+
+TEST_F(SystemCaptureLayer, PutsAnAddedFileBehindWhatCanCapture) {
+  interfaces_ = {{"eth0", "eth0", Reach::NoRight}, {"eth1", "eth1", Reach::Ready}};
+  const auto file = folder_.Path / "bay.cap";
+  PcapFile().Add(0, 0, Marked(1)).Save(file);
+  object_ = layer_.NewCaptureObject();
+  EXPECT_EQ(layer_.AddFile(file.string()), 3);
+  EXPECT_EQ(layer_.AddFile(file.string()), 3);
+  EXPECT_EQ(Adapters(true), Texts({"Simulated process bus (built in)", "eth1",
+                                   "bay.cap (capture file, until the program ends)"}));
+  EXPECT_FALSE(object_->Adapters(4).IsGood());
+  Start(3);
+  PassGathering();
+  EXPECT_EQ(Sizes(1), std::vector<std::size_t>{Marked(1).size()});
+  // It is none of the next list.
+  object_ = layer_.NewCaptureObject();
+  EXPECT_EQ(object_->AdapterCount(), 3);
+}
+
+TEST_F(SystemCaptureLayer, SaysWhyAnAddedFileCannotBePlayed) {
+  object_ = layer_.NewCaptureObject();
+  const auto trouble = [this](const std::string& name) {
+    return support::RaisedBy([&] { layer_.AddFile((folder_.Path / name).string()); }).Text();
+  };
+  std::filesystem::create_directories(folder_.Path / "folder.pcap");
+  adapter_tests::FileBytes{"nonsense"}.Save(folder_.Path / "notes.txt");
+  ASSERT_EQ(mkfifo((folder_.Path / "pipe.pcap").c_str(), 0600), 0);
+  EXPECT_EQ(trouble("folder.pcap"),
+            "folder.pcap is a folder. Please drop a capture file (.pcap, .pcapng).");
+  EXPECT_EQ(trouble("notes.txt").find("notes.txt cannot be played: "), 0U) << trouble("notes.txt");
+  for (const std::string name : {"pipe.pcap", "gone.pcap", "https://example.org/bay.pcap"}) {
+    EXPECT_NE(trouble(name).find("no file of this computer"), std::string::npos) << trouble(name);
+  }
+  EXPECT_EQ(object_->AdapterCount(), 1);
 }
 
 TEST_F(SystemCaptureLayer, BringsTheFramesOfTheBusToTheProgram) {

@@ -104,7 +104,7 @@ mount --bind "$home/group" /etc/group
 told "$(as_other "$programs/vornik-cli" adapters 2>&1)" "member of the group games from the next login on"
 
 echo "The launcher starts nothing else."
-(as_member "$launcher" sh -c true) 2>"$home/said"
+(as_member "$launcher" ../../../bin/sh -c true) 2>"$home/said"
 [ $? = 126 ] || fault "the launcher started a shell"
 
 echo "A launcher that has lost what it lends is told of, and asked once."

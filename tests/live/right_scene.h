@@ -45,7 +45,7 @@ class RightScene {
 /// Does something on a thread that has no rights at all; they belong to a thread.
 inline void WithoutRights(const std::function<void()>& action) {
   std::thread([&] {
-    const cap_t none = cap_init();
+    cap_t none = cap_init();
     EXPECT_EQ(cap_set_proc(none), 0);
     cap_free(none);
     action();

@@ -99,6 +99,14 @@ std::unique_ptr<platform::PacketCollection> FakeCapture::NewPacketCollection() {
   return std::make_unique<Collection>(*this);
 }
 
+std::int32_t FakeCapture::AddFile(const std::string& path) {
+  if (path.find("damaged") != std::string::npos) {
+    throw platform::Failure(platform::failure::PathFileAccess, path + " cannot be played.");
+  }
+  AddAdapter(path + " (for this run)");
+  return static_cast<std::int32_t>(adapters_.size());
+}
+
 FakeAdapter& FakeCapture::AddAdapter(const std::string& description, bool good) {
   adapters_.push_back(std::make_unique<FakeAdapter>(journal_, description, good));
   return *adapters_.back();

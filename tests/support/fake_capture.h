@@ -48,6 +48,8 @@ class FakeCapture : public platform::CaptureLayer {
   std::unique_ptr<platform::CaptureObject> NewCaptureObject() override;
   std::unique_ptr<platform::PacketCollection> NewPacketCollection() override;
   std::string Advice() const override { return AdviceText; }
+  /// Every file can be played but one whose name says so.
+  std::int32_t AddFile(const std::string& path) override;
 
   FakeAdapter& AddAdapter(const std::string& description, bool good = true);
   /// While it is held, frames come in and are not handed over. Holds nest.

@@ -20,6 +20,7 @@
 #include "desktop/pages/waveforms_page.h"
 #include "desktop/widgets/announced.h"
 #include "desktop/widgets/logo_view.h"
+#include "desktop/window/file_drops.h"
 #include "desktop/window/status_strip.h"
 #include "desktop/window/tab_keys.h"
 
@@ -73,6 +74,11 @@ MainWindow::MainWindow(const Forms& forms, platform::Guard& guard, RepaintQueue&
   // The logo of the printed page is on no page of the window.
   main_.Picture3.Image = LogoPicture();
   new TabKeys(*this, *tabs_, *pages_);
+  (new FileDrops(*this))->Dropped = [this](const std::vector<std::string>& paths) {
+    guard_([&] {
+      if (FilesDropped) FilesDropped(paths);
+    });
+  };
   qApp->installEventFilter(this);
 }
 
@@ -162,11 +168,12 @@ void MainWindow::Select(int tab) {
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
-  // Long tool tips would run over the screen in one line.
+  // Long tool tips would run over the screen in one line, and an ID from the bus may look like
+  // markup.
   if (event->type() == QEvent::ToolTip) {
     auto* widget = qobject_cast<QWidget*>(watched);
     const QString tip = widget != nullptr ? widget->toolTip() : QString();
-    if (tip.size() >= WrapTipsFrom) {
+    if (tip.size() >= WrapTipsFrom || Qt::mightBeRichText(tip)) {
       QToolTip::showText(
           static_cast<QHelpEvent*>(event)->globalPos(),
           QStringLiteral("<p style='white-space:pre-wrap'>%1</p>").arg(tip.toHtmlEscaped()),

@@ -3,6 +3,8 @@
 #include <QStackedWidget>
 #include <QWidget>
 #include <functional>
+#include <string>
+#include <vector>
 
 #include "desktop/binding/binder.h"
 #include "desktop/binding/repaint_queue.h"
@@ -39,6 +41,8 @@ class MainWindow : public QWidget {
 
   /// Called when the program has unloaded its window.
   std::function<void()> Unloaded;
+  /// Called with what the user has dropped on the window.
+  std::function<void(const std::vector<std::string>& paths)> FilesDropped;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

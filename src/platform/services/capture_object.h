@@ -11,6 +11,8 @@
 #include <string_view>
 #include <variant>
 
+#include "base/failure.h"
+
 namespace platform {
 
 /// One received frame, from the first byte of the destination address. `Length` is the true length
@@ -117,6 +119,13 @@ class CaptureLayer {
   virtual ~CaptureLayer() = default;
   virtual std::unique_ptr<CaptureObject> NewCaptureObject() = 0;
   virtual std::unique_ptr<PacketCollection> NewPacketCollection() = 0;
+  /// Puts a capture file into the list of the capture object that was made last, behind the
+  /// adapters that can capture, and gives its place, which is 1-based; a file that is there already
+  /// keeps its own. Fails with a text for the user where it cannot be played, which is so for every
+  /// file where the list is not the user's to change.
+  virtual std::int32_t AddFile(const std::string& path) {
+    throw Failure(failure::PathFileAccess, path + " cannot be played here.");
+  }
   /// What a user can do about interfaces and files that cannot be used; empty when there is nothing
   /// to tell.
   virtual std::string Advice() const = 0;

@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+#include <cstdio>
+#include <memory>
 #include <vector>
 
 #include "base/failure.h"
@@ -85,6 +87,18 @@ TEST_F(PrintQueue, GetsThePageInTheSizeOfItsPrintersPaper) {
 
   EXPECT_EQ(Left("words"), "media=Letter\n");
   EXPECT_TRUE(Left("page").contains("/MediaBox [0 0 792"));
+}
+
+TEST_F(PrintQueue, GetsNothingElseThatTheProgramHasOpen) {
+  QueueDoes("/bin/ls -l /proc/self/fd > $FOLDER/open");
+  const std::unique_ptr<FILE, int (*)(FILE*)> file(
+      std::fopen(qPrintable(folder_.filePath("mine")), "w"), std::fclose);
+  ASSERT_TRUE(file);
+
+  Print();
+
+  EXPECT_TRUE(Left("open").contains("/open\n"));
+  EXPECT_FALSE(Left("open").contains("/mine")) << Left("open").toStdString();
 }
 
 TEST_F(PrintQueue, IsNotWaitedFor) {

@@ -1,8 +1,10 @@
+#include <QHelpEvent>
 #include <QLabel>
 #include <QSessionManager>
 #include <QSettings>
 #include <QStackedWidget>
 #include <QTabBar>
+#include <QToolTip>
 #include <csignal>
 
 #include "desktop/binding/termination.h"
@@ -94,6 +96,16 @@ TEST_F(Window, ClosingDuringARunningViewWaitsForItsButton) {
   EXPECT_EQ(exitCode_, 0);
   EXPECT_GE(clock_.Now() - pressed, std::chrono::milliseconds(950));
   EXPECT_FALSE(Program().Acquisition.State.CaptureRunning);
+}
+
+TEST_F(Window, ATipThatLooksLikeMarkupIsShownAsItStands) {
+  Start();
+  QWidget& window = program_->Window();
+  window.setToolTip("<img src='/etc/logo.png'>MU");
+  QHelpEvent asked(QEvent::ToolTip, {1, 1}, window.mapToGlobal(QPoint(1, 1)));
+  QApplication::sendEvent(&window, &asked);
+  EXPECT_TRUE(QToolTip::text().contains("&lt;img src=")) << QToolTip::text().toStdString();
+  QToolTip::hideText();
 }
 
 TEST_F(Window, ARequestToTerminateStopsCaptureAndEndsTheProgram) {
