@@ -85,14 +85,15 @@ def drawn(texts, seed):
 
 
 def lived(texts, verdicts):
-    """What lived once, each as its one mutation, wherever its line stands by now."""
+    """What lived once, each as its one mutation, in the line that is now the nearest of those that read the same."""
     found = []
     for name, told in verdicts.items():
         if told["verdict"] != "lived":
             continue
-        file = name.split(":")[0]
-        found += [(name, file, [way]) for ways in by_line(texts.get(file, "")).values() for way in ways
-                  if way.kind == told["kind"] and difference(texts[file], way) == told["diff"]][:1]
+        file, line = name.split(":")
+        alike = [(abs(place - int(line)), way) for place, ways in by_line(texts.get(file, "")).items() for way in ways
+                 if way.kind == told["kind"] and difference(texts[file], way) == told["diff"]]
+        found += [(name, file, [way]) for _, way in sorted(alike)[:1]]
     return found
 
 
@@ -224,7 +225,8 @@ def summary(verdicts):
         if told["verdict"] == "dead":
             own = told["by"] in OWN_PROGRAM.get(folder, [folder])
             rooms[folder]["time" if told["test"] == "time" else "own" if own else "above"] += 1
-    print(f"\n{'folder':10} {'mutants':>8} {'dead':>6} {'by own tests':>13} {'by others':>10} {'by time':>8} {'lived':>6}")
+    heads = ("mutants", 8), ("dead", 6), ("by own tests", 13), ("by others", 10), ("by time", 8), ("lived", 6)
+    print(f"\n{'folder':10} " + " ".join(f"{head:>{width}}" for head, width in heads))
     rooms["in sum"] = sum(rooms.values(), Counter())
     for folder, counted in rooms.items():
         print(f"{folder:10} {counted['dead'] + counted['lived']:8} {counted['dead']:6} {counted['own']:13} "
