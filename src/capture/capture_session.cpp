@@ -38,7 +38,7 @@ void TakeRefusalBack(const Mode& mode, forms::SharedControls& shared) {
 }  // namespace
 
 CaptureSession::CaptureSession(platform::CaptureLayer& layer, const CaptureControls& controls,
-                               config::Settings& settings, const config::RunSettings& present,
+                               config::Settings& settings, config::RunSettings& present,
                                AcquisitionState& state, RunControl& run,
                                const platform::Services& services)
     : layer_(layer),
@@ -126,7 +126,10 @@ void CaptureSession::SetupAdapter(std::int32_t buffSize, const platform::FrameWi
 std::int32_t CaptureSession::AddFile(const std::string& path) {
   const std::int32_t number = layer_.AddFile(path);
   platform::ComboBox& list = controls_.Setup.Combo1;
-  if (number > list.ListCount()) list.AddItem(aPacketX().Adapters(number).Description());
+  if (number > list.ListCount()) {
+    if (present_.FirstFileOfRun == 0) present_.FirstFileOfRun = number;
+    list.AddItem(aPacketX().Adapters(number).Description());
+  }
   return number - 1;
 }
 

@@ -54,8 +54,8 @@ class CaptureUser {
 class CaptureSession {
  public:
   CaptureSession(platform::CaptureLayer& layer, const CaptureControls& controls,
-                 config::Settings& settings, const config::RunSettings& present,
-                 AcquisitionState& state, RunControl& run, const platform::Services& services);
+                 config::Settings& settings, config::RunSettings& present, AcquisitionState& state,
+                 RunControl& run, const platform::Services& services);
 
   platform::Plug<PacketConsumer> Packets;
   platform::Plug<CaptureUser> User;
@@ -110,7 +110,7 @@ class CaptureSession {
   platform::CaptureLayer& layer_;
   CaptureControls controls_;
   config::Settings& settings_;
-  const config::RunSettings& present_;
+  config::RunSettings& present_;
   const RunFields& state_;
   StreamFields& streams_;
   RunControl& run_;

@@ -18,7 +18,6 @@ AdapterChoice::AdapterChoice(forms::SetupControls& setup, config::Settings& sett
 void AdapterChoice::Restore(const std::function<void()>& fill) {
   const platform::Raised restoring(restoring_);
   fill();
-  lasting_ = setup_.Combo1.ListCount();
   const auto place = PlaceOfName();
   if (place && *place != setup_.Combo1.ListIndex) setup_.Combo1.ListIndex = *place;
 }
@@ -30,7 +29,7 @@ void AdapterChoice::ShowAdvice(const std::string& ofLayer) {
 
 void AdapterChoice::Combo1_Click() {
   const std::int32_t place = setup_.Combo1.ListIndex + 1;
-  const bool forThisRun = !restoring_ && place > lasting_;
+  const bool forThisRun = present_.FirstFileOfRun > 0 && place >= present_.FirstFileOfRun;
   present_.FileOfRun = forThisRun ? place : 0;
   if (forThisRun) {
     stored_.ShowStatus();

@@ -37,8 +37,6 @@ class AdapterChoice {
   StoredSettings& stored_;
   std::string adviceOfLayer_;
   bool restoring_ = false;
-  /// So many entries were there at the start.
-  std::int32_t lasting_ = 0;
 };
 
 }  // namespace subroutines

@@ -67,6 +67,8 @@ struct RunSettings {
   /// 1-based position of a capture file that is chosen for this run of the program alone; 0 where
   /// the stored adapter is in use.
   std::int32_t FileOfRun = 0;
+  /// 1-based position of the first of those files in the list of adapters; 0 where there is none.
+  std::int32_t FirstFileOfRun = 0;
 };
 
 }  // namespace config

@@ -55,7 +55,7 @@ as_user() {
 as_member() { as_user --groups=60 "$@"; }
 as_other() { as_user --clear-groups "$@"; }
 
-# What the system tells of a program that has come up.
+# What the system tells of a program that has come up, and has opened what it raised its right for.
 none=0000000000000000 reserve=0000000000002000
 of_running() {
   as_member "$@" >"$home/said" 2>&1 &
@@ -63,7 +63,7 @@ of_running() {
   for look in $(seq 200); do
     status=$(grep -E "^(Name|Cap|NoNew)" "/proc/$running/status")
     case $status in "Name:	$(basename "$1")
-"*"CapPrm:	$reserve"*"CapAmb:	$none"*) break ;; esac
+"*"CapPrm:	$reserve"*"CapEff:	$none"*"CapAmb:	$none"*) break ;; esac
     sleep 0.1
   done
   around=$(tr '\0' '\n' <"/proc/$running/environ")
