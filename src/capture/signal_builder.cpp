@@ -90,7 +90,7 @@ void SignalBuilder::TakeRow(std::int32_t row, const PacketBytes& bytes) {
     return;
   }
   // First read, then scaled, so that the processor does several at a time.
-  std::array<double, channels::Count> raw;
+  std::array<double, channels::Count> raw{};
   for (std::size_t k = 0; k < raw.size(); ++k) raw[k] = RawSample(data + PlaceOf(k));
   for (std::size_t k = 0; k < raw.size(); ++k) values[k] = InUnits(raw[k], k);
 }
