@@ -65,7 +65,7 @@ void Recording::Look() {
 
 void Recording::LookForLosses() {
   const packetroutines::DiskReport& report = Program().Recorder.Writing.Report;
-  lost_ = lost_ || report.AnyLost();
+  lost_ = lost_ || report.AnyLost() || report.AnyTrouble();
   refused_ = refused_ || report.Refused(0) || report.Refused(1);
 }
 

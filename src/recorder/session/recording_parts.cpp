@@ -92,7 +92,7 @@ void RecordingParts::GoOnIn(const std::string& name) {
   files_.Name(name);
   begun_ = false;
   events_.BeginPart();
-  for (const std::string& sentence : told) writing_.Report.Add(sentence);
+  for (const std::string& sentence : told) writing_.Report.AddTrouble(sentence);
   log_.Begin();
   written_ = 0;
   ++before_;

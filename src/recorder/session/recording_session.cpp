@@ -151,7 +151,7 @@ void RecordingSession::Start() {
   phase_ = Phase::Starting;
   visit_.BeginAnew();
   const auto drop = [this](const Failure& failure) {
-    writing_.Report.Add("The recording did not begin: " + failure.Text());
+    writing_.Report.AddTrouble("The recording did not begin: " + failure.Text());
     return Verdict::LeaveRoutine;
   };
   if (RunSteps(services_.Usual.Program, drop, [this] { return Prepare(); }) == Flow::Leave) {
@@ -258,7 +258,7 @@ void RecordingSession::InterruptForGood(EndReason reason) {
 void RecordingSession::Stop(EndReason reason, Arrived arrived) {
   const char* left = "The recording was not ended as usual";
   const auto tell = [&](const Failure& failure) {
-    writing_.Report.Add(left + (": " + failure.Text()));
+    writing_.Report.AddTrouble(left + (": " + failure.Text()));
     return Verdict::SkipStep;
   };
   std::string progress;

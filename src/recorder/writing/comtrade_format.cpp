@@ -157,6 +157,7 @@ void ComtradeFormat::FinishComtradeConfig() {
 
 void ComtradeFormat::TellOfEnd(const Failure& met) const {
   context_.Open.CloseQuietly(TextFile);
+  context_.Report.NoteTrouble();
   context_.Services.Usual.Dialogs.Show({"Information",
                                         "The file " + ConfigPath("") + " is incomplete." + Crlf +
                                             ReasonOf(met) + Crlf + WhatOfTheSamples(),

@@ -45,6 +45,7 @@ void DiskReport::Begin() {
   }
   streams_ = {};
   sentences_.clear();
+  anyTrouble_ = false;
   room_.Clear();
   for (platform::Label& caption : recorder_.OnDisk) caption.Caption = std::string();
   ShowLine();
@@ -114,6 +115,11 @@ void DiskReport::Add(const std::string& sentence) {
   if (std::find(sentences_.begin(), sentences_.end(), sentence) != sentences_.end()) return;
   sentences_.push_back(sentence);
   ShowLine();
+}
+
+void DiskReport::AddTrouble(const std::string& sentence) {
+  NoteTrouble();
+  Add(sentence);
 }
 
 void DiskReport::Lose(std::size_t stream, std::int64_t rings, const Failure& reason) {

@@ -55,6 +55,11 @@ class DiskReport {
   /// What else there is to tell of the recording, as a sentence; one that stands already is not
   /// told twice.
   void Add(const std::string& sentence);
+  /// The same of what failed beside the rings, such as the end of a file.
+  void AddTrouble(const std::string& sentence);
+  /// The same of what a box tells.
+  void NoteTrouble() { anyTrouble_ = true; }
+  bool AnyTrouble() const { return anyTrouble_; }
 
  private:
   /// A ring, or another file, that was written and is on its way to the disk.
@@ -116,6 +121,7 @@ class DiskReport {
   /// Files that were written beside the rings, and those of the recording before.
   std::vector<Waiting> others_;
   std::vector<std::string> sentences_;
+  bool anyTrouble_ = false;
   /// Looks at what is on its way.
   platform::Timer look_;
 };

@@ -128,7 +128,7 @@ std::int16_t WorksheetFormat::CloseToDisk(ExcelFile& sheet) {
 void WorksheetFormat::Close(ExcelFile& sheet, const std::string& name) {
   const std::int16_t result = CloseToDisk(sheet);
   if (result == 0 || result == platform::failure::BadFileNumber) return;
-  context_.Report.Add(name + " could not be finished: " + Failure(result).Text());
+  context_.Report.AddTrouble(name + " could not be finished: " + Failure(result).Text());
 }
 
 }  // namespace packetroutines
