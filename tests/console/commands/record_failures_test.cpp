@@ -33,7 +33,10 @@ class EachFailureOfACommand : public ConsoleScene,
   static bool Both() { return std::get<1>(GetParam()); }
 
   EachFailureOfACommand() {
-    BusFile().Add(2 * 4000 + 10, Both() ? Words{"MU01", "MU02"} : Words{"MU01"}).Save(Bus);
+    // A second ring opens its file anew; of two streams one each will do.
+    BusFile()
+        .Add((Both() ? 1 : 2) * 4000 + 10, Both() ? Words{"MU01", "MU02"} : Words{"MU01"})
+        .Save(Bus);
   }
 
   /// The bus comes from the file whatever the format is.

@@ -104,9 +104,9 @@ class Faults:
         run(f"ip link set {NEAR} up")
         self.end()
         off = "The network interface is switched off. Please switch it on again."
+        # One that is back is switched off for a moment, and a look may meet it so.
         self.demand_told(self.window, off, "The network interface is on again.",
-                         "The network interface is gone. Please connect it again.",
-                         "The network interface is back.")
+                         "The network interface is gone. Please connect it again.")
         # Where nobody may sit, a line that changes is told once a minute.
         self.demand_told(self.recorders[1], off)
         for each in self.texts():
