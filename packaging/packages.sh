@@ -8,3 +8,5 @@ test_packages=(clang libclang-rt-14-dev lld libgtest-dev libgmock-dev libbenchma
   desktop-file-utils appstream librsvg2-bin
   xvfb xdotool at-spi2-core python3-pyatspi zsh mandoc groff-base man-db systemd systemd-container)
 bench_packages=(libbenchmark-dev iproute2)
+windows_packages=(g++-mingw-w64-x86-64-posix wine wine64 googletest libcli11-dev nlohmann-json3-dev cmake ninja-build
+  ccache dpkg-dev flex bison python3)

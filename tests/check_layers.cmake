@@ -22,6 +22,7 @@ set(below_platform_controls "")
 set(below_platform_services controls)
 set(below_platform_loop controls services)
 set(below_system_posix "")
+set(below_system_windows "")
 set(below_recorder_writing "")
 set(below_recorder_events writing)
 set(below_recorder_reading writing)
@@ -48,11 +49,12 @@ set(core_headers
     initializer_list iterator limits list map memory new numeric optional ostream set span string
     string_view type_traits unordered_map utility variant vector)
 
-# What the system's services may take beside it, and what their room for one family of systems may.
+# What the system's services may take beside it, and what their rooms for one family of systems may.
 set(system_headers ${core_headers} cerrno cstdio ctime deque filesystem system_error)
-# Threads stand in that room alone, each behind a service that the program's own thread calls.
-set(posix_headers condition_variable fcntl.h mutex signal.h spawn.h sys/stat.h sys/types.h sys/wait.h
-    systemd/sd-bus.h thread unistd.h)
+# Threads stand in the first of them alone, each behind a service that the program's own thread calls.
+set(posix_headers condition_variable fcntl.h mutex poll.h signal.h spawn.h sys/stat.h sys/types.h
+    sys/wait.h systemd/sd-bus.h thread unistd.h)
+set(windows_headers io.h windows.h)
 
 # What the face without a window may take: the core's headers, texts to write to, options and JSON.
 set(console_headers ${core_headers} cstdio deque numbers CLI/CLI.hpp nlohmann/json.hpp)
@@ -92,7 +94,8 @@ foreach(folder IN LISTS folders)
         set(header "${CMAKE_MATCH_1}")
         if((folder IN_LIST core AND NOT header IN_LIST core_headers)
            OR (folder STREQUAL "system" AND NOT header IN_LIST system_headers
-               AND NOT (room STREQUAL "posix" AND header IN_LIST posix_headers))
+               AND NOT (room STREQUAL "posix" AND header IN_LIST posix_headers)
+               AND NOT (room STREQUAL "windows" AND header IN_LIST windows_headers))
            OR (folder STREQUAL "console" AND NOT header IN_LIST console_headers)
            OR (folder STREQUAL "adapters" AND header MATCHES "^[Qq]")
            OR (folder STREQUAL "desktop" AND header MATCHES "^pcap"))

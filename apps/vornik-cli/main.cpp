@@ -1,12 +1,10 @@
-#include <poll.h>
-#include <unistd.h>
-
 #include <chrono>
-#include <csignal>
 #include <cstdio>
 #include <exception>
 #include <iostream>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "adapters/rights/capture_right.h"
 #include "adapters/rights/launcher.h"
@@ -16,20 +14,14 @@
 #include "adapters/windows1252.h"
 #include "console/console.h"
 #include "system/calendar.h"
+#include "system/command_line.h"
 #include "system/computer_files.h"
 #include "system/disk_sync.h"
+#include "system/end_request.h"
 #include "system/places.h"
-#include "system/posix/termination_signals.h"
 #include "system/sleep.h"
 
 namespace {
-
-/// Blocks the thread until the time is over or the user asks for the end.
-void SleepOrEnd(const host::TerminationSignals& signals, std::chrono::nanoseconds time) {
-  pollfd request{signals.Descriptor(), POLLIN, 0};
-  const auto milliseconds = std::chrono::ceil<std::chrono::milliseconds>(time).count();
-  poll(&request, 1, static_cast<int>(milliseconds));
-}
 
 console::ExitCode Run(int argc, const char* const* argv) {
   const adapters::SteadyClock clock;
@@ -37,27 +29,25 @@ console::ExitCode Run(int argc, const char* const* argv) {
   const platform::NumberText numbers;
   const host::Calendar calendar;
   host::ComputerFiles files;
-  host::TerminationSignals signals(host::SecondRequest::EndsAtOnce);
-  bool endAsked = false;
+  const std::unique_ptr<host::EndRequest> end = host::NewEndRequest();
   const std::unique_ptr<platform::SleepInhibitor> awake = host::NewSleepInhibitor();
   const std::unique_ptr<platform::DiskSync> sync = host::MakeDiskSync();
   adapters::SystemBusTaps taps(clock, {host::DataFolder() / "vornik" / "captures",
                                        adapters::AdviceOn(adapters::FindWayToRight())});
-  const console::Machine machine{
-      .Results = std::cout,
-      .Notes = std::cerr,
-      .Clock = clock,
-      .Calendar = calendar,
-      .Code = code,
-      .Numbers = numbers,
-      .Files = files,
-      .Taps = taps,
-      .Captures = taps,
-      .Sleep = [&](std::chrono::nanoseconds time) { SleepOrEnd(signals, time); },
-      .EndAsked = [&] { return endAsked = endAsked || signals.Take(); },
-      .OnTerminal = isatty(STDERR_FILENO) != 0,
-      .Awake = awake.get(),
-      .Sync = sync.get()};
+  const console::Machine machine{.Results = std::cout,
+                                 .Notes = std::cerr,
+                                 .Clock = clock,
+                                 .Calendar = calendar,
+                                 .Code = code,
+                                 .Numbers = numbers,
+                                 .Files = files,
+                                 .Taps = taps,
+                                 .Captures = taps,
+                                 .Sleep = [&](std::chrono::nanoseconds time) { end->Await(time); },
+                                 .EndAsked = [&] { return end->Came(); },
+                                 .OnTerminal = host::NotesAreOnTerminal(),
+                                 .Awake = awake.get(),
+                                 .Sync = sync.get()};
   return console::Run(argc, argv, machine);
 }
 
@@ -69,9 +59,12 @@ int main(int argc, char** argv) {
   adapters::ReserveCaptureRight();
   std::ios::sync_with_stdio(false);
   // A recording goes on where nobody reads the names of its files any more.
-  std::signal(SIGPIPE, SIG_IGN);
+  host::ReadyStreams();
   try {
-    return static_cast<int>(Run(argc, argv));
+    const std::vector<std::string> words = host::Words(argc, argv);
+    std::vector<const char*> arguments;
+    for (const std::string& word : words) arguments.push_back(word.c_str());
+    return static_cast<int>(Run(static_cast<int>(arguments.size()), arguments.data()));
   } catch (const std::exception& error) {
     // What fails before a command runs has no other place to be told.
     std::fputs(error.what(), stderr);

@@ -16,7 +16,7 @@ namespace adapters {
 NamedPlace PlaceOfName(const std::string& name, const std::filesystem::path& captures) {
   if (name == SimulatedName) return {NamedPlace::Kind::Simulated, name, {}};
   std::error_code error;
-  const std::filesystem::path path(name);
+  const std::filesystem::path path(std::u8string(name.begin(), name.end()));
   if (IsCaptureFileName(path) || std::filesystem::is_regular_file(path, error)) {
     const std::filesystem::path stored = captures / path;
     const bool isStored = !std::filesystem::exists(path, error) && !captures.empty() &&

@@ -68,6 +68,8 @@ ExitCode Run(int argc, const char* const* argv, const Machine& machine) {
       "vornik-cli");
   program.set_version_flag("--version", std::string("vornik-cli ") + config::ProgramVersion);
   program.require_subcommand(1);
+  // A word that begins with a slash is a path on every system.
+  program.allow_windows_style_options(false);
   program.footer(
       "Exit codes: 0 done, 1 nothing received, 2 wrong use, 3 not permitted, 4 disk or file "
       "trouble, "

@@ -26,27 +26,13 @@ std::filesystem::file_type TypeOf(const std::string& path) {
 
 }  // namespace
 
-#ifdef _WIN32
-
 std::string ComputerFiles::Separator() const {
-  return "\\";
+  return {static_cast<char>(std::filesystem::path::preferred_separator)};
 }
 
 std::string ComputerFiles::DefaultFolder() const {
-  return "c:\\StoredData";
+  return Utf8(RecordingsFolder());
 }
-
-#else
-
-std::string ComputerFiles::Separator() const {
-  return "/";
-}
-
-std::string ComputerFiles::DefaultFolder() const {
-  return Utf8(Home() / "StoredData");
-}
-
-#endif
 
 bool ComputerFiles::DirectoryExists(const std::string& path) const {
   return TypeOf(path) == std::filesystem::file_type::directory;
@@ -82,6 +68,8 @@ std::int64_t ComputerFiles::FileSize(const std::string& path) const {
 }
 
 std::optional<std::int64_t> ComputerFiles::FreeSpace(const std::string& path) const {
+  // Some systems tell of the folder around what is missing.
+  if (TypeOf(path) == std::filesystem::file_type::not_found) return std::nullopt;
   std::error_code untold;
   const std::filesystem::space_info room = std::filesystem::space(PlaceOf(path), untold);
   if (untold) return std::nullopt;
@@ -108,8 +96,14 @@ void ComputerFiles::DeleteFile(const std::string& path) {
 
 void ComputerFiles::Rename(const std::string& from, const std::string& to) {
   if (!FileExists(from)) throw platform::Failure(platform::failure::FileNotFound);
+  const std::filesystem::path place = PlaceOf(to);
   std::error_code refused;
-  std::filesystem::rename(PlaceOf(from), PlaceOf(to), refused);
+  // Not every system tells this reason from others.
+  if (place.has_parent_path() && std::filesystem::status(place.parent_path(), refused).type() ==
+                                     std::filesystem::file_type::not_found) {
+    throw platform::Failure(platform::failure::PathNotFound);
+  }
+  std::filesystem::rename(PlaceOf(from), place, refused);
   if (refused) {
     throw platform::Failure(FailureNumber(refused.value(), platform::failure::PathNotFound));
   }

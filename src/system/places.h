@@ -13,12 +13,11 @@ std::string NativePlace(const std::string& path);
 
 /// The folder for data of the user's programs; it need not exist.
 std::filesystem::path DataFolder();
-#ifndef _WIN32
-/// The user's own folder.
-std::filesystem::path Home();
-#endif
+/// The folder for recordings as long as the user chose no other.
+std::filesystem::path RecordingsFolder();
 
 /// Texts inside the program are UTF-8.
 std::string Utf8(const std::filesystem::path& place);
+std::filesystem::path FromUtf8(const std::string& text);
 
 }  // namespace host

@@ -6,6 +6,7 @@
 
 #include "base/failure.h"
 #include "system/error_number.h"
+#include "system/file_stream.h"
 
 namespace host {
 
@@ -19,11 +20,7 @@ class Stream {
  public:
   Stream(const std::filesystem::path& place, const char* mode, std::int32_t missing) {
     errno = 0;
-#ifdef _WIN32
-    file_ = _wfopen(place.c_str(), std::filesystem::path(mode).c_str());
-#else
-    file_ = std::fopen(place.c_str(), mode);
-#endif
+    file_ = OpenStream(place, mode);
     if (file_ == nullptr) throw Failure(FailureNumber(errno, missing));
     std::setvbuf(file_, nullptr, _IONBF, 0);
   }
@@ -53,9 +50,7 @@ class Stream {
   }
 
  private:
-  [[noreturn]] static void Raise() {
-    throw Failure(FailureNumber(errno, failure::PathNotFound));
-  }
+  [[noreturn]] static void Raise() { throw Failure(FailureNumber(errno, failure::PathNotFound)); }
 
   std::FILE* file_ = nullptr;
 };

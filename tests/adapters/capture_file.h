@@ -1,13 +1,13 @@
 #pragma once
 
 #include <cstdint>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <initializer_list>
 #include <string>
-#include <system_error>
 #include <vector>
+
+#include "support/real_files.h"
 
 namespace adapter_tests {
 
@@ -109,19 +109,9 @@ inline Bytes Marked(std::uint8_t mark, int vlan = -1, std::size_t size = 64) {
 }
 
 /// A folder of the scene's own, gone with it.
-class ScratchFolder {
- public:
-  ScratchFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "captures-XXXXXX").string();
-    Path = mkdtemp(pattern.data());
-  }
-  ScratchFolder(const ScratchFolder&) = delete;
-  ScratchFolder& operator=(const ScratchFolder&) = delete;
-  ~ScratchFolder() {
-    std::error_code error;
-    std::filesystem::remove_all(Path, error);
-  }
-  std::filesystem::path Path;
+struct ScratchFolder {
+  support::TemporaryFolder Folder;
+  std::filesystem::path Path = Folder.Path();
 };
 
 }  // namespace adapter_tests

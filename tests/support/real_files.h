@@ -8,7 +8,8 @@
 
 namespace support {
 
-/// A folder of its own below the system's folder for temporary files, gone at the end.
+/// A folder of its own below the system's folder for temporary files, gone at the end. Its paths
+/// are written with slashes on every system, as those of `RealFiles` are.
 class TemporaryFolder {
  public:
   TemporaryFolder();
@@ -16,9 +17,9 @@ class TemporaryFolder {
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-  std::string Path() const { return path_.string(); }
+  std::string Path() const { return path_.generic_string(); }
   /// The path of a file in the folder.
-  std::string File(const std::string& name) const { return (path_ / name).string(); }
+  std::string File(const std::string& name) const { return (path_ / name).generic_string(); }
 
  private:
   std::filesystem::path path_;

@@ -36,6 +36,8 @@ struct Opened {
 
 Opened OpenFile(const std::filesystem::path& file) {
   std::array<char, PCAP_ERRBUF_SIZE> words{};
+  // Else names are in the code page of the system, where it has one.
+  pcap_init(PCAP_CHAR_ENC_UTF_8, words.data());
   Opened opened;
   opened.Handle.reset(pcap_open_offline_with_tstamp_precision(
       file.string().c_str(), PCAP_TSTAMP_PRECISION_NANO, words.data()));

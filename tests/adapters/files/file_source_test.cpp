@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <filesystem>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "adapters/capture_file.h"
@@ -54,6 +56,13 @@ class FileSource : public ::testing::Test {
   void Age(std::chrono::hours by) {
     std::filesystem::last_write_time(file_, std::filesystem::last_write_time(file_) - by);
   }
+
+  /// False where the system keeps a file that is open in its place.
+  bool TakeAway() const {
+    std::error_code refused;
+    return std::filesystem::remove(file_, refused);
+  }
+  static constexpr const char* StaysInPlace = "this system takes no file away while it is open";
 
   using Marks = std::vector<int>;
   adapter_tests::ScratchFolder folder_;
@@ -344,7 +353,7 @@ TEST_F(FileSource, CountsTheFramesOfAFileThatReplacedAnotherAnew) {
 TEST_F(FileSource, ForgetsTheDamageOfAFileThatWasTakenAway) {
   PcapFile().Add(0, 0, Marked(1)).Add(0, 250, Marked(2)).AddNonsense().Save(file_);
   Play();
-  std::filesystem::remove(file_);
+  if (!TakeAway()) GTEST_SKIP() << StaysInPlace;
   DueAfter(1ms);
   PcapFile().Add(0, 0, Marked(3)).Save(file_);
   EXPECT_EQ(FailureOf([&] { Play(); }), 0);
@@ -403,7 +412,7 @@ TEST_F(FileSource, TellsWhyAFileCannotBePlayed) {
 TEST_F(FileSource, GoesQuietWhenItsFileIsTakenAwayAndTellsAtTheNextPreparation) {
   PcapFile().Add(0, 0, Marked(1)).Add(0, 250, Marked(2)).Save(file_);
   Play();
-  std::filesystem::remove(file_);
+  if (!TakeAway()) GTEST_SKIP() << StaysInPlace;
   EXPECT_EQ(DueAfter(1s), Marks({1, 2}));
   EXPECT_EQ(FailureOf([&] { Play(); }), failure::FileNotFound);
   PcapFile().Add(0, 0, Marked(7)).Save(file_);

@@ -60,6 +60,19 @@ TEST_F(FileTapScene, KeepsThePaceOfTheFile) {
   EXPECT_TRUE(tap_->Ended());
 }
 
+TEST_F(FileTapScene, IsFoundByANameInAnyLanguage) {
+  // "Ä", "€" and a Chinese character.
+  const std::string name = "\xC3\x84\xE2\x82\xAC\xE5\xA4\xA9.pcap";
+  PcapFile().Add(5, 0, Marked(1)).Save(folder_.Path / u8"\u00C4\u20AC\u5929.pcap");
+
+  const std::vector<platform::CapturePlace> places = places_.Places();
+  ASSERT_EQ(places.back().Name, name);
+  EXPECT_TRUE(places.back().Usable);
+  tap_ = places_.Open(name, platform::TapPace::AsFastAsRead);
+
+  EXPECT_EQ(Next(), 1);
+}
+
 TEST_F(FileTapScene, IsReadAsFastAsItCanBe) {
   PcapFile().Add(5, 0, Marked(1)).Add(9, 0, Marked(2)).Save(file_);
   Open(platform::TapPace::AsFastAsRead);

@@ -9,6 +9,7 @@
 #include "desktop/services/qt_printers.h"
 #include "desktop/services/qt_shell_links.h"
 #include "system/places.h"
+#include "system/posix/home.h"
 
 namespace desktop {
 namespace {
