@@ -75,7 +75,8 @@ void Play(std::map<std::string, std::string> options) {
   const bool keepsTime = options["--keeps-time"] == "1";
   for (std::int64_t sample = 0; sample < total && ended == 0;) {
     if (keepsTime) {
-      const std::int64_t late = clock.TooLate(sample);
+      // Behind its end there is nothing to leave out.
+      const std::int64_t late = std::min(total - sample, clock.TooLate(sample));
       player.LeaveOut(late);
       sample += late;
     }
