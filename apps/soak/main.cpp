@@ -23,6 +23,7 @@
 #include "capture/modes.h"
 #include "desktop/desktop_program.h"
 #include "desktop/look/look.h"
+#include "first_number.h"
 #include "processor_time.h"
 #include "resources.h"
 
@@ -108,7 +109,9 @@ class Soak {
   void Visit(std::size_t view, const char* when, std::function<void()> then) {
     if (plan_.ViewMs == 0 || view == Tabs.size()) return then();
     main_.TabStrip1.SelectedTab = Tabs[view];
+    firstNumber_.Press();
     PressRun(Tabs[view]);
+    WaitForNumber(Tabs[view]);
     QTimer::singleShot(plan_.ViewMs, &look_, [this, view, when, then = std::move(then)]() mutable {
       TellResources(when);
       main_.CWButton3.Value = false;
@@ -120,6 +123,15 @@ class Soak {
     for (const packetroutines::Mode& mode : packetroutines::Modes) {
       if (mode.Tab != tab || mode.RunButton == nullptr) continue;
       mode.RunButton(main_.Buttons()).Value = true;
+    }
+  }
+
+  void WaitForNumber(std::int16_t tab) {
+    if (tab == forms::tab::Values) {
+      firstNumber_.WaitFor("values", [this]() -> std::string { return main_.Label5[0].Caption; });
+    }
+    if (tab == forms::tab::Phasor) {
+      firstNumber_.WaitFor("phasor", [this]() -> std::string { return main_.Grid1.Cell[1][1]; });
     }
   }
 
@@ -184,6 +196,7 @@ class Soak {
   QTimer look_;
   QTimer resources_;
   QElapsedTimer taken_;
+  FirstNumber firstNumber_;
   double processorMs_ = 0;
   int done_ = 0;
   std::array<std::string, 4> said_;

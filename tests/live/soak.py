@@ -150,6 +150,8 @@ def soak(verdict, program, folder, seconds):
     judge_resources(verdict, told)
     verdict.demand("no box", "box" not in told, "; ".join(told.get("box", [])) or "none came")
     print(f"    processor: {number(told['took'][0]):.1f} % of a core")
+    for waited in told.get("first", []):
+        print("    from RUN to the first number: {}, {} ms".format(*waited.split()))
 
 
 def memory(verdict, program, folder):

@@ -1,6 +1,9 @@
 #include "recorder/reading/line_count.h"
 
-#include <cstring>
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <numeric>
 #include <span>
 #include <vector>
 
@@ -11,18 +14,25 @@ namespace packetroutines {
 
 namespace {
 
+/// Many at a time: each lane counts as far as its byte reaches.
 std::int64_t CountReturns(std::span<const char> bytes) {
+  constexpr std::size_t Lanes = 64;
+  constexpr std::size_t Rounds = 255;
   std::int64_t count = 0;
-  const char* at = bytes.data();
-  const char* const end = at + bytes.size();
-  const auto find = [&] {
-    return std::memchr(at, CarriageReturn, static_cast<std::size_t>(end - at));
-  };
-  for (const void* found = find(); found != nullptr; found = find()) {
-    ++count;
-    at = static_cast<const char*>(found) + 1;
+  while (bytes.size() >= Lanes) {
+    std::array<std::uint8_t, Lanes> found{};
+    const std::size_t rounds = std::min(bytes.size() / Lanes, Rounds);
+    for (std::size_t round = 0; round < rounds; ++round) {
+      const char* const part = bytes.data() + round * Lanes;
+      for (std::size_t lane = 0; lane < Lanes; ++lane) {
+        const int met = part[lane] == CarriageReturn ? 1 : 0;
+        found[lane] = static_cast<std::uint8_t>(found[lane] + met);
+      }
+    }
+    count = std::accumulate(found.begin(), found.end(), count);
+    bytes = bytes.subspan(rounds * Lanes);
   }
-  return count;
+  return count + std::count(bytes.begin(), bytes.end(), CarriageReturn);
 }
 
 }  // namespace
