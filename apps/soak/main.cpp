@@ -109,9 +109,12 @@ class Soak {
   void Visit(std::size_t view, const char* when, std::function<void()> then) {
     if (plan_.ViewMs == 0 || view == Tabs.size()) return then();
     main_.TabStrip1.SelectedTab = Tabs[view];
-    firstNumber_.Press();
-    PressRun(Tabs[view]);
-    WaitForNumber(Tabs[view]);
+    // No user has found the button before the view that was left has come to rest.
+    QTimer::singleShot(StartMs, &look_, [this, view] {
+      firstNumber_.Press();
+      PressRun(Tabs[view]);
+      WaitForNumber(Tabs[view]);
+    });
     QTimer::singleShot(plan_.ViewMs, &look_, [this, view, when, then = std::move(then)]() mutable {
       TellResources(when);
       main_.CWButton3.Value = false;

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <cstdlib>
 #include <map>
 #include <memory>
 #include <optional>
@@ -62,6 +63,18 @@ TEST_F(NetworkInterfaceScene, ListsAnInterfaceThatIsSwitchedOffAsOneThatCannotCa
     if (entry.Name == live::NearEnd) found = entry.State == adapters::Reach::Down;
   }
   EXPECT_TRUE(found);
+}
+
+TEST_F(NetworkInterfaceScene, LeavesOutWhatCarriesNoEthernet) {
+  if (std::system("ip tuntap add mode tun tunnel0 2>/dev/null") != 0) {
+    GTEST_SKIP() << "this system makes no tunnels";
+  }
+  live::Run("ip tuntap add mode tap bridge0; ip link set tunnel0 up; ip link set bridge0 up");
+  std::set<std::string> names;
+  for (const auto& entry : adapters::ListNetworkInterfaces()) names.insert(entry.Name);
+  live::Run("ip link delete tunnel0; ip link delete bridge0");
+  EXPECT_FALSE(names.contains("tunnel0"));
+  EXPECT_TRUE(names.contains("bridge0"));
 }
 
 TEST_F(NetworkInterfaceScene, HandsOverTaggedAndUntaggedFramesAsTheyWereSent) {

@@ -4,12 +4,14 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <filesystem>
 #include <memory>
 #include <optional>
 #include <string_view>
 #include <system_error>
 
+#include "adapters/interfaces/hardware_type.h"
 #include "adapters/rights/capture_right.h"
 
 namespace adapters {
@@ -18,8 +20,6 @@ namespace {
 
 namespace failure = platform::failure;
 
-/// Enough to learn what an interface carries; its ring is gone again at once.
-constexpr OpenRequest Probe{128, 65536, false};
 /// A heap is handed over when it is so old, if it is not full before.
 constexpr int HeapMilliseconds = 20;
 
@@ -57,6 +57,16 @@ InterfaceKind KindOf(const pcap_if_t& device) {
   return port || !known ? InterfaceKind::Port : InterfaceKind::Other;
 }
 
+/// Whether any interface could be opened. It is asked once for all of them: one that is opened with
+/// its ring takes the system some 30 ms, and a start waits for the list.
+Reach AskForCapture(std::string& words) {
+  const int error = TryRawSocket();
+  if (error == 0) return Reach::Ready;
+  if (error == EPERM || error == EACCES) return Reach::NoRight;
+  words = std::generic_category().message(error);
+  return Reach::Broken;
+}
+
 Reach ReachOf(int status) {
   switch (status) {
     case PCAP_ERROR_PERM_DENIED:
@@ -86,6 +96,10 @@ int Activate(pcap_t* handle) {
   const int status = pcap_activate(handle);
   if (status >= 0) KeepFromChildren(pcap_fileno(handle));
   return status;
+}
+
+Reach StateOf(const pcap_if_t& device) {
+  return (device.flags & PCAP_IF_UP) != 0 ? Reach::Ready : Reach::Down;
 }
 
 std::string TitleOf(const pcap_if_t& device) {
@@ -124,13 +138,13 @@ std::vector<NetworkInterface> ListNetworkInterfaces() {
   // A computer that cannot list its interfaces still has the simulated bus and the files.
   if (!devices) return {};
   std::vector<NetworkInterface> interfaces;
+  std::string words;
+  const Reach asked = AskForCapture(words);
   for (const pcap_if_t* device = devices->get(); device != nullptr; device = device->next) {
-    if (IsPseudoDevice(device->name)) continue;
-    const OpenResult probed = OpenInterface(device->name, Probe);
-    if (probed.State != Reach::NotEthernet) {
-      interfaces.push_back(
-          {device->name, TitleOf(*device), probed.State, KindOf(*device), probed.Words});
-    }
+    if (IsPseudoDevice(device->name) || !CarriesEthernet(device->name)) continue;
+    const bool off = asked == Reach::Ready && StateOf(*device) == Reach::Down;
+    interfaces.push_back(
+        {device->name, TitleOf(*device), off ? Reach::Down : asked, KindOf(*device), words});
   }
   return interfaces;
 }
@@ -139,7 +153,7 @@ Reach PresentState(const std::string& name) {
   const std::optional<DeviceList> devices = FindDevices();
   if (!devices) return Reach::Ready;
   for (const pcap_if_t* device = devices->get(); device != nullptr; device = device->next) {
-    if (name == device->name) return (device->flags & PCAP_IF_UP) != 0 ? Reach::Ready : Reach::Down;
+    if (name == device->name) return StateOf(*device);
   }
   return Reach::Missing;
 }

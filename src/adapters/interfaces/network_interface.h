@@ -47,8 +47,8 @@ struct OpenResult {
 /// not asked for.
 OpenResult OpenInterface(const std::string& name, const OpenRequest& request);
 
-/// The Ethernet interfaces of this computer, each tried whether it can capture. Devices that carry
-/// something else than Ethernet are left out.
+/// The Ethernet interfaces of this computer, each with whether it can capture, as far as that is
+/// known before it is opened. Devices that carry something else than Ethernet are left out.
 std::vector<NetworkInterface> ListNetworkInterfaces();
 
 /// Whether the system lists an interface, and as switched on; `Ready` where it does not tell.

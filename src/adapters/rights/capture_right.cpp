@@ -4,8 +4,10 @@
 #include <fcntl.h>
 #include <sys/capability.h>
 #include <sys/prctl.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <memory>
 #include <type_traits>
 #endif
@@ -63,6 +65,14 @@ RaisedRight::~RaisedRight() {
   if (raised_) Put(Capabilities(cap_get_proc()), CAP_EFFECTIVE, CAP_CLEAR);
 }
 
+int TryRawSocket() {
+  const RaisedRight right;
+  const int socket = ::socket(AF_PACKET, SOCK_RAW | SOCK_CLOEXEC, 0);
+  if (socket < 0) return errno;
+  close(socket);
+  return 0;
+}
+
 void KeepFromChildren(int descriptor) {
   fcntl(descriptor, F_SETFD, FD_CLOEXEC);
 }
@@ -78,6 +88,10 @@ void ReserveCaptureRight() {}
 void GainNoMoreRights() {}
 
 RaisedRight::RaisedRight() : raised_(false) {}
+
+int TryRawSocket() {
+  return 0;
+}
 
 RaisedRight::~RaisedRight() {
   static_cast<void>(raised_);

@@ -31,6 +31,10 @@ class RaisedRight {
   bool raised_;
 };
 
+/// Asks for a raw socket, which hears nothing, and gives it back: 0, or the system's error number.
+/// Systems without such sockets have nothing against it.
+int TryRawSocket();
+
 /// No child gets this descriptor.
 void KeepFromChildren(int descriptor);
 

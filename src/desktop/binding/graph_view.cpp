@@ -63,7 +63,7 @@ GraphView::GraphView(platform::CWGraph& graph, platform::Guard& guard, QWidget* 
   for (CasedCurve*& curve : curves_) curve = new CasedCurve(xAxis, yAxis);
   drawing_.setSingleShot(true);
   drawing_.setInterval(DrawMs);
-  drawing_.callOnTimeout(this, [this] { replot(); });
+  drawing_.callOnTimeout(this, [this] { DrawNow(rpRefreshHint); });
   FollowPlots();
   FollowGraph();
   TakeMouse();
@@ -85,6 +85,17 @@ void GraphView::paintEvent(QPaintEvent* event) {
   const double width = FocusWidth * look::Scale();
   painter.setPen(QPen(look::Accent, width));
   painter.drawRect(QRectF(rect()).adjusted(width / 2, width / 2, -width / 2, -width / 2));
+}
+
+void GraphView::showEvent(QShowEvent* event) {
+  QCustomPlot::showEvent(event);
+  DrawNow(rpQueuedRefresh);
+}
+
+void GraphView::hideEvent(QHideEvent* event) {
+  QCustomPlot::hideEvent(event);
+  // Pictures of its size, which a page that is not in front would keep.
+  mPaintBuffers.clear();
 }
 
 void GraphView::FollowPlots() {
@@ -162,7 +173,7 @@ void GraphView::FollowGraph() {
     if (graph_.XAxis.AutoScale) ScaleX();
     if (graph_.YAxis.AutoScale) ScaleY();
     drawing_.stop();
-    replot(rpImmediateRefresh);
+    DrawNow(rpImmediateRefresh);
   };
 }
 
@@ -208,6 +219,10 @@ void GraphView::Dress(const QFont& texts, double lengths, double strokes) {
 
 void GraphView::DressForScreen() {
   Dress(QApplication::font(), look::Scale(), look::Scale());
+}
+
+void GraphView::DrawNow(RefreshPriority priority) {
+  if (isVisible()) replot(priority);
 }
 
 void GraphView::DrawSoon() {

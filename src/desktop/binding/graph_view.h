@@ -25,6 +25,8 @@ class GraphView : public QCustomPlot, public look::Scalable {
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
 
  private:
   void FollowPlots();
@@ -32,6 +34,8 @@ class GraphView : public QCustomPlot, public look::Scalable {
   void TakeMouse();
   /// Draws once for all changes of a moment, unless a refresh comes first.
   void DrawSoon();
+  /// A graph that nobody sees is drawn when it is shown.
+  void DrawNow(RefreshPriority priority);
   void ShowCurve(std::size_t plot);
   void FollowTime();
   void FollowAxis(platform::Axis& axis, QCPAxis& shown);

@@ -142,5 +142,17 @@ TEST_F(GraphScaling, TheBlocksAfterTheFirstLeaveWhatTheUserPanned) {
   ExpectRanges(pannedX, pannedY);
 }
 
+TEST_F(GraphScaling, AGraphThatCameBackShowsWhatChangedWhileItWasAway) {
+  ShowBlock();
+  const QImage before = Graph().grab().toImage();
+  ClickTab(forms::tab::Values);
+  Form().CWGraph1.Plots[0].Y = std::vector<double>(400, 300);
+  ClickTab(forms::tab::Waveforms);
+  const QImage shown = Graph().grab().toImage();
+  EXPECT_NE(shown, before);
+  Graph().replot();
+  EXPECT_EQ(shown, Graph().grab().toImage());
+}
+
 }  // namespace
 }  // namespace desktop
