@@ -139,6 +139,7 @@ class Tree:
     def prepare(self, folders):
         """Builds everything as it is, and sees that all tests pass and how long they take."""
         self.copy()
+        self.told.parent.mkdir(exist_ok=True)
         try:
             code, told = self.run(["cmake", "--preset", "mutants"], 300)
             if code != 0 or not self.made(*[f"test_{folder}" for folder in folders]):
