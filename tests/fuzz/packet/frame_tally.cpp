@@ -72,20 +72,28 @@ void FrameTally::AdvanceFirst(Expected& expected) {
     row_ = 0;
     cell_ = 0;
   }
-  expected.SecondUnsure = !row_ && state.LookingForRecording;
+  expected.SecondUnsure = !cell_ && state.LookingForRecording;
   if (!row_ || !TakesSamples()) return;
   expected.Row = row_;
   ++*row_;
-  if (state.LookingForRecording && ++cell_ == RingCells) {
-    row_ = 0;
-    cell_ = 0;
-    // What fills the ring is looked at no further.
-    expected.Holds[1] = false;
-    return;
-  }
+  if (state.LookingForRecording && AdvanceRing(expected)) return;
   if (*row_ != scene_.Present.BaseSamples) return;
   row_ = 0;
   expected.Blocks = 1;
+}
+
+bool FrameTally::AdvanceRing(Expected& expected) {
+  if (!cell_) {
+    // It may be the one that fills the ring.
+    row_.reset();
+    return true;
+  }
+  if (++*cell_ != RingCells) return false;
+  row_ = 0;
+  cell_ = 0;
+  // What fills the ring is looked at no further.
+  expected.Holds[1] = false;
+  return true;
 }
 
 void FrameTally::AdvanceSecond() {
@@ -107,6 +115,7 @@ void FrameTally::Deliver(const BrokenFrame& frame, bool boxStands) {
   scene_.Capture.ReceiveCut(frame.Bytes, frame.Length);
   if (acts != acts_ || !known || blurred_) {
     row_.reset();
+    cell_.reset();
     return;
   }
   Judge(frame, expected, state.Counters - before);

@@ -43,6 +43,8 @@ class FrameTally {
 
   Expected Expect(const support::BrokenFrame& frame, bool boxStands);
   void AdvanceFirst(Expected& expected);
+  /// True where the frame ends there.
+  bool AdvanceRing(Expected& expected);
   void AdvanceSecond();
   bool TakesSamples() const;
   std::string_view Needle(std::size_t stream);
@@ -54,7 +56,7 @@ class FrameTally {
   std::uint64_t acts_ = 0;
   /// The row that comes next, as far as it is known, and the cell of the ring.
   std::optional<std::int32_t> row_;
-  std::int32_t cell_ = 0;
+  std::optional<std::int32_t> cell_;
   bool blurred_ = false;
   bool tooLongForReport_ = false;
 };
