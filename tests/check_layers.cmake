@@ -54,7 +54,7 @@ set(system_headers ${core_headers} cerrno cstdio ctime deque filesystem system_e
 # Threads stand in the first of them alone, each behind a service that the program's own thread calls.
 set(posix_headers condition_variable fcntl.h mutex poll.h signal.h spawn.h sys/stat.h sys/types.h
     sys/wait.h systemd/sd-bus.h thread unistd.h)
-set(windows_headers io.h windows.h)
+set(windows_headers fcntl.h io.h sys/stat.h windows.h)
 
 # What the face without a window may take: the core's headers, texts to write to, options and JSON.
 set(console_headers ${core_headers} cstdio deque numbers CLI/CLI.hpp nlohmann/json.hpp)
