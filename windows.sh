@@ -32,6 +32,7 @@ python3 tests/windows/trial.py build/windows/apps/vornik-cli.exe || failed=1
 
 echo "Left out, since they need what Windows has otherwise or not yet (see docs/architecture.md):"
 echo "  $(cd tests/system/posix && echo *_test.cpp): scenes of system/posix/"
+echo "  $(cd tests/adapters/posix && echo *_test.cpp): a pipe that is no file"
 echo "  tests/desktop, tests/reader: the window is not built for Windows yet"
 echo "  tests/live: an interface is captured from by a driver, and a wire is made of namespaces of Linux"
 echo "  tests/fuzz: the core is fuzzed where clang builds it"
