@@ -114,7 +114,9 @@ TEST_P(BrokenUse, GivesAReportOrTheBoxOfAFrameThatIsTooLong) {
     EXPECT_FALSE(scene.Capture.Running);
   }
   // Nearly all frames with noise behind their end are longer than the first one.
-  if (GetParam() != &BrokenBus::Overlong) EXPECT_GT(reports, 0);
+  if (GetParam() != &BrokenBus::Overlong) {
+    EXPECT_GT(reports, 0);
+  }
 }
 
 TEST_P(BrokenUse, ListsEachSenderOfTheFinderOnce) {

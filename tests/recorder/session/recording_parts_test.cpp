@@ -344,7 +344,9 @@ class FailingParts : public RecordingParts, public testing::WithParamInterface<c
     const auto& boxes = failing.Dialogs.Shown;
     const bool ended = !boxes.empty() && boxes.front().Text.starts_with("Disk full.");
     EXPECT_TRUE(ended || failing.Session.FilesBefore() == 2) << "nobody was told why it ended";
-    if (!ended) EXPECT_GE(Stored(failing), 1U * Ring);
+    if (!ended) {
+      EXPECT_GE(Stored(failing), 1U * Ring);
+    }
   }
 };
 

@@ -66,7 +66,9 @@ TEST_F(DiskRoom, CountsBothStreams) {
     Ring(0);
     bench.Elapse(10ms);
     Ring(1);
-    if (i == 0) EXPECT_EQ(Room(), "free: 64.8 GB") << "the second stream alone tells no rate";
+    if (i == 0) {
+      EXPECT_EQ(Room(), "free: 64.8 GB") << "the second stream alone tells no rate";
+    }
   }
   EXPECT_THAT(Room(), HasSubstr("enough for 30 h"));
 }
