@@ -1,6 +1,7 @@
 // A recording whose folder, medium or file is lost, with the real log and quick view behind it.
 
 #include <filesystem>
+#include <system_error>
 
 #include "recorder/recorder_bench.h"
 #include "support/real_files.h"
@@ -199,6 +200,14 @@ class OnARealDisk : public testing::Test {
  protected:
   OnARealDisk() { bench.Settings.StoragePath = folder; }
 
+  /// False where the system keeps a file that is open in its place, as a worksheet is.
+  bool LoseFolder() const {
+    std::error_code refused;
+    std::filesystem::remove_all(folder, refused);
+    return !refused;
+  }
+  static constexpr const char* StaysInPlace = "this system takes no file away while it is open";
+
   support::TemporaryFolder above;
   const std::string folder = above.File("stick");
   support::RealFiles files;
@@ -210,7 +219,7 @@ TEST_F(OnARealDisk, TellsOfAWorksheetThatIsGone) {
   bench.Run("EXCEL");
   bench.WriteRing(0);
   EXPECT_TRUE(bench.Main.OnDisk[0].Caption.Get().starts_with("stream 1: 1 whole ring"));
-  std::filesystem::remove_all(folder);
+  if (!LoseFolder()) GTEST_SKIP() << StaysInPlace;
   bench.WriteRing(0);
   EXPECT_EQ(bench.Main.NotStored.Caption,
             "stream 1: not stored since 09.03.2024 14:05:07: File not found; 1 ring lost before.");
@@ -224,11 +233,11 @@ TEST_F(OnARealDisk, TellsOfAWorksheetThatIsGone) {
 
 TEST_F(OnARealDisk, StopsWithTheFolderGone) {
   std::filesystem::create_directory(folder);
-  for (const char* format : {"TXT", "EXCEL", "COMTRADE"}) {
+  for (const char* format : {"TXT", "COMTRADE", "EXCEL"}) {
     std::filesystem::create_directory(folder);
     bench.Run(format);
     bench.WriteRing(0);
-    std::filesystem::remove_all(folder);
+    if (!LoseFolder()) GTEST_SKIP() << "a worksheet: " << StaysInPlace;
     EXPECT_NO_THROW(bench.Stop()) << format;
     EXPECT_FALSE(std::filesystem::exists(folder)) << format;
     EXPECT_THAT(bench.Main.NotStored.Caption.Get(), HasSubstr("1 ring lost before")) << format;
