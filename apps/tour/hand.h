@@ -8,6 +8,9 @@
 
 namespace tour {
 
+/// How long a user waits for what usually takes a moment, on a slow computer too.
+inline constexpr int PatienceMs = 8000;
+
 /// A user's hand at the window: it finds controls by their names and works them with mouse and keys
 /// only. The scenes of the window's tests work with the same hand.
 class Hand {

@@ -14,8 +14,6 @@ namespace tour {
 
 namespace {
 
-constexpr int PatienceMs = 8000;
-
 // What the two units of the simulated bus send.
 constexpr double FirstAmperes = 400;
 constexpr double FirstKilovolts = 63.509;

@@ -13,10 +13,9 @@ namespace tour {
 
 namespace {
 
-constexpr int PatienceMs = 8000;
 /// A ring is a second of a stream, and the files of two of them are written and read back.
 constexpr int RecordingMs = 30'000;
-constexpr int DrawMs = 250;
+constexpr int PageMs = 250;
 
 }  // namespace
 
@@ -33,7 +32,7 @@ void Walk::FindStreams() {
       list->setCurrentRow(row);
       QTest::keyClick(list, Qt::Key_Space);
     }
-    QTest::qWait(DrawMs);
+    QTest::qWait(PageMs);
     record_.Picture(dialog, "finder");
     QTest::mouseClick(dialog.findChild<QAbstractButton*>("IDlook.Command1"), Qt::LeftButton);
   });
@@ -83,7 +82,7 @@ void Walk::RecordAs(const QString& format) {
   hand_.Click("CWButton3");
   const auto ended = [&] { return !main.CWButton3.Value && main.Option2[0].Enabled; };
   record_.Step(format + ": the recording has ended", Hand::WaitFor(ended, RecordingMs));
-  QTest::qWait(DrawMs);
+  QTest::qWait(PageMs);
   record_.Picture(program_.Window(), "recorder_" + format + "_ended");
   KeepFiles(format);
 }
@@ -92,7 +91,7 @@ void Walk::KeepWhatRuns() {
   bool asked = false;
   hand_.OnDialog([this, &asked](QDialog& dialog) {
     asked = true;
-    QTest::qWait(DrawMs);
+    QTest::qWait(PageMs);
     record_.Picture(dialog, "end_question");
     QTest::mouseClick(dialog.findChild<QAbstractButton*>("EndQuestion.Keep"), Qt::LeftButton);
   });
@@ -104,7 +103,7 @@ void Walk::KeepWhatRuns() {
 
 void Walk::ChooseFolder() {
   hand_.OnDialog([this](QDialog& dialog) {
-    QTest::qWait(DrawMs);
+    QTest::qWait(PageMs);
     record_.Picture(dialog, "folder_dialog");
     dialog.reject();
   });
@@ -116,7 +115,7 @@ void Walk::MissFolder() {
   const QString kept = DataFolder().path();
   hand_.Type("Text1(3)", "/nowhere");
   hand_.OnDialog([this](QDialog& dialog) {
-    QTest::qWait(DrawMs);
+    QTest::qWait(PageMs);
     record_.Picture(dialog, "missing_folder_box");
     dialog.accept();
   });
@@ -155,7 +154,7 @@ void Walk::MakeReports() {
     AwaitButton("Command2");
     hand_.Click("Command2");
     Hand::WaitFor([&] { return main.Command2.Visible && main.Command2.Enabled; }, PatienceMs);
-    QTest::qWait(DrawMs);
+    QTest::qWait(PageMs);
     record_.Step("the report of " + id, ToText(main.Label8[7].Caption) == id);
     record_.Picture(program_.Window(), QStringLiteral("report_%1").arg(station + 1));
   }
@@ -163,14 +162,14 @@ void Walk::MakeReports() {
 
 void Walk::PrintPages() {
   hand_.Click("Command4");
-  QTest::qWait(DrawMs);
+  QTest::qWait(PageMs);
   record_.Picture(program_.Window(), "report_printed");
   hand_.ClickTab(forms::tab::Waveforms);
   AwaitButton("Command1");
   hand_.Click("Command1");
   const QStringList pages = DataFolder().entryList({"*.pdf"}, QDir::Files);
   record_.Step("both pages are printed to files", pages.size() == 2);
-  QTest::qWait(DrawMs);
+  QTest::qWait(PageMs);
   const auto& panel = dynamic_cast<QLabel&>(hand_.Find("StatusBar1.Panels(2)"));
   record_.Step("the status bar tells the file", panel.text().startsWith("Printed to "));
   KeepFiles("prints");

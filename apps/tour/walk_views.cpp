@@ -12,7 +12,6 @@ namespace tour {
 
 namespace {
 
-constexpr int PatienceMs = 8000;
 /// A picture that was asked for is on the screen by then.
 constexpr int DrawMs = 60;
 constexpr int MagnitudeColumn = 1;

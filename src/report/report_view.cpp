@@ -15,7 +15,7 @@ namespace {
 
 constexpr platform::Rgb ButtonColour{237, 246, 254};
 /// What a row reads until a frame has come.
-constexpr const char* NothingYet = "- - - -";
+constexpr const char* EmptyValue = "- - - -";
 constexpr std::string_view EmptyLine = "Verdana|10|normal| ";
 constexpr std::string_view DumpLine = "Courier New|10|normal| ";
 
@@ -63,7 +63,7 @@ void ReportView::Load() {
   report.Command4.Enabled = false;
   for (platform::Label& title : report.Label7) title.Caption = std::string();
   for (platform::Label& value : report.Label8) value.Caption = std::string();
-  report.Label8[row::Filter].Caption = NothingYet;
+  report.Label8[row::Filter].Caption = EmptyValue;
   structure_.Load();
 }
 
@@ -116,7 +116,7 @@ void ReportView::LayRow(std::size_t row, std::int32_t place) {
   title.FontBold = platform::RichBold(Template[row]);
   title.FontUnderline = platform::RichUnderline(Template[row]);
   title.Caption = platform::RichText(Template[row]);
-  value.Caption = Template[row].ends_with(' ') ? "" : NothingYet;
+  value.Caption = Template[row].ends_with(' ') ? "" : EmptyValue;
 }
 
 void ReportView::Rest() {

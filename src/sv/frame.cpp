@@ -12,8 +12,6 @@ constexpr std::uint16_t SampledValues = 0x88BA;
 constexpr std::uint16_t CustomerTag = 0x8100;
 constexpr std::uint16_t ServiceTag = 0x88A8;
 constexpr std::size_t TagOctets = 4;
-/// Destination, source, ethertype.
-constexpr std::size_t HeadOctets = 14;
 /// AppID, length, two reserved words.
 constexpr std::size_t PduHeadOctets = 8;
 

@@ -11,6 +11,8 @@
 namespace sv {
 
 using Address = std::array<std::uint8_t, 6>;
+/// Destination, source and ethertype of a frame without tags.
+inline constexpr std::size_t HeadOctets = 14;
 
 /// A tag of IEEE 802.1Q.
 struct VlanTag {

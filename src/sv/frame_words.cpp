@@ -9,7 +9,6 @@ namespace sv {
 
 namespace {
 
-constexpr std::size_t HeadOctets = 14;
 constexpr std::size_t BytesALine = 16;
 
 using Lines = std::vector<WordLine>;

@@ -14,7 +14,7 @@ namespace desktop {
 namespace {
 
 /// What is kept free around a text, in pixels of the smallest window.
-constexpr double Clearance = 2;
+constexpr double RimClearance = 2;
 /// A text that starts on the outer circle, by so many pixels, is meant to stand within.
 constexpr double OnTheRim = 1;
 /// Steps of a search for a free place, as parts of the height of a text, and how far it goes.
@@ -62,7 +62,7 @@ QRectF PicturePad::BelowRim(const Rim& rim, QRectF box) const {
   if (std::abs(nearest) >= rim.Radius) return box;
   const double lowest = rim.Centre.y() + std::sqrt(rim.Radius * rim.Radius - nearest * nearest);
   const double ascentRoom = box.height() - TextFont().pixelSize();
-  box.moveTop(std::max(box.top(), lowest + Clearance * StrokeScale() - ascentRoom / 2));
+  box.moveTop(std::max(box.top(), lowest + RimClearance * StrokeScale() - ascentRoom / 2));
   return box;
 }
 
@@ -73,7 +73,7 @@ QRectF PicturePad::WithinRim(const Text& text, const Rim& rim, QRectF box) const
   const QLineF inward(box.center(), rim.Centre);
   const QPointF step =
       inward.length() > 0 ? (inward.p2() - inward.p1()) / inward.length() : QPointF();
-  const double room = rim.Radius - Clearance * StrokeScale();
+  const double room = rim.Radius - RimClearance * StrokeScale();
   // The letters reach the centre before they have gone this far.
   for (int moved = 0; moved < rim.Radius; ++moved) {
     const QRectF ink = letters.translated(box.left(), box.top() + metrics.ascent());
@@ -89,7 +89,7 @@ QRectF PicturePad::WithinRim(const Text& text, const Rim& rim, QRectF box) const
 }
 
 bool PicturePad::IsFree(const QRectF& box, const std::vector<PlacedText>& placed) const {
-  const double clearance = Clearance * StrokeScale();
+  const double clearance = RimClearance * StrokeScale();
   const QRectF room = box.adjusted(-clearance, 0, clearance, 0);
   for (const PlacedText& other : placed) {
     if (room.intersects(other.Box)) return false;

@@ -7,7 +7,7 @@ namespace desktop {
 namespace {
 
 /// In pixels of the smallest window.
-constexpr double Margin = 10;
+constexpr double TextMargin = 10;
 
 }  // namespace
 
@@ -17,7 +17,7 @@ TextArea::TextArea(QWidget* parent) : QPlainTextEdit(parent) {
 }
 
 void TextArea::TakeScale() {
-  document()->setDocumentMargin(look::Painted(Margin));
+  document()->setDocumentMargin(look::Painted(TextMargin));
 }
 
 void TextArea::mouseDoubleClickEvent(QMouseEvent* event) {

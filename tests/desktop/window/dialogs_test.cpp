@@ -56,7 +56,9 @@ TEST_P(Dialogs, StandInTheFactorOfTheWindow) {
   InEach([](const std::string& name, QWidget& window) {
     for (const auto* label : window.findChildren<QLabel*>()) {
       const QPixmap sign = label->pixmap();
-      if (!sign.isNull()) EXPECT_EQ(sign.deviceIndependentSize().width(), look::Scaled(40)) << name;
+      if (!sign.isNull()) {
+        EXPECT_EQ(sign.deviceIndependentSize().width(), look::Scaled(40)) << name;
+      }
       if (!label->isVisible() || label->text().isEmpty()) continue;
       EXPECT_GE(label->fontInfo().pixelSize(), look::Scaled(look::TextSize))
           << name << ": " << label->text().toStdString();
