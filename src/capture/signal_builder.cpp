@@ -112,7 +112,8 @@ inline double SignalBuilder::InUnits(double raw, std::size_t channel) const {
 
 void SignalBuilder::TestSilence(std::int32_t row, bool& signalOk) {
   if (row != present_.BaseSamples - 1) return;
-  if (std::abs(platform::CWArray::Reduce(block_.SignalValues)) >= SilenceLevel) return;
+  const double level = platform::CWArray::Reduce(block_.SignalValues, SilenceLevel);
+  if (std::abs(level) >= SilenceLevel) return;
   signalOk = false;
   ++state_.Counters.SilentBlocks;
 }

@@ -52,17 +52,14 @@ std::span<const double> CWArray::Column(const BlockMatrix& block, std::size_t ch
   return column_;
 }
 
-double CWArray::Reduce(const BlockMatrix& block) {
-  // One running maximum a channel, so that the rows need not wait for each other.
-  std::array<double, BlockMatrix::Channels> largest{};
-  const std::span<const double> cells = block.Cells();
-  for (std::size_t i = 0; i < cells.size(); i += largest.size()) {
-    for (std::size_t k = 0; k < largest.size(); ++k) {
-      const double level = std::abs(cells[i + k]);
-      largest[k] = largest[k] < level ? level : largest[k];
-    }
+double CWArray::Reduce(const BlockMatrix& block, double enough) {
+  double largest = 0;
+  for (const double cell : block.Cells()) {
+    const double level = std::abs(cell);
+    if (level >= enough) return level;
+    largest = largest < level ? level : largest;
   }
-  return *std::max_element(largest.begin(), largest.end());
+  return largest;
 }
 
 void CWArray::Clear(std::span<double> values) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <limits>
 #include <span>
 #include <vector>
 
@@ -14,8 +15,10 @@ class CWArray {
   /// The values of one channel in frame order. The result is valid until the next call.
   std::span<const double> Column(const BlockMatrix& block, std::size_t channel);
   /// The largest absolute value of the block. A balanced sine keeps its level under it, where a sum
-  /// of all cells would cancel.
-  static double Reduce(const BlockMatrix& block);
+  /// of all cells would cancel. Who asks only whether it reaches a level has the first value that
+  /// does: a signal shows in its first rows.
+  static double Reduce(const BlockMatrix& block,
+                       double enough = std::numeric_limits<double>::infinity());
   /// Sets all values to 0.
   static void Clear(std::span<double> values);
 

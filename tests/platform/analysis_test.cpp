@@ -154,6 +154,17 @@ TEST(BlockReduction, FindsASingleNegativeCellOnAnyChannel) {
   }
 }
 
+TEST(BlockReduction, LooksNoFurtherThanForALevelThatIsReached) {
+  BlockMatrix block;
+  block.Rebuild(400);
+  block.Row(2)[3] = -0.25;
+  block.Row(300)[0] = 7;
+
+  EXPECT_EQ(CWArray::Reduce(block, 0.25), 0.25);
+  EXPECT_EQ(CWArray::Reduce(block, 0.5), 7);
+  EXPECT_EQ(CWArray::Reduce(block, 8), 7);
+}
+
 TEST(BlockReduction, DoesNotCancelABalancedSine) {
   BlockMatrix block;
   block.Rebuild(400);
