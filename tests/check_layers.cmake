@@ -52,7 +52,7 @@ set(core_headers
 # What the system's services may take beside it, and what their rooms for one family of systems may.
 set(system_headers ${core_headers} cerrno cstdio ctime deque filesystem system_error)
 # Threads stand in the first of them alone, each behind a service that the program's own thread calls.
-set(posix_headers condition_variable fcntl.h mutex poll.h signal.h spawn.h sys/stat.h sys/types.h
+set(posix_headers condition_variable fcntl.h malloc.h mutex poll.h signal.h spawn.h sys/stat.h sys/types.h
     sys/wait.h systemd/sd-bus.h thread unistd.h)
 set(windows_headers fcntl.h io.h sys/stat.h windows.h)
 

@@ -26,6 +26,7 @@
 #include "first_number.h"
 #include "processor_time.h"
 #include "resources.h"
+#include "system/process.h"
 
 namespace soak {
 
@@ -223,6 +224,7 @@ int Run() {
 }  // namespace soak
 
 int main(int argc, char** argv) {
+  host::GiveLargeMemoryBack();
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Vornik"));
   QApplication::setQuitOnLastWindowClosed(false);

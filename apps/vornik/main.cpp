@@ -14,6 +14,7 @@
 #include "desktop/look/look.h"
 #include "desktop/services/qt_dialogs.h"
 #include "system/places.h"
+#include "system/process.h"
 
 namespace {
 
@@ -38,6 +39,7 @@ int Run() {
 int main(int argc, char** argv) {
   adapters::StartThroughLauncher(argc, argv);
   adapters::ReserveCaptureRight();
+  host::GiveLargeMemoryBack();
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Vornik"));
   // The program ends when it has unloaded its window, not when one of its boxes closes.

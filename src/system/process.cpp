@@ -5,6 +5,7 @@
 
 #ifdef __linux__
 #include "system/posix/descriptors.h"
+#include "system/posix/large_memory.h"
 #endif
 
 namespace host {
@@ -12,6 +13,12 @@ namespace host {
 void LeaveProcess(int exitCode) {
   std::fflush(nullptr);
   std::_Exit(exitCode);
+}
+
+void GiveLargeMemoryBack() {
+#ifdef __linux__
+  MapLargeMemory();
+#endif
 }
 
 void KeepDescriptorsFromChildren() {

@@ -10,4 +10,9 @@ namespace host {
 /// starts one calls this before.
 void KeepDescriptorsFromChildren();
 
+/// From now on a block of memory of a MiB or more, such as the picture of a page, goes back to the
+/// system when it is freed. A library that takes the largest blocks met so far for usual ones keeps
+/// them between smaller ones.
+void GiveLargeMemoryBack();
+
 }  // namespace host
