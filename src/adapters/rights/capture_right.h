@@ -4,7 +4,8 @@ namespace adapters {
 
 // The right to open a raw socket (CAP_NET_RAW on Linux). The program holds it in reserve, where
 // neither its own code nor a child has the use of it, and raises it for the moment in which an
-// interface is opened. Reading, filters, counters and the list of interfaces take no right.
+// interface is opened, or in which it asks whether one could be. Reading, filters and counters take
+// no right.
 
 /// The right is at hand, raised or in reserve. Systems without such a right have it always.
 bool HasCaptureRight();
