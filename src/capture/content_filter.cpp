@@ -3,20 +3,16 @@
 namespace packetroutines {
 
 void ContentFilter::Take(const std::string& content) {
-  content_ = content;
   needle_ = code_.FromUtf8(content);
   place_ = 0;
-  if (code_.ToUtf8(needle_) == content) return;
-  needle_.clear();
-  place_ = Nowhere;
+  impossible_ = code_.ToUtf8(needle_) != content;
+  if (impossible_) needle_.clear();
 }
 
-bool ContentFilter::Find(std::string_view frameText) {
-  if (place_ == Nowhere) return false;
-  const std::size_t at = frameText.find(needle_);
-  if (at == std::string_view::npos) return false;
-  place_ = at;
-  return true;
+std::size_t ContentFilter::FindFrom(std::string_view frameText, std::size_t place) {
+  const std::size_t at = frameText.find(needle_, place);
+  if (at != std::string_view::npos) place_ = at;
+  return at;
 }
 
 }  // namespace packetroutines

@@ -67,9 +67,11 @@ void PacketDispatcher::aPacketX_OnPacket(const CapturedFrame& pPacket) {
       },
       [&] { return CopyFrame(pPacket); },
       [&] {
-        // A text at the very first byte, which is where an empty one is found, does not count.
-        first = filters_[0].HoldsBehindStart(bytes_.Text(), settings_.FilterContent[0]);
-        second = filters_[1].HoldsBehindStart(bytes_.Text(), settings_.FilterContent[1]);
+        FollowFilters();
+        // It is searched where it came: for a copy that was just made the processor would wait.
+        const std::string_view text = TextOf(pPacket);
+        first = filters_[0].HoldsBehindStart(text);
+        second = filters_[1].HoldsBehindStart(text);
       },
       [&] { return LeaveAfter(state_.LookingForID, [&] { ServeFinder(); }); },
       [&] { return first ? FirstStream(pPacket.Arrived) : Flow::Next; },
@@ -121,7 +123,7 @@ bool PacketDispatcher::LongerThanExpected(const CapturedFrame& pPacket) const {
   return pPacket.Length > static_cast<std::size_t>(bytes_.Upper());
 }
 
-Flow PacketDispatcher::CopyFrame(const CapturedFrame& pPacket) {
+inline Flow PacketDispatcher::CopyFrame(const CapturedFrame& pPacket) {
   // Of one that is dropped, what was expected of it is the text of the last frame, which a
   // recording's log reads at the stop.
   bytes_.Take(pPacket.Bytes, state_.PacketLength);
@@ -136,13 +138,21 @@ Flow PacketDispatcher::CopyFrame(const CapturedFrame& pPacket) {
 
 void PacketDispatcher::CountUnsearched(const CapturedFrame& pPacket,
                                        std::uint64_t StreamCounters::*count) {
-  const std::string_view text(reinterpret_cast<const char*>(pPacket.Bytes.data()),
-                              pPacket.Bytes.size());
+  FollowFilters();
   for (std::size_t stream = 0; stream < filters_.size(); ++stream) {
-    if (filters_[stream].HoldsBehindStart(text, settings_.FilterContent[stream])) {
+    if (filters_[stream].HoldsBehindStart(TextOf(pPacket))) {
       ++(streams_.Counters.Streams[stream].*count);
     }
   }
+}
+
+void PacketDispatcher::FollowFilters() {
+  const config::StreamTexts& contents = settings_.FilterContent;
+  if (contents.Changes() == filtersTaken_) return;
+  for (std::size_t stream = 0; stream < filters_.size(); ++stream) {
+    filters_[stream].Take(contents[stream]);
+  }
+  filtersTaken_ = contents.Changes();
 }
 
 void PacketDispatcher::ServeFinder() {
@@ -154,6 +164,19 @@ void PacketDispatcher::ServeFinder() {
        },
        [&] { id = upper_.Report->ReportAnalyse(bytes_); }, [&] { parts_.Run.Restart(); },
        [&] { upper_.Finder->AddStreamToList(id); });
+}
+
+inline Flow PacketDispatcher::ExtractFirst(bool& signalOk) {
+  if (AnyModeSet(state_, TakesSamples)) {
+    parts_.Builder.BuildingSignals(frameIndex_[0], bytes_, signalOk);
+    Advance(frameIndex_[0]);
+    if (state_.LookingForRecording) {
+      parts_.Builder.StoreRecordSample(ringIndex_[0], frameIndex_[0] - 1);
+      ++ringIndex_[0];
+    }
+  }
+  const bool ringFull = state_.LookingForRecording && ringIndex_[0] == RecordRings::Cells;
+  return ringFull ? StoreRing() : Flow::Next;
 }
 
 Flow PacketDispatcher::FirstStream(StreamWatch::Time arrived) {
@@ -192,16 +215,7 @@ void PacketDispatcher::LocateFirst() {
   parts_.Run.ReleaseButtons();
 }
 
-Flow PacketDispatcher::ExtractFirst(bool& signalOk) {
-  if (AnyModeSet(state_, TakesSamples)) {
-    parts_.Builder.BuildingSignals(frameIndex_[0], bytes_, signalOk);
-    Advance(frameIndex_[0]);
-    if (state_.LookingForRecording) {
-      parts_.Builder.StoreRecordSample(ringIndex_[0], frameIndex_[0] - 1);
-      ++ringIndex_[0];
-    }
-  }
-  if (!state_.LookingForRecording || ringIndex_[0] != RecordRings::Cells) return Flow::Next;
+Flow PacketDispatcher::StoreRing() {
   // The block that fills the ring is not counted, and the frame is not looked at for the second
   // stream; the recorder allows for both.
   ringIndex_[0] = 0;

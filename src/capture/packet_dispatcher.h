@@ -68,6 +68,8 @@ class PacketDispatcher : public PacketConsumer {
   /// The cells were made for the length that the run expects.
   bool LongerThanExpected(const platform::CapturedFrame& pPacket) const;
   platform::Flow CopyFrame(const platform::CapturedFrame& pPacket);
+  /// The filters search what the settings hold.
+  void FollowFilters();
   void ServeFinder();
   /// Counts a frame that is not searched for the streams, for those whose text it holds.
   void CountUnsearched(const platform::CapturedFrame& pPacket,
@@ -83,6 +85,7 @@ class PacketDispatcher : public PacketConsumer {
   void FindDataOffsets(std::size_t stream);
   void LocateFirst();
   platform::Flow ExtractFirst(bool& signalOk);
+  platform::Flow StoreRing();
   void CompleteBlock(bool signalOk);
   /// Stops for a live view, shows it the block unless that is silent, and has capture restarted.
   /// `current()` is False for a silent block and for one of a station that is not chosen any more.
@@ -112,6 +115,8 @@ class PacketDispatcher : public PacketConsumer {
 
   PacketBytes bytes_;
   std::array<ContentFilter, 2> filters_;
+  /// The changes of the contents that the filters have taken.
+  std::uint32_t filtersTaken_ = 0;
   /// Next row of the block arrays of each stream.
   std::array<std::int32_t, 2> frameIndex_{};
   /// Next cell of the record rings of each stream.

@@ -59,6 +59,36 @@ SignalBuilder::SignalBuilder(AcquisitionState& state, BlockArrays& block, Record
       retry_(retry),
       program_(program) {}
 
+inline double SignalBuilder::InUnits(double raw, std::size_t channel) const {
+  return Scaled(raw, channel) *
+         (channels::IsCurrent(channel) ? present_.CurrentUnitFactor : present_.VoltageUnitFactor);
+}
+
+[[gnu::noinline]] void SignalBuilder::TakeCells(std::span<double, channels::Count> values,
+                                                const PacketBytes& bytes) const {
+  const std::int32_t offset = state_.ValueOffset[0];
+  for (std::size_t i = 0; i < channels::OfAKind; ++i) {
+    values[i] = InUnits(ChannelAt(bytes, offset, i), i);
+    const std::size_t k = i + channels::OfAKind;
+    if (HasVoltages(state_)) values[k] = InUnits(ChannelAt(bytes, offset, k), k);
+  }
+}
+
+inline void SignalBuilder::TakeRow(std::int32_t row, const PacketBytes& bytes) {
+  block_.SampleCount(row) = CountAt(bytes, state_.SampleCountOffset[0]);
+  const auto values = block_.SignalValues.Row(row);
+  const std::int32_t offset = state_.ValueOffset[0];
+  const std::uint8_t* const data = bytes.Run(offset, BytesASample);
+  if (data == nullptr || offset == NotLocated || !HasVoltages(state_)) {
+    TakeCells(values, bytes);
+    return;
+  }
+  // First read, then scaled, so that the processor does several at a time.
+  std::array<double, channels::Count> raw{};
+  for (std::size_t k = 0; k < raw.size(); ++k) raw[k] = RawSample(data + PlaceOf(k));
+  for (std::size_t k = 0; k < raw.size(); ++k) values[k] = InUnits(raw[k], k);
+}
+
 void SignalBuilder::BuildingSignals(std::int32_t row, const PacketBytes& bytes, bool& signalOk) {
   const auto trap = [&](const Failure& failure, int attempt) {
     if (failure.Number() == platform::failure::SubscriptOutOfRange) {
@@ -78,36 +108,6 @@ void SignalBuilder::BuildingSignals(std::int32_t row, const PacketBytes& bytes, 
       [&] {
         if (state_.LookingForValues && state_.RealTimeMode) RealTimeValue();
       });
-}
-
-void SignalBuilder::TakeRow(std::int32_t row, const PacketBytes& bytes) {
-  block_.SampleCount(row) = CountAt(bytes, state_.SampleCountOffset[0]);
-  const auto values = block_.SignalValues.Row(row);
-  const std::int32_t offset = state_.ValueOffset[0];
-  const std::uint8_t* const data = bytes.Run(offset, BytesASample);
-  if (data == nullptr || offset == NotLocated || !HasVoltages(state_)) {
-    TakeCells(values, bytes);
-    return;
-  }
-  // First read, then scaled, so that the processor does several at a time.
-  std::array<double, channels::Count> raw{};
-  for (std::size_t k = 0; k < raw.size(); ++k) raw[k] = RawSample(data + PlaceOf(k));
-  for (std::size_t k = 0; k < raw.size(); ++k) values[k] = InUnits(raw[k], k);
-}
-
-[[gnu::noinline]] void SignalBuilder::TakeCells(std::span<double, channels::Count> values,
-                                                const PacketBytes& bytes) const {
-  const std::int32_t offset = state_.ValueOffset[0];
-  for (std::size_t i = 0; i < channels::OfAKind; ++i) {
-    values[i] = InUnits(ChannelAt(bytes, offset, i), i);
-    const std::size_t k = i + channels::OfAKind;
-    if (HasVoltages(state_)) values[k] = InUnits(ChannelAt(bytes, offset, k), k);
-  }
-}
-
-inline double SignalBuilder::InUnits(double raw, std::size_t channel) const {
-  return Scaled(raw, channel) *
-         (channels::IsCurrent(channel) ? present_.CurrentUnitFactor : present_.VoltageUnitFactor);
 }
 
 void SignalBuilder::TestSilence(std::int32_t row, bool& signalOk) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "config/stream_texts.h"
 #include "platform/stream_format.h"
 
 namespace config {
@@ -28,8 +29,7 @@ struct Settings {
   std::int16_t PrinterChoice = 0;
   /// The user's part of the capture filter.
   std::string FilterString;
-  /// The text that marks a frame of the first and of the second stream.
-  std::array<std::string, 2> FilterContent;
+  StreamTexts FilterContent;
   /// Which channels the scope draws.
   std::array<std::int16_t, platform::channels::Count> SensorEnabled{};
   /// Hz.

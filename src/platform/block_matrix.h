@@ -1,7 +1,7 @@
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <span>
 
 #include "base/failure.h"
@@ -23,7 +23,8 @@ class BlockMatrix {
   std::int32_t Rows() const { return rows_; }
   /// Takes over the cells of a block of as many rows.
   void CopyFrom(const BlockMatrix& other) {
-    std::ranges::copy(other.Cells(), cells_.All().begin());
+    const std::span<const double> from = other.Cells();
+    if (!from.empty()) std::memcpy(cells_.All().data(), from.data(), from.size_bytes());
   }
   /// The eight cells of a row; failure 9 outside the block.
   std::span<double, Channels> Row(std::int32_t row) {

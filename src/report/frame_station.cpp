@@ -12,10 +12,6 @@ std::string FrameStation::Id(const platform::CapturedFrame& frame, std::int16_t 
   return code_.ToUtf8(digits_.StationId(digits_.StationTag(digits_.AsduCount())));
 }
 
-std::string_view TextOf(const platform::CapturedFrame& frame) {
-  return {reinterpret_cast<const char*>(frame.Bytes.data()), frame.Bytes.size()};
-}
-
 std::int16_t LengthInCells(const platform::CapturedFrame& frame) {
   constexpr std::size_t most = std::numeric_limits<std::int16_t>::max();
   return static_cast<std::int16_t>(std::min(frame.Length, most));

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 
 #include "capture/frame_digits.h"
 #include "capture/packet_bytes.h"
@@ -25,9 +24,6 @@ class FrameStation {
   PacketBytes bytes_;
   FrameDigits digits_;
 };
-
-/// What was captured of a frame, as text in the system's code page.
-std::string_view TextOf(const platform::CapturedFrame& frame);
 
 /// The length of a frame as far as cells can be given to it.
 std::int16_t LengthInCells(const platform::CapturedFrame& frame);

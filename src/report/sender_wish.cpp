@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "capture/content_filter.h"
+
 namespace packetroutines {
 
 using platform::CapturedFrame;

@@ -17,16 +17,18 @@ bool IsStation(const std::string& id);
 /// none, one that holds the ID as a text, because a filter may be a part of an ID.
 class StationWish {
  public:
-  explicit StationWish(const platform::CodePage& code) : station_(code), filter_(code) {}
+  explicit StationWish(const platform::CodePage& code)
+      : code_(code), station_(code), filter_(code) {}
 
   /// The wish for a station, until the next one is made; none where there is no station.
   platform::FrameWish For(const std::string& id);
   /// The frame holds the ID as a text, wherever it stands.
-  bool Holds(std::string_view frameText, const std::string& id);
+  bool Holds(std::string_view frameText, const std::string& id) const;
 
  private:
   platform::Wanted Of(const platform::CapturedFrame& frame);
 
+  const platform::CodePage& code_;
   FrameStation station_;
   ContentFilter filter_;
   std::string id_;
