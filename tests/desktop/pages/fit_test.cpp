@@ -1,5 +1,6 @@
 #include "desktop/look/look.h"
 #include "desktop/look/scale.h"
+#include "desktop/widgets/run_indicator.h"
 #include "fit_check.h"
 #include "window_scene.h"
 
@@ -154,6 +155,25 @@ TEST_F(Scaling, TheRunButtonIsOneSizeOnAllViews) {
     for (const char* name : {"CWButton1", "CWButton2", "CWButton3", "Command2"}) {
       EXPECT_EQ(Find<QWidget>(name).size(), first) << name;
     }
+  }
+}
+
+TEST_F(Scaling, TheLightOfARunFillsWhatItReachesOutBeyondItsButton) {
+  Start();
+  for (const QSize size : {QSize(1024, 768), QSize(1920, 1080)}) {
+    ResizeFrame(size);
+    ClickTab(forms::tab::Values);
+    QTest::qWait(10);
+    auto& indicator = Find<QWidget>("Shape12(0)");
+    QImage light(indicator.size(), QImage::Format_ARGB32_Premultiplied);
+    light.fill(Qt::transparent);
+    indicator.render(&light, {}, {}, {});
+    const int reach = look::Scaled(RunIndicator::Reach);
+    int lit = 0;
+    for (int x = 0; x < reach; ++x) {
+      if (light.pixelColor(x, light.height() / 2).alpha() > 0) ++lit;
+    }
+    EXPECT_GE(lit, 0.75 * reach) << size.width();
   }
 }
 

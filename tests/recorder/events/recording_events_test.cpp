@@ -215,6 +215,18 @@ TEST_F(RecordedEvents, MissNothingWhereFramesOfTheOldTimeStillWaitBehindAClockTh
   }
 }
 
+TEST_F(RecordedEvents, CountWhatIsMissingAtTheEndByTheTimeThatPassedWhereTheClockIsSetMeanwhile) {
+  for (const std::chrono::microseconds set : {-1h, 1h}) {
+    Record();
+    Come(Ring);
+    bench.Clock.Advance(20s);
+    bench.Clock.Began += set;
+    bench.Stop();
+    EXPECT_THAT(Line("samples missing"), HasSubstr("none came up to the end, by the time 80001"));
+    bench.Files.Stored.clear();
+  }
+}
+
 TEST_F(RecordedEvents, GoByTheStructureThatComesWhereTheFirstFrameHadNone) {
   Record();
   // The length of the PDU does not fit.
