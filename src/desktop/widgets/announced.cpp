@@ -9,7 +9,7 @@ namespace {
 
 constexpr const char* Role = "announcedRole";
 
-QAccessibleInterface* Make(const QString&, QObject* object) {
+QAccessibleInterface* MakeAnnounced(const QString&, QObject* object) {
   const QVariant role = object->property(Role);
   if (!object->isWidgetType() || !role.isValid()) return nullptr;
   return new QAccessibleWidget(static_cast<QWidget*>(object),
@@ -20,7 +20,7 @@ QAccessibleInterface* Make(const QString&, QObject* object) {
 
 void Announce(QWidget& widget, QAccessible::Role role, const QString& name) {
   static const bool installed = [] {
-    QAccessible::installFactory(Make);
+    QAccessible::installFactory(MakeAnnounced);
     return true;
   }();
   static_cast<void>(installed);

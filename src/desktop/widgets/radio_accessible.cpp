@@ -8,7 +8,7 @@ namespace desktop {
 
 namespace {
 
-QAccessibleInterface* Make(const QString&, QObject* object) {
+QAccessibleInterface* MakeRadio(const QString&, QObject* object) {
   auto* button = qobject_cast<RadioButton*>(object);
   return button != nullptr ? new RadioAccessible(*button) : nullptr;
 }
@@ -20,7 +20,7 @@ RadioAccessible::RadioAccessible(RadioButton& button)
 
 void RadioAccessible::Install() {
   static const bool installed = [] {
-    QAccessible::installFactory(Make);
+    QAccessible::installFactory(MakeRadio);
     return true;
   }();
   static_cast<void>(installed);

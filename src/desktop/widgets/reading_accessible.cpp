@@ -4,7 +4,7 @@ namespace desktop {
 
 namespace {
 
-QAccessibleInterface* Make(const QString&, QObject* object) {
+QAccessibleInterface* MakeReading(const QString&, QObject* object) {
   auto* field = qobject_cast<ReadingField*>(object);
   return field != nullptr ? new ReadingAccessible(*field) : nullptr;
 }
@@ -16,7 +16,7 @@ ReadingAccessible::ReadingAccessible(ReadingField& field)
 
 void ReadingAccessible::Install() {
   static const bool installed = [] {
-    QAccessible::installFactory(Make);
+    QAccessible::installFactory(MakeReading);
     return true;
   }();
   static_cast<void>(installed);

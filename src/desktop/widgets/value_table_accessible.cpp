@@ -64,7 +64,7 @@ class Cell : public QAccessibleInterface, public QAccessibleTableCellInterface {
   int column_;
 };
 
-QAccessibleInterface* Make(const QString&, QObject* object) {
+QAccessibleInterface* MakeValueTable(const QString&, QObject* object) {
   auto* table = qobject_cast<ValueTable*>(object);
   return table != nullptr ? new ValueTableAccessible(*table) : nullptr;
 }
@@ -85,7 +85,7 @@ ValueTableAccessible::~ValueTableAccessible() {
 
 void ValueTableAccessible::Install() {
   static const bool installed = [] {
-    QAccessible::installFactory(Make);
+    QAccessible::installFactory(MakeValueTable);
     return true;
   }();
   static_cast<void>(installed);
