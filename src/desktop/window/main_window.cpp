@@ -64,6 +64,9 @@ MainWindow::MainWindow(const Forms& forms, platform::Guard& guard, RepaintQueue&
     // its focus stay.
     setUpdatesEnabled(main_.TabStrip1.Visible);
     ShowTab();
+    // A painting that came due meanwhile was passed over, and the toolkit still counts it as
+    // coming.
+    if (updatesEnabled()) QCoreApplication::postEvent(this, new QEvent(QEvent::UpdateRequest));
   });
   frame_ = new WindowFrame(main_.Window, *this, guard_);
   frame_->Sized = [this](QSize size) { FollowSize(size); };

@@ -4,6 +4,7 @@
 
 #include "desktop/binding/graph_view.h"
 #include "desktop/widgets/click_label.h"
+#include "paintings.h"
 #include "window_scene.h"
 
 namespace desktop {
@@ -29,17 +30,6 @@ TEST_F(RecorderAnalysis, ADoubleClickReachesEachLineOfTheRecording) {
     EXPECT_EQ(clicks, 1) << i;
   }
 }
-
-/// Counts the paintings of a widget.
-class Paintings : public QObject {
- public:
-  explicit Paintings(QWidget& widget) { widget.installEventFilter(this); }
-  bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() == QEvent::Paint) ++Count;
-    return false;
-  }
-  int Count = 0;
-};
 
 TEST_F(RecorderAnalysis, TheBarIsPaintedAtOnceWithoutAnEventOfTheQueue) {
   StartAtRecorder();

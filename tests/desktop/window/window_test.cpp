@@ -8,6 +8,7 @@
 #include <csignal>
 
 #include "desktop/binding/termination.h"
+#include "paintings.h"
 #include "window_scene.h"
 
 namespace desktop {
@@ -185,6 +186,20 @@ TEST_F(Window, AResizeKeepsTheViewAndItsFocus) {
   ResizeFrame({1300, 900});
   EXPECT_EQ(Page(), forms::tab::Setup);
   EXPECT_TRUE(field.hasFocus());
+}
+
+// As at a start where nobody gives the window another size.
+TEST_F(Window, IsPaintedWhereItWasToBeWhileItsViewsWereLaidOut) {
+  Start();
+  ASSERT_TRUE(WaitFor([&] { return program_->Window().isVisible(); }));
+  QTest::qWait(50);
+  program_->Window().update();
+  Form().TabStrip1.Visible = false;
+  Paintings paintings(program_->Window());
+  QTest::qWait(50);
+  ASSERT_EQ(paintings.Count, 0);
+  Form().TabStrip1.Visible = true;
+  EXPECT_TRUE(WaitFor([&] { return paintings.Count > 0; }));
 }
 
 TEST_F(Window, TheRecorderWithoutItsFolderAsksAndGoesToTheField) {
