@@ -58,6 +58,19 @@ TEST_P(SetupPlaces, TheColumnsBeginAndEndTogetherWithinTheMargins) {
   EXPECT_LE(*bottoms.begin(), PlaceOf(Area()).bottom());
 }
 
+TEST_P(SetupPlaces, TheGroupsStandAsFarApartAsFromTheEdge) {
+  StartAtSetup();
+  const int margin = Columns().begin()->first - PlaceOf(Area()).left();
+  std::optional<int> right;
+  for (const auto& [left, cards] : Columns()) {
+    if (right) EXPECT_NEAR(left - *right - 1, margin, 1);
+    right = cards.first().right();
+    for (qsizetype i = 1; i < cards.size(); ++i) {
+      EXPECT_NEAR(cards[i].top() - cards[i - 1].bottom() - 1, margin, 1);
+    }
+  }
+}
+
 TEST_P(SetupPlaces, NoHalfOfTheWindowIsEmpty) {
   StartAtSetup();
   int lowest = 0;
