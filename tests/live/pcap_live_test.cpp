@@ -156,6 +156,23 @@ TEST_F(NetworkInterfaceScene, DeliversOnlyWhatCameAfterARestart) {
   EXPECT_EQ(source_.Counters().Dropped, 0U);
 }
 
+// A heap that is still being filled at the stop comes behind the next start.
+TEST_F(NetworkInterfaceScene, DeliversOnlyWhatCameAfterARestartWhereFramesComeInHeaps) {
+  live::Sender sender;
+  adapters::SourceSettings settings = Settings();
+  settings.InHeaps = true;
+  source_.Prepare(settings);
+  source_.Start();
+  sender.Send(Numbered(1));
+  source_.Stop();
+  sender.Send(Numbered(2));
+  source_.Start();
+  sender.Send(Numbered(3));
+  const auto frames = ReadAll();
+  ASSERT_EQ(frames.size(), 1U);
+  EXPECT_EQ(frames[0], Numbered(3));
+}
+
 TEST_F(NetworkInterfaceScene, TakesAnotherFilterAndBufferOnTheNextPreparation) {
   live::Sender sender;
   source_.Prepare(Settings(" and vlan 5"));

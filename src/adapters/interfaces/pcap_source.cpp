@@ -34,6 +34,14 @@ int RingBytes(const SourceSettings& settings) {
   return std::clamp(settings.BufferBytes / UsualFrameBytes, FewestSlots, MostSlots) * SlotBytes;
 }
 
+/// A heap is handed over long before. What seems older bears the time of a clock that was set.
+constexpr std::chrono::seconds OldestInHeap{1};
+
+std::chrono::microseconds WallTime() {
+  return std::chrono::duration_cast<std::chrono::microseconds>(
+      std::chrono::system_clock::now().time_since_epoch());
+}
+
 /// Lets nothing pass.
 bpf_program RejectEverything() {
   static std::array<bpf_insn, 1> code{{BPF_STMT(BPF_RET | BPF_K, 0)}};
@@ -109,6 +117,8 @@ void PcapSource::Listen() {
   CompileFilter();
   if (running_) return;
   Drain();
+  // A heap that is still being filled was not among what waited.
+  begun_ = WallTime();
   // An interface that went away between two bursts yields nothing, like one that goes away in a
   // burst. The expression was compiled, so what refuses it here is such an interface; it may be
   // back by now, but the handle has met the trouble.
@@ -121,8 +131,7 @@ void PcapSource::Stop() {
 }
 
 void PcapSource::TakeNoMore() {
-  bound_ = std::chrono::duration_cast<std::chrono::microseconds>(
-      std::chrono::system_clock::now().time_since_epoch());
+  bound_ = WallTime();
 }
 
 void PcapSource::RejectAll() {
@@ -169,13 +178,22 @@ std::optional<platform::CapturedFrame> PcapSource::Next() {
   if (lost_) return std::nullopt;
   pcap_pkthdr* header = nullptr;
   const u_char* bytes = nullptr;
-  const int read = pcap_next_ex(handle_.get(), &header, &bytes);
-  if (read < 0) lost_ = true;
-  if (read != 1) return std::nullopt;
-  const auto arrived =
-      std::chrono::seconds(header->ts.tv_sec) + std::chrono::microseconds(header->ts.tv_usec);
+  std::chrono::microseconds arrived{0};
+  do {
+    const int read = pcap_next_ex(handle_.get(), &header, &bytes);
+    if (read < 0) lost_ = true;
+    if (read != 1) return std::nullopt;
+    arrived =
+        std::chrono::seconds(header->ts.tv_sec) + std::chrono::microseconds(header->ts.tv_usec);
+  } while (begun_ && CameBefore(arrived));
   if (bound_ && arrived > *bound_) return std::nullopt;
   return platform::CapturedFrame{{bytes, header->caplen}, header->len, arrived};
+}
+
+bool PcapSource::CameBefore(std::chrono::microseconds arrived) {
+  if (arrived < *begun_ && *begun_ - arrived < OldestInHeap) return true;
+  begun_.reset();
+  return false;
 }
 
 void PcapSource::CountDropped() {

@@ -53,6 +53,8 @@ class PcapSource : public FrameSource {
   /// Lets the selected frames of the open interface pass from now on.
   void Listen();
   void CompileFilter();
+  /// A frame of the time before the start; nothing of that comes behind the first one that is not.
+  bool CameBefore(std::chrono::microseconds arrived);
   /// The handle is about to go, and its count with it.
   void CountDropped();
 
@@ -66,6 +68,8 @@ class PcapSource : public FrameSource {
   bool running_ = false;
   /// What the handles before this one have dropped.
   std::uint64_t dropped_ = 0;
+  /// When the frames that are to be handed over began to come, until the first of them came.
+  std::optional<std::chrono::microseconds> begun_;
   /// Frames that arrived later are not handed over.
   std::optional<std::chrono::microseconds> bound_;
   /// Reading failed: the handle is of no more use.

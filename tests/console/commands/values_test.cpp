@@ -115,6 +115,19 @@ TEST_F(ValuesCommandScene, EndBehindTheirSecondsAndAtTheUsersWish) {
   EXPECT_EQ(Run({"values", "simulated", "--station", "VORNIK-SIM-2"}), ExitCode::NothingReceived);
 }
 
+TEST_F(ValuesCommandScene, RestBetweenTwoBlocksForTheirInterval) {
+  const auto blocks = [&](const std::string& interval) {
+    EXPECT_EQ(Run({"values", "simulated", "--station", "VORNIK-SIM-2", "--seconds", "1.5",
+                   "--interval", interval}),
+              ExitCode::Done);
+    const std::size_t lines = Lines().size();
+    Results.str("");
+    return lines / 11;
+  };
+  EXPECT_EQ(blocks("2000"), 1U);
+  EXPECT_GT(blocks("0"), 4U);
+}
+
 TEST_F(ValuesCommandScene, LeaveTheFilesOfTheWindowAlone) {
   support::FakeFiles files;
   const console::Machine machine = MachineWith(files);
