@@ -60,6 +60,38 @@ TEST(StaticTexts, OfTheRecorderAreItsCaptionsAndTips) {
   EXPECT_EQ(main.Label3[28].Caption, "seconds pause after trigger event");
 }
 
+TEST(StaticTexts, OfTheRecordersFolderAreItsCaptionAndTip) {
+  const support::ManualClock clock;
+  platform::TimerQueue timers{clock};
+  const forms::Main main{timers};
+  EXPECT_EQ(main.OpenFolder.Caption, "Open &folder");
+  EXPECT_EQ(main.OpenFolder.ToolTipText, "opens the folder of the recordings in your file manager");
+}
+
+TEST(StaticTexts, OfTheReportAreItsCaptionsAndTips) {
+  const support::ManualClock clock;
+  platform::TimerQueue timers{clock};
+  const forms::Main main{timers};
+  EXPECT_EQ(main.Command2.OnText, "WAIT");
+  EXPECT_EQ(main.Command4.Caption, "&Print report!");
+  EXPECT_EQ(main.Structure.ToolTipText,
+            "what the frame holds by its structure; Ctrl+C copies what is selected");
+  EXPECT_EQ(main.StructureDump.ToolTipText,
+            "all bytes of the frame; Ctrl+C copies what is selected");
+  EXPECT_EQ(main.Command8.Caption, "&End");
+}
+
+TEST(StaticTexts, OfTheQuestionBeforeARecordingEndsAreItsCaptionsAndTips) {
+  const support::ManualClock clock;
+  platform::TimerQueue timers{clock};
+  const forms::EndQuestion question{timers};
+  EXPECT_EQ(question.Window.Caption, "Recording");
+  EXPECT_EQ(question.Keep.Caption, "&Keep recording");
+  EXPECT_EQ(question.Keep.ToolTipText, "The recording goes on, and this page stays");
+  EXPECT_EQ(question.End.Caption, "&End recording");
+  EXPECT_EQ(question.End.ToolTipText, "Ends the recording without a log, and does what was chosen");
+}
+
 TEST(StaticTexts, OfTheTriggerFieldsAreTheStoredNumbers) {
   Scene scene;
   scene.Store.Texts["CurrentTriggerWave"] = "21";
