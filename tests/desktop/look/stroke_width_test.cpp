@@ -109,6 +109,22 @@ TEST(Swatches, AreOneSize) {
   }
 }
 
+TEST(Swatches, HaveAnEdgeWhereTheirColourAloneDoesNotStandOut) {
+  for (const Rgb& rgb : Channels) {
+    QImage row(60, 20, QImage::Format_RGB32);
+    row.fill(look::Card);
+    QPainter painter(&row);
+    const QColor colour = look::ColourOf(rgb);
+    PaintSwatch(painter, row.rect(), colour, look::Card);
+    painter.end();
+    EXPECT_EQ(row.pixelColor(11, 9), colour) << rgb;
+    const QColor edge = look::CasingOf(colour, look::Card).value_or(colour);
+    for (const QPoint& corner : {QPoint(0, 8), QPoint(21, 8), QPoint(0, 11), QPoint(21, 11)}) {
+      EXPECT_EQ(row.pixelColor(corner), edge) << rgb;
+    }
+  }
+}
+
 /// A vector of the phasor diagram, as wide as its picture is large.
 TEST(Vectors, GrowWithThePicture) {
   platform::DrawnPicture drawn;

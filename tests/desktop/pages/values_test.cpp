@@ -1,5 +1,7 @@
 #include <QLabel>
 
+#include "desktop/look/look.h"
+#include "desktop/look/scale.h"
 #include "desktop/widgets/reading_field.h"
 #include "desktop/widgets/run_button.h"
 #include "window_scene.h"
@@ -135,6 +137,23 @@ TEST_F(Values, WithoutADcValueTheDigitsAndTheBarStandInTheMiddle) {
   Form().Check4.Value = 1;
   const auto [above, below] = margins(field.width() / 2, field.width());
   EXPECT_GT(above, below + 4) << "the DC value gets its room";
+}
+
+TEST_F(Values, TheBarOfAReadingTellsItsKindAndWhetherItIsMeasured) {
+  using Life = ReadingField::Life;
+  Start();
+  GoMeasure();
+  for (const auto& [channel, mark] : {std::pair(0, look::CurrentMark), {4, look::VoltageMark}}) {
+    auto& field = Find<ReadingField>(Member("Label5", channel));
+    for (const auto& [life, colour] : {std::pair(Life::Usual, mark),
+                                       {Life::Live, look::RunGreen},
+                                       {Life::Resting, look::Edge}}) {
+      field.SetLife(life);
+      const QImage picture = field.grab().toImage();
+      const int middleOfBar = 1 + look::Scaled(6);
+      EXPECT_EQ(picture.pixelColor(middleOfBar, picture.height() / 2), QColor(colour)) << channel;
+    }
+  }
 }
 
 TEST_F(Values, ADcValueThatStillStandsKeepsItsRoom) {
