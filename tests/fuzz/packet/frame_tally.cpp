@@ -108,11 +108,14 @@ void FrameTally::Deliver(const BrokenFrame& frame, bool boxStands) {
   const std::uint64_t acts = acts_;
   const bool known = Known(0) && Known(1);
   const Expected expected = Expect(frame, boxStands);
+  const bool aroundTooLong = tooLongForReport_;
   if (!boxStands) {
     tooLongForReport_ =
         state.ReportRequested && state.PacketLength < static_cast<int>(frame.Length);
   }
   scene_.Capture.ReceiveCut(frame.Bytes, frame.Length);
+  // A frame may come in a pump of another one's event, which goes on behind it.
+  tooLongForReport_ = aroundTooLong;
   if (acts != acts_ || !known || blurred_) {
     row_.reset();
     cell_.reset();
