@@ -8,6 +8,15 @@ namespace {
 
 using support::Scene;
 
+/// The forms as they are made, before a program fills them.
+class NewForms : public testing::Test {
+ protected:
+  support::ManualClock clock;
+  platform::TimerQueue timers{clock};
+  forms::Main main{timers};
+  forms::EndQuestion question{timers};
+};
+
 TEST(StaticTexts, OfTheTabsAreTheirCaptionsAndTips) {
   const platform::Tab tabs[] = {
       {"&Info", "please read carefully these informations", "Information"},
@@ -31,10 +40,7 @@ TEST(StaticTexts, OfTheTabsAreTheirCaptionsAndTips) {
   }
 }
 
-TEST(StaticTexts, OfTheRecorderAreItsCaptionsAndTips) {
-  const support::ManualClock clock;
-  platform::TimerQueue timers{clock};
-  const forms::Main main{timers};
+TEST_F(NewForms, HaveTheTextsOfTheRecorder) {
   EXPECT_EQ(main.Option2[0].Caption, "CSV - text format (&max. 4GBbyte)");
   EXPECT_EQ(main.Option2[1].Caption,
             "file format Microsoft E&xcel™ compatible (limitation to 32767 lines)");
@@ -60,18 +66,12 @@ TEST(StaticTexts, OfTheRecorderAreItsCaptionsAndTips) {
   EXPECT_EQ(main.Label3[28].Caption, "seconds pause after trigger event");
 }
 
-TEST(StaticTexts, OfTheRecordersFolderAreItsCaptionAndTip) {
-  const support::ManualClock clock;
-  platform::TimerQueue timers{clock};
-  const forms::Main main{timers};
+TEST_F(NewForms, HaveTheTextsOfTheRecordersFolder) {
   EXPECT_EQ(main.OpenFolder.Caption, "Open &folder");
   EXPECT_EQ(main.OpenFolder.ToolTipText, "opens the folder of the recordings in your file manager");
 }
 
-TEST(StaticTexts, OfTheReportAreItsCaptionsAndTips) {
-  const support::ManualClock clock;
-  platform::TimerQueue timers{clock};
-  const forms::Main main{timers};
+TEST_F(NewForms, HaveTheTextsOfTheReport) {
   EXPECT_EQ(main.Command2.OnText, "WAIT");
   EXPECT_EQ(main.Command4.Caption, "&Print report!");
   EXPECT_EQ(main.Structure.ToolTipText,
@@ -81,10 +81,7 @@ TEST(StaticTexts, OfTheReportAreItsCaptionsAndTips) {
   EXPECT_EQ(main.Command8.Caption, "&End");
 }
 
-TEST(StaticTexts, OfTheQuestionBeforeARecordingEndsAreItsCaptionsAndTips) {
-  const support::ManualClock clock;
-  platform::TimerQueue timers{clock};
-  const forms::EndQuestion question{timers};
+TEST_F(NewForms, HaveTheTextsOfTheQuestionBeforeARecordingEnds) {
   EXPECT_EQ(question.Window.Caption, "Recording");
   EXPECT_EQ(question.Keep.Caption, "&Keep recording");
   EXPECT_EQ(question.Keep.ToolTipText, "The recording goes on, and this page stays");

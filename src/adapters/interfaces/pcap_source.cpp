@@ -118,7 +118,8 @@ void PcapSource::Listen() {
   if (running_) return;
   Drain();
   // A heap that is still being filled was not among what waited.
-  begun_ = WallTime();
+  begun_.reset();
+  if (settings_.InHeaps) begun_ = WallTime();
   // An interface that went away between two bursts yields nothing, like one that goes away in a
   // burst. The expression was compiled, so what refuses it here is such an interface; it may be
   // back by now, but the handle has met the trouble.

@@ -68,7 +68,8 @@ class PcapSource : public FrameSource {
   bool running_ = false;
   /// What the handles before this one have dropped.
   std::uint64_t dropped_ = 0;
-  /// When the frames that are to be handed over began to come, until the first of them came.
+  /// Where frames come in heaps: when those that are to be handed over began to come, until the
+  /// first of them came.
   std::optional<std::chrono::microseconds> begun_;
   /// Frames that arrived later are not handed over.
   std::optional<std::chrono::microseconds> bound_;
