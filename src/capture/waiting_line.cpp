@@ -142,7 +142,9 @@ void WaitingLine::LookAtAdapter() {
   framesAtLook_ = state_.Counters.Frames;
   // Between two bursts no frame is to come.
   if (still && !state_.CaptureRunning) return;
-  const platform::Presence present = still ? capture_.AdapterPresence() : platform::Presence::There;
+  // In an outage frames that had waited for a busy program come from before it.
+  const bool ask = still || outage_ != platform::Presence::There;
+  const platform::Presence present = ask ? capture_.AdapterPresence() : platform::Presence::There;
   if (outage_ != platform::Presence::There && present == platform::Presence::There) {
     lastOutage_ = outage_;
     newsUntil_ = timers_.Now() + NewsTime;

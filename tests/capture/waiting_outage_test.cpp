@@ -53,10 +53,22 @@ TEST_F(WaitingOutage, TellsThatItIsBackBesideTheBlocksThatCome) {
   StartBlock();
   bench.Capture.AdapterPresence = Presence::Gone;
   bench.Elapse(seconds(2));
+  bench.Capture.AdapterPresence = Presence::There;
   Frames(388, PlainFrame(0));
   EXPECT_EQ(Line(), "The network interface is back.");
   bench.Elapse(seconds(5));
   EXPECT_EQ(Line(), "The network interface is back.");
+}
+
+TEST_F(WaitingOutage, IsNotOverWithFramesThatHadWaitedForABusyProgram) {
+  StartBlock();
+  bench.Capture.AdapterPresence = Presence::Gone;
+  bench.Elapse(milliseconds(500));
+  Frames(100, PlainFrame(0));
+  bench.Elapse(milliseconds(500));
+  EXPECT_EQ(Line(), "The network interface is gone. Please connect it again.");
+  Frames(288, PlainFrame(0));
+  EXPECT_EQ(Line(), "The network interface is gone. Please connect it again.");
 }
 
 TEST_F(WaitingOutage, IsNotAskedForWhileFramesComeNorBetweenTwoBursts) {

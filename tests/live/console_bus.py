@@ -26,8 +26,8 @@ from soak import FAR, NEAR
 
 SKIPPED = 77
 SECONDS = 2.5
-# Listeners begin before the bus and end behind it.
-LISTENING = SECONDS + 2.5
+# Listeners begin before the bus and are ended behind it; this is for a bus that never ends.
+AT_MOST = 60
 RATES = {"locked60": 4800}
 FREQUENCIES = {"locked60": 60}
 GAP_ERROR = 50
@@ -39,6 +39,22 @@ def run(command):
     subprocess.run(command.split(), check=True)
 
 
+def ticks(process):
+    """The processor's time that a process has used, in hundredths of a second."""
+    fields = Path(f"/proc/{process.pid}/stat").read_text(encoding="ascii").rpartition(")")[2].split()
+    return int(fields[11]) + int(fields[12])
+
+
+def rest(listeners):
+    """Waits until they have begun, or have read all that came: then they only look now and then."""
+    quiet = 0
+    while quiet < 3:
+        before = [ticks(listener) for listener in listeners]
+        time.sleep(0.4)
+        after = [ticks(listener) for listener in listeners]
+        quiet = quiet + 1 if all(b - a <= 4 for a, b in zip(before, after)) else 0
+
+
 class Wire:
     """Who listens to the wire, from before the bus begins until behind its end."""
 
@@ -48,7 +64,7 @@ class Wire:
             ["dumpcap", "-q", "-i", NEAR, "-B", "64", "-w", self.capture],
             stderr=subprocess.DEVNULL)
         begin = lambda *words: subprocess.Popen(
-            [program, *words, "--seconds", str(LISTENING)], stdout=subprocess.PIPE, text=True)
+            [program, *words, "--seconds", str(AT_MOST)], stdout=subprocess.PIPE, text=True)
         self.streams = begin("streams", NEAR, "--json")
         self.watch = begin("watch", NEAR, "--frequency", str(FREQUENCIES.get(profile, 50)))
         self.report = begin("report", NEAR, "--json")
@@ -56,7 +72,8 @@ class Wire:
         self.data.mkdir()
         stations = [word for name in RECORDED for word in ("--station", name)]
         self.record = begin("record", NEAR, "--format", "cff", "--folder", self.data, *stations)
-        time.sleep(1.2)
+        self.listeners = [self.streams, self.watch, self.report, self.record]
+        rest(self.listeners)
 
     def end_recorder(self):
         """It may miss the signal until the next frame wakes it, so that it gets frames to wake by."""
@@ -69,6 +86,9 @@ class Wire:
                 far.send(other)
 
     def heard(self):
+        rest(self.listeners)
+        for listener in self.listeners:
+            listener.send_signal(signal.SIGINT)
         texts = [listener.communicate()[0] for listener in (self.streams, self.watch, self.report)]
         self.record.communicate()
         self.end_recorder()

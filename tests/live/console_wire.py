@@ -99,8 +99,11 @@ class Seen:
 
     def take(self, arrived, frame):
         counter = frame.counters[0]
-        # The counter goes round once a second; which second it is, the time of arrival tells.
-        if self.positions:
+        # The counter goes round once a second. A frame that goes on where the one before ended may
+        # come as late as it likes; which second any other is of, the time of arrival tells.
+        if self.positions and (counter - self.positions[-1] - self.asdus) % self.rate == 0:
+            counter = self.positions[-1] + self.asdus
+        elif self.positions:
             expected = self.positions[0] + (arrived - self.arrivals[0]) * self.rate / 1e6
             counter += round((expected - counter) / self.rate) * self.rate
         self.arrivals.append(arrived)

@@ -9,6 +9,7 @@ usage: morning.py short|night PROGRAM BUS CLOCK-LIBRARY
 
 import json
 import os
+import re
 import signal
 import struct
 import subprocess
@@ -27,6 +28,11 @@ SKIPPED = 77
 HOUR_BACK = -3600
 # The clock is set so much later than it is asked for, so that everybody knows before.
 AHEAD = 0.1
+# A busy program may be behind. These wait, at most so long, for so many rings of each stream on disk
+# behind what was done before, so that this is among them.
+SETTLED_BEFORE = ["folder away", "interface away"]
+SETTLES = 6
+SETTLED_BY = 2
 # The program's start, and its first ring.
 STARTS = 1.5
 # From the end of the bus to STOP.
@@ -36,8 +42,8 @@ BEHIND_BUS = 2.5
 # its interface where nothing has come for two seconds, and the driver keeps the frames of four.
 PLANS = {
     "short": [Act("frames doubled", 0.3, 0.5), Act("frames swapped", 1.3, 0.7),
-              Act("folder away", 2.5, 2), Act("interface away", 5.5, 4), Act("clock set", 11),
-              Act("program stopped", 12, 6.5), Act("bus ended", 20.5)],
+              Act("folder away", 2, 2), Act("interface away", 6, 4), Act("clock set", 13.5),
+              Act("program stopped", 14.5, 6.5), Act("bus ended", 23)],
     "night": [Act("frames doubled", 60, 3), Act("frames swapped", 120, 3),
               Act("folder away", 180, 3), Act("interface away", 260, 5), Act("clock set", 350),
               Act("program stopped", 440, 12), Act("bus ended", 597)],
@@ -102,11 +108,28 @@ class Night:
                  "program stopped": lambda: self.stop(act),
                  "bus ended": self.end_bus}[act.what]
         self.wait_until(act.at)
+        if act.what in SETTLED_BEFORE:
+            self.settle()
         if self.program.poll() is not None:
             sys.exit(f"the program ended with {self.program.returncode}")
         act.begun = self.now()
         doing()
         act.ended = self.now()
+
+    def stored(self, stream):
+        """How many rings went to the disk: the page counts anew in each file."""
+        told = [re.match(rf"page stream {stream}: ([\d,]+) whole ring", line) for line in self.said]
+        counts = [count[1] for count in told if count]
+        return sum(before != after for before, after in zip([None, *counts], counts))
+
+    def settle(self):
+        streams = range(1, len(IDS) + 1)
+        due = [self.stored(stream) + SETTLED_BY for stream in streams]
+        end = time.monotonic() + SETTLES
+        while any(self.stored(stream) < rings for stream, rings in zip(streams, due)):
+            if time.monotonic() > end:
+                return
+            time.sleep(0.02)
 
     def disturb(self, act, sign):
         self.bus.send_signal(sign)

@@ -38,12 +38,8 @@ std::int64_t SampleClock::TooLate(std::int64_t sent) const {
   return std::max<std::int64_t>(0, Passed() - sent - LongestCatchUp);
 }
 
-std::int64_t SampleClock::Due(std::int64_t sent) {
-  const std::int64_t due = Passed();
-  const std::int64_t late = due - sent - LongestCatchUp;
-  if (late <= 0) return due;
-  begin_ += late * NsASecond / rate_;
-  return sent + LongestCatchUp;
+void SampleClock::SetBack(std::int64_t samples) {
+  begin_ += samples * NsASecond / rate_;
 }
 
 void SampleClock::WaitFor(std::int64_t sample) const {

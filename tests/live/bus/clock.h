@@ -6,18 +6,18 @@
 
 namespace bus {
 
-/// The clock that all senders are locked to. It says which sample is due, and waits for the next
-/// one.
+/// The clock that all senders are locked to. It waits for each sample, and says for how many it is
+/// too late.
 class SampleClock {
  public:
   /// `rate` is in samples a second.
   explicit SampleClock(int rate);
 
-  /// How many samples are due since the beginning. A bus that was held up goes on with the next one
-  /// instead of making up for lost time by a flood that no merging unit sends.
-  std::int64_t Due(std::int64_t sent);
-  /// How many samples too many are due to be made up for.
+  /// How many samples too many are due to be made up for, since that would be a flood that no
+  /// merging unit sends.
   std::int64_t TooLate(std::int64_t sent) const;
+  /// All samples to come are due later by the time of so many.
+  void SetBack(std::int64_t samples);
   /// Waits until a sample is due.
   void WaitFor(std::int64_t sample) const;
   /// Waits busily until so many us behind the time of a sample: no sleep is that short.

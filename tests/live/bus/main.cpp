@@ -73,20 +73,21 @@ void Play(std::map<std::string, std::string> options) {
   bus::SampleClock clock(profile.Rate);
   const auto total = static_cast<std::int64_t>(std::stod(options["--duration"]) * profile.Rate);
   const bool keepsTime = options["--keeps-time"] == "1";
-  for (std::int64_t sample = 0; sample < total && ended == 0;) {
-    if (keepsTime) {
-      // Behind its end there is nothing to leave out.
-      const std::int64_t late = std::min(total - sample, clock.TooLate(sample));
-      player.LeaveOut(late);
-      sample += late;
-    }
-    const std::int64_t due = std::min(total, clock.Due(sample));
-    for (; sample < due; ++sample) {
-      if (sample % LookEvery == 0 && NobodyReads()) return;
-      player.Disturb({.Twice = twice != 0, .Swapped = swapped != 0}, sample);
-      player.Play(clock, sample);
-    }
+  for (std::int64_t sample = 0; sample < total && ended == 0; ++sample) {
     clock.WaitFor(sample);
+    // It may be held up in the midst of what it makes up for, too.
+    const std::int64_t late = clock.TooLate(sample);
+    if (!keepsTime) {
+      clock.SetBack(late);
+    } else if (late > 0) {
+      // Behind its end there is nothing to leave out.
+      player.LeaveOut(std::min(total - sample, late));
+      sample += late;
+      if (sample >= total) break;
+    }
+    if (sample % LookEvery == 0 && NobodyReads()) return;
+    player.Disturb({.Twice = twice != 0, .Swapped = swapped != 0}, sample);
+    player.Play(clock, sample);
   }
   std::cout << player.Sent() << std::endl;
 }
