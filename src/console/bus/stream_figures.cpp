@@ -47,9 +47,9 @@ void StreamFigures::Take(const sv::Frame& frame, const sv::Asdu& first, std::uin
 
 void StreamFigures::BeginStretch(Time now) {
   readingsBefore_ = Readings();
+  totalsBefore_ = TotalsOfAll();
   framesBefore_ += frames_;
   frames_ = 0;
-  totalsBefore_ = TotalsOfAll();
   synchChangesBefore_ = synchChanges_;
   gaps_.Clear();
   sums_.Clear();
@@ -58,7 +58,8 @@ void StreamFigures::BeginStretch(Time now) {
 
 sv::TrackTotals StreamFigures::TotalsOfAll() const {
   sv::TrackTotals totals = track_.Totals();
-  if (!ended_) totals.Missing -= track_.MayStillCome();
+  // Behind a stretch in which nothing came at all nothing is on its way any more.
+  if (!ended_ && frames_ > 0) totals.Missing -= track_.MayStillCome();
   // A count that was told is never taken back.
   totals.Missing = std::max(totals.Missing, totalsBefore_.Missing);
   totals.ByCounter = std::max(totals.ByCounter, totalsBefore_.ByCounter);

@@ -96,6 +96,22 @@ TEST_F(WatchCommandScene, ALossAtTheEndIsToldAtTheEnd) {
   EXPECT_EQ(Lines().back().at("samplesLost"), 10);
 }
 
+TEST_F(WatchCommandScene, ALossRightBeforeASilenceIsToldInTheSilence) {
+  Taps.IsFile = false;
+  Send(0, 4190);
+  Send(4200, 4210);
+  WhileResting = [this] { EndAsked = Clock.Now() > 8s; };
+
+  Run({"watch", "eth0"});
+
+  const auto lines = Lines();
+  ASSERT_GE(lines.size(), 4U);
+  EXPECT_EQ(lines[1].at("samplesLost"), 0) << "they may still come";
+  EXPECT_EQ(lines[2].at("frames"), 0);
+  EXPECT_EQ(lines[2].at("samplesLost"), 10);
+  EXPECT_EQ(lines[3].at("samplesLost"), 0);
+}
+
 TEST_F(WatchCommandScene, AClockThatIsSetIsNoLossAndNoSilence) {
   Taps.IsFile = false;
   Send(0, 6000);
