@@ -98,8 +98,9 @@ void BusStreams::SetClock(Time step) {
 }
 
 bool BusStreams::AnyInStretch() const {
-  return std::any_of(streams_.begin(), streams_.end(),
-                     [](const auto& stream) { return stream->Frames() > 0; });
+  return std::any_of(streams_.begin(), streams_.end(), [](const auto& stream) {
+    return stream->Frames() > 0 || stream->Totals().Missing > 0;
+  });
 }
 
 void BusStreams::BeginStretch(Time now) {

@@ -36,7 +36,7 @@ class BusStreams {
   /// A look at all of them.
   void BeginStretch(Time now);
 
-  /// A stream has come since the last look.
+  /// There is something to tell since the last look: frames, or samples that were awaited till now.
   bool AnyInStretch() const;
   const std::vector<std::unique_ptr<StreamFigures>>& Streams() const { return streams_; }
   /// Sampled values frames of any kind, also those that belong to no stream.

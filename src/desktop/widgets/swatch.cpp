@@ -1,7 +1,5 @@
 #include "desktop/widgets/swatch.h"
 
-#include <optional>
-
 #include "desktop/look/casing.h"
 #include "desktop/look/scale.h"
 
@@ -25,10 +23,9 @@ QRect PaintSwatch(QPainter& painter, const QRect& row, const QColor& colour, con
   const int thick = look::Scaled(SwatchHeight);
   const QRect swatch(row.left(), row.top() + (row.height() - thick) / 2, look::Scaled(SwatchWidth),
                      thick);
-  const std::optional<QColor> casing = look::CasingOf(colour, ground);
   // All of one size: an edge is a part of its swatch, as it is one of its curve.
-  painter.fillRect(swatch, casing.value_or(colour));
-  const int edge = casing ? look::Scaled(SwatchEdge) : 0;
+  painter.fillRect(swatch, look::CasingOf(colour, ground).value_or(colour));
+  const int edge = look::Scaled(SwatchEdge);
   painter.fillRect(swatch.adjusted(edge, edge, -edge, -edge), colour);
   return row.adjusted(SwatchRoom(), 0, 0, 0);
 }

@@ -170,6 +170,16 @@ TEST_F(SimulatedBus, DropsTheFramesOfTheStoppedTimeAndGoesOnWithTime) {
   EXPECT_EQ(Decode(frames[0]).Number("60.A2.30.82"), 41U);
 }
 
+TEST_F(SimulatedBus, BeginsWithASampleThatIsDueAndWithNoneThatIsPast) {
+  clock_.Time = 10ms;
+  Listen();
+  EXPECT_EQ(Due().size(), 2U);
+  bus_.Stop();
+  clock_.Time = 10ms + 1ns;
+  bus_.Start();
+  EXPECT_EQ(Due().size(), 0U);
+}
+
 TEST_F(SimulatedBus, HandsOverWhatHasArrivedAndNoMore) {
   Listen();
   clock_.Time = 10ms;

@@ -112,6 +112,21 @@ TEST_F(WatchCommandScene, ALossRightBeforeASilenceIsToldInTheSilence) {
   EXPECT_EQ(lines[3].at("samplesLost"), 0);
 }
 
+TEST_F(WatchCommandScene, ALossRightBeforeASilenceIsToldAtTheEndOfTheWatch) {
+  Taps.IsFile = false;
+  Send(0, 4190);
+  Send(4200, 4210);
+  WhileResting = [this] { EndAsked = Results.str().find("\"frames\":20") != std::string::npos; };
+
+  Run({"watch", "eth0"});
+
+  const auto lines = Lines();
+  ASSERT_EQ(lines.size(), 3U);
+  EXPECT_EQ(lines[1].at("samplesLost"), 0) << "they may still come";
+  EXPECT_EQ(lines[2].at("frames"), 0);
+  EXPECT_EQ(lines[2].at("samplesLost"), 10);
+}
+
 TEST_F(WatchCommandScene, AClockThatIsSetIsNoLossAndNoSilence) {
   Taps.IsFile = false;
   Send(0, 6000);
@@ -223,6 +238,59 @@ TEST_F(WatchCommandScene, WriteTheMetricsOfASecondInOnePiece) {
   EXPECT_NE(text.find("\nvornik_capture_frames_total{adapter=\"file.pcap\"} 4001\n"),
             std::string::npos);
   EXPECT_FALSE(Files.FileExists(MetricsPath() + ".new"));
+}
+
+TEST_F(WatchCommandScene, TheMetricsSayWhatTheyAre) {
+  Send(0, 4001);
+  Run({"watch", "file.pcap", "--metrics", MetricsPath()});
+  std::istringstream text(support::BytesOf(MetricsPath()));
+  std::string heads;
+  for (std::string line; std::getline(text, line);) {
+    if (line.starts_with("#")) heads += line.substr(2) + '\n';
+  }
+  EXPECT_EQ(heads, R"(HELP vornik_build_info The program that has written this.
+TYPE vornik_build_info gauge
+HELP vornik_capture_frames_total Sampled values frames received.
+TYPE vornik_capture_frames_total counter
+HELP vornik_capture_faulty_frames_total Frames whose structure is not whole.
+TYPE vornik_capture_faulty_frames_total counter
+HELP vornik_capture_dropped_frames_total Frames that the system has dropped.
+TYPE vornik_capture_dropped_frames_total counter
+HELP vornik_stream_frames_total Frames received.
+TYPE vornik_stream_frames_total counter
+HELP vornik_stream_samples_total Samples received.
+TYPE vornik_stream_samples_total counter
+HELP vornik_stream_samples_lost_total Samples that never came.
+TYPE vornik_stream_samples_lost_total counter
+HELP vornik_stream_samples_doubled_total Samples that came again.
+TYPE vornik_stream_samples_doubled_total counter
+HELP vornik_stream_samples_out_of_order_total Samples that came behind a later one.
+TYPE vornik_stream_samples_out_of_order_total counter
+HELP vornik_stream_restarts_total Times the counter began anew.
+TYPE vornik_stream_restarts_total counter
+HELP vornik_stream_smp_synch_changes_total Changes of smpSynch.
+TYPE vornik_stream_smp_synch_changes_total counter
+HELP vornik_stream_up 1 where frames came in the last second.
+TYPE vornik_stream_up gauge
+HELP vornik_stream_smp_synch smpSynch: 0 not synchronised, 1 local, 2 global.
+TYPE vornik_stream_smp_synch gauge
+HELP vornik_stream_conf_rev confRev.
+TYPE vornik_stream_conf_rev gauge
+HELP vornik_stream_simulation 1 where the simulation bit is set.
+TYPE vornik_stream_simulation gauge
+HELP vornik_stream_frames_per_second Frames a second, measured.
+TYPE vornik_stream_frames_per_second gauge
+HELP vornik_stream_samples_per_second Samples a second, measured.
+TYPE vornik_stream_samples_per_second gauge
+HELP vornik_stream_arrival_gap_seconds Times between two frames.
+TYPE vornik_stream_arrival_gap_seconds gauge
+HELP vornik_stream_channel_rms RMS value, in units of the wire.
+TYPE vornik_stream_channel_rms gauge
+HELP vornik_stream_channel_magnitude RMS value of the nominal frequency, in units of the wire.
+TYPE vornik_stream_channel_magnitude gauge
+HELP vornik_stream_channel_angle_degrees Angle at the nominal frequency, from the whole second on.
+TYPE vornik_stream_channel_angle_degrees gauge
+)");
 }
 
 TEST_F(WatchCommandScene, TheMetricsKeepTheReadingsOfTheLatestWholeSecond) {
