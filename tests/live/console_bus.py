@@ -39,20 +39,21 @@ def run(command):
     subprocess.run(command.split(), check=True)
 
 
-def ticks(process):
-    """The processor's time that a process has used, in hundredths of a second."""
-    fields = Path(f"/proc/{process.pid}/stat").read_text(encoding="ascii").rpartition(")")[2].split()
-    return int(fields[11]) + int(fields[12])
+def runs(process):
+    """Whether it has something to do, and be it only to wait for a processor."""
+    status = Path(f"/proc/{process.pid}/stat").read_text(encoding="ascii")
+    return status.rpartition(")")[2].split()[0] != "S"
 
 
 def rest(listeners):
     """Waits until they have begun, or have read all that came: then they only look now and then."""
-    quiet = 0
-    while quiet < 3:
-        before = [ticks(listener) for listener in listeners]
-        time.sleep(0.4)
-        after = [ticks(listener) for listener in listeners]
-        quiet = quiet + 1 if all(b - a <= 4 for a, b in zip(before, after)) else 0
+    looks, quiet = 25, 0
+    while quiet < 2:
+        busy = [0] * len(listeners)
+        for _ in range(looks):
+            time.sleep(0.02)
+            busy = [count + runs(listener) for count, listener in zip(busy, listeners)]
+        quiet = quiet + 1 if max(busy) <= looks // 4 else 0
 
 
 class Wire:
