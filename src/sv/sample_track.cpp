@@ -100,7 +100,7 @@ void SampleTrack::TakeOdd(std::uint32_t counter, Time arrived) {
     return;
   }
   if (gone < Pause && TakeBack(counter, arrived)) return;
-  LearnRoundByPace(counter);
+  LearnRoundByPace(counter, gone);
   const std::uint32_t distance = Distance(counter_, counter);
   // What was held up on its way comes late and all at once; what is missing behind it is no jump.
   if (distance > ShortestJump && SamplesIn(gone) < GoneOfGap * distance &&
@@ -138,11 +138,19 @@ void SampleTrack::Lengthen(std::uint32_t round) {
   round_ = round;
 }
 
-void SampleTrack::LearnRoundByPace(std::uint32_t counter) {
+void SampleTrack::LearnRoundByPace(std::uint32_t counter, Time gone) {
   // Where the first end of a round is missing, nothing has shown where it is but the pace so far.
   if (counter >= counter_ || position_ - floor_ >= round_) return;
   const std::optional<std::uint32_t> rate = Rate();
-  if (rate && *rate > counter_) round_ = *rate;
+  if (!rate || *rate <= counter_) return;
+  // A stream that was late when it was met seems to go faster. How long this hole took tells, too.
+  const auto off = [&](std::uint32_t round) {
+    const double seconds =
+        std::chrono::duration<double>(gone).count() -
+        static_cast<double>(round - counter_ + counter) / static_cast<double>(round);
+    return std::abs(seconds - std::round(seconds));
+  };
+  if (off(*rate) <= off(round_)) round_ = *rate;
 }
 
 bool SampleTrack::TakeBack(std::uint32_t counter, Time arrived) {

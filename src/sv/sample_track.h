@@ -153,7 +153,7 @@ class SampleTrack {
   void TakeOdd(std::uint32_t counter, Time arrived);
   void TakeFirst(std::uint32_t counter, Time arrived);
   void LearnRound(std::uint32_t counter, Time gone);
-  void LearnRoundByPace(std::uint32_t counter);
+  void LearnRoundByPace(std::uint32_t counter, Time gone);
   void Lengthen(std::uint32_t round);
   bool TakeBack(std::uint32_t counter, Time arrived);
   void TakeGap(std::uint32_t counter, Time arrived);

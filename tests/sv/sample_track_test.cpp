@@ -241,6 +241,18 @@ TEST_F(Stream, LearnsARoundWhoseFirstEndIsMissing) {
   EXPECT_EQ(track.Rate(), 4800U);
 }
 
+TEST_F(Stream, ThatWasLateWhenItWasMetHasNoLongerRound) {
+  const auto begin = now;
+  now += 180ms;
+  Come(4);
+  Lose(996);
+  now = begin + 250ms;
+  Come(2990);
+  Lose(20);
+  Come(100);
+  Expect(1016, 0, 0);
+}
+
 TEST_F(Stream, ThatKeepsNoPaceYetLearnsAfterwardsHowMuchWasMissing) {
   round = 4800;
   Come(100);

@@ -19,6 +19,7 @@ constexpr double MostRate = 65'536;
 /// Every counter begins anew within a second; one that has shown a round shows it again in another.
 constexpr Time LongestWait{1'500'000};
 constexpr Time LongestWaitForSecond{2'500'000};
+constexpr Time WholeRound{1'000'000};
 /// A shorter run is one of a sender that began anew, and swapped samples at the seam.
 constexpr std::uint32_t ShortestRound = 64;
 /// The next round begins at once: within so many samples.
@@ -99,7 +100,11 @@ std::optional<double> RateFinder::Pace() const {
 
 std::uint32_t RateFinder::Guess() const {
   if (found_) return *found_;
-  const auto holds = [this](std::uint32_t rate) { return rate > greatest_; };
+  // A counter that went a whole round has shown nearly all of it, however fast it seems to go: a
+  // stream that was late when it was met seems to go faster.
+  const bool wentRound = track_.Last() - begunAt_ >= WholeRound;
+  const std::uint32_t most = wentRound ? sv::RoundFor(greatest_) : ~0U;
+  const auto holds = [&](std::uint32_t rate) { return rate > greatest_ && rate <= most; };
   if (const auto rate = track_.Rate(); rate && holds(*rate)) return *rate;
   if (once_ && holds(*once_)) return *once_;
   if (const std::optional<double> pace = Pace()) {

@@ -37,6 +37,22 @@ TEST_F(ChangingCffScene, TheEndOfTheRoundTellsTheRateAndNotFramesThatWereHeldUp)
   EXPECT_EQ(Notes.str(), "");
 }
 
+TEST_F(ChangingCffScene, FramesThatWereLateAtTheBeginMakeNoOtherRate) {
+  // The frames at the ends of the rounds are lost.
+  SendNumbered(0, 4, 250us);
+  Taps.Send(Numbered(1400), 90ms);
+  SendNumbered(1401, 3990, 250us);
+  Taps.Send(Numbered(4010), 5ms);
+  SendNumbered(4011, 7990, 250us);
+  Taps.Send(Numbered(8010), 5ms);
+  SendNumbered(8011, 10'000, 250us);
+
+  Record();
+
+  EXPECT_THAT(ReadOnly().Head, Contains("4000,10000"));
+  EXPECT_EQ(ReadOnly().Value(9999, 0), 9999);
+}
+
 class RateCffScene : public RecordCffScene, public testing::WithParamInterface<std::uint32_t> {};
 
 TEST_P(RateCffScene, IsThatOfTheCounterWhetherAStandardListsItOrNot) {
