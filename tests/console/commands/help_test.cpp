@@ -38,6 +38,13 @@ TEST_F(Help, EndsWithAnExampleOfTheCommand) {
   }
 }
 
+TEST_F(Help, TellsHowToCall) {
+  EXPECT_THAT(BehindThe("Usage: ", {"--help"}),
+              testing::StartsWith("Usage: vornik-cli [OPTIONS] SUBCOMMAND\n"));
+  EXPECT_THAT(BehindThe("Usage: ", {"adapters", "--help"}),
+              testing::StartsWith("Usage: vornik-cli adapters [OPTIONS]\n"));
+}
+
 TEST_F(Help, OfTheProgramEndsWithTheExitCodes) {
   EXPECT_EQ(BehindThe("Exit codes: ", {"--help"}),
             "Exit codes: 0 done, 1 nothing received, 2 wrong use, 3 not permitted, 4 disk or file "

@@ -128,6 +128,20 @@ TEST_P(Padding, AChoiceThatIsLockedHasNoLiveColour) {
   EXPECT_EQ(Picture(choice, size).pixelColor(middle), look::DisabledText);
 }
 
+TEST_P(Padding, TheDotOfAChoiceLeavesRoomToItsCircle) {
+  auto& choice = *new QRadioButton(&sheet_);
+  choice.setChecked(true);
+  const int side = look::Scaled(17);
+  const QImage picture = Picture(choice, {look::Scaled(30), look::Scaled(24)});
+  const int row = picture.height() / 2;
+  int dot = 0;
+  const auto isMark = [&](int x) { return picture.pixelColor(x, row) == look::Accent; };
+  for (int x = side / 2; isMark(x); ++x) ++dot;
+  for (int x = side / 2 - 1; isMark(x); --x) ++dot;
+  // Those on its rim are half as full.
+  EXPECT_NEAR(dot + 1.7, (side - look::LineWidth(2)) * 0.46, 0.7);
+}
+
 INSTANTIATE_TEST_SUITE_P(OfFactor, Padding, testing::Values(1.0, 18.0 / 13, 24.0 / 13, 2.0),
                          [](const auto& factor) {
                            return std::to_string(static_cast<int>(factor.param * 100));

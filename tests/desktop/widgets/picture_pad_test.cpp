@@ -277,6 +277,23 @@ TEST_F(Picture, TheNamesOfShortArrowsDoNotPileUp) {
   }
 }
 
+TEST_F(Picture, ANameStandsAtTheTipOfItsArrow) {
+  for (const double degrees : {0.0, 45.0, 90.0, 180.0, 270.0}) {
+    Lay(Side);
+    DrawArrow(drawn, degrees, 500, Red, "U1");
+
+    const QRectF name = pad.TextAreas().front();
+    const double turn = degrees / 180 * std::numbers::pi;
+    const QPointF way(std::cos(turn), std::sin(turn));
+    const QPointF middle(Side / 2.0, Side / 2.0);
+    const double tip = Side / 2.0 * 500 / static_cast<double>(Edge);
+    const double half =
+        std::abs(way.x()) * name.width() / 2 + std::abs(way.y()) * name.height() / 2;
+    const double beyond = QPointF::dotProduct(name.center() - middle, way) - half - tip;
+    EXPECT_NEAR(beyond / name.height(), 0.25, 0.1) << degrees;
+  }
+}
+
 TEST_F(Picture, ANameStandsClearOfTheShaftOfAnotherArrow) {
   Lay(Side);
   // The first ends right beside the second, which goes far beyond it.
