@@ -230,6 +230,15 @@ TEST_F(Phases, TheLargestChannelSetsTheScaleWhicheverItIs) {
   }
 }
 
+TEST_F(Phases, AreDrawnOnAPictureThatIsClearedEachTime) {
+  for (int update = 0; update < 2; ++update) {
+    scene.PhasorPicture.Calls.clear();
+    phases.UpdatePhases();
+    ASSERT_FALSE(scene.PhasorPicture.Calls.empty());
+    EXPECT_EQ(scene.PhasorPicture.Calls.front(), "clear");
+  }
+}
+
 TEST_F(Phases, EachCurrentIsMeasuredAgainstTheVoltageOfItsLetter) {
   // The current of each phase lags its own voltage by another angle, the neutral as well.
   const double voltage[] = {0, 120, -120, 50};
