@@ -258,6 +258,25 @@ TEST_P(PressOnAFullDisk, EndsItOnce) {
 
 INSTANTIATE_TEST_SUITE_P(Pumps, PressOnAFullDisk, testing::Range(1, 7));
 
+/// RUN in the pumps of a stop, in the first of which the last row of a worksheet comes.
+class PressBehindAnEndWithinAStop : public Press, public testing::WithParamInterface<int> {};
+
+TEST_P(PressBehindAnEndWithinAStop, BeginsNothing) {
+  bench.Run("EXCEL");
+  for (int ring = 0; ring < 8; ++ring) bench.WriteRing(0);
+  bench.Journal.clear();
+  bench.Events.AtPump(1, [&] {
+    bench.WriteRing(0);
+    bench.Events.AtPump(GetParam(), [&] { bench.Main.CWButton3.Value = true; });
+  });
+  bench.Main.CWButton3.Value = false;
+  EXPECT_FALSE(bench.Main.CWButton3.Value);
+  EXPECT_EQ(bench.Times("start"), 0);
+  EXPECT_EQ(bench.Times("view"), 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Pumps, PressBehindAnEndWithinAStop, testing::Range(1, 4));
+
 TEST_F(Press, IsTakenBackByTheRowLimitWithinTheWriter) {
   bench.Run("EXCEL");
   for (int ring = 0; ring < 8; ++ring) bench.WriteRing(0);
