@@ -24,6 +24,18 @@ TEST_F(RecordCffScene, KeepsTheNumbersOfTheWire) {
   EXPECT_EQ(Notes.str(), "");
 }
 
+TEST_F(RecordCffScene, NamesCurrentsAndVoltagesWithTheirUnits) {
+  Taps.SendRun(SvFrame("MU01"), 0, 8000, 250us);
+  Record();
+  const Single file = Read(Name);
+  const std::string ampere = ",,A,0.001,0,0,-2147483647,2147483647,1,1,P";
+  const std::string volt = ",,V,0.01,0,0,-2147483647,2147483647,1,1,P";
+  EXPECT_THAT(std::vector(file.Head.begin() + 3, file.Head.begin() + 11),
+              testing::ElementsAre("1,Ia,A" + ampere, "2,Ib,B" + ampere, "3,Ic,C" + ampere,
+                                   "4,In,N" + ampere, "5,Va,A" + volt, "6,Vb,B" + volt,
+                                   "7,Vc,C" + volt, "8,Vn,N" + volt));
+}
+
 TEST_F(RecordCffScene, HoldsStreamsOfOtherRatesAndChannels) {
   for (std::uint32_t i = 0; i < 9600; i += 2) {
     Taps.Send(SvFrame("MU01").Count(static_cast<std::uint16_t>(i % 4800)).Asdus(2).Channels(12),
