@@ -100,10 +100,10 @@ std::optional<double> RateFinder::Pace() const {
 
 std::uint32_t RateFinder::Guess() const {
   if (found_) return *found_;
-  // A counter that went a whole round has shown nearly all of it, however fast it seems to go: a
-  // stream that was late when it was met seems to go faster.
+  // A stream that was late when it was met seems to go faster than it does. One that went a whole
+  // round has shown how far its counter goes, or a hole at the end has.
   const bool wentRound = track_.Last() - begunAt_ >= WholeRound;
-  const std::uint32_t most = wentRound ? sv::RoundFor(greatest_) : ~0U;
+  const std::uint32_t most = wentRound ? std::max(sv::RoundFor(greatest_), track_.Round()) : ~0U;
   const auto holds = [&](std::uint32_t rate) { return rate > greatest_ && rate <= most; };
   if (const auto rate = track_.Rate(); rate && holds(*rate)) return *rate;
   if (once_ && holds(*once_)) return *once_;

@@ -53,6 +53,19 @@ TEST_F(ChangingCffScene, FramesThatWereLateAtTheBeginMakeNoOtherRate) {
   EXPECT_EQ(ReadOnly().Value(9999, 0), 9999);
 }
 
+TEST_F(ChangingCffScene, AHoleAtTheEndOfTheFirstRoundMakesNoSmallerRate) {
+  SendNumbered(0, 3900, 208us, 4800);
+  Taps.Send(Numbered(4810, 4800), 189'600us);
+  SendNumbered(4811, 8700, 208us, 4800);
+  Taps.Send(Numbered(9610, 4800), 189'600us);
+  SendNumbered(9611, 12'000, 208us, 4800);
+
+  Record();
+
+  EXPECT_THAT(ReadOnly().Head, Contains("4800,12000"));
+  EXPECT_EQ(ReadOnly().Value(11'999, 0), 11'999);
+}
+
 class RateCffScene : public RecordCffScene, public testing::WithParamInterface<std::uint32_t> {};
 
 TEST_P(RateCffScene, IsThatOfTheCounterWhetherAStandardListsItOrNot) {
