@@ -49,6 +49,12 @@ TEST_F(NetworkInterfaceScene, ListsAnInterfaceWhoseNameOnlyBeginsLikeAPseudoDevi
   EXPECT_TRUE(names.contains("nflog-bus"));
 }
 
+TEST_F(NetworkInterfaceScene, SaysWhatItIsBehindANameWithoutADescription) {
+  std::map<std::string, std::string> titles;
+  for (const auto& entry : adapters::ListNetworkInterfaces()) titles[entry.Name] = entry.Title;
+  EXPECT_EQ(titles.at(live::NearEnd), live::NearEnd + " (network interface)");
+}
+
 TEST_F(NetworkInterfaceScene, TellsAVirtualInterfaceAndTheLoopFromAPort) {
   std::map<std::string, adapters::InterfaceKind> kinds;
   for (const auto& entry : adapters::ListNetworkInterfaces()) kinds[entry.Name] = entry.Kind;
