@@ -40,9 +40,9 @@ def run(command):
 
 
 def runs(process):
-    """Whether it has something to do, and be it only to wait for a processor."""
+    """Whether it has something to do, and be it only to wait for a processor. One that ended has not."""
     status = Path(f"/proc/{process.pid}/stat").read_text(encoding="ascii")
-    return status.rpartition(")")[2].split()[0] != "S"
+    return status.rpartition(")")[2].split()[0] not in "SZ"
 
 
 def rest(listeners):
@@ -74,7 +74,7 @@ class Wire:
         stations = [word for name in RECORDED for word in ("--station", name)]
         self.record = begin("record", NEAR, "--format", "cff", "--folder", self.data, *stations)
         self.listeners = [self.streams, self.watch, self.report, self.record]
-        rest(self.listeners)
+        rest([self.recorder, *self.listeners])
 
     def end_recorder(self):
         """It may miss the signal until the next frame wakes it, so that it gets frames to wake by."""
